@@ -1,0 +1,14 @@
+# The warnings that every target of ours is built with; all of them are errors.
+add_library(vx_warnings INTERFACE)
+if(MSVC)
+    target_compile_options(vx_warnings INTERFACE /utf-8 /W4 /WX /permissive-)
+else()
+    target_compile_options(vx_warnings INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+endif()
+
+if(VX_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()

@@ -1,0 +1,29 @@
+// The host's operations that the plug-in calls, under their published names and parameter lists.
+// One header per topic lies in host/; a room includes this one. A build with VX_HOST_SDK takes the
+// vendor's own headers in their place (see docs/host-operations.md), and no other line changes.
+//
+// Contracts common to all operations:
+//   - An operation returns 0 (PRO_TK_NO_ERROR) on success, otherwise a negative status; outputs
+//     are then left as they were.
+//   - Text parameters are read, never written, unless the comment says "receives". They are not
+//     const because the published lists are not.
+//   - Handles are the host's: the plug-in never frees one unless the comment says so.
+#pragma once
+
+#ifdef VX_HOST_SDK
+#include "hostapi/vendor.h"
+#else
+#include "hostapi/host/appearance.h"
+#include "hostapi/host/array.h"
+#include "hostapi/host/assembly.h"
+#include "hostapi/host/command.h"
+#include "hostapi/host/dialog.h"
+#include "hostapi/host/feature.h"
+#include "hostapi/host/message.h"
+#include "hostapi/host/model.h"
+#include "hostapi/host/selection.h"
+#include "hostapi/host/session.h"
+#include "hostapi/host/solid.h"
+#include "hostapi/host/types.h"
+#include "hostapi/host/window.h"
+#endif

@@ -1,0 +1,28 @@
+// Features of a solid: their type, their states, and whether they are shown.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+typedef int ProFeattype;
+#define PRO_FEAT_COMPONENT 1000
+
+typedef enum {
+    PRO_FEAT_STAT_INVALID = -1,
+    PRO_FEAT_ACTIVE = 0,
+    PRO_FEAT_INACTIVE = 1,
+    PRO_FEAT_FAMTAB_SUPPRESSED = 2,
+    PRO_FEAT_SIMPREP_SUPPRESSED = 3,
+    PRO_FEAT_PROG_SUPPRESSED = 4,
+    PRO_FEAT_SUPPRESSED = 5,
+    PRO_FEAT_UNREGENERATED = 6
+} ProFeatStatus;
+
+HOST_API ProError ProFeatureTypeGet(ProFeature* feature, ProFeattype* type);
+HOST_API ProError ProFeatureStatusGet(ProFeature* feature, ProFeatStatus* status);
+
+// The feature's state as a bit mask.
+HOST_API ProError ProFeatureStatusflagsGet(ProFeature* feature, int* flags);
+
+// Whether the feature is shown at all; not the same as the display state of a component that the
+// user has hidden.
+HOST_API ProError ProFeatureVisibilityGet(ProFeature* feature, ProBoolean* visible);

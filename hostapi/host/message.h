@@ -1,0 +1,21 @@
+// The host's message files and message line.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// Receives the text of `key` from a message file of the plug-in's text folder, with the further
+// arguments put in for %0w (wide text), %0s, %0d, %0f. The buffer holds a ProLine.
+// PRO_TK_MSG_NOT_FOUND: no such key; the buffer is left as it was.
+HOST_API ProError ProMessageToBuffer(WideChar* buffer, WideChar* messageFile, char* key, ...);
+
+// Shows the text of `key` on the message line, arguments as above.
+HOST_API ProError ProMessageDisplay(WideChar* messageFile, char* key, ...);
+
+// Waits for a line typed at the message line; `size` is the buffer's length with its terminator.
+// PRO_TK_MSG_USER_QUIT (-31): the user left the prompt. An empty line takes the default.
+HOST_API ProError ProMessageStringRead(int size, WideChar* text);
+
+// Widen and narrow with the system code page. Receive into the first argument and return it. The
+// caller provides room for the whole text and its terminator.
+HOST_API WideChar* ProStringToWstring(WideChar* wide, char* narrow);
+HOST_API char* ProWstringToString(char* narrow, WideChar* wide);

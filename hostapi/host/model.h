@@ -1,0 +1,31 @@
+// Models: the current one, names, types.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+typedef enum {
+    PRO_MDL_UNUSED = -1,
+    PRO_MDL_ASSEMBLY = 1,
+    PRO_MDL_PART = 2,
+    PRO_MDL_DRAWING = 4,
+    PRO_MDL_DWGFORM = 33,
+    PRO_MDL_MFG = 37
+} ProMdlType;
+
+typedef enum {
+    PROMDLSTYPE_NONE = -1,
+    PROMDLSTYPE_PART_SOLID = 1,
+    PROMDLSTYPE_PART_SHEETMETAL = 4
+} ProMdlsubtype;
+
+// The model of the current window. PRO_TK_BAD_CONTEXT: there is none.
+HOST_API ProError ProMdlCurrentGet(ProMdl* model);
+
+// Receives the model's name, without its type, in capitals as far as it is ASCII.
+HOST_API ProError ProMdlNameGet(ProMdl model, ProName name);
+
+HOST_API ProError ProMdlTypeGet(ProMdl model, ProMdlType* type);
+HOST_API ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype);
+
+// The assembly that a manufacturing model works on. PRO_TK_BAD_INPUTS: not such a model.
+HOST_API ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly);

@@ -1,0 +1,38 @@
+// The running host: its mode, folders, notifications and macros.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// What the current window is for. These numbers are not those of ProMdlType.
+typedef enum {
+    PRO_MODE_UNKNOWN = -1,
+    PRO_MODE_PART = 1,
+    PRO_MODE_SHEET_METAL = 2,
+    PRO_MODE_ASSEMBLY = 5,
+    PRO_MODE_DRAWING = 6,
+    PRO_MODE_MANUFACTURING = 8
+} ProMode;
+
+// PRO_TK_BAD_CONTEXT: no model is open.
+HOST_API ProError ProModeCurrentGet(ProMode* mode);
+
+// Receives the working directory, with a separator at its end.
+HOST_API ProError ProDirectoryCurrentGet(ProPath directory);
+
+// Makes this folder the working directory. PRO_TK_INVALID_DIR: there is none of this name.
+HOST_API ProError ProDirectoryChange(ProPath directory);
+
+// Receives the plug-in's text folder as registered with the host, with no separator at its end.
+HOST_API ProError ProToolkitApplTextPathGet(ProPath directory);
+
+// The event of a popup menu that has just been created. Its handler is
+// `ProError handler(char* popupName)`.
+typedef int ProNotifyType;
+#define PRO_POPUPMENU_CREATE_POST 72
+
+// Makes `handler` the one handler of the event; a later call replaces it.
+HOST_API ProError ProNotificationSet(ProNotifyType type, ProFunction handler);
+
+// Queues a macro (trail steps, each with a tilde, separated by semicolons) that the host runs when
+// the command has returned.
+HOST_API ProError ProMacroLoad(WideChar* macro);

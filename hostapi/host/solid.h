@@ -1,0 +1,24 @@
+// Parts and assemblies: visits to their features and surfaces.
+// A visit calls the filter first (where there is one) and then the action for each item. A filter
+// answers 0 to take an item and PRO_TK_CONTINUE to pass over it; an action answers 0 or
+// PRO_TK_CONTINUE to go on. Any other answer ends the visit and is its result.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+typedef ProError (*ProFeatureVisitAction)(ProFeature* feature, ProError status, ProAppData data);
+typedef ProError (*ProFeatureFilterAction)(ProFeature* feature, ProAppData data);
+typedef ProError (*ProSurfaceVisitAction)(ProSurface surface, ProError status, ProAppData data);
+typedef ProError (*ProSurfaceFilterAction)(ProSurface surface, ProAppData data);
+
+// Visits the solid's features in the order of the model tree. PRO_TK_E_NOT_FOUND: there was none,
+// or the filter took none.
+HOST_API ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
+                                    ProFeatureFilterAction filter, ProAppData data);
+
+// Visits the part's surfaces. `filter` may be null. PRO_TK_E_NOT_FOUND: there was none.
+HOST_API ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
+                                       ProSurfaceFilterAction filter, ProAppData data);
+
+// The item (kind PRO_SURFACE, id, owner) of a surface of this part.
+HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item);

@@ -1,0 +1,153 @@
+// The operations of Windows that the plug-in calls. On Windows this is <windows.h>; elsewhere the
+// simulated Windows answers the few that are declared here, under the same names. Paths are
+// Windows paths on every system, and files that the system code page governs are in code page 936.
+#pragma once
+
+#ifdef _WIN32
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#include <wchar.h>
+#include <locale.h>
+
+#else
+
+#include <clocale>
+#include <cstdint>
+
+#include "hostapi/export.h"
+#include "hostapi/wide.h"
+
+#define WINAPI
+#define CALLBACK
+#define MAX_PATH 260
+
+using BOOL = int;
+using BYTE = unsigned char;
+using UINT = unsigned int;
+using DWORD = std::uint32_t;
+using LONG = std::int32_t;
+using LSTATUS = LONG;
+using REGSAM = DWORD;
+using UINT_PTR = std::uintptr_t;
+using HANDLE = void*;
+using HMODULE = struct VxModule*;
+using HWND = struct VxWindow*;
+using HKEY = struct VxRegistryKey*;
+union LARGE_INTEGER {
+    std::int64_t QuadPart;
+};
+using TIMERPROC = void(CALLBACK*)(HWND window, UINT message, UINT_PTR timer, DWORD time);
+
+#define TRUE 1
+#define FALSE 0
+
+// --- The module's own place -------------------------------------------------------------------
+
+// A loaded module by its file name (null: the process's executable); null if it is not loaded.
+HOST_API HMODULE GetModuleHandleW(const WideChar* name);
+
+// Receives the module's full path (a null module: the executable's) and returns its length; a path
+// that does not fit is cut at `size`, without a terminator, and `size` returned. 0 on failure.
+HOST_API DWORD GetModuleFileNameW(HMODULE module, WideChar* path, DWORD size);
+
+// --- INI files --------------------------------------------------------------------------------
+
+// Receives the value of a key, or `fallback`, cut at size - 1 and terminated; returns its length.
+HOST_API DWORD GetPrivateProfileStringW(const WideChar* section, const WideChar* key,
+                                        const WideChar* fallback, WideChar* value, DWORD size,
+                                        const WideChar* path);
+
+// Writes a key, making file and section where missing. A null value deletes the key, a null key
+// the section. 0 on failure.
+HOST_API BOOL WritePrivateProfileStringW(const WideChar* section, const WideChar* key,
+                                         const WideChar* value, const WideChar* path);
+
+// --- Message boxes ----------------------------------------------------------------------------
+
+#define MB_OK 0x0u
+#define MB_ICONWARNING 0x30u
+#define MB_TOPMOST 0x40000u
+#define IDOK 1
+
+// Shows a box and waits for its answer; a null caption is the system's own title for errors.
+HOST_API int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT flags);
+
+// --- Timers -----------------------------------------------------------------------------------
+
+// Without a window the id asked for is ignored: the timer's real id is returned (0 on failure) and
+// handed to the procedure, which runs from the thread's message loop.
+HOST_API UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
+HOST_API BOOL KillTimer(HWND window, UINT_PTR id);
+
+// --- Registry ---------------------------------------------------------------------------------
+
+inline HKEY const HKEY_CURRENT_USER = reinterpret_cast<HKEY>(std::uintptr_t{0x80000001u});
+#define KEY_READ 0x20019u
+#define KEY_ALL_ACCESS 0xF003Fu
+#define REG_SZ 1u
+#define REG_OPTION_NON_VOLATILE 0u
+#define ERROR_SUCCESS 0
+#define ERROR_FILE_NOT_FOUND 2
+#define ERROR_ACCESS_DENIED 5
+#define ERROR_MORE_DATA 234
+
+// All return ERROR_SUCCESS or an error number. A key that was opened is closed with RegCloseKey.
+HOST_API LSTATUS RegOpenKeyExW(HKEY parent, const WideChar* path, DWORD options, REGSAM access,
+                               HKEY* key);
+HOST_API LSTATUS RegCreateKeyExW(HKEY parent, const WideChar* path, DWORD reserved,
+                                 WideChar* keyClass, DWORD options, REGSAM access, void* security,
+                                 HKEY* key, DWORD* disposition);
+// `size` is the buffer's length in bytes, and receives the value's. ERROR_MORE_DATA: the value is
+// longer and the buffer's contents are not defined. Text need not be terminated.
+HOST_API LSTATUS RegQueryValueExW(HKEY key, const WideChar* name, DWORD* reserved, DWORD* type,
+                                  BYTE* data, DWORD* size);
+HOST_API LSTATUS RegSetValueExW(HKEY key, const WideChar* name, DWORD reserved, DWORD type,
+                                const BYTE* data, DWORD size);
+HOST_API LSTATUS RegCloseKey(HKEY key);
+
+// --- Programs ---------------------------------------------------------------------------------
+
+#define SW_HIDE 0u
+
+// Runs a command line (system code page) and does not wait; above 31 on success.
+HOST_API UINT WinExec(const char* commandLine, UINT show);
+
+// --- Files ------------------------------------------------------------------------------------
+
+#define GENERIC_READ 0x80000000u
+#define GENERIC_WRITE 0x40000000u
+#define FILE_SHARE_READ 1u
+#define CREATE_ALWAYS 2u
+#define OPEN_EXISTING 3u
+#define FILE_ATTRIBUTE_NORMAL 0x80u
+inline HANDLE const INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
+
+// INVALID_HANDLE_VALUE on failure; the caller closes the handle with CloseHandle.
+HOST_API HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security,
+                            DWORD creation, DWORD attributes, HANDLE pattern);
+HOST_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
+HOST_API BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* overlapped);
+HOST_API BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written,
+                        void* overlapped);
+HOST_API BOOL CloseHandle(HANDLE handle);
+
+// --- Code pages and locale --------------------------------------------------------------------
+
+#define CP_ACP 0u
+
+// Both return the number of units written, or, with size 0, the number needed. 0 on failure. A
+// length of -1 takes the terminated text with its terminator. What has no place in the target
+// becomes its default character.
+HOST_API int MultiByteToWideChar(UINT codePage, DWORD flags, const char* narrow, int narrowLength,
+                                 WideChar* wide, int wideSize);
+HOST_API int WideCharToMultiByte(UINT codePage, DWORD flags, const WideChar* wide, int wideLength,
+                                 char* narrow, int narrowSize, const char* defaultChar,
+                                 BOOL* usedDefault);
+
+// Sets a category of the C runtime's locale; null where there is no such locale.
+HOST_API WideChar* _wsetlocale(int category, const WideChar* locale);
+
+#endif

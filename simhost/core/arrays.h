@@ -1,0 +1,43 @@
+// The ledger of host arrays: who holds what, and what is not an array any more.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "hostapi/host/types.h"
+
+namespace simhost {
+
+class ArrayLedger {
+public:
+    ~ArrayLedger();
+
+    ProArray Allocate(int objects, int objectSize, int step, std::string origin = {});
+    void Free(ProArray array);
+    int Size(ProArray array) const;
+    void Insert(ProArray* array, int index, int count, const void* object);
+
+    // A new array that holds these elements, for operations that return one.
+    template <class T>
+    T* Make(const std::vector<T>& elements, std::string origin) {
+        ProArray array = Allocate(0, int(sizeof(T)), 1, std::move(origin));
+        if (!elements.empty()) Insert(&array, -1, int(elements.size()), elements.data());
+        return static_cast<T*>(array);
+    }
+
+    // What is still allocated, as lines "origin: n objects of m bytes".
+    std::vector<std::string> Held() const;
+    // The same, by the operation that made the array; "ProArrayAlloc" for the plug-in's own.
+    int HeldFrom(const std::string& origin) const;
+    std::size_t BytesHeld() const;
+    void FreeAll();
+
+private:
+    struct Header;
+    Header* Require(ProArray array) const;
+    std::unordered_map<const void*, Header*> live_;
+};
+
+}  // namespace simhost

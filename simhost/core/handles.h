@@ -1,0 +1,64 @@
+// Handles that look like a host's pointers but are not: a handle is checked at every use, a dangling
+// one is found out, and its numeric order is not the order of creation.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace simhost {
+
+// The kind sits above the number, so that any handle tells what it is.
+enum class HandleKind : std::uint8_t {
+    Model = 0x51,
+    Surface = 0x52,
+    Selection = 0x53,
+    Command = 0x54,
+    Object = 0x55,
+};
+
+inline HandleKind KindOf(const void* handle) {
+    return HandleKind((reinterpret_cast<std::uintptr_t>(handle) >> 40) & 0xff);
+}
+
+// A number and its kind as a handle, and back. Multiplying by an odd number modulo 2^32 scatters
+// the values and can be undone.
+inline void* MakeHandle(HandleKind kind, std::uint32_t number) {
+    const std::uint32_t scattered = (number + 1) * 2654435761u;
+    return reinterpret_cast<void*>((std::uintptr_t(kind) << 40) | (std::uintptr_t(scattered) << 4));
+}
+inline std::uint32_t NumberOf(const void* handle) {
+    const auto scattered = std::uint32_t(reinterpret_cast<std::uintptr_t>(handle) >> 4);
+    return scattered * 244002641u - 1;
+}
+
+// The objects of one kind. Numbers are never given twice, so a handle of a dropped object stays
+// recognisable as dangling.
+template <class T>
+class HandleTable {
+public:
+    explicit HandleTable(HandleKind kind) : kind_(kind) {}
+
+    void* Add(T* object) {
+        objects_.push_back(object);
+        return MakeHandle(kind_, std::uint32_t(objects_.size() - 1));
+    }
+    // Null for a handle of another kind, a dropped object, or no handle at all.
+    T* Find(const void* handle) const {
+        if (KindOf(handle) != kind_) return nullptr;
+        const std::uint32_t number = NumberOf(handle);
+        if (number >= objects_.size() || MakeHandle(kind_, number) != handle) return nullptr;
+        return objects_[number];
+    }
+    bool WasGiven(const void* handle) const {
+        return KindOf(handle) == kind_ && NumberOf(handle) < objects_.size();
+    }
+    void Drop(const void* handle) {
+        if (Find(handle)) objects_[NumberOf(handle)] = nullptr;
+    }
+
+private:
+    HandleKind kind_;
+    std::vector<T*> objects_;
+};
+
+}  // namespace simhost

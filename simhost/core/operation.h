@@ -1,0 +1,183 @@
+// Every operation of the door runs through here: it is counted, told to fail if the user asked for
+// that, recorded in the journal, and a misuse becomes a complaint instead of a crash.
+//
+//     ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
+//         static Operation op("ProMdlTypeGet");
+//         return op.Call([&] {
+//             Need(type);
+//             *type = ProMdlType(TheHost().session.Require(model).type);
+//             return PRO_TK_NO_ERROR;
+//         }, "model", model, "type", Out(type));
+//     }
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "hostapi/host/types.h"
+
+namespace simhost {
+
+// Thrown inside an operation: it ends with this status. `complaint` is not empty where a real host
+// would misbehave or crash (a dangling handle, a null output): it fails the run.
+struct Refusal {
+    int status;
+    std::string complaint;
+};
+
+[[noreturn]] void Refuse(int status);
+[[noreturn]] void Complain(int status, std::string complaint);
+
+// An output of a call, shown in the journal with the value that it has after the call.
+template <class T>
+struct Output {
+    T* place;
+};
+template <class T>
+Output<T> Out(T* place) {
+    return {place};
+}
+
+// Complains about a null pointer where the caller must give a place or a text.
+template <class T>
+void Need(T* pointer, const char* what = "an argument") {
+    if (pointer == nullptr) Complain(PRO_TK_BAD_INPUTS, std::string(what) + " is null");
+}
+
+// --- How values look in the journal ---
+std::string Describe(int value);
+std::string Describe(unsigned value);
+std::string Describe(long value);
+std::string Describe(unsigned long value);
+std::string Describe(long long value);
+std::string Describe(unsigned long long value);
+std::string Describe(double value);
+std::string Describe(const char* text);
+std::string Describe(const WideChar* text);
+std::string Describe(const void* handle);  // a model's name and so on, else "handle" or "null"
+std::string Describe(const ProModelitem& item);
+inline std::string Describe(char* text) { return Describe(static_cast<const char*>(text)); }
+inline std::string Describe(WideChar* text) { return Describe(static_cast<const WideChar*>(text)); }
+inline std::string Describe(void* handle) { return Describe(static_cast<const void*>(handle)); }
+
+template <class T>
+std::string DescribeAny(const T& value) {
+    if constexpr (std::is_enum_v<T>) {
+        return Describe(static_cast<int>(value));
+    } else if constexpr (std::is_pointer_v<T> && std::is_function_v<std::remove_pointer_t<T>>) {
+        return value ? "function" : "null";
+    } else if constexpr (std::is_pointer_v<T> &&
+                         !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, char> &&
+                         !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, WideChar>) {
+        if constexpr (std::is_convertible_v<T, const ProModelitem*>) {
+            return value ? Describe(*value) : "null";
+        } else {
+            return Describe(static_cast<const void*>(value));
+        }
+    } else {
+        return Describe(value);
+    }
+}
+template <class T>
+std::string DescribeAny(const Output<T>& output) {
+    if (!output.place) return "null";
+    if constexpr (std::is_same_v<T, WideChar> || std::is_same_v<T, char>) {
+        return Describe(static_cast<const T*>(output.place));  // a text buffer
+    } else {
+        return DescribeAny(*output.place);
+    }
+}
+
+class Operation {
+public:
+    // `failure`: what the operation returns when it refuses without a status of its own choice,
+    // for operations that answer otherwise than with a ProError.
+    explicit Operation(const char* name);
+    Operation(const Operation&) = delete;
+
+    // Runs `body` unless this call is told to fail. The rest are names and values for the journal;
+    // an Out() is shown only on success.
+    template <class Body, class... NamesAndValues>
+    std::invoke_result_t<Body> Call(Body&& body, const NamesAndValues&... arguments) {
+        using Result = std::invoke_result_t<Body>;
+        return CallOr([](int status) { return Result(status); }, std::forward<Body>(body),
+                      arguments...);
+    }
+
+    // The same for an operation whose failures are not statuses: `failed(status)` gives its result.
+    template <class Failed, class Body, class... NamesAndValues>
+    std::invoke_result_t<Body> CallOr(Failed&& failed, Body&& body,
+                                      const NamesAndValues&... arguments) {
+        using Result = std::invoke_result_t<Body>;
+        ++calls_;
+        const long line = journalling ? Begin() : -1;
+        Result result{};
+        int injected = 0;
+        bool refused = true;
+        if (anyFault_ && Fails(&injected)) {
+            result = failed(injected);
+        } else {
+            try {
+                result = body();
+                refused = false;
+            } catch (const Refusal& refusal) {
+                Report(refusal);
+                result = failed(refusal.status);
+            }
+        }
+        if (line >= 0) {
+            std::string text;
+            Append(&text, refused, arguments...);
+            End(line, text, DescribeAny(result));
+        }
+        return result;
+    }
+
+    const char* name() const { return name_; }
+    std::uint64_t calls() const { return calls_; }
+
+    // --- The user's side ---
+    static bool journalling;  // set through Journal
+
+    static const std::map<std::string, Operation*>& All();
+    // Makes the n-th call from now on (n = 0: every call) return `status`. Names not known yet are
+    // kept until the operation is first called. FiredFaults counts the calls that were failed.
+    static void FailCall(const std::string& operation, std::uint64_t n, int status);
+    static void ForgetFaults();
+    static std::uint64_t FiredFaults();
+    static void ResetCounts();
+    static std::uint64_t TotalCalls();
+
+private:
+    long Begin();
+    void End(long line, const std::string& arguments, const std::string& result);
+    bool Fails(int* status);
+    void Report(const Refusal& refusal);
+
+    static void Append(std::string*, bool) {}
+    template <class Value, class... Rest>
+    static void Append(std::string* text, bool refused, const char* name, const Value& value,
+                       const Rest&... rest) {
+        if constexpr (IsOutput<Value>::value) {
+            if (!refused) Add(text, name, DescribeAny(value));
+        } else {
+            Add(text, name, DescribeAny(value));
+        }
+        Append(text, refused, rest...);
+    }
+    static void Add(std::string* text, const char* name, const std::string& value);
+    template <class T>
+    struct IsOutput : std::false_type {};
+    template <class T>
+    struct IsOutput<Output<T>> : std::true_type {};
+
+    const char* name_;
+    std::uint64_t calls_ = 0;
+    bool anyFault_ = false;
+};
+
+}  // namespace simhost

@@ -1,0 +1,85 @@
+// A model in the host's memory: parts, assemblies and the other kinds, with whatever the plug-in's
+// commands can change or look at.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "hostapi/host.h"
+#include "simhost/model/geometry.h"
+
+namespace simhost {
+
+class Model;
+
+// The states of ProFeatureStatusGet, and their words in model files.
+const char* StatusName(ProFeatStatus status);
+bool ParseStatus(const std::string& word, ProFeatStatus* status);
+
+// A feature of a part or an assembly. A component is a feature of type PRO_FEAT_COMPONENT.
+struct Feature {
+    int id = 0;
+    int type = 0;
+    int flags = 0;  // ProFeatureStatusflagsGet
+    ProFeatStatus status = PRO_FEAT_ACTIVE;
+    bool visible = true;   // ProFeatureVisibilityGet: the feature itself
+    bool hidden = false;   // the display state of a component that the user has hidden
+    WideText name;
+    std::string file;      // components: "housing.prt"
+    Model* model = nullptr;  // components: null while the model is not in memory
+    Placement placement;     // components: in the assembly's coordinates
+};
+
+struct Surface {
+    Model* part = nullptr;
+    int id = 0;
+    ProSurface handle = nullptr;
+};
+
+// What the host paints on what has no appearance of its own.
+ProdbSurfaceProps DefaultAppearance();
+
+class Model {
+public:
+    ProMdl handle = nullptr;
+    ProMdlType type = PRO_MDL_PART;
+    ProMdlsubtype subtype = PROMDLSTYPE_NONE;
+    WideText name;            // in capitals as far as it is ASCII, without the type
+    std::string title;        // the designer's words for it (UTF-8)
+    bool skeleton = false;
+    int version = 0;          // of the file last read or written; 0: never on disk
+    bool modified = false;
+
+    std::vector<Solid> solids;                       // parts
+    std::optional<ProdbSurfaceProps> appearance;     // the whole model's own
+    std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
+    std::string manufacturedFile;                    // manufacturing models: their assembly
+    Model* manufactured = nullptr;
+
+    const std::vector<Feature>& features() const { return features_; }
+    Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one
+    Feature* FindFeature(int id);
+    std::vector<Feature>& MutableFeatures() { return features_; }
+
+    const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
+    bool HasSurface(int id);
+
+    // "gearbox.asm": the name in small letters and the type's suffix.
+    std::string FileName() const;
+
+private:
+    std::vector<Feature> features_;
+    std::unordered_map<int, std::size_t> featureAt_;
+    std::vector<std::unique_ptr<Surface>> surfaces_;
+    bool surfacesMade_ = false;
+};
+
+// "asm", "prt", "drw", "frm", "mfg", and back (PRO_MDL_UNUSED for any other word).
+const char* SuffixOf(ProMdlType type);
+ProMdlType TypeOfSuffix(std::string_view suffix);
+
+}  // namespace simhost

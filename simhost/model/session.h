@@ -1,0 +1,91 @@
+// The host's session: the models in memory, the working folder they come from and go to, windows,
+// selections and appearances.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "simhost/core/handles.h"
+#include "simhost/model/model.h"
+
+namespace simhost {
+
+// A selected item: the item itself and the way to it from the top (component ids).
+struct Selection {
+    ProModelitem item{};
+    Model* top = nullptr;
+    std::vector<int> path;
+    ProSelection handle = nullptr;
+};
+
+struct Window {
+    int id = 0;
+    Model* model = nullptr;
+    int repaints = 0;
+};
+
+class Session {
+public:
+    Session();
+    ~Session();
+
+    // --- Models in memory ---
+    Model& Create(WideView name, ProMdlType type);  // complains if the name is taken
+    Model* Find(ProMdl handle) const { return models_.Find(handle); }
+    Model& Require(ProMdl handle) const;             // a complaint for a dangling handle
+    Model& RequireSolid(const void* handle) const;   // a part or an assembly
+    Feature& RequireFeature(const ProModelitem* item) const;
+    Model* FindByName(WideView name, ProMdlType type) const;
+    Model* FindByFile(const std::string& fileName) const;  // "gearbox.asm"
+    std::vector<Model*> All() const;  // in the order they came into memory
+    void Erase(Model& model);         // components and windows that show it lose it
+
+    // --- Disk ---
+    // The model of this file name from memory or the working folder, with all that lies below it;
+    // a component whose file is missing stays without a model. Null if there is no such file.
+    // Throws ModelFileError.
+    Model* Retrieve(const std::string& fileName);
+    // Writes the next version into the working folder; the real path of the file.
+    std::string Save(Model& model);
+    std::string SaveInto(Model& model, const WideText& folder);
+    // What Retrieve did not find, since the last question, each once.
+    std::vector<std::string> TakeMissing();
+
+    WideText workingDirectory;  // a Windows path without a separator at its end
+
+    // --- Windows ---
+    Window& Open(Model& model);     // shows it in a window of its own, now the current one
+    void CloseCurrent();
+    Window* current = nullptr;
+    Window* FindWindow(int id);     // -1: the current one
+    const std::deque<Window>& windows() const { return windows_; }
+    Model* CurrentModel() const { return current ? current->model : nullptr; }
+    ProMode Mode() const;           // PRO_MODE_UNKNOWN while nothing is open
+
+    // --- Selections ---
+    Selection& Select(Model& top, std::vector<int> path, ProModelitem item);
+    Selection* FindSelection(const void* handle) const { return selections_.Find(handle); }
+    std::vector<Selection*> buffer;  // what the user has selected, in order
+    // The item that component ids lead to below `top`; false if there is none.
+    static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
+
+    Surface* FindSurface(const void* handle) const { return surfaces_.Find(handle); }
+    void Register(Surface* surface);
+
+private:
+    Model* Load(const std::string& fileName);
+    HandleTable<Model> models_{HandleKind::Model};
+    HandleTable<Selection> selections_{HandleKind::Selection};
+    HandleTable<Surface> surfaces_{HandleKind::Surface};
+    std::vector<std::unique_ptr<Model>> owned_;
+    std::unordered_map<std::string, Model*> byFile_;
+    std::vector<std::unique_ptr<Selection>> ownedSelections_;
+    std::deque<Window> windows_;
+    std::vector<std::string> missing_;
+    int nextWindow_ = 1;
+};
+
+}  // namespace simhost

@@ -1,0 +1,46 @@
+// Whoever sits before the host. The host asks it whatever it would ask a person; a script, a prompt
+// or a robot for the fault sweep answers.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hostapi/wide.h"
+#include "simhost/model/session.h"
+
+namespace simhost {
+
+class Dialog;
+
+// A message box as Windows shows it. Flags as handed to MessageBoxW.
+struct Box {
+    WideText text;
+    WideText caption;
+    bool hasCaption = false;  // false: the system's own title
+    unsigned flags = 0;
+};
+
+class User {
+public:
+    virtual ~User() = default;
+
+    // A box is open: which button? (1 is OK.) Nobody answering is a complaint; return 1 then.
+    virtual int AnswerBox(const Box& box) = 0;
+
+    // A dialog is active: use it until dialog.ended() is true.
+    virtual void UseDialog(Dialog& dialog) = 0;
+
+    // The message line waits for a text; nothing is "the user quit the prompt".
+    virtual std::optional<WideText> AnswerPrompt(const WideText& prompt,
+                                                 const WideText& byDefault) = 0;
+};
+
+// What the user has been shown, in order.
+struct Shown {
+    enum class Kind { Box, Message, Prompt, Dialog, Program } kind;
+    WideText text;       // the box's or message's text, the dialog's name, the command line
+    Box box;             // for boxes
+};
+
+}  // namespace simhost

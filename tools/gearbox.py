@@ -596,7 +596,8 @@ stand {places} components in {levels} levels, the top included.
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.
 - Names are partly Chinese, partly English, as they are in real projects.
-- Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there), balls.
+- Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there) and
+  balls.
 """
 
 

@@ -55,8 +55,8 @@ protected:
     std::vector<simhost::Box> AllBoxes() const;
     std::vector<std::string> Complaints();   // takes them
 
-    // Host arrays that commands leave allocated on purpose: a name and why.
     simhost::Host& host() { return simhost::TheHost(); }
+    int startStatus_ = 0;  // what user_initialize returned
     std::unique_ptr<simhost::Workplace> workplace_;
 };
 

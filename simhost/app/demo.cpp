@@ -44,15 +44,15 @@ public:
 
     int Run() {
         Title("The plug-in starts");
-        Script("@ start\n@ ok-dialog VxInit.res\n");
+        Script("@ start\n~ Activate `VxInit.res` `OK`\n");
         ShowMenu();
         Title("The gearbox is opened and coloured three times");
         Script(fmt::format("@ open {}\n", kTop));
-        Note("before");
+        NoteColours();
         for (const char* mode : kModes) {
             Script(fmt::format("@ setting VxRandomColorOpt value {}\n~ Command `BatchColor`\n",
                                mode));
-            Note(mode);
+            NoteColours();
         }
         ShowColours();
         Save();
@@ -67,7 +67,7 @@ private:
         failed_ = failed_ || !failures.empty();
     }
 
-    // One line for three commands: number, name and label.
+    // Two commands to a line: number, name and label.
     void ShowMenu() {
         const Menu* menu = TheHost().commands.FindMenu("Menu");
         if (!menu) return;
@@ -85,7 +85,7 @@ private:
     }
 
     // Keeps the colour of each part at this moment.
-    void Note(const std::string&) {
+    void NoteColours() {
         for (const Model* model : TheHost().session.All()) {
             if (model->type != PRO_MDL_PART) continue;
             colours_[model->FileName()].push_back(
@@ -135,6 +135,7 @@ int RunDemo(WorkplaceOptions options, const fs::path& out, const Print& print) {
     // A demonstration starts from the beginning each time; only its own folder goes.
     fs::remove_all(whole / "drive_c");
     options.drive = whole / "drive_c";
+    options.newUser = true;
     Workplace workplace(std::move(options));
     TheHooks().start = [&] {
         const int status = workplace.StartPlugin();

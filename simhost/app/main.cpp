@@ -5,7 +5,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "simhost/app/demo.h"
@@ -52,6 +55,23 @@ void SetHooks(Workplace& workplace) {
     TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
 }
 
+// The lines of a source, with the start of the plug-in in front.
+class StartFirst : public Source {
+public:
+    StartFirst(Source& source, bool start) : source_(source), start_(start) {}
+    std::optional<std::string> Next(const std::string& waiting) override {
+        if (std::exchange(start_, false)) return "@ start";
+        return source_.Next(waiting);
+    }
+    std::string name() const override { return source_.name(); }
+    bool patient() const override { return source_.patient(); }
+    bool takesPlainWords() const override { return source_.takesPlainWords(); }
+
+private:
+    Source& source_;
+    bool start_;
+};
+
 // Runs the lines of `source` at a workplace; 0 if nothing failed.
 int RunTrail(const Options& options, Source& source) {
     std::vector<Fault> faults;
@@ -62,8 +82,8 @@ int RunTrail(const Options& options, Source& source) {
     if (!options.journal.empty()) host.journal.Start();
     for (const Fault& fault : faults) Operation::Fail(fault);
 
-    Trail trail(source, PrintLine);
-    trail.startFirst = !options.noPlugin;
+    StartFirst lines(source, !options.noPlugin);
+    Trail trail(lines, PrintLine);
     const bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
@@ -96,6 +116,8 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
     command->add_option("--journal", options->journal, "Write every call through the door here");
     command->add_option("--fail", options->faults,
                         "OPERATION[:N]=STATUS: the N-th such call fails (without N, every one)");
+    command->add_flag("--new-user", options->workplace.newUser,
+                      "The first-run notice has not been seen yet");
     command->add_flag("--no-plugin", options->noPlugin, "Do not start the plug-in (see @ start)");
 }
 

@@ -26,12 +26,16 @@ int ProcessId() {
     return _getpid();
 }
 void RestartTheRest() {}
+void MarkFirstRunSeen() {}
 #else
 int ProcessId() {
     return int(getpid());
 }
 void RestartTheRest() {
     RestartWindows();
+}
+void MarkFirstRunSeen() {
+    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
 }
 #endif
 
@@ -71,6 +75,7 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     const fs::path work = Real(options_.workingDirectory);
     fs::create_directories(work);
     if (!options_.project.empty()) CopyFolder(options_.project, work);
+    if (!options_.newUser) MarkFirstRunSeen();
     host.textFolder = options_.textFolder;
     host.session.workingDirectory = options_.workingDirectory;
 }

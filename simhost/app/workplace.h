@@ -22,6 +22,7 @@ struct WorkplaceOptions {
     WideText moduleFolder = WIDE("C:\\Program Files\\Vorlatix");
     WideText textFolder = WIDE("C:\\Program Files\\Vorlatix");
     WideText workingDirectory = WIDE("C:\\Work");
+    bool newUser = false;  // true: the first-run notice has not been shown yet
 };
 
 class Workplace {

@@ -15,6 +15,7 @@ namespace {
 
 WorkplaceOptions Options() {
     WorkplaceOptions options;
+    options.newUser = true;
     options.installed = VX_SOURCE_DIR;
     options.module = VX_MODULE;
     options.moduleFolder = kModuleFolder;

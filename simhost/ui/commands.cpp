@@ -150,6 +150,11 @@ const Command* Commands::Newest(std::string_view name) const {
     return found == commands_.rend() ? nullptr : &*found;
 }
 
+std::string Commands::Describe(const void* id) const {
+    const Command* command = ids_.Find(id);
+    return command ? "command " + command->name : "dangling command";
+}
+
 std::vector<std::string> Commands::Names() const {
     std::vector<std::string> names;
     for (const Command& command : commands_) {

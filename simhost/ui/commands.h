@@ -94,6 +94,7 @@ public:
     const MenuButton* FindButton(std::string_view menu, std::string_view button) const;
     const Command* Newest(std::string_view name) const;  // what ProCmdCmdIdFind gives
     std::vector<std::string> Names() const;              // each command once, in order
+    std::string Describe(const void* id) const;          // for the journal: "command VxBom"
 
     // Presses the command's button on the menu bar, or the newest registration of a command that
     // has none there. Macros that the action queued have run when the outermost press returns.

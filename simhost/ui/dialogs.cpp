@@ -142,8 +142,8 @@ int Dialogs::Activate(Dialog& dialog) {
         host.user->UseDialog(dialog);
     }
     if (!dialog.ended()) {
-        host.Complain(fmt::format(host.user ? "the user left dialog {} open"
-                                            : "nobody uses dialog {}", dialog.name()));
+        const char* what = host.user ? "the user left open the dialog " : "nobody uses the dialog ";
+        host.Complain(what + dialog.name());
         dialog.CloseWindow();
     }
     if (!dialog.ended()) dialog.Exit(kClosedWindow);

@@ -123,7 +123,8 @@ const Popup* Commands::OpenPopup(const std::string& name) {
         std::vector<char> argument(name.begin(), name.end());
         argument.push_back('\0');
         try {
-            reinterpret_cast<Handler>(found->second)(argument.data());
+            // Each event has a parameter list of its own behind the one type of the door.
+            reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(found->second))(argument.data());
         } catch (const std::exception& error) {
             TheHost().Complain(fmt::format("the handler of the popup {} let an exception out: {}",
                                            name, error.what()));

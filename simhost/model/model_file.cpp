@@ -260,11 +260,13 @@ bool Meet(Point2 a, Point2 b, Point2 c, Point2 d) {
 const char* WrongWith(const std::vector<Point2>& outline) {
     const std::size_t n = outline.size();
     if (n < 3) return "needs three points or more";
+    for (std::size_t i = 0; i < n; ++i) {
+        if (outline[i] == outline[(i + 1) % n]) return "has the same point twice";
+    }
     double area = 0;
     for (std::size_t i = 0; i < n; ++i) {
         const Point2 a = outline[i], b = outline[(i + 1) % n], c = outline[(i + 2) % n];
         area += a[0] * b[1] - a[1] * b[0];
-        if (a == b) return "has the same point twice";
         const double back = (a[0] - b[0]) * (c[0] - b[0]) + (a[1] - b[1]) * (c[1] - b[1]);
         if (Turn(a, b, c) == 0 && back > 0) return "runs back over itself";
         for (std::size_t j = i + 2; j < n; ++j) {

@@ -27,25 +27,33 @@ namespace {
 // not there, does not cost a walk through the folder each time.
 struct FolderIndex {
     fs::file_time_type changed;
-    fs::file_time_type made;
     std::unordered_map<std::string, std::string> names;
 };
 
-// A folder's time stamp moves in steps of a few milliseconds: what was read so soon after a change
-// may miss the next one.
+// A folder's time stamp moves in steps of a few milliseconds: what is read so soon after a change
+// may miss the next one, and is not kept.
 constexpr auto kSettled = std::chrono::milliseconds(50);
 constexpr std::size_t kFoldersKept = 64;
 
-bool MakeIndex(const fs::path& folder, fs::file_time_type changed, FolderIndex* index) {
-    index->changed = changed;
-    index->made = fs::file_time_type::clock::now();
+template <class Visit>
+void VisitNames(const fs::path& folder, Visit&& visit) {
     std::error_code error;
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        std::string name = at->path().filename().string();
-        std::string& kept = index->names[Lower(name)];
-        if (kept.empty() || name < kept) kept = std::move(name);
+        visit(at->path().filename().string());
     }
-    return !error;
+}
+
+// Of names that differ in their letters' case only, the first in alphabetical order.
+void Keep(std::string* kept, std::string name) {
+    if (kept->empty() || name < *kept) *kept = std::move(name);
+}
+
+std::string ScanFor(const fs::path& folder, const std::string& folded) {
+    std::string found;
+    VisitNames(folder, [&](std::string name) {
+        if (name.size() == folded.size() && Lower(name) == folded) Keep(&found, std::move(name));
+    });
+    return found;
 }
 
 // The name that the folder has for `name` in other letters; empty if there is none.
@@ -58,10 +66,15 @@ std::string FindIgnoringCase(const fs::path& folder, const std::string& name) {
     const fs::file_time_type changed = fs::last_write_time(folder, error);
     if (error) return {};
     auto found = indexes.find(folder.string());
-    if (found == indexes.end() || found->second.changed != changed ||
-        found->second.made < changed + kSettled) {
-        FolderIndex fresh;
-        if (!MakeIndex(folder, changed, &fresh)) return {};
+    if (found == indexes.end() || found->second.changed != changed) {
+        if (fs::file_time_type::clock::now() < changed + kSettled) {
+            return ScanFor(folder, Lower(name));
+        }
+        FolderIndex fresh{changed, {}};
+        VisitNames(folder, [&](std::string entry) {
+            std::string& kept = fresh.names[Lower(entry)];
+            Keep(&kept, std::move(entry));
+        });
         if (indexes.size() >= kFoldersKept) indexes.clear();
         found = indexes.insert_or_assign(folder.string(), std::move(fresh)).first;
     }

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "simhost/core/handles.h"
@@ -25,6 +27,19 @@ struct Window {
     int id = 0;
     Model* model = nullptr;
     int repaints = 0;
+};
+
+// The newest version of each model file in a folder, read once for a whole assembly.
+class FolderIndex {
+public:
+    void Read(const std::filesystem::path& folder);
+    // Its number and path; 0 if the folder has no such file.
+    int Newest(const std::filesystem::path& folder, const std::string& fileName,
+               std::filesystem::path* path);
+
+private:
+    std::filesystem::path folder_;
+    std::unordered_map<std::string, std::pair<int, std::filesystem::path>> newest_;
 };
 
 class Session {
@@ -72,6 +87,10 @@ public:
     // The item that component ids lead to below `top`; false if there is none.
     static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
 
+    // The object of the older database calls that stands for a model, and back.
+    static Prohandle ObjectOf(const Model& model);
+    Model* FindObject(const void* object) const;
+
     Surface* FindSurface(const void* handle) const { return surfaces_.Find(handle); }
     void Register(Surface* surface);
 
@@ -85,6 +104,7 @@ private:
     std::vector<std::unique_ptr<Selection>> ownedSelections_;
     std::deque<Window> windows_;
     std::vector<std::string> missing_;
+    FolderIndex folderIndex_;
     int nextWindow_ = 1;
 };
 

@@ -12,7 +12,7 @@
 namespace simhost {
 
 struct ArrayLedger::Header {
-    std::string origin;
+    std::string holder, origin;
     std::size_t objectSize = 0;
     std::size_t size = 0;
     std::size_t capacity = 0;
@@ -35,6 +35,7 @@ ProArray ArrayLedger::Allocate(int objects, int objectSize, int step, std::strin
         Complain(PRO_TK_BAD_INPUTS, "a size of the array is not positive");
     }
     auto* header = new Header;
+    header->holder = holder;
     header->origin = origin.empty() ? "ProArrayAlloc" : std::move(origin);
     header->objectSize = std::size_t(objectSize);
     header->size = header->capacity = std::size_t(objects);
@@ -81,18 +82,32 @@ void ArrayLedger::Insert(ProArray* array, int index, int count, const void* obje
     header->size += added;
 }
 
+const std::vector<HeldOnPurpose> kHeldOnPurpose = {
+    {"popup access", "ProSelbufferSelectionsGet",
+     "the access rules of popup buttons leave the array of selections to the host"},
+};
+
+std::string ArrayLedger::Line(const Header& header) {
+    return fmt::format("{}, {}: {} objects of {} bytes", header.holder, header.origin,
+                       header.size, header.objectSize);
+}
+
 std::vector<std::string> ArrayLedger::Held() const {
     std::vector<std::string> held;
-    for (const auto& [address, header] : live_) {
-        held.push_back(fmt::format("{}: {} objects of {} bytes", header->origin, header->size,
-                                   header->objectSize));
-    }
+    for (const auto& [address, header] : live_) held.push_back(Line(*header));
     return held;
 }
 
-int ArrayLedger::HeldFrom(const std::string& origin) const {
-    int held = 0;
-    for (const auto& [address, header] : live_) held += header->origin == origin;
+std::vector<std::string> ArrayLedger::HeldByMistake() const {
+    std::vector<std::string> held;
+    for (const auto& [address, header] : live_) {
+        const auto known = [&header = *header](const HeldOnPurpose& row) {
+            return header.holder == row.holder && header.origin == row.origin;
+        };
+        if (std::none_of(kHeldOnPurpose.begin(), kHeldOnPurpose.end(), known)) {
+            held.push_back(Line(*header));
+        }
+    }
     return held;
 }
 

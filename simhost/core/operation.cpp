@@ -163,7 +163,10 @@ std::string Describe(const void* handle) {
             }
             break;
         case HandleKind::Command:
-            return TheHost().commands.Describe(handle);
+            if (const Command* command = TheHost().commands.Find(handle)) {
+                return "command " + command->name;
+            }
+            break;
     }
     return "pointer";
 }

@@ -16,8 +16,12 @@ namespace fs = std::filesystem;
 
 #ifdef _WIN32
 
-fs::path Disk::Real(WideView windowsPath) const { return fs::path(windowsPath); }
-WideText Disk::Windows(const fs::path& real) const { return real.wstring(); }
+fs::path Disk::Real(WideView windowsPath) const {
+    return fs::path(windowsPath);
+}
+WideText Disk::Windows(const fs::path& real) const {
+    return real.wstring();
+}
 
 #else
 

@@ -10,6 +10,14 @@
 
 namespace simhost {
 
+// An array that a caller leaves to the host for ever.
+struct HeldOnPurpose {
+    const char* holder;
+    const char* origin;
+    const char* why;
+};
+extern const std::vector<HeldOnPurpose> kHeldOnPurpose;
+
 class ArrayLedger {
 public:
     ~ArrayLedger();
@@ -27,16 +35,21 @@ public:
         return static_cast<T*>(array);
     }
 
-    // What is still allocated, as lines "origin: n objects of m bytes".
+    // On whose behalf arrays are made now: "command BatchColor", "popup access".
+    std::string holder;
+
+    // What is still allocated, as lines "holder, origin: n objects of m bytes"; the origin is the
+    // operation that made the array, "ProArrayAlloc" for the plug-in's own.
     std::vector<std::string> Held() const;
-    // The same, by the operation that made the array; "ProArrayAlloc" for the plug-in's own.
-    int HeldFrom(const std::string& origin) const;
+    // The same without those that are left on purpose; see kHeldOnPurpose for which and why.
+    std::vector<std::string> HeldByMistake() const;
     std::size_t BytesHeld() const;
     void FreeAll();
 
 private:
     struct Header;
     Header* Require(ProArray array) const;
+    static std::string Line(const Header& header);
     std::unordered_map<const void*, Header*> live_;
 };
 

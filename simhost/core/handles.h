@@ -1,5 +1,5 @@
-// Handles that look like a host's pointers but are not: a handle is checked at every use, a dangling
-// one is found out, and its numeric order is not the order of creation.
+// Handles that look like a host's pointers but are not: a handle is checked at every use, a
+// dangling one is found out, and its numeric order is not the order of creation.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +7,14 @@
 
 namespace simhost {
 
-// The kind sits above the number, so that any handle tells what it is.
+// The kind sits above the number, so that any handle tells what it is. No memory lies at such
+// addresses.
 enum class HandleKind : std::uint8_t {
-    Model = 0x51,
-    Surface = 0x52,
-    Selection = 0x53,
-    Command = 0x54,
-    Object = 0x55,
+    Model = 0x21,
+    Surface = 0x22,
+    Selection = 0x23,
+    Command = 0x24,
+    Object = 0x25,
 };
 
 inline HandleKind KindOf(const void* handle) {

@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "hostapi/host/types.h"
@@ -60,9 +61,15 @@ std::string Describe(const char* text);
 std::string Describe(const WideChar* text);
 std::string Describe(const void* handle);  // a model's name and so on, else "handle" or "null"
 std::string Describe(const ProModelitem& item);
-inline std::string Describe(char* text) { return Describe(static_cast<const char*>(text)); }
-inline std::string Describe(WideChar* text) { return Describe(static_cast<const WideChar*>(text)); }
-inline std::string Describe(void* handle) { return Describe(static_cast<const void*>(handle)); }
+inline std::string Describe(char* text) {
+    return Describe(static_cast<const char*>(text));
+}
+inline std::string Describe(WideChar* text) {
+    return Describe(static_cast<const WideChar*>(text));
+}
+inline std::string Describe(void* handle) {
+    return Describe(static_cast<const void*>(handle));
+}
 
 template <class T>
 std::string DescribeAny(const T& value) {
@@ -92,10 +99,16 @@ std::string DescribeAny(const Output<T>& output) {
     }
 }
 
+// The n-th call from now on fails (1 is the next), and with `forGood` every later one too.
+struct Fault {
+    std::string operation;
+    std::uint64_t n = 1;
+    bool forGood = false;
+    int status = PRO_TK_GENERAL_ERROR;
+};
+
 class Operation {
 public:
-    // `failure`: what the operation returns when it refuses without a status of its own choice,
-    // for operations that answer otherwise than with a ProError.
     explicit Operation(const char* name);
     Operation(const Operation&) = delete;
 
@@ -118,7 +131,7 @@ public:
         Result result{};
         int injected = 0;
         bool refused = true;
-        if (anyFault_ && Fails(&injected)) {
+        if (faultsArmed && Fails(&injected)) {
             result = failed(injected);
         } else {
             try {
@@ -141,14 +154,15 @@ public:
     std::uint64_t calls() const { return calls_; }
 
     // --- The user's side ---
-    static bool journalling;  // set through Journal
+    static bool journalling;  // set by Journal
+    static bool faultsArmed;  // set by Fail
 
+    // Operations that were called since the process began, by name.
     static const std::map<std::string, Operation*>& All();
-    // Makes the n-th call from now on (n = 0: every call) return `status`. Names not known yet are
-    // kept until the operation is first called. FiredFaults counts the calls that were failed.
-    static void FailCall(const std::string& operation, std::uint64_t n, int status);
+    // Makes calls of an operation, known yet or not, end with `status`: see Fault.
+    static void Fail(Fault fault);
     static void ForgetFaults();
-    static std::uint64_t FiredFaults();
+    static std::uint64_t FiredFaults();  // calls that were failed since ForgetFaults
     static void ResetCounts();
     static std::uint64_t TotalCalls();
 
@@ -177,7 +191,6 @@ private:
 
     const char* name_;
     std::uint64_t calls_ = 0;
-    bool anyFault_ = false;
 };
 
 }  // namespace simhost

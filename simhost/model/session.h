@@ -3,9 +3,11 @@
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "simhost/core/handles.h"
@@ -27,6 +29,19 @@ struct Window {
     int repaints = 0;
 };
 
+// The newest version of each model file in a folder, read once for a whole assembly.
+class FolderIndex {
+public:
+    void Read(const std::filesystem::path& folder);
+    // Its number and path; 0 if the folder has no such file.
+    int Newest(const std::filesystem::path& folder, const std::string& fileName,
+               std::filesystem::path* path);
+
+private:
+    std::filesystem::path folder_;
+    std::unordered_map<std::string, std::pair<int, std::filesystem::path>> newest_;
+};
+
 class Session {
 public:
     Session();
@@ -35,13 +50,13 @@ public:
     // --- Models in memory ---
     Model& Create(WideView name, ProMdlType type);  // complains if the name is taken
     Model* Find(ProMdl handle) const { return models_.Find(handle); }
-    Model& Require(ProMdl handle) const;             // a complaint for a dangling handle
-    Model& RequireSolid(const void* handle) const;   // a part or an assembly
+    Model& Require(ProMdl handle) const;            // a complaint for a dangling handle
+    Model& RequireSolid(const void* handle) const;  // a part or an assembly
     Feature& RequireFeature(const ProModelitem* item) const;
     Model* FindByName(WideView name, ProMdlType type) const;
     Model* FindByFile(const std::string& fileName) const;  // "gearbox.asm"
-    std::vector<Model*> All() const;  // in the order they came into memory
-    void Erase(Model& model);         // components and windows that show it lose it
+    std::vector<Model*> All() const;                       // in the order they came into memory
+    void Erase(Model& model);  // components and windows that show it lose it
 
     // --- Disk ---
     // The model of this file name from memory or the working folder, with all that lies below it;
@@ -57,13 +72,13 @@ public:
     WideText workingDirectory;  // a Windows path without a separator at its end
 
     // --- Windows ---
-    Window& Open(Model& model);     // shows it in a window of its own, now the current one
+    Window& Open(Model& model);  // shows it in a window of its own, now the current one
     void CloseCurrent();
     Window* current = nullptr;
-    Window* FindWindow(int id);     // -1: the current one
+    Window* FindWindow(int id);  // -1: the current one
     const std::deque<Window>& windows() const { return windows_; }
     Model* CurrentModel() const { return current ? current->model : nullptr; }
-    ProMode Mode() const;           // PRO_MODE_UNKNOWN while nothing is open
+    ProMode Mode() const;  // PRO_MODE_UNKNOWN while nothing is open
 
     // --- Selections ---
     Selection& Select(Model& top, std::vector<int> path, ProModelitem item);
@@ -71,6 +86,10 @@ public:
     std::vector<Selection*> buffer;  // what the user has selected, in order
     // The item that component ids lead to below `top`; false if there is none.
     static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
+
+    // The object of the older database calls that stands for a model, and back.
+    static Prohandle ObjectOf(const Model& model);
+    Model* FindObject(const void* object) const;
 
     Surface* FindSurface(const void* handle) const { return surfaces_.Find(handle); }
     void Register(Surface* surface);
@@ -85,6 +104,7 @@ private:
     std::vector<std::unique_ptr<Selection>> ownedSelections_;
     std::deque<Window> windows_;
     std::vector<std::string> missing_;
+    FolderIndex folderIndex_;
     int nextWindow_ = 1;
 };
 

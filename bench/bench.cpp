@@ -1,0 +1,136 @@
+// One measured run: a large generated assembly is opened in the simulated host, and the walk or a
+// command runs once. Prints one line of figures. tools/bench.py starts it for each size, and under
+// callgrind for the instructions.
+#include <sys/resource.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <new>
+#include <string>
+
+#include "simhost/app/generate.h"
+#include "simhost/app/workplace.h"
+#include "simhost/host.h"
+
+namespace {
+
+// Bytes that are allocated with new, in this program and all of its modules.
+std::size_t liveBytes = 0;
+std::size_t peakBytes = 0;
+
+struct Header {
+    std::size_t size;
+    std::size_t padding;
+};
+
+void* Counted(std::size_t size) {
+    auto* header = static_cast<Header*>(std::malloc(size + sizeof(Header)));
+    if (!header) throw std::bad_alloc();
+    header->size = size;
+    liveBytes += size;
+    if (liveBytes > peakBytes) peakBytes = liveBytes;
+    return header + 1;
+}
+
+void Uncount(void* place) {
+    if (!place) return;
+    Header* header = static_cast<Header*>(place) - 1;
+    liveBytes -= header->size;
+    std::free(header);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return Counted(size);
+}
+void* operator new[](std::size_t size) {
+    return Counted(size);
+}
+void operator delete(void* place) noexcept {
+    Uncount(place);
+}
+void operator delete[](void* place) noexcept {
+    Uncount(place);
+}
+void operator delete(void* place, std::size_t) noexcept {
+    Uncount(place);
+}
+void operator delete[](void* place, std::size_t) noexcept {
+    Uncount(place);
+}
+
+namespace {
+
+using namespace simhost;
+namespace fs = std::filesystem;
+
+struct Figures {
+    std::uint64_t calls = 0;
+    double seconds = 0;
+    std::size_t bytes = 0;
+};
+
+// A function of its own, so that callgrind can count from here only.
+template <class Work>
+[[gnu::noinline]] Figures Measure(Work&& work) {
+    Operation::ResetCounts();
+    const std::size_t before = liveBytes;
+    peakBytes = liveBytes;
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    return {Operation::TotalCalls(), taken.count(), peakBytes - before};
+}
+
+// The walk alone, from its own module.
+void Walk(const fs::path& module) {
+    void* loaded = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!loaded) throw std::runtime_error(dlerror());
+    auto* walk = reinterpret_cast<int (*)(int*)>(dlsym(loaded, "bench_walk"));
+    int components = 0;
+    const int models = walk(&components);
+    std::printf("%d components, %d models; ", components, models);
+}
+
+int Run(const std::string& job, int occurrences, const fs::path& modules) {
+    WorkplaceOptions options;
+    options.installed = VX_SOURCE_DIR;
+    options.module = modules / "vorlatix5.1.so";
+    Workplace workplace(options);
+    GenerateAssembly(workplace.Real(WIDE("C:\\Work")), occurrences, occurrences / 50, 5, 1);
+    if (workplace.StartPlugin() != 0) return 1;
+    Session& session = TheHost().session;
+    session.Open(*session.Retrieve("large.asm"));
+    const Figures figures = Measure([&] {
+        if (job == "walk") {
+            Walk(modules / "walk_module.so");
+        } else {
+            TheHost().commands.Press(job);
+        }
+    });
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("%s: calls=%llu seconds=%.4f bytes=%zu peak_rss_kib=%ld\n", job.c_str(),
+                static_cast<unsigned long long>(figures.calls), figures.seconds, figures.bytes,
+                usage.ru_maxrss);
+    return TheHost().complaints.empty() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    if (argc != 3) {
+        std::fprintf(stderr, "use: bench walk|COMMAND OCCURRENCES\n");
+        return 2;
+    }
+    try {
+        return Run(argv[1], std::atoi(argv[2]), fs::path(argv[0]).parent_path());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "bench: %s\n", error.what());
+        return 2;
+    }
+}

@@ -1,0 +1,38 @@
+// The commands as data: one row is one command, and its menu button, label, help, icon, access rule
+// and designation all come from that row.
+#pragma once
+
+#include <array>
+
+#include "hostapi/host.h"
+
+struct CommandRow {
+    const char* name;     // the command; also its button, its label key and its designation
+    const char* helpKey;  // key of its help text in vxMenu.txt
+    const char* icon;     // picture file
+    uiCmdCmdActFn action;
+    uiCmdAccessFn access;
+    bool designated;  // offered for the customising of the ribbon
+};
+
+// All commands of the menu `Menu`, in its order.
+extern const std::array<CommandRow, 56> kCommandTable;
+
+// A command that also stands on the host's popup menus.
+struct PopupRow {
+    const char* name;
+    const WideChar* actionMenuButton;  // its button name in the host's menu ActionMenu
+    const WideChar* label;             // its label in the popup
+    const char* helpKey;
+    uiCmdCmdActFn action;
+    uiCmdAccessFn access;  // as a command of ActionMenu
+    ProPopupmenuAccessFn popupAccess;
+};
+extern const std::array<PopupRow, 5> kPopupTable;
+
+// The one command that exists on popups only, and the rule of its popup button.
+extern const CommandRow kOpenDrawingRow;
+extern const ProPopupmenuAccessFn kOpenDrawingPopupAccess;
+
+// The message file of all labels and help texts.
+inline constexpr const char* kMenuTextFile = "vxMenu.txt";

@@ -1,0 +1,31 @@
+// The one pattern of all dialogs.
+#include "frame/dialogs.h"
+
+#include "frame/messages.h"
+#include "frame/text.h"
+
+ProError RunModalDialog(const char* dialog, const std::function<void()>& prepare) {
+    ProError status = ProUIDialogCreate(HostText(dialog), HostText(dialog));
+    if (status != PRO_TK_NO_ERROR) {
+        ShowPlainError(WIDE("UIDialog Create error!"));
+        return status;
+    }
+    prepare();
+    int ended = 0;
+    status = ProUIDialogActivate(HostText(dialog), &ended);
+    if (status != PRO_TK_NO_ERROR) {
+        ShowPlainError(WIDE("UIDialog Activate error!"));
+        return status;
+    }
+    status = ProUIDialogDestroy(HostText(dialog));
+    if (status != PRO_TK_NO_ERROR) ShowPlainError(WIDE("UIDialog Destroy error!"));
+    return status;
+}
+
+void EndDialogWithOk(char* dialog, char*, ProAppData) noexcept {
+    ProUIDialogExit(dialog, 1);
+}
+
+void EndDialogOnClose(char* dialog, char*, ProAppData) noexcept {
+    ProUIDialogExit(dialog, 0);
+}

@@ -1,0 +1,40 @@
+// Entry and exit of the plug-in.
+#include "frame/entry.h"
+
+#include "frame/first_run_notice.h"
+#include "frame/guard.h"
+#include "frame/last_dir.h"
+#include "frame/menus.h"
+#include "frame/paths.h"
+#include "frame/settings.h"
+#include "frame/text.h"
+
+WideText HostVersionText;
+
+namespace {
+
+// Only an explicit "0" switches the popup additions on.
+bool PopupsAreWanted() {
+    const WideText path = AppTextDir().append(WIDE("\\")).append(kConfigFile);
+    return DeleteBlanks(ReadIniValue(path, WIDE("RmbDisable"), WIDE("value"))) == WIDE("0");
+}
+
+int Initialize(const char* version) {
+    HostVersionText = Widen(version);
+    const ProError status = FirstRunNotice();
+    if (status != PRO_TK_NO_ERROR) return status;
+    RegisterMenu();
+    RestoreLastDirLater();
+    if (PopupsAreWanted()) HookPopups();
+    return PRO_TK_NO_ERROR;
+}
+
+}  // namespace
+
+int user_initialize(int, char*[], char* version, char*, WideChar[80]) {
+    return Guard<Initialize>::Call(version);
+}
+
+void user_terminate() {
+    Guard<SaveLastDir>::Call();
+}

@@ -1,0 +1,20 @@
+// The three ways of telling the user something in a box. Tabs that keep a text away from the edge
+// of its box belong to the text; nothing is added here.
+#pragma once
+
+#include "hostapi/wide.h"
+
+inline constexpr WideView CaptionText = WIDE("岚枢工具By墨川听雨,QQ:100200300");
+inline constexpr WideView CompletionSuffix = WIDE("|岚枢QQ②群:100200301，①群:10020030\t");
+
+// A notice: our caption, above all other windows, one OK button.
+void ShowNotice(const WideText& text);
+
+// A notice at the end of a batch, once: the message and CompletionSuffix.
+void ShowCompletion(const WideText& message);
+
+// A plain error: the system's own caption, an OK button, nothing else.
+void ShowPlainError(const WideText& text);
+
+// The message file of the message line.
+inline constexpr const char* kMessageFile = "vxmsg_display.txt";

@@ -1,0 +1,25 @@
+// Settings: INI files with one key to a section.
+#include "frame/settings.h"
+
+#include <algorithm>
+
+#include "frame/paths.h"
+#include "frame/text.h"
+#include "hostapi/windows.h"
+
+WideText ReadIniValue(const WideText& path, const WideText& section, const WideText& key) {
+    constexpr DWORD kValueSize = 255;
+    WideChar value[kValueSize] = {};
+    const DWORD length = GetPrivateProfileStringW(section.c_str(), key.c_str(), WIDE(""), value,
+                                                  kValueSize, path.c_str());
+    return WideText(value, std::min(length, kValueSize - 1));
+}
+
+void WriteIniValue(const WideText& path, const WideText& section, const WideText& key,
+                   const WideText& value) {
+    WritePrivateProfileStringW(section.c_str(), key.c_str(), value.c_str(), path.c_str());
+}
+
+WideText ConfigValue(const WideText& section) {
+    return DeleteBlanks(ReadIniValue(FileBesideModule(kConfigFile), section, WIDE("value")));
+}

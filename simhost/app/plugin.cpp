@@ -1,0 +1,93 @@
+// Loading and unloading of the plug-in's module.
+#include "simhost/app/plugin.h"
+
+#include <stdexcept>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+#ifdef _WIN32
+#include "hostapi/windows.h"
+#else
+#include <dlfcn.h>
+
+#include "simhost/windows/windows.h"
+#endif
+
+namespace simhost {
+
+namespace {
+
+using InitializeFunction = int (*)(int, char*[], char*, char*, WideChar[80]);
+using TerminateFunction = void (*)();
+
+WideText FileNameOf(const WideText& path) {
+    return path.substr(path.find_last_of(WIDE("\\/")) + 1);
+}
+
+#ifdef _WIN32
+void* Open(const std::filesystem::path& file) {
+    HMODULE module = LoadLibraryW(file.c_str());
+    if (module) return reinterpret_cast<void*>(module);
+    throw std::runtime_error("the module cannot be loaded (Windows error " +
+                             std::to_string(GetLastError()) + ")");
+}
+void Close(void* module) {
+    FreeLibrary(reinterpret_cast<HMODULE>(module));
+}
+void* Find(void* module, const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(reinterpret_cast<HMODULE>(module), name));
+}
+void Announce(const WideText&, const WideText&) {}
+void Withdraw(const WideText&) {}
+#else
+void* Open(const std::filesystem::path& file) {
+    void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (module) return module;
+    throw std::runtime_error(std::string("the module cannot be loaded: ") + dlerror());
+}
+void Close(void* module) {
+    dlclose(module);
+}
+void* Find(void* module, const char* name) {
+    return dlsym(module, name);
+}
+void Announce(const WideText& name, const WideText& path) {
+    TheWindows().AddModule(name, path);
+}
+void Withdraw(const WideText& name) {
+    TheWindows().RemoveModule(name);
+}
+#endif
+
+}  // namespace
+
+Plugin::Plugin(const std::filesystem::path& file, const WideText& windowsPath)
+    : module_(Open(file)), name_(FileNameOf(windowsPath)) {
+    Announce(name_, windowsPath);
+}
+
+Plugin::~Plugin() {
+    TheHost().commands.Clear();
+    Withdraw(name_);
+    Close(module_);
+}
+
+void* Plugin::Symbol(const char* name) const {
+    void* symbol = Find(module_, name);
+    if (!symbol) throw std::runtime_error(std::string("the module has no ") + name);
+    return symbol;
+}
+
+int Plugin::Initialize(std::string version) {
+    std::string build = "simulated";
+    WideChar errorText[80] = {};
+    const auto initialize = reinterpret_cast<InitializeFunction>(Symbol("user_initialize"));
+    return initialize(0, nullptr, version.data(), build.data(), errorText);
+}
+
+void Plugin::Terminate() {
+    reinterpret_cast<TerminateFunction>(Symbol("user_terminate"))();
+}
+
+}  // namespace simhost

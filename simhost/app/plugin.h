@@ -1,0 +1,31 @@
+// The plug-in's module as the host loads and unloads it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "hostapi/wide.h"
+
+namespace simhost {
+
+class Plugin {
+public:
+    // Loads the module afresh, so that its program-wide state is new. To itself it lies at
+    // `windowsPath`; on Windows that is where `file` really lies.
+    // Throws std::runtime_error with a sentence that says what is wrong.
+    Plugin(const std::filesystem::path& file, const WideText& windowsPath);
+    ~Plugin();
+    Plugin(const Plugin&) = delete;
+    Plugin& operator=(const Plugin&) = delete;
+
+    // Calls user_initialize with the host's version text and returns its result.
+    int Initialize(std::string version = "Creo Parametric 7.0");
+    void Terminate();
+
+private:
+    void* Symbol(const char* name) const;
+    void* module_ = nullptr;
+    WideText name_;
+};
+
+}  // namespace simhost

@@ -1,0 +1,105 @@
+// Setting up a workplace on a folder that plays drive C.
+#include "simhost/app/workplace.h"
+
+#include <atomic>
+#include <stdexcept>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+#ifdef _WIN32
+#include <process.h>
+#else
+#include <unistd.h>
+
+#include "simhost/windows/windows.h"
+#endif
+
+namespace fs = std::filesystem;
+
+namespace simhost {
+
+namespace {
+
+#ifdef _WIN32
+int ProcessId() {
+    return _getpid();
+}
+void RestartTheRest() {}
+void MarkFirstRunSeen() {}
+#else
+int ProcessId() {
+    return int(getpid());
+}
+void RestartTheRest() {
+    RestartWindows();
+}
+void MarkFirstRunSeen() {
+    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+}
+#endif
+
+fs::path TemporaryFolder() {
+    static std::atomic<int> number{0};
+    const std::string name =
+        "vorlatix-" + std::to_string(ProcessId()) + "-" + std::to_string(++number);
+    const fs::path folder = fs::temp_directory_path() / name;
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    return folder;
+}
+
+// Copies what is not there yet.
+void CopyFolder(const fs::path& from, const fs::path& to) {
+    if (!fs::is_directory(from)) throw std::runtime_error("no folder " + from.string());
+    fs::create_directories(to);
+    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::skip_existing);
+}
+
+}  // namespace
+
+Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
+    RestartHost();
+    RestartTheRest();
+    temporary_ = options_.drive.empty();
+    if (temporary_) options_.drive = TemporaryFolder();
+    fs::create_directories(options_.drive);
+    Host& host = TheHost();
+    host.disk.SetRoot(options_.drive);
+    for (const char* folder : {"VXconfig", "text", "tp", "vxudf"}) {
+        const fs::path from = options_.installed / folder;
+        if (!fs::is_directory(from)) continue;
+        CopyFolder(from, Real(options_.moduleFolder) / folder);
+        CopyFolder(from, Real(options_.textFolder) / folder);
+    }
+    const fs::path work = Real(options_.workingDirectory);
+    fs::create_directories(work);
+    if (!options_.project.empty()) CopyFolder(options_.project, work);
+    if (!options_.newUser) MarkFirstRunSeen();
+    host.textFolder = options_.textFolder;
+    host.session.workingDirectory = options_.workingDirectory;
+}
+
+Workplace::~Workplace() {
+    plugin_.reset();
+    std::error_code ignored;
+    if (temporary_) fs::remove_all(options_.drive, ignored);
+}
+
+fs::path Workplace::Real(const WideText& windowsPath) const {
+    return TheHost().disk.Real(windowsPath);
+}
+
+int Workplace::StartPlugin() {
+    plugin_ = std::make_unique<Plugin>(options_.module,
+                                       options_.moduleFolder + WIDE("\\vorlatix5.1.dll"));
+    return plugin_->Initialize();
+}
+
+void Workplace::StopPlugin() {
+    if (!plugin_) return;
+    plugin_->Terminate();
+    plugin_.reset();
+}
+
+}  // namespace simhost

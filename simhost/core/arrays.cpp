@@ -1,0 +1,128 @@
+// Host arrays: a header in front of the elements, and a list of the live ones.
+#include "simhost/core/arrays.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+#include "simhost/core/operation.h"
+
+namespace simhost {
+
+struct ArrayLedger::Header {
+    std::string holder, origin;
+    std::size_t objectSize = 0;
+    std::size_t size = 0;
+    std::size_t capacity = 0;
+    char* elements = nullptr;  // a block of its own, so that an overrun is found by the sanitizer
+};
+
+ArrayLedger::~ArrayLedger() {
+    FreeAll();
+}
+
+ArrayLedger::Header* ArrayLedger::Require(ProArray array) const {
+    if (!array) Complain(PRO_TK_BAD_INPUTS, "the array is null");
+    const auto found = live_.find(array);
+    if (found == live_.end()) Complain(PRO_TK_BAD_INPUTS, "not a live array");
+    return found->second;
+}
+
+ProArray ArrayLedger::Allocate(int objects, int objectSize, int step, std::string origin) {
+    if (objects < 0 || objectSize <= 0 || step <= 0) {
+        Complain(PRO_TK_BAD_INPUTS, "a size of the array is not positive");
+    }
+    auto* header = new Header;
+    header->holder = holder;
+    header->origin = origin.empty() ? "ProArrayAlloc" : std::move(origin);
+    header->objectSize = std::size_t(objectSize);
+    header->size = header->capacity = std::size_t(objects);
+    // An empty array has an address too.
+    header->elements =
+        static_cast<char*>(std::calloc(std::max<std::size_t>(header->size, 1), header->objectSize));
+    live_[header->elements] = header;
+    return header->elements;
+}
+
+void ArrayLedger::Free(ProArray array) {
+    Header* header = Require(array);
+    live_.erase(array);
+    std::free(header->elements);
+    delete header;
+}
+
+int ArrayLedger::Size(ProArray array) const {
+    return int(Require(array)->size);
+}
+
+void ArrayLedger::Insert(ProArray* array, int index, int count, const void* object) {
+    Header* header = Require(*array);
+    if (count <= 0 || index < -1 || index > int(header->size)) {
+        Complain(PRO_TK_BAD_INPUTS, "no such place in the array");
+    }
+    const auto added = std::size_t(count);
+    const std::size_t place = index < 0 ? header->size : std::size_t(index);
+    if (header->size + added > header->capacity) {
+        // Always to a new place: whoever kept the old address is found out.
+        header->capacity = std::max(header->size + added, header->capacity * 2);
+        auto* moved = static_cast<char*>(std::malloc(header->capacity * header->objectSize));
+        std::memcpy(moved, header->elements, header->size * header->objectSize);
+        live_.erase(header->elements);
+        std::free(header->elements);
+        header->elements = moved;
+        live_[moved] = header;
+        *array = moved;
+    }
+    char* hole = header->elements + place * header->objectSize;
+    std::memmove(hole + added * header->objectSize, hole,
+                 (header->size - place) * header->objectSize);
+    std::memcpy(hole, object, added * header->objectSize);
+    header->size += added;
+}
+
+const std::vector<HeldOnPurpose> kHeldOnPurpose = {
+    {"popup access", "ProSelbufferSelectionsGet",
+     "the access rules of popup buttons leave the array of selections to the host"},
+};
+
+std::string ArrayLedger::Line(const Header& header) {
+    return fmt::format("{}, {}: {} objects of {} bytes", header.holder, header.origin, header.size,
+                       header.objectSize);
+}
+
+std::vector<std::string> ArrayLedger::Held() const {
+    std::vector<std::string> held;
+    for (const auto& [address, header] : live_) held.push_back(Line(*header));
+    return held;
+}
+
+std::vector<std::string> ArrayLedger::HeldByMistake() const {
+    std::vector<std::string> held;
+    for (const auto& [address, header] : live_) {
+        const auto known = [&header = *header](const HeldOnPurpose& row) {
+            return header.holder == row.holder && header.origin == row.origin;
+        };
+        if (std::none_of(kHeldOnPurpose.begin(), kHeldOnPurpose.end(), known)) {
+            held.push_back(Line(*header));
+        }
+    }
+    return held;
+}
+
+std::size_t ArrayLedger::BytesHeld() const {
+    std::size_t bytes = 0;
+    for (const auto& [address, header] : live_) bytes += header->capacity * header->objectSize;
+    return bytes;
+}
+
+void ArrayLedger::FreeAll() {
+    for (const auto& [address, header] : live_) {
+        std::free(header->elements);
+        delete header;
+    }
+    live_.clear();
+}
+
+}  // namespace simhost

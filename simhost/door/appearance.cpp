@@ -1,0 +1,110 @@
+// Appearances at the door.
+#include "hostapi/host/appearance.h"
+
+#include <string>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+using namespace simhost;
+
+namespace {
+
+// The model of an object; a null or stale object is a complaint.
+Model& RequireObject(Prohandle object) {
+    Model* model = TheHost().session.FindObject(object);
+    if (!model) Complain(PRO_TK_BAD_INPUTS, object ? "not an object" : "the object is null");
+    return *model;
+}
+
+void RequireItem(Model& model, int itemType, int id) {
+    if (itemType == PRODB_WHOLE_OBJECT && id == -1) return;
+    if (itemType == PRODB_SURFACE && model.HasSurface(id)) return;
+    Complain(PRO_TK_BAD_INPUTS, model.FileName() + " has no such item: type " +
+                                    std::to_string(itemType) + ", id " + std::to_string(id));
+}
+
+void RequireRange(const ProdbSurfaceProps& props) {
+    const double* first = &props.ambient;
+    for (std::size_t i = 0; i < sizeof props / sizeof(double); ++i) {
+        if (!(first[i] >= 0.0 && first[i] <= 1.0)) {
+            Complain(PRO_TK_BAD_INPUTS, "a value of an appearance is not between 0 and 1");
+        }
+    }
+}
+
+}  // namespace
+
+Prohandle prodb_get_object_ptr(WideChar* name, char* kind) {
+    static Operation op("prodb_get_object_ptr");
+    return op.CallOr([](int) -> Prohandle { return nullptr; },
+                     [&]() -> Prohandle {
+                         Need(name, "the name");
+                         Need(kind, "the kind");
+                         const std::string word = kind;
+                         if (word != "PRT" && word != "ASM") {
+                             Complain(PRO_TK_BAD_INPUTS, "the kind is not PRT or ASM");
+                         }
+                         const ProMdlType type = word == "PRT" ? PRO_MDL_PART : PRO_MDL_ASSEMBLY;
+                         const Model* model = TheHost().session.FindByName(name, type);
+                         if (!model) Refuse(PRO_TK_E_NOT_FOUND);
+                         return Session::ObjectOf(*model);
+                     },
+                     "name", name, "kind", kind);
+}
+
+int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
+                            ProdbSurfaceProps* props) {
+    static Operation op("prodb_get_surface_props");
+    return op.Call(
+        [&]() -> int {
+            Need(props, "the place for the appearance");
+            Model& model = RequireObject(object);
+            RequireItem(model, itemType, id);
+            const auto own = model.surfaceAppearances.find(id);
+            if (itemType == PRODB_SURFACE && own != model.surfaceAppearances.end()) {
+                *props = own->second;
+            } else {
+                *props = model.appearance.value_or(DefaultAppearance());
+            }
+            return 0;
+        },
+        "object", object, "itemType", itemType, "id", id, "unused", unused);
+}
+
+int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
+                            ProdbSurfaceProps* props) {
+    static Operation op("prodb_set_surface_props");
+    return op.Call(
+        [&]() -> int {
+            Need(props, "the appearance");
+            Model& model = RequireObject(object);
+            RequireItem(model, itemType, id);
+            RequireRange(*props);
+            if (itemType == PRODB_SURFACE) {
+                model.surfaceAppearances[id] = *props;
+            } else {
+                model.appearance = *props;
+            }
+            model.modified = true;
+            return 0;
+        },
+        "object", object, "itemType", itemType, "id", id, "unused", unused);
+}
+
+int prodb_unset_surface_props(Prohandle object, int itemType, int id, int unused) {
+    static Operation op("prodb_unset_surface_props");
+    return op.Call(
+        [&]() -> int {
+            Model& model = RequireObject(object);
+            RequireItem(model, itemType, id);
+            if (itemType == PRODB_SURFACE) {
+                model.surfaceAppearances.erase(id);
+            } else {
+                model.appearance.reset();
+            }
+            model.modified = true;
+            return 0;
+        },
+        "object", object, "itemType", itemType, "id", id, "unused", unused);
+}

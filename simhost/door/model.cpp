@@ -1,0 +1,69 @@
+// Models at the door.
+#include "hostapi/host/model.h"
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+using namespace simhost;
+
+ProError ProMdlCurrentGet(ProMdl* model) {
+    static Operation op("ProMdlCurrentGet");
+    return op.Call(
+        [&] {
+            Need(model, "the place for the model");
+            const Model* current = TheHost().session.CurrentModel();
+            if (!current) Refuse(PRO_TK_BAD_CONTEXT);
+            *model = current->handle;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", Out(model));
+}
+
+ProError ProMdlNameGet(ProMdl model, ProName name) {
+    static Operation op("ProMdlNameGet");
+    return op.Call(
+        [&] {
+            Need(name, "the place for the name");
+            CopyCut(TheHost().session.Require(model).name, name, PRO_NAME_SIZE);
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "name", Out(name));
+}
+
+ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
+    static Operation op("ProMdlTypeGet");
+    return op.Call(
+        [&] {
+            Need(type, "the place for the type");
+            *type = TheHost().session.Require(model).type;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "type", Out(type));
+}
+
+ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype) {
+    static Operation op("ProMdlSubtypeGet");
+    return op.Call(
+        [&] {
+            Need(subtype, "the place for the subtype");
+            *subtype = TheHost().session.Require(model).subtype;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "subtype", Out(subtype));
+}
+
+ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {
+    static Operation op("ProMfgAssemGet");
+    return op.Call(
+        [&] {
+            Need(assembly, "the place for the assembly");
+            const Model& model = TheHost().session.Require(manufacturing);
+            if (model.type != PRO_MDL_MFG) {
+                Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a manufacturing model");
+            }
+            if (!model.manufactured) Refuse(PRO_TK_E_NOT_FOUND);
+            *assembly = static_cast<ProAssembly>(model.manufactured->handle);
+            return PRO_TK_NO_ERROR;
+        },
+        "manufacturing", manufacturing, "assembly", Out(assembly));
+}

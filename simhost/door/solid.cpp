@@ -1,0 +1,85 @@
+// Visits to features and surfaces at the door.
+#include "hostapi/host/solid.h"
+
+#include "simhost/host.h"
+
+using namespace simhost;
+
+namespace {
+
+// The rule of all visits: the filter may pass over an item, the action may end the visit.
+template <class Filter, class Action>
+ProError VisitOne(Filter&& filter, Action&& action, bool* goOn, bool* any) {
+    const ProError wanted = filter();
+    if (wanted == PRO_TK_CONTINUE) return PRO_TK_NO_ERROR;
+    if (wanted != PRO_TK_NO_ERROR) {
+        *goOn = false;
+        return wanted;
+    }
+    *any = true;
+    const ProError status = action(wanted);
+    if (status == PRO_TK_NO_ERROR || status == PRO_TK_CONTINUE) return PRO_TK_NO_ERROR;
+    *goOn = false;
+    return status;
+}
+
+}  // namespace
+
+ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
+                           ProFeatureFilterAction filter, ProAppData data) {
+    static Operation op("ProSolidFeatVisit");
+    return op.Call(
+        [&] {
+            if (!action) Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
+            Model& model = TheHost().session.RequireSolid(solid);
+            bool any = false;
+            bool goOn = true;
+            // By index: an action may add features.
+            for (std::size_t i = 0; i < model.features().size() && goOn; ++i) {
+                ProFeature item{PRO_FEATURE, model.features()[i].id, model.handle};
+                const ProError status = VisitOne(
+                    [&] { return filter ? filter(&item, data) : PRO_TK_NO_ERROR; },
+                    [&](ProError wanted) { return action(&item, wanted, data); }, &goOn, &any);
+                if (!goOn) return status;
+            }
+            return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
+        },
+        "solid", solid);
+}
+
+ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
+                              ProSurfaceFilterAction filter, ProAppData data) {
+    static Operation op("ProSolidSurfaceVisit");
+    return op.Call(
+        [&] {
+            if (!action) Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
+            Model& model = TheHost().session.RequireSolid(part);
+            bool any = false;
+            bool goOn = true;
+            for (const auto& surface : model.Surfaces()) {
+                const ProError status = VisitOne(
+                    [&] { return filter ? filter(surface->handle, data) : PRO_TK_NO_ERROR; },
+                    [&](ProError wanted) { return action(surface->handle, wanted, data); }, &goOn,
+                    &any);
+                if (!goOn) return status;
+            }
+            return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
+        },
+        "part", part);
+}
+
+ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item) {
+    static Operation op("ProSurfaceToGeomitem");
+    return op.Call(
+        [&] {
+            Need(item, "the place for the item");
+            const Model& model = TheHost().session.RequireSolid(part);
+            const Surface* found = TheHost().session.FindSurface(surface);
+            if (!found || found->part != &model) {
+                Complain(PRO_TK_BAD_INPUTS, "not a surface of " + model.FileName());
+            }
+            *item = {PRO_SURFACE, found->id, model.handle};
+            return PRO_TK_NO_ERROR;
+        },
+        "part", part, "surface", surface, "item", Out(item));
+}

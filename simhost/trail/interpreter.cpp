@@ -1,0 +1,282 @@
+// Runs scripts. Whatever waits for the user takes the next lines from the same source, so a script
+// reads from top to bottom as the user acts.
+#include "simhost/trail/interpreter.h"
+
+#include <algorithm>
+#include <exception>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/trail/steps.h"
+#include "simhost/trail/words.h"
+#include "simhost/ui/near_name.h"
+#include "simhost/ui/text_frame.h"
+
+namespace simhost {
+namespace {
+
+constexpr const char* kIndent = "    ";
+
+std::string Quoted(const WideText& text) {
+    return "\"" + std::string(Trimmed(Utf8(text))) + "\"";
+}
+
+// What waits, as the beginning of a sentence.
+std::string Describe(const Wait& wait) {
+    switch (wait.kind) {
+    case Wait::Kind::Box: return fmt::format("the box {} is open", Quoted(wait.box->text));
+    case Wait::Kind::Prompt: return fmt::format("the prompt {} waits", Quoted(wait.prompt));
+    default: return fmt::format("the dialog {} is open", wait.dialog->name());
+    }
+}
+
+const char* WayOut(const Wait& wait) {
+    switch (wait.kind) {
+    case Wait::Kind::Box: return "@ ok answers it";
+    case Wait::Kind::Prompt: return "@ answer TEXT or @ quit answers it";
+    default: return "its buttons or ~ Close end it";
+    }
+}
+
+bool IsDone(const Wait& wait) {
+    return wait.kind == Wait::Kind::Dialog ? wait.dialog->ended() : wait.answered;
+}
+
+}  // namespace
+
+Trail::Trail(Source& source, Print print) : source_(source), print_(std::move(print)) {}
+
+bool Trail::Run() {
+    Host& host = TheHost();
+    User* before = host.user;
+    host.user = &user_;
+    shownSeen_ = host.shown.size();
+    complaintsSeen_ = host.complaints.size();
+    while (!stopped_) {
+        const auto step = NextStep();
+        if (!step) break;
+        if (host.commands.popup() && !KeepsPopup(*step)) host.commands.ClosePopup();
+        Perform(*step);
+    }
+    host.commands.ClosePopup();
+    if (host.dialogs.mainWindow.questionOpen()) {
+        Fail(fmt::format("the script ended while {} waited for an answer",
+                         MainWindow::kQuestionName));
+        host.dialogs.mainWindow.CloseQuestion();
+    }
+    host.user = before;
+    return failures_.empty();
+}
+
+std::string Trail::WaitingFor() const {
+    if (waits_.empty()) return TheHost().commands.popup() ? "popup" : "vx";
+    switch (waits_.back()->kind) {
+    case Wait::Kind::Box: return "box";
+    case Wait::Kind::Prompt: return "answer";
+    default: return "dialog " + waits_.back()->dialog->name();
+    }
+}
+
+std::optional<std::string> Trail::NextLine() {
+    auto line = source_.Next(WaitingFor());
+    if (line) ++line_;
+    return line;
+}
+
+std::optional<Step> Trail::NextStep() {
+    while (pending_.empty()) {
+        auto line = NextLine();
+        if (!line) return std::nullopt;
+        const int first = line_;
+        // The host breaks long steps with a backslash at the line's end.
+        while (!line->empty() && line->back() == '\\' && Trimmed(*line).substr(0, 1) == "~") {
+            line->pop_back();
+            const auto more = NextLine();
+            if (!more) break;
+            *line += *more;
+        }
+        try {
+            for (Step& step : LexLine(*line)) {
+                step.file = source_.name();
+                step.line = first;
+                pending_.push_back(Resolved(std::move(step)));
+            }
+        } catch (const LexError& error) {
+            Step broken;
+            broken.written = *line;
+            broken.file = source_.name();
+            broken.line = first;
+            current_ = &broken;
+            if (!patient()) print_(*line);
+            Fail(error.what());
+            current_ = nullptr;
+        }
+    }
+    Step step = std::move(pending_.front());
+    pending_.pop_front();
+    return step;
+}
+
+Step Trail::Resolved(Step step) const {
+    if (step.kind != Step::Kind::Plain || !source_.takesPlainWords()) return step;
+    const auto names = TheHost().commands.Names();
+    if (std::find(names.begin(), names.end(), step.text) != names.end()) {
+        step.kind = Step::Kind::Trail;
+        step.verb = "Command";
+        step.arguments = {step.text};
+    } else {
+        step.kind = Step::Kind::Word;
+    }
+    return step;
+}
+
+// --- Answering ---------------------------------------------------------------------------------
+
+bool Trail::Fits(const Step& step) const {
+    if (waits_.empty()) return true;
+    switch (step.kind) {
+    case Step::Kind::Word: return !NeedsTheMainWindow(step);
+    case Step::Kind::Trail:
+        return waits_.back()->kind == Wait::Kind::Dialog && step.verb != "Command";
+    default: return true;
+    }
+}
+
+std::string Trail::Misfit(const Step& step) const {
+    const Wait& wait = *waits_.back();
+    return fmt::format("{} and has to be answered before {} ({})", Describe(wait), step.written,
+                       WayOut(wait));
+}
+
+bool Trail::Serve(Wait& wait) {
+    waits_.push_back(&wait);
+    const Step* outer = current_;
+    bool served = true;
+    while (!IsDone(wait)) {
+        auto step = NextStep();
+        if (!step) {
+            Fail(Describe(wait) + " and the script is at its end");
+            served = false;
+            break;
+        }
+        if (Fits(*step)) {
+            Perform(*step);
+            continue;
+        }
+        current_ = &*step;
+        Fail(Misfit(*step));
+        current_ = outer;
+        if (patient()) continue;
+        pending_.push_front(std::move(*step));
+        served = false;
+        break;
+    }
+    waits_.pop_back();
+    return served;
+}
+
+int Trail::TrailUser::AnswerBox(const Box& box) {
+    constexpr int kOk = 1;
+    trail_.TellWhatWasShown();
+    std::vector<std::string> lines = TextLines(Utf8(box.text));
+    lines.emplace_back("[ OK ]");
+    trail_.SayAll(Framed(box.hasCaption ? Utf8(box.caption) : "!", lines));
+    Wait wait;
+    wait.kind = Wait::Kind::Box;
+    wait.box = &box;
+    if (!trail_.Serve(wait)) trail_.Say("(the box is answered OK)");
+    return kOk;
+}
+
+void Trail::TrailUser::UseDialog(Dialog& dialog) {
+    trail_.TellWhatWasShown();
+    trail_.SayAll(DialogText(dialog));
+    Wait wait;
+    wait.kind = Wait::Kind::Dialog;
+    wait.dialog = &dialog;
+    if (trail_.Serve(wait)) return;
+    trail_.Say("(the dialog is closed)");
+    dialog.CloseWindow();
+    // A close action may leave the dialog open; the run must go on all the same.
+    if (!dialog.ended()) dialog.Exit(-1);
+}
+
+std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
+                                                       const WideText& byDefault) {
+    trail_.TellWhatWasShown();
+    trail_.Say(fmt::format("prompt: {}{}", Utf8(prompt),
+                           byDefault.empty() ? "" : " [" + Utf8(byDefault) + "]"));
+    Wait wait;
+    wait.kind = Wait::Kind::Prompt;
+    wait.prompt = prompt;
+    if (!trail_.Serve(wait)) trail_.Say("(the prompt is left)");
+    return wait.answer;
+}
+
+// --- Doing -------------------------------------------------------------------------------------
+
+void Trail::Perform(const Step& step) {
+    const Step* outer = current_;
+    current_ = &step;
+    if (!patient()) print_(step.written);
+    try {
+        PerformInner(step);
+    } catch (const Refusal& refusal) {
+        Fail(refusal.complaint.empty() ? fmt::format("the host refuses ({})", refusal.status)
+                                       : refusal.complaint);
+    } catch (const std::exception& error) {
+        Fail(error.what());
+    }
+    TellWhatWasShown();
+    current_ = outer;
+}
+
+void Trail::PerformInner(const Step& step) {
+    switch (step.kind) {
+    case Step::Kind::Trail:
+        if (const std::string problem = PerformTrailStep(step); !problem.empty()) Fail(problem);
+        break;
+    case Step::Kind::Word: PerformWord(*this, step.text); break;
+    default: Fail("a line begins with ~ (a step), @ (a word) or ! (a comment)");
+    }
+}
+
+void Trail::TellWhatWasShown() {
+    Host& host = TheHost();
+    for (; shownSeen_ < host.shown.size(); ++shownSeen_) {
+        const Shown& shown = host.shown[shownSeen_];
+        if (shown.kind == Shown::Kind::Message) Say("message: " + Utf8(shown.text));
+        if (shown.kind == Shown::Kind::Program) Say("program: " + Utf8(shown.text));
+    }
+    while (complaintsSeen_ < host.complaints.size()) {
+        Fail("the host complains: " + host.complaints[complaintsSeen_++]);
+    }
+}
+
+void Trail::Fail(const std::string& what) {
+    std::string place;
+    if (!patient()) {
+        const std::string file = source_.name().empty() ? "line " : source_.name() + ":";
+        place = fmt::format("{}{}: ", file, current_ ? current_->line : line_);
+    }
+    failures_.push_back(place + what);
+    Say("!! " + failures_.back());
+}
+
+void Trail::Say(const std::string& line) {
+    print_(kIndent + line);
+}
+
+void Trail::SayAll(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) Say(line);
+}
+
+std::vector<std::string> RunScript(const std::string& text, const Trail::Print& print) {
+    TextSource source(text);
+    Trail trail(source, print ? print : [](const std::string&) {});
+    trail.Run();
+    return trail.failures();
+}
+
+}  // namespace simhost

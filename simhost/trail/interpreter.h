@@ -1,0 +1,93 @@
+// The interpreter of trails: it does the lines of a script one by one as a user would, and answers
+// whatever the host asks meanwhile with the lines that follow.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simhost/host.h"
+#include "simhost/trail/lexer.h"
+#include "simhost/trail/source.h"
+
+namespace simhost {
+
+// Something that waits for the user: lines go to it until it is answered.
+struct Wait {
+    enum class Kind { Box, Prompt, Dialog } kind = Kind::Box;
+    const Box* box = nullptr;
+    Dialog* dialog = nullptr;
+    WideText prompt;
+    bool answered = false;              // boxes and prompts
+    std::optional<WideText> answer;     // prompts; nothing: the user left it
+};
+
+class Trail {
+public:
+    using Print = std::function<void(const std::string& line)>;
+
+    // The transcript goes to `print` line by line.
+    Trail(Source& source, Print print);
+    Trail(const Trail&) = delete;
+    Trail& operator=(const Trail&) = delete;
+
+    // Runs to the end; true if nothing failed. While it runs, it is the host's user.
+    bool Run();
+    // What failed, each with its place in the script.
+    const std::vector<std::string>& failures() const { return failures_; }
+
+    // --- For the @ words ---
+    void Fail(const std::string& what);
+    void Say(const std::string& line);  // a line of the transcript, below the step
+    void SayAll(const std::vector<std::string>& lines);
+    Wait* waiting() { return waits_.empty() ? nullptr : waits_.back(); }
+    bool patient() const { return source_.patient(); }
+    void Stop() { stopped_ = true; }
+
+    // What the next line goes to, in the words of Source::Next.
+    std::string WaitingFor() const;
+
+private:
+    class TrailUser : public User {
+    public:
+        explicit TrailUser(Trail& trail) : trail_(trail) {}
+        int AnswerBox(const Box& box) override;
+        void UseDialog(Dialog& dialog) override;
+        std::optional<WideText> AnswerPrompt(const WideText& prompt,
+                                             const WideText& byDefault) override;
+
+    private:
+        Trail& trail_;
+    };
+
+    std::optional<std::string> NextLine();
+    std::optional<Step> NextStep();
+    // Lines go to `wait` until it is answered. False: the script ended, or went on with a step
+    // that does not fit; that has been told, and the step is kept for what comes after.
+    bool Serve(Wait& wait);
+    bool Fits(const Step& step) const;
+    std::string Misfit(const Step& step) const;
+    void Perform(const Step& step);
+    void PerformInner(const Step& step);
+    Step Resolved(Step step) const;
+    void TellWhatWasShown();
+
+    Source& source_;
+    Print print_;
+    TrailUser user_{*this};
+    std::deque<Step> pending_;
+    std::vector<Wait*> waits_;
+    std::vector<std::string> failures_;
+    const Step* current_ = nullptr;
+    int line_ = 0;
+    std::size_t shownSeen_ = 0;
+    std::size_t complaintsSeen_ = 0;
+    bool stopped_ = false;
+};
+
+// Runs a text as a script and gives what failed; the transcript goes to `print` if there is one.
+std::vector<std::string> RunScript(const std::string& text, const Trail::Print& print = {});
+
+}  // namespace simhost

@@ -1,0 +1,48 @@
+// The lines of trail files: what the host records of a user, and what a user types.
+//
+//     ~ Activate `Relations` `AddRels`      steps; several on a line stand between semicolons
+//     @ expect box "\tdone\t"               what a trail of the host cannot say
+//     ! a comment
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace simhost {
+
+struct Step {
+    enum class Kind {
+        Trail,  // verb and arguments
+        Word,   // text: all behind the @
+        Plain,  // text: a line that is neither, such as a command's bare name
+    } kind = Kind::Plain;
+    std::string verb;
+    std::vector<std::string> arguments;
+    std::string text;
+    std::string written;  // as it stands in the script
+    std::string file;
+    int line = 0;
+};
+
+// A line that cannot be understood; the text says why.
+struct LexError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// The steps of one line; none for an empty line or a comment. Throws LexError.
+std::vector<Step> LexLine(std::string_view line);
+
+// A text argument: "quoted" with \t \n \" \\ inside, or just what stands there.
+struct TextArgument {
+    std::string text;
+    bool quoted = false;
+};
+// Throws LexError for a quotation that does not end, or with something behind its end.
+TextArgument ParseText(std::string_view argument);
+
+// Without blanks and tabs at both ends.
+std::string_view Trimmed(std::string_view text);
+
+}  // namespace simhost

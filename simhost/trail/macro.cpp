@@ -1,0 +1,84 @@
+// Runs macros. A dialog that a macro opens is used by the macro's next steps first.
+#include "simhost/trail/macro.h"
+
+#include <deque>
+
+#include <fmt/format.h>
+
+#include "simhost/host.h"
+#include "simhost/trail/steps.h"
+
+namespace simhost {
+namespace {
+
+void Perform(const Step& step) {
+    const std::string problem = PerformTrailStep(step);
+    if (!problem.empty()) {
+        TheHost().Complain(fmt::format("in the macro, {}: {}", step.written, problem));
+    }
+}
+
+class MacroUser : public User {
+public:
+    explicit MacroUser(std::deque<Step> steps) : steps_(std::move(steps)) {
+        TheHost().user = this;
+    }
+    ~MacroUser() override { TheHost().user = person_; }
+    MacroUser(const MacroUser&) = delete;
+    MacroUser& operator=(const MacroUser&) = delete;
+
+    void Run() {
+        while (!steps_.empty()) Perform(Take());
+    }
+
+    // A macro cannot answer boxes and prompts; the person before the host does.
+    int AnswerBox(const Box& box) override {
+        if (person_) return person_->AnswerBox(box);
+        TheHost().Complain("a box is open and nobody answers it");
+        return 1;
+    }
+    std::optional<WideText> AnswerPrompt(const WideText& prompt,
+                                         const WideText& byDefault) override {
+        if (person_) return person_->AnswerPrompt(prompt, byDefault);
+        TheHost().Complain("a prompt waits and nobody answers it");
+        return std::nullopt;
+    }
+    void UseDialog(Dialog& dialog) override {
+        while (!dialog.ended() && !steps_.empty()) Perform(Take());
+        if (!dialog.ended() && person_) person_->UseDialog(dialog);
+    }
+
+private:
+    Step Take() {
+        Step step = std::move(steps_.front());
+        steps_.pop_front();
+        return step;
+    }
+
+    User* person_ = TheHost().user;
+    std::deque<Step> steps_;
+};
+
+}  // namespace
+
+void RunMacro(const std::string& macro) {
+    std::deque<Step> steps;
+    try {
+        for (Step& step : LexLine(macro)) {
+            if (step.kind != Step::Kind::Trail) throw LexError("its steps begin with ~");
+            steps.push_back(std::move(step));
+        }
+    } catch (const LexError& error) {
+        TheHost().Complain(fmt::format("the macro \"{}\": {}", macro, error.what()));
+        return;
+    }
+    MacroUser(std::move(steps)).Run();
+    MainWindow& window = TheHost().dialogs.mainWindow;
+    if (window.questionOpen()) {
+        TheHost().Complain(fmt::format("the macro ended while {} waited for an answer",
+                                       MainWindow::kQuestionName));
+        window.CloseQuestion();
+    }
+}
+
+}  // namespace simhost

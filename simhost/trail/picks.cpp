@@ -1,0 +1,164 @@
+// Finds components and items by the paths of scripts.
+#include "simhost/trail/picks.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/trail/lexer.h"
+#include "simhost/ui/near_name.h"
+
+namespace simhost {
+namespace {
+
+struct ItemKind {
+    const char* word;
+    ProType type;
+};
+constexpr ItemKind kItemKinds[] = {
+    {"surface", PRO_SURFACE}, {"feature", PRO_FEATURE}, {"edge", PRO_EDGE},
+    {"csys", PRO_CSYS},       {"quilt", PRO_QUILT},     {"curve", PRO_CURVE},
+    {"composite", PRO_COMP_CURVE}, {"body", PRO_BODY},
+};
+
+std::optional<ProType> KindOfWord(const std::string& word) {
+    for (const ItemKind& kind : kItemKinds) {
+        if (Lower(word) == kind.word) return kind.type;
+    }
+    return std::nullopt;
+}
+
+std::optional<int> Number(const std::string& text) {
+    int number = 0;
+    const char* end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    if (text.empty() || error != std::errc() || parsed != end) return std::nullopt;
+    return number;
+}
+
+std::vector<std::string> Split(const std::string& text, char separator) {
+    std::vector<std::string> pieces;
+    std::size_t from = 0;
+    for (std::size_t to = 0; to != std::string::npos; from = to + 1) {
+        to = text.find(separator, from);
+        pieces.emplace_back(Trimmed(text.substr(from, to == std::string::npos ? to : to - from)));
+    }
+    return pieces;
+}
+
+std::string FileOf(const Feature& component) {
+    return component.model ? component.model->FileName() : Lower(component.file);
+}
+
+bool IsCalled(const Feature& component, const std::string& name) {
+    const std::string file = FileOf(component);
+    const std::string wanted = Lower(name);
+    return wanted == file || wanted == file.substr(0, file.rfind('.'));
+}
+
+// The component of this name ("GEAR:2": the second) in an assembly.
+const Feature* FindComponent(const Model& model, const std::string& step, std::string* problem) {
+    std::string name = step;
+    int occurrence = 1;
+    if (const std::size_t colon = step.rfind(':'); colon != std::string::npos) {
+        if (const auto number = Number(step.substr(colon + 1))) {
+            occurrence = *number;
+            name = step.substr(0, colon);
+        }
+    }
+    int seen = 0;
+    std::vector<std::string> names;
+    for (const Feature& feature : model.features()) {
+        if (feature.file.empty() && !feature.model) continue;
+        names.push_back(FileOf(feature));
+        if (IsCalled(feature, name) && ++seen == occurrence) return &feature;
+    }
+    if (seen > 0) {
+        *problem = fmt::format("{} holds {} only {} times", model.FileName(), name, seen);
+    } else {
+        *problem = fmt::format("{} holds no component {}{}", model.FileName(), name,
+                               DidYouMean(name, names));
+    }
+    return nullptr;
+}
+
+// "12", or with a kind "edge#12", of a model.
+std::optional<ProModelitem> FindItem(Model& model, const std::string& kind, const std::string& id,
+                                     std::string* problem) {
+    const auto number = Number(id);
+    const ProType type =
+        kind.empty() ? PRO_TYPE_UNUSED : KindOfWord(kind).value_or(PRO_TYPE_UNUSED);
+    if (!number) {
+        *problem = fmt::format("\"{}\" behind # is no id", id);
+        return std::nullopt;
+    }
+    const bool surface = model.HasSurface(*number);
+    const bool feature = model.FindFeature(*number) != nullptr;
+    const bool plain = type == PRO_TYPE_UNUSED;
+    if (kind.empty() && (surface || feature)) {
+        return ProModelitem{surface ? PRO_SURFACE : PRO_FEATURE, *number, model.handle};
+    }
+    if (plain || (type == PRO_SURFACE && !surface) || (type == PRO_FEATURE && !feature)) {
+        *problem = fmt::format("{} has no {} {}", model.FileName(),
+                               kind.empty() ? "surface or feature" : kind, *number);
+        return std::nullopt;
+    }
+    return ProModelitem{type, *number, model.handle};
+}
+
+}  // namespace
+
+std::vector<std::string> SplitPicks(const std::string& text) {
+    std::vector<std::string> paths = Split(text, ',');
+    std::erase(paths, "");
+    return paths;
+}
+
+Selection* Pick(const std::string& path, std::string* problem) {
+    Session& session = TheHost().session;
+    Model* top = session.CurrentModel();
+    if (!top) {
+        *problem = "no model is open";
+        return nullptr;
+    }
+    if (top->manufactured) top = top->manufactured;
+    std::vector<int> ids;
+    Model* model = top;
+    std::optional<ProModelitem> item;
+    const std::vector<std::string> steps = Split(path, '/');
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        const std::size_t hash = steps[i].rfind('#');
+        std::string component = steps[i].substr(0, hash);
+        std::string kind;
+        if (hash != std::string::npos && KindOfWord(component)) std::swap(kind, component);
+        const bool top_itself = component.empty() || component == ".";
+        if (!top_itself) {
+            const Feature* found = FindComponent(*model, component, problem);
+            if (!found) return nullptr;
+            if (!found->model) {
+                *problem = fmt::format("{} is not in memory", FileOf(*found));
+                return nullptr;
+            }
+            ids.push_back(found->id);
+            model = found->model;
+        }
+        if (hash == std::string::npos) continue;
+        if (i + 1 < steps.size()) {
+            *problem = "nothing can stand behind an id";
+            return nullptr;
+        }
+        item = FindItem(*model, kind, steps[i].substr(hash + 1), problem);
+        if (!item) return nullptr;
+    }
+    if (!item) {
+        item.emplace();
+        Session::Follow(*top, ids, &*item);
+    }
+    return &session.Select(*top, ids, *item);
+}
+
+}  // namespace simhost

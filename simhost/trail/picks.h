@@ -1,0 +1,20 @@
+// Picking by name: a script says which component of the tree, and which item of it, the user picks.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simhost/model/session.h"
+
+namespace simhost {
+
+// "A, B/C" as its paths, without the blanks around them.
+std::vector<std::string> SplitPicks(const std::string& text);
+
+// What a path leads to below the current model. Its steps are the names of components, with or
+// without their type, ":2" for the second of that name; behind # an id of the component reached so
+// far: GEAR#12 is a surface or a feature, edge#7 an item of that kind. "." is the current model
+// itself. Null: there is no such thing, and *problem says what is missing.
+Selection* Pick(const std::string& path, std::string* problem);
+
+}  // namespace simhost

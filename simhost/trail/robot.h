@@ -1,0 +1,19 @@
+// A user without a mind, for runs in which operations of the host fail in turn: it answers whatever
+// comes so that every command ends.
+#pragma once
+
+#include "simhost/host.h"
+
+namespace simhost {
+
+// Answers every box with OK, leaves every prompt, and presses each push-button of a dialog once:
+// those that seem to end it last. A dialog that is still open then is closed.
+class RobotUser : public User {
+public:
+    int AnswerBox(const Box& box) override;
+    void UseDialog(Dialog& dialog) override;
+    std::optional<WideText> AnswerPrompt(const WideText& prompt,
+                                         const WideText& byDefault) override;
+};
+
+}  // namespace simhost

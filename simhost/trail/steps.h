@@ -1,0 +1,13 @@
+// What a step of the host's own trail syntax does, in a script and in a macro alike.
+#pragma once
+
+#include <string>
+
+#include "simhost/trail/lexer.h"
+
+namespace simhost {
+
+// Does it: presses a command or uses a dialog. Empty, or the reason why it cannot be done.
+std::string PerformTrailStep(const Step& step);
+
+}  // namespace simhost

@@ -1,0 +1,147 @@
+// The table of the @ words.
+#include "simhost/trail/words.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/trail/hooks.h"
+#include "simhost/trail/interpreter.h"
+#include "simhost/ui/near_name.h"
+
+namespace simhost {
+namespace {
+
+constexpr bool kMain = true, kAny = false;    // Word::mainWindow
+constexpr bool kKeeps = true, kLeaves = false;  // Word::keepsPopup
+
+// The text begins with the word, and with nothing that would make it another word.
+bool Begins(const std::string& text, const std::string& word) {
+    if (text.size() < word.size() || Lower(text.substr(0, word.size())) != word) return false;
+    return text.size() == word.size() || text[word.size()] == ' ' || text[word.size()] == '\t';
+}
+
+}  // namespace
+
+const std::vector<Word>& Words() {
+    // clang-format off
+    static const std::vector<Word> words = {
+        {"open",             "FILE",              kMain, kLeaves, OpenModel,       "open a model of the working folder in a window"},
+        {"window",           "FILE",              kMain, kLeaves, SwitchWindow,    "go to the window that shows this model"},
+        {"close",            "",                  kMain, kLeaves, CloseModel,      "close the current window"},
+        {"directory",        "FOLDER",            kMain, kLeaves, ChangeDirectory, "make this the working folder"},
+        {"select",           "PATH[, PATH…]",     kMain, kLeaves, SelectItems,     "select components down the tree: UNIT/GEAR:2, items: GEAR#12, GEAR/edge#7, the top: ."},
+        {"clear selection",  "",                  kMain, kLeaves, ClearSelection,  "select nothing"},
+        {"right-click",      "[POPUP]",           kMain, kKeeps,  RightClick,      "open a popup menu, \"Sel Obj Menu\" if none is named"},
+        {"choose",           "LABEL",             kAny,  kKeeps,  ChooseEntry,     "press a button of the open popup"},
+        {"press",            "MENU/BUTTON",       kMain, kLeaves, PressMenuButton, "press a button by its menu and its name"},
+        {"ok",               "",                  kAny,  kLeaves, AnswerOk,        "press OK in the open box"},
+        {"answer",           "TEXT",              kAny,  kLeaves, AnswerText,      "type at the prompt; no text takes its default"},
+        {"quit",             "",                  kAny,  kKeeps,  Quit,            "leave the prompt or the popup; by hand also: end"},
+        {"expect box",       "TEXT",              kAny,  kKeeps,  ExpectBox,       "the open box says this (all of it if \"quoted\")"},
+        {"expect caption",   "TEXT",              kAny,  kKeeps,  ExpectCaption,   "the open box has this caption; none: the system's own"},
+        {"expect no box",    "",                  kAny,  kKeeps,  ExpectNoBox,     "no box is open"},
+        {"expect message",   "TEXT",              kAny,  kKeeps,  ExpectMessage,   "the message line says this"},
+        {"expect dialog",    "NAME",              kAny,  kKeeps,  ExpectDialog,    "this dialog is open; none: no dialog is"},
+        {"expect colour",    "MODEL[#ID] R.G.B",  kAny,  kKeeps,  ExpectColour,    "the model, or its surface, has this colour of its own, 0 to 255; or none"},
+        {"expect greyed",    "COMMAND",           kAny,  kKeeps,  ExpectGreyed,    "the command cannot be pressed now"},
+        {"expect available", "COMMAND",           kAny,  kKeeps,  ExpectAvailable, "the command can be pressed now"},
+        {"expect button",    "LABEL",             kAny,  kKeeps,  ExpectButton,    "the open popup has this button, ready to press"},
+        {"expect no button", "LABEL",             kAny,  kKeeps,  ExpectNoButton,  "the open popup has no such button"},
+        {"wait",             "SECONDS",           kAny,  kLeaves, WaitSeconds,     "let time pass"},
+        {"setting",          "SECTION KEY VALUE", kAny,  kLeaves, WriteSetting,    "write a setting of VxConfig.ini"},
+        {"save",             "[FILE]",            kMain, kLeaves, SaveModel,       "save the current model, or the one named"},
+        {"save all",         "",                  kMain, kLeaves, SaveAllModels,   "save every model that was changed"},
+        {"picture",          "FILE",              kAny,  kKeeps,  DrawPicture,     "draw what the window shows into a file"},
+        {"show",             "TOPIC",             kAny,  kKeeps,  Show,            "models, menu, commands, dialog, popup, selection, colours or messages"},
+        {"start",            "",                  kMain, kLeaves, StartPlugin,     "load the plug-in"},
+        {"stop",             "",                  kMain, kLeaves, StopPlugin,      "unload the plug-in"},
+        {"note",             "TEXT",              kAny,  kKeeps,  Note,            "put a line into the transcript"},
+        {"help",             "",                  kAny,  kKeeps,  Help,            "how to go about it"},
+        {"help words",       "",                  kAny,  kKeeps,  HelpWords,       "this list"},
+    };
+    // clang-format on
+    return words;
+}
+
+const Word* FindWord(const std::string& text, std::string* rest) {
+    const Word* longest = nullptr;
+    std::size_t length = 0;
+    for (const Word& word : Words()) {
+        const std::string name = word.name;
+        if (name.size() <= length || !Begins(text, name)) continue;
+        longest = &word;
+        length = name.size();
+    }
+    if (longest && rest) *rest = Trimmed(text.substr(length));
+    return longest;
+}
+
+void PerformWord(Trail& trail, const std::string& text) {
+    std::string rest;
+    if (const Word* word = FindWord(text, &rest)) {
+        if (*word->arguments == '\0' && !rest.empty()) {
+            trail.Fail(fmt::format("nothing belongs behind {}, but there is \"{}\"", word->name,
+                                   rest));
+            return;
+        }
+        word->perform(trail, rest);
+        return;
+    }
+    std::vector<std::string> names = TheHost().commands.Names();
+    for (const Word& word : Words()) names.emplace_back(word.name);
+    const std::string first = text.substr(0, text.find(' '));
+    std::string hint = DidYouMean(text, names);
+    if (hint.empty()) hint = DidYouMean(first, names);
+    trail.Fail(fmt::format("nothing is called \"{}\"{}", text, hint.empty() ? "; try help" : hint));
+}
+
+bool NeedsTheMainWindow(const Step& step) {
+    const Word* word = FindWord(step.text, nullptr);
+    return word && word->mainWindow;
+}
+
+bool KeepsPopup(const Step& step) {
+    if (step.kind != Step::Kind::Word) return false;
+    const Word* word = FindWord(step.text, nullptr);
+    return !word || word->keepsPopup;
+}
+
+void Note(Trail& trail, const std::string& rest) {
+    if (trail.patient()) trail.Say(ParseText(rest).text);
+}
+
+void Help(Trail& trail, const std::string&) {
+    trail.SayAll({
+        "You sit before a simulated CAD host with the plug-in in it. Type one line at a time:",
+        "  open gearbox.asm          open a model of the working folder",
+        "  BatchColor                press a command by its name (show menu lists them)",
+        "  select 箱体, 输入轴/GEAR:2  select components down the tree",
+        "  right-click, choose LABEL open the popup menu of what is selected, press in it",
+        "  ok                        press OK when a box is open",
+        "  answer TEXT, or quit      at a prompt",
+        "  ~ Activate `DIALOG` `BUTTON`   press a button of an open dialog; ~ Close `DIALOG`",
+        "  show models|colours|…     look at the session; picture FILE draws it",
+        "  save all                  write what was changed",
+        "  help words                every word; in scripts each begins with @",
+        "The Tab key completes what you type. quit (or Ctrl-D) ends.",
+    });
+}
+
+void HelpWords(Trail& trail, const std::string&) {
+    for (const Word& word : Words()) {
+        trail.Say(fmt::format("@ {:<32} {}", std::string(word.name) + " " + word.arguments,
+                              word.help));
+    }
+    std::string verbs = "~ Command `NAME`   and on dialogs:";
+    for (const std::string& verb : VerbNames()) verbs += " ~ " + verb;
+    trail.Say(verbs);
+}
+
+Hooks& TheHooks() {
+    static Hooks hooks;
+    return hooks;
+}
+
+}  // namespace simhost

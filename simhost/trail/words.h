@@ -1,0 +1,72 @@
+// The @ words of scripts: what a trail of the host cannot say.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simhost/trail/lexer.h"
+
+namespace simhost {
+
+class Trail;
+
+struct Word {
+    const char* name;       // one or more words, such as "expect box"
+    const char* arguments;  // for people: "TEXT"
+    // A user who is held by a box, a prompt or a dialog cannot do this.
+    bool mainWindow;
+    // An open popup menu stays open.
+    bool keepsPopup;
+    void (*perform)(Trail& trail, const std::string& rest);
+    const char* help;
+};
+
+const std::vector<Word>& Words();
+// The word that the text begins with (the longest that fits), with what stands behind it.
+const Word* FindWord(const std::string& text, std::string* rest);
+
+void PerformWord(Trail& trail, const std::string& text);
+bool NeedsTheMainWindow(const Step& step);
+bool KeepsPopup(const Step& step);
+
+// --- The words by topic (words_*.cpp); all fail through trail.Fail -----------------------------
+
+void OpenModel(Trail& trail, const std::string& rest);
+void SwitchWindow(Trail& trail, const std::string& rest);
+void CloseModel(Trail& trail, const std::string& rest);
+void ChangeDirectory(Trail& trail, const std::string& rest);
+void SelectItems(Trail& trail, const std::string& rest);
+void ClearSelection(Trail& trail, const std::string& rest);
+void SaveModel(Trail& trail, const std::string& rest);
+void SaveAllModels(Trail& trail, const std::string& rest);
+void WriteSetting(Trail& trail, const std::string& rest);
+void WaitSeconds(Trail& trail, const std::string& rest);
+void DrawPicture(Trail& trail, const std::string& rest);
+void StartPlugin(Trail& trail, const std::string& rest);
+void StopPlugin(Trail& trail, const std::string& rest);
+
+void RightClick(Trail& trail, const std::string& rest);
+void ChooseEntry(Trail& trail, const std::string& rest);
+void PressMenuButton(Trail& trail, const std::string& rest);
+void AnswerOk(Trail& trail, const std::string& rest);
+void AnswerText(Trail& trail, const std::string& rest);
+void Quit(Trail& trail, const std::string& rest);
+
+void ExpectBox(Trail& trail, const std::string& rest);
+void ExpectCaption(Trail& trail, const std::string& rest);
+void ExpectNoBox(Trail& trail, const std::string& rest);
+void ExpectMessage(Trail& trail, const std::string& rest);
+void ExpectDialog(Trail& trail, const std::string& rest);
+void ExpectColour(Trail& trail, const std::string& rest);
+void ExpectGreyed(Trail& trail, const std::string& rest);
+void ExpectAvailable(Trail& trail, const std::string& rest);
+void ExpectButton(Trail& trail, const std::string& rest);
+void ExpectNoButton(Trail& trail, const std::string& rest);
+
+void Show(Trail& trail, const std::string& rest);
+const std::vector<std::string>& ShowTopics();
+void Note(Trail& trail, const std::string& rest);
+void Help(Trail& trail, const std::string& rest);
+void HelpWords(Trail& trail, const std::string& rest);
+
+}  // namespace simhost

@@ -1,0 +1,206 @@
+// The @ words that say what must be so.
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/trail/interpreter.h"
+#include "simhost/trail/words.h"
+#include "simhost/ui/near_name.h"
+
+namespace simhost {
+namespace {
+
+// A quoted text is the whole; another is a piece of it.
+bool Says(const WideText& text, const TextArgument& expected) {
+    const std::string utf8 = Utf8(text);
+    return expected.quoted ? utf8 == expected.text
+                           : utf8.find(expected.text) != std::string::npos;
+}
+
+// A text with its tabs and line ends visible.
+std::string Visible(const WideText& text) {
+    std::string visible = "\"";
+    for (const char c : Utf8(text)) {
+        if (c == '\t') {
+            visible += "\\t";
+        } else if (c == '\n') {
+            visible += "\\n";
+        } else {
+            if (c == '"' || c == '\\') visible += '\\';
+            visible += c;
+        }
+    }
+    return visible + '"';
+}
+
+const Box* OpenBox(Trail& trail) {
+    const Wait* wait = trail.waiting();
+    if (wait && wait->kind == Wait::Kind::Box) return wait->box;
+    trail.Fail("no box is open");
+    return nullptr;
+}
+
+// Words of an expectation that are missing would be found in any text.
+bool HasText(Trail& trail, const TextArgument& expected) {
+    if (!expected.text.empty() || expected.quoted) return true;
+    trail.Fail("the text that is expected is missing");
+    return false;
+}
+
+void ExpectAccess(Trail& trail, const std::string& rest, bool available) {
+    Commands& commands = TheHost().commands;
+    const std::string name = ParseText(rest).text;
+    const auto state = commands.Access(name);
+    if (!state) {
+        return trail.Fail(fmt::format("there is no command {}{}", name,
+                                      DidYouMean(name, commands.Names())));
+    }
+    if ((*state == ACCESS_AVAILABLE) != available) {
+        trail.Fail(fmt::format("{} is {} (its access rule answers {})", name, AccessWord(*state),
+                               static_cast<int>(*state)));
+    }
+}
+
+const PopupEntry* EntryOf(const Popup& popup, const std::string& label) {
+    for (const PopupEntry& entry : popup.entries) {
+        if (Utf8(entry.label) == label) return &entry;
+    }
+    return nullptr;
+}
+
+// A model by its file name, or by its name alone.
+Model* FindModel(const std::string& name) {
+    Session& session = TheHost().session;
+    if (Model* model = session.FindByFile(Lower(name))) return model;
+    for (Model* model : session.All()) {
+        if (SameName(model->name, Wide(name))) return model;
+    }
+    return nullptr;
+}
+
+std::string ColourText(const ProdbSurfaceProps& props) {
+    std::array<long, 3> parts{};
+    for (std::size_t i = 0; i < 3; ++i) parts[i] = std::lround(props.colour[i] * 255);
+    return fmt::format("{}.{}.{}", parts[0], parts[1], parts[2]);
+}
+
+// The colour of a model or one of its surfaces as text, "none" without one of its own.
+std::string ColourOf(const Model& model, std::optional<int> surface) {
+    if (!surface) return model.appearance ? ColourText(*model.appearance) : "none";
+    const auto found = model.surfaceAppearances.find(*surface);
+    return found == model.surfaceAppearances.end() ? "none" : ColourText(found->second);
+}
+
+}  // namespace
+
+void ExpectBox(Trail& trail, const std::string& rest) {
+    const TextArgument expected = ParseText(rest);
+    const Box* box = OpenBox(trail);
+    if (box && HasText(trail, expected) && !Says(box->text, expected)) {
+        trail.Fail(fmt::format("the box says {}", Visible(box->text)));
+    }
+}
+
+void ExpectCaption(Trail& trail, const std::string& rest) {
+    const TextArgument expected = ParseText(rest);
+    const Box* box = OpenBox(trail);
+    if (!box || !HasText(trail, expected)) return;
+    if (!expected.quoted && expected.text == "none") {
+        if (box->hasCaption) trail.Fail(fmt::format("the caption is {}", Visible(box->caption)));
+    } else if (!box->hasCaption) {
+        trail.Fail("the box has the system's own caption");
+    } else if (!Says(box->caption, expected)) {
+        trail.Fail(fmt::format("the caption is {}", Visible(box->caption)));
+    }
+}
+
+void ExpectNoBox(Trail& trail, const std::string&) {
+    Wait* wait = trail.waiting();
+    if (!wait || wait->kind != Wait::Kind::Box) return;
+    trail.Fail(fmt::format("the box {} is open; it is answered OK", Visible(wait->box->text)));
+    wait->answered = true;
+}
+
+void ExpectMessage(Trail& trail, const std::string& rest) {
+    const TextArgument expected = ParseText(rest);
+    const WideText& message = TheHost().messages.last();
+    if (HasText(trail, expected) && !Says(message, expected)) {
+        trail.Fail(fmt::format("the message line says {}", Visible(message)));
+    }
+}
+
+void ExpectDialog(Trail& trail, const std::string& rest) {
+    const std::string name = ParseText(rest).text;
+    const Dialog* dialog = TheHost().dialogs.Active();
+    const std::string open = dialog ? dialog->name() : "none";
+    if (name.empty()) return trail.Fail("a dialog's name belongs behind expect dialog");
+    if (open == name) return;
+    trail.Fail(dialog ? fmt::format("dialog {} is open", open) : std::string("no dialog is open"));
+}
+
+void ExpectColour(Trail& trail, const std::string& rest) {
+    const std::string text = ParseText(rest).text;
+    const std::size_t blank = text.find_last_of(" \t");
+    if (blank == std::string::npos) return trail.Fail("a colour is MODEL R.G.B, or MODEL none");
+    const std::string expected = text.substr(blank + 1);
+    std::string name(Trimmed(text.substr(0, blank)));
+    std::optional<int> surface;
+    if (const std::size_t hash = name.rfind('#'); hash != std::string::npos) {
+        int id = 0;
+        const char* end = name.data() + name.size();
+        const auto [parsed, error] = std::from_chars(name.data() + hash + 1, end, id);
+        if (error != std::errc() || parsed != end) return trail.Fail("behind # belongs an id");
+        surface = id;
+        name = Trimmed(name.substr(0, hash));
+    }
+    Model* model = FindModel(name);
+    if (!model) {
+        std::vector<std::string> names;
+        for (const Model* each : TheHost().session.All()) names.push_back(each->FileName());
+        return trail.Fail(fmt::format("the model {} is not in memory{}", name,
+                                      DidYouMean(name, names)));
+    }
+    if (surface && !model->HasSurface(*surface)) {
+        return trail.Fail(fmt::format("{} has no surface {}", model->FileName(), *surface));
+    }
+    const std::string colour = ColourOf(*model, surface);
+    if (colour != expected) {
+        trail.Fail(fmt::format("the colour of {} is {}, not {}", model->FileName(), colour,
+                               expected));
+    }
+}
+
+void ExpectGreyed(Trail& trail, const std::string& rest) {
+    ExpectAccess(trail, rest, /*available=*/false);
+}
+
+void ExpectAvailable(Trail& trail, const std::string& rest) {
+    ExpectAccess(trail, rest, /*available=*/true);
+}
+
+void ExpectButton(Trail& trail, const std::string& rest) {
+    const Popup* popup = TheHost().commands.popup();
+    if (!popup) return trail.Fail("no popup is open; right-click opens one");
+    const std::string label = ParseText(rest).text;
+    const PopupEntry* entry = EntryOf(*popup, label);
+    if (!entry) {
+        trail.Fail(fmt::format("the popup {} has no button {}", popup->name, label));
+    } else if (entry->state != ACCESS_AVAILABLE) {
+        trail.Fail(fmt::format("the button {} is {}", label, AccessWord(entry->state)));
+    }
+}
+
+void ExpectNoButton(Trail& trail, const std::string& rest) {
+    const Popup* popup = TheHost().commands.popup();
+    if (!popup) return trail.Fail("no popup is open; right-click opens one");
+    const std::string label = ParseText(rest).text;
+    if (label.empty()) return trail.Fail("a label belongs behind expect no button");
+    if (EntryOf(*popup, label)) {
+        trail.Fail(fmt::format("the popup {} has the button {}", popup->name, label));
+    }
+}
+
+}  // namespace simhost

@@ -1,0 +1,163 @@
+// The @ word show: what the session, the menu and the windows look like now.
+#include <cmath>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/trail/interpreter.h"
+#include "simhost/trail/words.h"
+#include "simhost/ui/near_name.h"
+#include "simhost/ui/text_frame.h"
+
+namespace simhost {
+namespace {
+
+std::string KindOf(const Model& model) {
+    switch (model.type) {
+    case PRO_MDL_ASSEMBLY: return "assembly";
+    case PRO_MDL_DRAWING: return "drawing";
+    case PRO_MDL_DWGFORM: return "format";
+    case PRO_MDL_MFG: return "manufacturing";
+    default: break;
+    }
+    if (model.skeleton) return "skeleton";
+    return model.subtype == PROMDLSTYPE_PART_SHEETMETAL ? "sheet metal" : "part";
+}
+
+void ShowModels(Trail& trail) {
+    const Session& session = TheHost().session;
+    for (const Model* model : session.All()) {
+        const bool current = model == session.CurrentModel();
+        trail.Say(fmt::format("{} {}{} {}{}", current ? '*' : ' ', Padded(model->FileName(), 28),
+                              Padded(KindOf(*model), 14), model->title,
+                              model->modified ? "  (changed)" : ""));
+    }
+    trail.Say(fmt::format("{} models in memory, working folder {}", session.All().size(),
+                          Utf8(session.workingDirectory)));
+}
+
+void ShowMenu(Trail& trail) {
+    for (const Menu& menu : TheHost().commands.menus()) {
+        if (menu.buttons.empty()) continue;
+        trail.Say(fmt::format("{} ({}){}", Utf8(menu.title), menu.name,
+                              menu.onBar ? "" : ", not on the menu bar"));
+        for (const MenuButton& button : menu.buttons) {
+            const Command& command = *button.command;
+            const auto state = command.access ? command.access(0) : ACCESS_AVAILABLE;
+            trail.Say(fmt::format("  {} {}{}", Padded(button.name, 24),
+                                  Padded(Utf8(button.label), 28),
+                                  state == ACCESS_AVAILABLE ? "" : AccessWord(state)));
+        }
+    }
+}
+
+void ShowCommands(Trail& trail) {
+    Commands& commands = TheHost().commands;
+    for (const std::string& name : commands.Names()) {
+        const auto state = commands.Access(name);
+        trail.Say(fmt::format("{} {}", Padded(name, 24), AccessWord(*state)));
+    }
+}
+
+void ShowDialog(Trail& trail) {
+    const Dialog* dialog = TheHost().dialogs.Active();
+    if (!dialog) return trail.Say("no dialog is open");
+    trail.SayAll(DialogText(*dialog));
+    for (const auto& component : dialog->components()) {
+        trail.Say(fmt::format("{} {}", Padded(component->kind(), 14), component->name()));
+    }
+}
+
+void ShowPopup(Trail& trail) {
+    const Popup* popup = TheHost().commands.popup();
+    if (!popup) return trail.Say("no popup is open");
+    std::vector<std::string> lines;
+    for (const PopupEntry& entry : popup->entries) {
+        const std::string label = Utf8(entry.label);
+        lines.push_back(entry.state == ACCESS_AVAILABLE ? label : "(" + label + ")");
+    }
+    trail.SayAll(Framed(popup->name, lines));
+}
+
+void ShowSelection(Trail& trail) {
+    Session& session = TheHost().session;
+    for (const Selection* selection : session.buffer) {
+        const Model* owner = session.Find(selection->item.owner);
+        std::string path;
+        for (const int id : selection->path) path += fmt::format("/{}", id);
+        trail.Say(fmt::format("{} type {} id {} at {}{}",
+                              owner ? owner->FileName() : "(an erased model)",
+                              static_cast<int>(selection->item.type), selection->item.id,
+                              selection->top->FileName(), path));
+    }
+    trail.Say(fmt::format("{} selected", session.buffer.size()));
+}
+
+std::string ColourText(const ProdbSurfaceProps& props) {
+    std::string text;
+    for (const double part : props.colour) {
+        text += fmt::format("{}{}", text.empty() ? "" : ".", std::lround(part * 255));
+    }
+    if (props.transparency > 0) text += fmt::format(" transparency {:g}", props.transparency);
+    return text;
+}
+
+void ShowColours(Trail& trail) {
+    int coloured = 0;
+    for (const Model* model : TheHost().session.All()) {
+        if (model->appearance) {
+            ++coloured;
+            trail.Say(fmt::format("{} {}", Padded(model->FileName(), 28),
+                                  ColourText(*model->appearance)));
+        }
+        for (const auto& [id, props] : model->surfaceAppearances) {
+            trail.Say(fmt::format("{} {}",
+                                  Padded(fmt::format("{}#{}", model->FileName(), id), 28),
+                                  ColourText(props)));
+        }
+    }
+    trail.Say(fmt::format("{} models have a colour of their own", coloured));
+}
+
+void ShowMessages(Trail& trail) {
+    for (const Shown& shown : TheHost().shown) {
+        constexpr const char* kKinds[] = {"box", "message", "prompt", "dialog", "program"};
+        std::string text;
+        for (const std::string& line : TextLines(Utf8(shown.text))) {
+            text += (text.empty() ? "" : " / ") + std::string(Trimmed(line));
+        }
+        trail.Say(fmt::format("{:<8} {}", kKinds[static_cast<std::size_t>(shown.kind)], text));
+    }
+}
+
+struct Topic {
+    const char* name;
+    void (*show)(Trail&);
+};
+constexpr Topic kTopics[] = {
+    {"models", ShowModels},     {"menu", ShowMenu},     {"commands", ShowCommands},
+    {"dialog", ShowDialog},     {"popup", ShowPopup},   {"selection", ShowSelection},
+    {"colours", ShowColours},   {"messages", ShowMessages},
+};
+
+}  // namespace
+
+const std::vector<std::string>& ShowTopics() {
+    static const std::vector<std::string> topics = [] {
+        std::vector<std::string> names;
+        for (const Topic& topic : kTopics) names.emplace_back(topic.name);
+        return names;
+    }();
+    return topics;
+}
+
+void Show(Trail& trail, const std::string& rest) {
+    for (const Topic& topic : kTopics) {
+        if (rest == topic.name) return topic.show(trail);
+    }
+    std::string all;
+    for (const std::string& name : ShowTopics()) all += (all.empty() ? "" : ", ") + name;
+    trail.Fail(fmt::format("show what? {}{}", all, DidYouMean(rest, ShowTopics())));
+}
+
+}  // namespace simhost

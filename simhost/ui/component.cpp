@@ -1,0 +1,95 @@
+// What all components have in common, and the table of the kinds.
+#include "simhost/ui/component.h"
+
+#include "simhost/core/text.h"
+#include "simhost/ui/dialogs.h"
+#include "simhost/ui/text_frame.h"
+
+namespace simhost {
+namespace {
+
+constexpr const char* kVerbNames[] = {"Activate", "Select",   "Input", "FocusIn",
+                                      "FocusOut", "Open",     "Close", "Update"};
+
+bool Says(const std::vector<std::string>* values, std::string_view word) {
+    return values && values->size() == 1 && Lower((*values)[0]) == word;
+}
+
+template <class Kind>
+std::unique_ptr<Component> Make(Dialog& dialog, const ResourceComponent& declared,
+                                const DialogResource& resource) {
+    return std::make_unique<Kind>(dialog, declared, resource);
+}
+
+struct KindRow {
+    const char* kind;
+    std::unique_ptr<Component> (*make)(Dialog&, const ResourceComponent&, const DialogResource&);
+};
+// A kind that gets operations of its own joins here.
+constexpr KindRow kKinds[] = {
+    {PushButton::kKind, Make<PushButton>},
+};
+
+}  // namespace
+
+const char* VerbName(Verb verb) {
+    return kVerbNames[static_cast<std::size_t>(verb)];
+}
+
+std::optional<Verb> ParseVerb(std::string_view word) {
+    for (std::size_t i = 0; i < std::size(kVerbNames); ++i) {
+        if (word == kVerbNames[i]) return static_cast<Verb>(i);
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> VerbNames() {
+    return {std::begin(kVerbNames), std::end(kVerbNames)};
+}
+
+Component::Component(Dialog& dialog, const ResourceComponent& declared,
+                     const DialogResource& resource)
+    : dialog_(dialog), kind_(declared.kind), name_(declared.name) {
+    const std::vector<std::string>* text = resource.Find(name_, "Label");
+    if (text && !text->empty()) label = Wide((*text)[0]);
+    enabled = !Says(resource.Find(name_, "Sensitive"), "false");
+    visible = !Says(resource.Find(name_, "Visible"), "false");
+}
+
+std::string Component::Use(Verb verb, const std::vector<std::string>& arguments) {
+    if (!visible) return fmt::format("{} is not shown in dialog {}", name_, dialog_.name());
+    if (!enabled) return fmt::format("{} is greyed in dialog {}", name_, dialog_.name());
+    if (verb == Verb::FocusIn || verb == Verb::FocusOut) return {};
+    return Act(verb, arguments);
+}
+
+std::string Component::Act(Verb verb, const std::vector<std::string>&) {
+    return fmt::format("{} of dialog {} is a {}: nothing to {} there", name_, dialog_.name(), kind_,
+                       VerbName(verb));
+}
+
+std::vector<std::string> Component::Picture() const {
+    if (kind_ == "Separator") return {"----"};
+    return TextLines(Utf8(label));
+}
+
+std::vector<std::string> PushButton::Picture() const {
+    const std::string text = label.empty() ? name() : Utf8(label);
+    return {enabled ? "[ " + text + " ]" : "( " + text + " )"};
+}
+
+std::string PushButton::Act(Verb verb, const std::vector<std::string>& arguments) {
+    if (verb != Verb::Activate) return Component::Act(verb, arguments);
+    dialog().RunAction(activateAction, name());
+    return {};
+}
+
+std::unique_ptr<Component> MakeComponent(Dialog& dialog, const ResourceComponent& declared,
+                                         const DialogResource& resource) {
+    for (const KindRow& row : kKinds) {
+        if (declared.kind == row.kind) return row.make(dialog, declared, resource);
+    }
+    return std::make_unique<Component>(dialog, declared, resource);
+}
+
+}  // namespace simhost

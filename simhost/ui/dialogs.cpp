@@ -1,0 +1,191 @@
+// Making, showing and ending of dialogs.
+#include "simhost/ui/dialogs.h"
+
+#include <algorithm>
+#include <exception>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/ui/near_name.h"
+
+namespace simhost {
+namespace {
+
+// How a dialog ends whose window is closed while it has no close action of its own.
+constexpr int kClosedWindow = -1;
+
+bool EndsWith(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+}  // namespace
+
+// --- One dialog -------------------------------------------------------------------------------
+
+Dialog::Dialog(std::string name, DialogResource resource)
+    : name_(std::move(name)), resource_(std::move(resource)) {
+    for (const ResourceComponent& declared : resource_.components) {
+        components_.push_back(MakeComponent(*this, declared, resource_));
+    }
+}
+
+WideText Dialog::title() const {
+    const std::vector<std::string>* label = resource_.Find("", "Label");
+    return label && !label->empty() ? Wide((*label)[0]) : Wide(name_);
+}
+
+Component* Dialog::Find(std::string_view component) const {
+    for (const auto& each : components_) {
+        if (each->name() == component) return each.get();
+    }
+    return nullptr;
+}
+
+std::vector<std::string> Dialog::ComponentNames() const {
+    std::vector<std::string> names;
+    for (const auto& each : components_) names.push_back(each->name());
+    return names;
+}
+
+Component& Dialog::Require(const char* component) const {
+    Component* found = Find(Utf8(FromSystemCodePage(component)));
+    if (!found) Refuse(PRO_TK_E_NOT_FOUND);
+    return *found;
+}
+
+void Dialog::Exit(int status) {
+    if (!active_) Refuse(PRO_TK_BAD_CONTEXT);
+    exiting_ = true;
+    status_ = status;
+}
+
+std::string Dialog::Use(Verb verb, const std::string& component,
+                        const std::vector<std::string>& arguments) {
+    if (!active_ || ended()) return fmt::format("dialog {} is not open", name_);
+    Component* found = Find(component);
+    if (!found) {
+        return fmt::format("no component {} in dialog {}{}", component, name_,
+                           DidYouMean(component, ComponentNames()));
+    }
+    return found->Use(verb, arguments);
+}
+
+void Dialog::CloseWindow() {
+    if (!active_ || ended()) return;
+    if (closeAction.function) {
+        RunAction(closeAction, "");
+    } else {
+        Exit(kClosedWindow);
+    }
+}
+
+void Dialog::RunAction(const DialogAction& action, const std::string& component) {
+    if (!action.function) return;
+    // The callback's parameters are not const, so it gets copies of its own.
+    std::string dialogName = ToSystemCodePage(Wide(name_));
+    std::string componentName = ToSystemCodePage(Wide(component));
+    ++runningActions_;
+    try {
+        action.function(dialogName.data(), componentName.data(), action.data);
+    } catch (const std::exception& error) {
+        TheHost().Complain(fmt::format("an action of dialog {} let an exception out: {}", name_,
+                                       error.what()));
+    }
+    --runningActions_;
+}
+
+// --- All dialogs ------------------------------------------------------------------------------
+
+void Dialogs::Create(const char* name, const char* resource) {
+    const std::string dialogName = Utf8(FromSystemCodePage(name));
+    if (dialogName.empty()) Refuse(PRO_TK_BAD_INPUTS);
+    if (Find(dialogName)) Refuse(PRO_TK_E_FOUND);
+    std::string fileName = Utf8(FromSystemCodePage(resource));
+    if (!EndsWith(fileName, ".res")) fileName += ".res";
+    const WideText path = TheHost().textFolder + WIDE("\\text\\resource\\") + Wide(fileName);
+    bool found = false;
+    const std::string text = ReadFile(TheHost().disk.Real(path), &found);
+    if (!found) Refuse(PRO_TK_E_NOT_FOUND);
+    try {
+        dialogs_.push_back(std::make_unique<Dialog>(dialogName, ParseResource(text, fileName)));
+    } catch (const ResourceError& error) {
+        Complain(PRO_TK_INVALID_FILE, error.what());
+    }
+}
+
+Dialog* Dialogs::Find(std::string_view name) const {
+    for (const auto& dialog : dialogs_) {
+        if (dialog->name() == name) return dialog.get();
+    }
+    return nullptr;
+}
+
+Dialog& Dialogs::Require(const char* name) const {
+    Dialog* dialog = Find(Utf8(FromSystemCodePage(name)));
+    if (!dialog) Refuse(PRO_TK_E_NOT_FOUND);
+    return *dialog;
+}
+
+int Dialogs::Activate(Dialog& dialog) {
+    if (dialog.active_) {
+        Complain(PRO_TK_BAD_CONTEXT, fmt::format("dialog {} is active already", dialog.name()));
+    }
+    Host& host = TheHost();
+    dialog.active_ = true;
+    dialog.exiting_ = false;
+    dialog.status_ = 0;
+    active_.push_back(&dialog);
+    host.shown.push_back({Shown::Kind::Dialog, Wide(dialog.name()), {}});
+    if (host.user) {
+        host.user->UseDialog(dialog);
+    }
+    if (!dialog.ended()) {
+        const char* what = host.user ? "the user left open the dialog " : "nobody uses the dialog ";
+        host.Complain(what + dialog.name());
+        dialog.CloseWindow();
+    }
+    if (!dialog.ended()) dialog.Exit(kClosedWindow);
+    dialog.active_ = false;
+    active_.pop_back();
+    return dialog.status_;
+}
+
+void Dialogs::Destroy(Dialog& dialog) {
+    if (dialog.active_) {
+        Complain(PRO_TK_BAD_CONTEXT,
+                 fmt::format("dialog {} is destroyed while it is active", dialog.name()));
+    }
+    std::erase_if(dialogs_, [&](const auto& each) { return each.get() == &dialog; });
+}
+
+std::vector<std::string> Dialogs::Existing() const {
+    std::vector<std::string> names;
+    for (const auto& dialog : dialogs_) names.push_back(dialog->name());
+    return names;
+}
+
+void Dialogs::Clear() {
+    // An active dialog is in use further up; only its end may take it away.
+    std::erase_if(dialogs_, [](const auto& dialog) { return !dialog->active(); });
+    mainWindow = MainWindow();
+}
+
+std::string Dialogs::Use(Verb verb, const std::string& dialog, const std::string& component,
+                         const std::vector<std::string>& arguments) {
+    if (dialog == MainWindow::kQuestionName) return mainWindow.UseQuestion(verb, component);
+    if (dialog == MainWindow::kName && !Active()) return mainWindow.Use(verb, component);
+    if (!Active()) return fmt::format("no dialog {} is open", dialog);
+    if (Active()->name() != dialog) {
+        return fmt::format("dialog {} is open and has to be used first, not {}", Active()->name(),
+                           dialog);
+    }
+    if (verb == Verb::Close) {
+        Active()->CloseWindow();
+        return {};
+    }
+    return Active()->Use(verb, component, arguments);
+}
+
+}  // namespace simhost

@@ -1,0 +1,84 @@
+// Dialogs: those that the plug-in builds from resource files, and the host's own that macros use.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simhost/ui/component.h"
+#include "simhost/ui/host_dialogs.h"
+#include "simhost/ui/resource.h"
+
+namespace simhost {
+
+class Dialog {
+public:
+    Dialog(std::string name, DialogResource resource);
+
+    const std::string& name() const { return name_; }
+    WideText title() const;
+    const DialogResource& resource() const { return resource_; }
+    const std::vector<std::unique_ptr<Component>>& components() const { return components_; }
+    Component* Find(std::string_view component) const;
+    std::vector<std::string> ComponentNames() const;
+
+    // --- The plug-in's side ---
+    Component& Require(const char* component) const;  // refused if the resource declares none
+    DialogAction closeAction;
+    void Exit(int status);  // takes effect when the running action has returned
+
+    // --- The user's side ---
+    bool active() const { return active_; }
+    bool ended() const { return exiting_ && runningActions_ == 0; }
+    int status() const { return status_; }
+    // Does this to a component; empty, or the reason why it cannot be done.
+    std::string Use(Verb verb, const std::string& component,
+                    const std::vector<std::string>& arguments = {});
+    std::string Press(const std::string& component) { return Use(Verb::Activate, component); }
+    // Closes the window: runs the close action; a dialog that has none ends with -1.
+    void CloseWindow();
+
+    // For components: calls into the plug-in.
+    void RunAction(const DialogAction& action, const std::string& component);
+
+private:
+    friend class Dialogs;
+    std::string name_;
+    DialogResource resource_;
+    std::vector<std::unique_ptr<Component>> components_;
+    bool active_ = false;
+    bool exiting_ = false;
+    int status_ = 0;
+    int runningActions_ = 0;
+};
+
+class Dialogs {
+public:
+    // --- The plug-in's side; failures are refusals ---
+    void Create(const char* name, const char* resource);
+    Dialog& Require(const char* name) const;
+    int Activate(Dialog& dialog);  // the status of its end
+    void Destroy(Dialog& dialog);
+
+    // --- The user's side ---
+    Dialog* Find(std::string_view name) const;
+    Dialog* Active() const { return active_.empty() ? nullptr : active_.back(); }
+    std::vector<std::string> Existing() const;  // what was created and not destroyed, in order
+    void Clear();                               // forgets all, as when the plug-in is gone
+
+    // A trail step on a dialog of the plug-in or of the host: empty, or why it cannot be done.
+    std::string Use(Verb verb, const std::string& dialog, const std::string& component,
+                    const std::vector<std::string>& arguments = {});
+
+    MainWindow mainWindow;
+
+private:
+    std::vector<std::unique_ptr<Dialog>> dialogs_;
+    std::vector<Dialog*> active_;  // the last one has the user's attention
+};
+
+// The dialog on a terminal: its layout in a frame with its title, buttons as [ OK ].
+std::vector<std::string> DialogText(const Dialog& dialog);
+
+}  // namespace simhost

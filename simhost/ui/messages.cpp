@@ -1,0 +1,95 @@
+// Reading of message files: four lines a message (key, original, translation, a line with #).
+#include "simhost/ui/messages.h"
+
+#include <system_error>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+namespace simhost {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+
+std::vector<WideText> Lines(std::string_view bytes) {
+    const bool utf8 = bytes.substr(0, 3) == kByteOrderMark;
+    const WideText text = utf8 ? Wide(bytes.substr(3)) : FromSystemCodePage(bytes);
+    std::vector<WideText> lines;
+    std::size_t from = 0;
+    while (from < text.size()) {
+        std::size_t to = text.find(WIDE('\n'), from);
+        if (to == WideText::npos) to = text.size();
+        WideText line = text.substr(from, to - from);
+        if (!line.empty() && line.back() == WIDE('\r')) line.pop_back();
+        lines.push_back(std::move(line));
+        from = to + 1;
+    }
+    return lines;
+}
+
+bool IsEndMark(const WideText& line) {
+    return !line.empty() && line[0] == WIDE('#');
+}
+
+}  // namespace
+
+const Messages::File* Messages::Load(WideView file) {
+    WideText path = TheHost().textFolder;
+    path.append(WIDE("\\text\\")).append(file);
+    const std::filesystem::path real = TheHost().disk.Real(path);
+    std::error_code error;
+    const auto written = std::filesystem::last_write_time(real, error);
+    const auto size = error ? 0 : std::filesystem::file_size(real, error);
+    if (real.empty() || error) return nullptr;
+    File& known = files_[real];
+    if (!known.texts.empty() && known.written == written && known.size == size) return &known;
+    known = {written, size, {}};
+    const std::vector<WideText> lines = Lines(ReadFile(real));
+    for (std::size_t at = 0; at < lines.size(); at += 4) {
+        if (lines[at].empty() && at + 1 == lines.size()) break;
+        if (at + 3 >= lines.size() || !IsEndMark(lines[at + 3])) {
+            TheHost().Complain(fmt::format(
+                "{}:{}: a message has four lines, the fourth begins with #", Utf8(file), at + 1));
+            break;
+        }
+        const bool translated = !lines[at + 2].empty() && !IsEndMark(lines[at + 2]);
+        known.texts.emplace(lines[at], translated ? lines[at + 2] : lines[at + 1]);
+    }
+    return &known;
+}
+
+std::optional<WideText> Messages::Find(WideView file, WideView key) {
+    const File* known = Load(file);
+    if (!known) return std::nullopt;
+    const auto found = known->texts.find(key);
+    if (found == known->texts.end()) return std::nullopt;
+    return found->second;
+}
+
+WideText Messages::Label(WideView file, WideView key) {
+    return Find(file, key).value_or(WideText(key));
+}
+
+void Messages::Display(const WideText& text) {
+    const std::size_t bar = text.find(WIDE("|||"));
+    last_ = text.substr(0, bar);
+    lastDefault_ = bar == WideText::npos ? WideText() : text.substr(bar + 3);
+    TheHost().shown.push_back({Shown::Kind::Message, last_, {}});
+}
+
+std::optional<WideText> Messages::Read() {
+    Host& host = TheHost();
+    host.shown.push_back({Shown::Kind::Prompt, last_, {}});
+    if (!host.user) {
+        host.Complain(fmt::format("nobody answers the prompt \"{}\"", Utf8(last_)));
+        return std::nullopt;
+    }
+    std::optional<WideText> answer = host.user->AnswerPrompt(last_, lastDefault_);
+    if (answer && answer->empty()) answer = lastDefault_;
+    return answer;
+}
+
+}  // namespace simhost

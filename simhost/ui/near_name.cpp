@@ -1,0 +1,48 @@
+// The nearest of a set of names by the number of letters that must change.
+#include "simhost/ui/near_name.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "simhost/core/text.h"
+
+namespace simhost {
+namespace {
+
+std::size_t Distance(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
+        }
+    }
+    return row[b.size()];
+}
+
+}  // namespace
+
+std::string NearName(std::string_view name, const std::vector<std::string>& names) {
+    const std::string wanted = Lower(name);
+    std::string best;
+    std::size_t least = std::max<std::size_t>(2, name.size() / 3) + 1;
+    for (const std::string& candidate : names) {
+        const std::size_t distance = Distance(wanted, Lower(candidate));
+        if (distance < least) {
+            least = distance;
+            best = candidate;
+        }
+    }
+    return best;
+}
+
+std::string DidYouMean(std::string_view name, const std::vector<std::string>& names) {
+    const std::string best = NearName(name, names);
+    return best.empty() ? std::string() : "; did you mean " + best + "?";
+}
+
+}  // namespace simhost

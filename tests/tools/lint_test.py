@@ -1,0 +1,387 @@
+#!/usr/bin/env python3
+"""Tests of the house rules in tools/lint.py: each rule must find its fault in a small tree, and be
+silent where the fault was mended."""
+
+import contextlib
+import importlib.util
+import io
+import json
+import os
+import stat
+import tempfile
+import unittest
+from pathlib import Path
+
+LINT = Path(__file__).resolve().parents[2] / "tools" / "lint.py"
+_module = importlib.util.spec_from_file_location("lint", LINT)
+lint = importlib.util.module_from_spec(_module)
+_module.loader.exec_module(lint)
+
+BANNER = "// What this file is for, in a sentence.\n"
+
+
+class RuleTest(unittest.TestCase):
+    """Each test writes a tree of its own and asks one rule."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="lint test ")
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name)
+
+    def write(self, path, text):
+        place = self.root / path
+        place.parent.mkdir(parents=True, exist_ok=True)
+        place.write_bytes(text if isinstance(text, bytes) else text.encode())
+
+    def found(self, rule):
+        """The findings as "path:line"."""
+        return sorted(f"{f.path}:{f.line}" for f in rule(lint.Tree(self.root)))
+
+    def texts(self, rule):
+        return [f.text for f in rule(lint.Tree(self.root))]
+
+    def notes(self, rule):
+        tree = lint.Tree(self.root)
+        self.assertEqual(list(rule(tree)), [])
+        return tree.notes
+
+
+class Includes(RuleTest):
+    def verdict(self, path, include):
+        self.write(path, f"{BANNER}#include {include}\n")
+        return self.found(lint.includes_go_one_way) == []
+
+    def test_a_room_includes_itself_the_frame_the_door_and_the_standard_library(self):
+        for include in ('"display/x.h"', '"frame/text.h"', '"hostapi/host.h"', "<string>",
+                        '"hostapi/windows.h"', '"hostapi/wide.h"', '"hostapi/excel.h"',
+                        '"hostapi/export.h"', "<cstdint>"):
+            self.assertTrue(self.verdict("display/x.cpp", include), include)
+
+    def test_a_room_includes_nothing_else(self):
+        for include in ('"export/x.h"', '"simhost/host.h"', '"tests/x.h"', '"x.h"',
+                        '"hostapi/host/model.h"', '"../simhost/host.h"',
+                        '"display/../simhost/host.h"', "<fmt/format.h>", "<windows.h>",
+                        "<string.h>", "<unistd.h>", "HEADER"):
+            self.assertFalse(self.verdict("display/x.cpp", include), include)
+
+    def test_only_the_command_table_sees_the_rooms(self):
+        self.assertTrue(self.verdict("frame/command_table.cpp", '"tables/bom.h"'))
+        self.assertFalse(self.verdict("frame/command_table.cpp", '"simhost/host.h"'))
+        self.write("frame/command_table.cpp", BANNER)
+        self.assertFalse(self.verdict("frame/menus.cpp", '"tables/bom.h"'))
+
+    def test_a_named_tie_joins_two_rooms_in_its_direction_only(self):
+        lint.TIES[("tables", "modeldata/list.h")] = "the list"
+        self.addCleanup(lint.TIES.clear)
+        self.assertTrue(self.verdict("tables/x.cpp", '"modeldata/list.h"'))
+        self.assertFalse(self.verdict("tables/x.cpp", '"modeldata/other.h"'))
+        self.write("tables/x.cpp", BANNER)
+        self.assertFalse(self.verdict("modeldata/list.cpp", '"tables/x.h"'))
+
+    def test_the_door_includes_itself_and_the_standard_library(self):
+        self.assertTrue(self.verdict("hostapi/x.h", '"hostapi/wide.h"'))
+        self.assertFalse(self.verdict("hostapi/x.h", '"frame/text.h"'))
+        self.assertFalse(self.verdict("hostapi/x.h", "<windows.h>"))
+        self.write("hostapi/x.h", BANNER)
+        self.assertTrue(self.verdict("hostapi/windows.h", "<windows.h>"))
+        self.assertTrue(self.verdict("hostapi/vendor.h", "<anything.h>"))
+
+    def test_the_simulated_host_takes_libraries_but_not_the_plug_in(self):
+        self.assertTrue(self.verdict("simhost/a/x.cpp", "<fmt/format.h>"))
+        self.assertFalse(self.verdict("simhost/a/x.cpp", '"frame/text.h"'))
+
+    def test_tests_include_what_they_test(self):
+        self.assertTrue(self.verdict("tests/simhost/x_test.cpp", '"frame/text.h"'))
+        self.assertTrue(self.verdict("tests/simhost/x_test.cpp", "<gtest/gtest.h>"))
+
+    def test_an_include_in_a_comment_does_not_count_and_the_line_is_right(self):
+        self.write("frame/x.cpp", BANNER + '/*\n#include "tests/x.h"\n*/\n\n#include "tests/x.h"\n')
+        self.assertEqual(self.found(lint.includes_go_one_way), ["frame/x.cpp:6"])
+
+
+class ConditionalCode(RuleTest):
+    def test_each_form_is_found_in_the_plug_in(self):
+        for form in ("#if X", "#ifdef X", "#ifndef X", "#elif X", "  #  if X"):
+            self.write("drawing/x.cpp", f"{BANNER}{form}\n")
+            self.assertEqual(self.found(lint.no_conditional_code), ["drawing/x.cpp:2"], form)
+
+    def test_pragma_once_comments_and_other_folders_are_free(self):
+        self.write("frame/x.h", BANNER + "#pragma once\n// #if in words\n#define A 1\n")
+        self.write("hostapi/x.h", BANNER + "#ifdef _WIN32\n#endif\n")
+        self.assertEqual(self.found(lint.no_conditional_code), [])
+
+
+class WideLiterals(RuleTest):
+    def test_each_form_is_found_in_the_plug_in(self):
+        for form in ('L"a"', 'u"a"', 'U"a"', "L'a'", "u'a'", 'LR"(a)"', 'uR"x(a)x"'):
+            self.write("frame/x.cpp", f"{BANNER}\nauto x = {form};\n")
+            self.assertEqual(self.found(lint.wide_literals_have_one_form), ["frame/x.cpp:3"], form)
+
+    def test_what_only_looks_like_one_is_free(self):
+        self.write("frame/x.cpp", BANNER + "auto a = WIDE(\"a\"); // not L\"a\"\n"
+                   "auto b = \"L\\\"a\"; auto c = R\"(u\"a\")\"; auto d = u8\"a\"; auto e = 'u';\n"
+                   "auto f = FULL\"a\"; auto g = 1'000'000;\n")
+        self.write("simhost/x.cpp", BANNER + 'auto x = u"a";\n')
+        self.assertEqual(self.found(lint.wide_literals_have_one_form), [])
+
+
+class Banners(RuleTest):
+    def test_a_sentence_in_any_comment_is_enough(self):
+        self.write("a.cpp", BANNER)
+        self.write("b.h", "/* What this file is for,\n   in a sentence. */\n")
+        self.write("c.py", '#!/usr/bin/env python3\n"""What this file is for. More."""\n')
+        self.write("CMakeLists.txt", "# What this file is for,\n# in a sentence.\n")
+        self.write("run", "#!/usr/bin/env bash\n# What this file is for: to run.\n")
+        self.write("data.txt", "no source\n")
+        self.assertEqual(self.found(lint.sources_open_with_a_banner), [])
+
+    def test_no_comment_a_late_one_and_a_title_are_found(self):
+        self.write("a.cpp", "int x;\n" + BANNER)
+        self.write("b.h", "// Helpers.\n#pragma once\n")
+        self.write("c.py", "#!/usr/bin/env python3\nimport os\n")
+        self.write("x/CMakeLists.txt", "project(X)\n")
+        self.write("run", "#!/usr/bin/env bash\nset -e\n")
+        self.write("d.cpp", "// a comment that never comes to an end\n")
+        self.assertEqual(self.found(lint.sources_open_with_a_banner),
+                         ["a.cpp:1", "b.h:1", "c.py:1", "d.cpp:1", "run:1", "x/CMakeLists.txt:1"])
+
+
+class Layout(RuleTest):
+    def test_each_fault_is_found(self):
+        self.write("long.cpp", "// " + "x" * 97 + "\n" + "// " + "x" * 98 + "\n")
+        self.write("wide.cpp", "// " + "中" * 48 + "\n" + "// " + "中" * 49 + "\n")
+        self.write("tab.py", "if x:\n\ty\n")
+        self.write("blank.cpp", "int x; \n\nint y;\r\n")
+        self.write("open.cpp", "int x;")
+        self.write("double.cpp", "int x;\n\n")
+        self.write("bytes.cpp", b"// \xd6\xd0\n")
+        self.assertEqual(self.found(lint.lines_are_tidy),
+                         ["blank.cpp:1", "blank.cpp:3", "bytes.cpp:1", "double.cpp:3",
+                          "long.cpp:2", "open.cpp:1", "tab.py:2", "wide.cpp:2"])
+
+    def test_a_fenced_table_may_be_wider_but_not_what_follows_it(self):
+        row = "{" + "x" * 120 + "}\n"
+        self.write("a.cpp", f"// clang-format off\n{row}// clang-format on\n{row}")
+        self.assertEqual(self.found(lint.lines_are_tidy), ["a.cpp:4"])
+
+    def test_files_that_are_no_sources_and_built_ones_are_free(self):
+        for path in ("README.md", "text/a.txt", "build/a.cpp", "out/a.cpp", ".git/a.cpp"):
+            self.write(path, "\t" * 200)
+        self.assertEqual(self.found(lint.lines_are_tidy), [])
+
+    def test_a_long_file_is_only_noted(self):
+        self.write("a.cpp", "//\n" * 501)
+        self.write("b.cpp", "//\n" * 500)
+        notes = self.notes(lint.long_files_are_named)
+        self.assertEqual(len(notes), 1)
+        self.assertIn("a.cpp has 501 lines", notes[0])
+
+
+class PlanningPapers(RuleTest):
+    def test_they_are_found_in_sources_and_in_documents(self):
+        for number, words in enumerate(("see spec" + ".md", "the speci" + "fication says",
+                                        "Speci" + "fication", "Par" + "t 1.2")):
+            self.write(f"{number}.md", f"line\n{words}\n")
+            self.write(f"{number}.cpp", f"// {words}\n")
+        self.assertEqual(self.found(lint.no_planning_papers),
+                         sorted(f"{n}.{s}" for n in range(4) for s in ("md:2", "cpp:1")))
+
+    def test_words_that_are_near_are_free(self):
+        self.write("a.md", "a part 1.2 mm thick, a specific one, Part 1, special.md\n")
+        self.assertEqual(self.found(lint.no_planning_papers), [])
+
+
+class CommandTexts(RuleTest):
+    def setUp(self):
+        super().setUp()
+        self.rows = [(f"Vx{n}", f"Vx{n}_Help", f"Vx{n}.png") for n in range(56)]
+        self.keys = [key for row in self.rows for key in row[:2]]
+        self.keys += sorted(lint.MENU_KEYS_WITHOUT_ROW)
+
+    def lay(self):
+        table = "".join('    {"%s",  "%s", "%s", Act, Always, true},\n' % row for row in self.rows)
+        self.write("frame/command_table.cpp", BANNER + table)
+        menu = "".join(f"{key}\nEnglish\n中文\n#\n" for key in self.keys)
+        self.write("text/vxMenu.txt", "\ufeff" + menu)
+
+    def test_a_table_and_its_texts_agree(self):
+        self.lay()
+        self.assertEqual(self.found(lint.commands_have_their_texts), [])
+
+    def test_a_missing_label_and_a_missing_help_are_found_at_their_row(self):
+        self.keys.remove("Vx3")
+        self.keys.remove("Vx5_Help")
+        self.lay()
+        self.assertEqual(self.found(lint.commands_have_their_texts),
+                         ["frame/command_table.cpp:5", "frame/command_table.cpp:7"])
+
+    def test_a_text_without_a_command_is_found(self):
+        self.keys.insert(0, "Nobody")
+        self.lay()
+        self.assertEqual(self.found(lint.commands_have_their_texts), ["text/vxMenu.txt:1"])
+
+    def test_the_menus_own_text_must_be_there(self):
+        self.keys.remove("Menu")
+        self.lay()
+        self.assertEqual(len(self.found(lint.commands_have_their_texts)), 1)
+
+    def test_a_lost_row_and_a_doubled_row_are_found(self):
+        self.rows.pop()
+        self.keys = [key for key in self.keys if not key.startswith("Vx55")]
+        self.lay()
+        self.assertIn("55 rows", self.texts(lint.commands_have_their_texts)[0])
+        self.rows.append(self.rows[0])
+        self.lay()
+        self.assertEqual(self.found(lint.commands_have_their_texts),
+                         ["frame/command_table.cpp:2", "frame/command_table.cpp:57"])
+
+    def test_each_language_and_the_shape_of_a_message_are_asked_for(self):
+        self.lay()
+        good = (self.root / "text/vxMenu.txt").read_text(encoding="utf-8")
+        for fault, line in (("Vx0\n\n中文\n#\n", 2), ("Vx0\nEnglish\nEnglish\n#\n", 3),
+                            ("Vx0\nEnglish\n中文\n", 1)):
+            self.write("text/vxMenu.txt", good.replace("Vx0\nEnglish\n中文\n#\n", fault))
+            self.assertIn(f"text/vxMenu.txt:{line}", self.found(lint.commands_have_their_texts))
+        self.write("text/vxMenu.txt", good + "Vx0\nEnglish\n中文\n#\n")
+        self.assertIn("stands twice", "".join(self.texts(lint.commands_have_their_texts)))
+
+    def test_nothing_to_check_is_said_and_only_while_both_are_absent(self):
+        self.assertIn("nothing to check", self.notes(lint.commands_have_their_texts)[0])
+        self.lay()
+        (self.root / "text/vxMenu.txt").unlink()
+        self.assertEqual(self.found(lint.commands_have_their_texts), ["text/vxMenu.txt:1"])
+        self.lay()
+        (self.root / "frame/command_table.cpp").unlink()
+        self.assertEqual(self.found(lint.commands_have_their_texts), ["frame/command_table.cpp:1"])
+
+
+class MessageTexts(RuleTest):
+    TEXTS = "Pick (one): \nPick (one): \n请选择\n#\nDone:%0w\nDone:%0w\n完成：%0w\n#\n"
+
+    def show(self, code, path="tables/x.cpp"):
+        self.write("text/vxmsg_display.txt", self.TEXTS)
+        self.write(path, BANNER + code)
+        return self.found(lint.messages_have_their_texts)
+
+    def test_a_known_key_is_found_in_every_form(self):
+        for code in ('ProMessageDisplay(file, "Pick (one): ");\n',
+                     'ProMessageDisplay(Wide("vxmsg_display.txt"), Text("Pick " "(one): "));\n',
+                     'const char* kPick = "Pick (one): ";\nProMessageDisplay(kFile, kPick);\n',
+                     'ProMessageDisplay(file,\n    "Done:%0w", name.data());\n',
+                     '// ProMessageDisplay(file, "Nothing");\n'):
+            self.assertEqual(self.show(code), [], code)
+
+    def test_an_unknown_key_is_found_in_every_form(self):
+        for code in ('ProMessageDisplay(file, "Pick (one):");\n',
+                     'ProMessageDisplay(Wide("vxmsg_display.txt"), Text("Pick" "(one): "));\n',
+                     'ProMessageDisplay(file, kPick);\nconst char kPick[] = "Pikc";\n'):
+            self.assertEqual(self.show(code), ["tables/x.cpp:2"], code)
+
+    def test_a_key_that_is_not_seen_needs_a_named_function(self):
+        define = "void Show(const char* key) {\n    ProMessageDisplay(kFile, key);\n}\n"
+        self.assertEqual(self.show(define, "frame/show.cpp"), ["frame/show.cpp:3"])
+        lint.MESSAGE_WRAPPERS["frame/show.cpp"] = ("Show",)
+        self.addCleanup(lint.MESSAGE_WRAPPERS.clear)
+        self.assertEqual(self.show(define, "frame/show.cpp"), [])
+        self.assertEqual(self.show('Show("Pick (one): ");\n'), [])
+        self.assertEqual(self.show('Show("Pikc");\n'), ["tables/x.cpp:2"])
+
+    def test_without_the_file_every_message_is_lost_and_without_both_it_is_said(self):
+        self.assertIn("nothing to check", self.notes(lint.messages_have_their_texts)[0])
+        self.write("frame/x.cpp", BANNER + 'ProMessageDisplay(file, "Pick");\n')
+        self.assertEqual(self.found(lint.messages_have_their_texts), ["frame/x.cpp:2"])
+
+
+class Report(RuleTest):
+    def report(self):
+        with contextlib.redirect_stdout(io.StringIO()) as said:
+            status = lint.check_rules(self.root)
+        return status, said.getvalue()
+
+    def test_a_finding_is_one_line_with_its_place_and_fails_the_run(self):
+        self.write("frame/x.cpp", BANNER + "#ifdef X\n")
+        status, said = self.report()
+        self.assertEqual(status, 1)
+        self.assertRegex(said, r"(?m)^frame/x\.cpp:2: #ifdef in the plug-in \(.+\)$")
+
+    def test_a_hint_does_not_fail_the_run(self):
+        self.write("frame/x.cpp", BANNER + "int x;\n" * 500)
+        status, said = self.report()
+        self.assertEqual(status, 0)
+        self.assertIn("hint: frame/x.cpp has 501 lines", said)
+
+
+class ClangTidyRuns(RuleTest):
+    """A stand-in for clang-tidy counts its runs, so that what is skipped can be told."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("bin/clang-tidy", f"""#!/bin/sh
+case "$*" in *--version*) echo 14; exit;; esac
+for last; do :; done
+echo "$last" >> "{self.root}/runs"
+grep -q BAD "$last" && echo "{self.root}/frame/b.h:1:1: error: bad" && status=1
+grep -q BROKEN "$last" && echo "$last:1:1: error: bad [clang-diagnostic-error]" && status=1
+grep -q CRASH "$last" && status=139
+exit ${{status:-0}}
+""")
+        tool = self.root / "bin/clang-tidy"
+        tool.chmod(tool.stat().st_mode | stat.S_IXUSR)
+        path = os.environ["PATH"]
+        self.addCleanup(os.environ.__setitem__, "PATH", path)
+        os.environ["PATH"] = f"{self.root}/bin:{path}"
+        self.write(".clang-tidy", "Checks: x\n")
+        self.write("frame/a.cpp", '#include "frame/a.h"\n')
+        self.write("frame/a.h", '#include "b.h"\n')
+        self.write("frame/b.h", "int x;\n")
+        self.write("frame/c.cpp", "int y;\n")
+        files = [self.root / "frame/a.cpp", self.root / "frame/c.cpp", "/usr/include/z.cpp",
+                 self.root / "build/clang/generated.cpp"]
+        self.write("build/clang/generated.cpp", "")
+        self.write("build/clang/compile_commands.json", json.dumps(
+            [{"directory": "/", "file": str(f), "command": f"c++ {f}"} for f in files]))
+
+    def looked_at(self):
+        """Exit status, and the sources that were looked at; self.said is what was printed."""
+        runs = self.root / "runs"
+        runs.unlink(missing_ok=True)
+        with contextlib.redirect_stdout(io.StringIO()) as said:
+            status = lint.Tidy(self.root, self.root / "build/clang").run()
+        self.said = said.getvalue()
+        names = runs.read_text(encoding="utf-8").split("\n") if runs.exists() else []
+        return status, sorted(Path(name).name for name in names if name)
+
+    def test_only_ours_and_only_what_has_changed_is_looked_at(self):
+        self.assertEqual(self.looked_at(), (0, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.looked_at(), (0, []))
+        self.write("frame/b.h", "int z;\n")
+        self.assertEqual(self.looked_at(), (0, ["a.cpp"]))
+        self.write(".clang-tidy", "Checks: y\n")
+        self.assertEqual(self.looked_at(), (0, ["a.cpp", "c.cpp"]))
+
+    def test_what_was_found_faulty_is_looked_at_again(self):
+        self.write("frame/c.cpp", "BAD\n")
+        self.assertEqual(self.looked_at(), (1, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.looked_at(), (1, ["c.cpp"]))
+        self.write("frame/c.cpp", "GOOD\n")
+        self.assertEqual(self.looked_at(), (0, ["c.cpp"]))
+
+    def test_a_finding_in_a_header_is_shown_once(self):
+        self.write("frame/a.cpp", "BAD\n")
+        self.write("frame/c.cpp", "BAD\n")
+        self.assertEqual(self.looked_at(), (1, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.said, "frame/b.h:1:1: error: bad\n")
+
+    def test_behind_an_error_of_the_compiler_nothing_else_is_shown(self):
+        self.write("frame/c.cpp", "BAD BROKEN\n")
+        self.assertEqual(self.looked_at()[0], 1)
+        self.assertEqual(self.said, "frame/c.cpp:1:1: error: bad [clang-diagnostic-error]\n")
+
+    def test_a_crash_without_a_word_is_a_finding(self):
+        self.write("frame/c.cpp", "CRASH\n")
+        self.assertEqual(self.looked_at()[0], 1)
+        self.assertEqual(self.said, "frame/c.cpp: clang-tidy ended with 139\n")
+
+
+if __name__ == "__main__":
+    unittest.main()

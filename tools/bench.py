@@ -1,0 +1,93 @@
+#!/usr/bin/env python3
+"""Measures the assembly walk and batch commands at growing sizes and prints one table.
+
+For each job and size: calls through the door, wall time, memory that was allocated with new, and
+peak memory of the process. At the two smaller sizes valgrind's callgrind counts the instructions
+spent in the plug-in's own objects: for each occurrence, and as a share of the run between the
+press and its end. The wishes are printed below the table; nothing here passes or fails.
+"""
+import argparse
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+
+JOBS = ["walk", "BatchColor"]
+SIZES = [10_000, 100_000, 1_000_000]
+COUNTED_SIZES = SIZES[:2]
+MEASURED = "*Measure*"  # bench.cpp: what is measured runs in this function
+
+
+def run_once(bench, job, size):
+    """One plain run: a dictionary of its figures."""
+    text = subprocess.run([bench, job, str(size)], check=True, capture_output=True, text=True).stdout
+    figures = re.search(rf"{job}: calls=(\d+) seconds=([\d.]+) bytes=(\d+) peak_rss_kib=(\d+)", text)
+    if not figures:
+        sys.exit(f"bench: no figures in {text!r}")
+    calls, seconds, size_of_new, peak = figures.groups()
+    return {"calls": int(calls), "seconds": float(seconds), "bytes": int(size_of_new),
+            "peak": int(peak)}
+
+
+def count_instructions(bench, job, size):
+    """Instructions inside the plug-in's objects and in all, between press and end."""
+    with tempfile.NamedTemporaryFile() as out:
+        subprocess.run(["valgrind", "--tool=callgrind", f"--callgrind-out-file={out.name}",
+                        "--collect-atstart=no", f"--toggle-collect={MEASURED}",
+                        bench, job, str(size)], check=True, capture_output=True)
+        return read_callgrind(pathlib.Path(out.name).read_text(errors="replace"))
+
+
+def read_callgrind(text):
+    """Sums the self cost by object: (plug-in, all). Lines after `calls=` are inclusive and left out."""
+    names, plugin, total = {}, 0, 0
+    current, skip = "", False
+    for line in text.splitlines():
+        if match := re.match(r"ob=\((\d+)\)(?: (.*))?", line):
+            number, name = match.groups()
+            if name:
+                names[number] = name
+            current = names[number]
+        elif match := re.match(r"cob=\((\d+)\) (.*)", line):
+            names[match.group(1)] = match.group(2)
+        elif line.startswith("calls="):
+            skip = True
+        elif re.match(r"[+\-*\d]", line):
+            if skip:
+                skip = False
+                continue
+            cost = int(line.split()[1])
+            total += cost
+            if re.search(r"(vorlatix5\.1|walk_module)\.(so|dll)$", current):
+                plugin += cost
+    return plugin, total
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--bench", default="build/release/bench", help="the program to run")
+    parser.add_argument("--jobs", nargs="*", default=JOBS)
+    options = parser.parse_args()
+    print(f"{'job':<12}{'occurrences':>12}{'calls':>12}{'calls/occ':>11}{'seconds':>9}"
+          f"{'new B/occ':>11}{'peak MiB':>10}{'plug-in instr/occ':>19}{'share':>8}{'growth':>8}")
+    for job in options.jobs:
+        previous = None
+        for size in SIZES:
+            plain = run_once(options.bench, job, size)
+            row = (f"{job:<12}{size:>12}{plain['calls']:>12}{plain['calls'] / size:>11.2f}"
+                   f"{plain['seconds']:>9.3f}{plain['bytes'] / size:>11.1f}"
+                   f"{plain['peak'] / 1024:>10.0f}")
+            if size in COUNTED_SIZES:
+                plugin, total = count_instructions(options.bench, job, size)
+                each = plugin / size
+                row += f"{each:>19.1f}{plugin / total:>8.1%}"
+                row += f"{each / previous:>8.3f}" if previous else f"{'':>8}"
+                previous = each
+            print(row, flush=True)
+    print("\nWanted: growth per occurrence at most 1.05, share at most 10 %, "
+          "memory of the plug-in at most 64 bytes for each occurrence.")
+
+
+if __name__ == "__main__":
+    main()

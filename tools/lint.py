@@ -1,0 +1,500 @@
+#!/usr/bin/env python3
+"""Checks the house rules that no compiler knows, and runs clang-tidy on what has changed.
+
+    tools/lint.py               the house rules, one small function for each
+    tools/lint.py --tidy DIR    clang-tidy over the compile_commands.json in DIR
+
+Every finding is a line "file:line: what is wrong (why)". The exit status is 1 if there is any.
+Each rule has its test in tests/tools/lint_test.py.
+"""
+
+import argparse
+import collections
+import concurrent.futures
+import functools
+import hashlib
+import json
+import os
+import re
+import subprocess
+import sys
+import unicodedata
+from pathlib import Path
+
+LANGUAGES = ("cpp", "python", "cmake", "bash")
+ROOMS = ("display", "modeldata", "construct", "drawing", "export", "tables", "commands")
+PLUGIN = ("frame",) + ROOMS
+
+# The headers of the door that the plug-in includes; those below hostapi/host/ come with host.h.
+DOOR = {f"hostapi/{name}.h" for name in ("host", "windows", "wide", "excel", "export")}
+
+# The shared pieces that tie one room to another: (room that includes, header): what is shared.
+TIES = {}
+
+# Where the door meets the real Windows and the vendor's own headers.
+SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "wchar.h", "locale.h"}}
+VENDOR_DOOR = "hostapi/vendor.h"
+
+STANDARD_HEADERS = set("""
+    algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv
+    chrono cinttypes climits clocale cmath compare complex concepts condition_variable coroutine
+    csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype
+    deque exception execution filesystem forward_list fstream functional future initializer_list
+    iomanip ios iosfwd iostream istream iterator latch limits list locale map memory
+    memory_resource mutex new numbers numeric optional ostream queue random ranges ratio regex
+    scoped_allocator semaphore set shared_mutex source_location span sstream stack stdexcept
+    stop_token streambuf string string_view strstream syncstream system_error thread tuple
+    type_traits typeindex typeinfo unordered_map unordered_set utility valarray variant vector
+    version""".split())
+
+COMMAND_TABLE = "frame/command_table.cpp"
+MENU_TEXTS = "text/vxMenu.txt"
+MESSAGE_TEXTS = "text/vxmsg_display.txt"
+COMMAND_ROWS = 56
+# Keys without a row: the menu itself, and the command that only the popup menu has.
+MENU_KEYS_WITHOUT_ROW = {"Menu", "VxOpenDrw", "VxOpenDrw_Help"}
+
+MAX_COLUMNS = 100
+MAX_LINES_HINT = 500
+SKIPPED_FOLDERS = {"build", "out", "__pycache__"}
+BINARY = {".png", ".ico", ".jpg", ".gif", ".pdf", ".xls", ".xlsx", ".zip"}
+
+Finding = collections.namedtuple("Finding", "path line text")
+
+# --- The tree -------------------------------------------------------------------------------------
+
+# Comments and literals of C++, so that a rule can look at the one without the other.
+TOKEN = re.compile(r"""
+      (?P<comment> //[^\n]* | /\*.*?\*/ )
+    | (?P<raw> \bu?8?U?L?R"(?P<fence>[^\s()\\]{0,16})\(.*?\)(?P=fence)" )
+    | (?P<text> "(?:\\.|[^"\\\n])*" )
+    | (?P<char> (?<![0-9a-fA-F])'(?:\\.|[^'\\\n])+' )""", re.VERBOSE | re.DOTALL)
+
+
+def blanked(text):
+    """The text with everything but its line ends turned into blanks, so that lines still count."""
+    return re.sub(r"[^\n]", " ", text)
+
+
+class Tree:
+    """The project's files, each read once. Paths are relative, with slashes."""
+
+    def __init__(self, root):
+        self.root = Path(root)
+        self.notes = []
+        self.paths = []
+        for folder, folders, names in os.walk(self.root):
+            folders[:] = sorted(f for f in folders if f not in SKIPPED_FOLDERS
+                                and (not f.startswith(".") or f == ".ci"))
+            for name in sorted(names):
+                path = Path(folder, name)
+                if path.suffix not in BINARY and path.is_file():
+                    self.paths.append(path.relative_to(self.root).as_posix())
+
+    @functools.lru_cache(maxsize=None)
+    def text(self, path):
+        data = (self.root / path).read_bytes()
+        return data.decode("utf-8", errors="replace").removeprefix("\ufeff")
+
+    @functools.lru_cache(maxsize=None)
+    def without_comments(self, path):
+        return TOKEN.sub(lambda m: blanked(m[0]) if m["comment"] else m[0], self.text(path))
+
+    @functools.lru_cache(maxsize=None)
+    def language(self, path):
+        """cpp, python, cmake, bash, or nothing for what is not a source."""
+        name = path.rsplit("/", 1)[-1]
+        if path.endswith((".cpp", ".h")):
+            return "cpp"
+        if path.endswith(".py"):
+            return "python"
+        if name == "CMakeLists.txt" or path.endswith(".cmake"):
+            return "cmake"
+        first = self.text(path).split("\n", 1)[0]
+        if first.startswith("#!"):
+            return "python" if "python" in first else "bash"
+        return "bash" if path.endswith(".sh") else ""
+
+    def sources(self, *languages):
+        """The sources in these languages, or in any."""
+        return [p for p in self.paths if self.language(p) in (languages or LANGUAGES)]
+
+    def plugin_sources(self):
+        return [p for p in self.sources("cpp") if p.split("/")[0] in PLUGIN]
+
+
+def numbered_lines(text):
+    return enumerate(text.split("\n"), 1)
+
+
+def line_of(text, position):
+    return text.count("\n", 0, position) + 1
+
+
+# --- Who may include whom -------------------------------------------------------------------------
+
+INCLUDE = re.compile(r"^[ \t]*#[ \t]*include[ \t]*(.*?)[ \t]*$", re.MULTILINE)
+
+
+def may_include(path, header):
+    """Whether the file may include a header of the project."""
+    folder, target = path.split("/")[0], header.split("/")[0]
+    if ".." in header.split("/"):
+        return False
+    if folder == "hostapi":
+        return target == "hostapi"
+    if folder == "simhost":
+        return target in ("simhost", "hostapi")
+    if folder in PLUGIN:
+        return (header in DOOR or target in (folder, "frame") or (folder, header) in TIES
+                or (path == COMMAND_TABLE and target in ROOMS))
+    return True
+
+
+def may_include_system(path, header):
+    """Whether the file may include a header of the system or of a library."""
+    if header in STANDARD_HEADERS or path == VENDOR_DOOR:
+        return True
+    if path.split("/")[0] in PLUGIN:
+        return False
+    return not path.startswith("hostapi/") or header in SYSTEM_HEADERS_OF_THE_DOOR.get(path, ())
+
+
+WHY_INCLUDE = {"hostapi": "the door declares the outside world and knows nobody",
+               "simhost": "the simulated host meets the plug-in only by loading it",
+               "frame": "the services are the ground floor; only the command table sees the rooms"}
+WHY_ROOM = "a room stands on frame/ and the door; a tie to another room is named in tools/lint.py"
+WHY_SYSTEM = "the plug-in and the door need the C++ standard library and nothing else"
+
+
+def includes_go_one_way(tree):
+    """The plug-in is loaded into hosts that we do not build. What it includes it must bring along,
+    so it takes the standard library and the door, and a room that reaches into its neighbour
+    can no longer be changed alone."""
+    for path in tree.sources("cpp"):
+        why = WHY_INCLUDE.get(path.split("/")[0], WHY_ROOM)
+        text = tree.without_comments(path)
+        for match in INCLUDE.finditer(text):
+            line, what = line_of(text, match.start()), match[1]
+            if what.startswith('"') and not may_include(path, what.strip('"')):
+                yield Finding(path, line, f"may not include {what} ({why})")
+            elif what.startswith("<") and not may_include_system(path, what.strip("<>")):
+                yield Finding(path, line, f"may not include {what} ({WHY_SYSTEM})")
+            elif what[:1] not in ('"', "<") and path.split("/")[0] in PLUGIN:
+                yield Finding(path, line, f"includes by a macro, {what} (nobody can follow it)")
+
+
+def no_conditional_code(tree):
+    """Who answers a call, the vendor's library or the simulated host, is decided by linking. The
+    first #ifdef in a command would be the first line that its tests never see."""
+    for path in tree.plugin_sources():
+        for number, line in numbered_lines(tree.without_comments(path)):
+            if re.match(r"\s*#\s*(if|ifdef|ifndef|elif|elifdef|elifndef)\b", line):
+                yield Finding(path, number, f"{line.strip().split()[0]} in the plug-in "
+                              "(what differs between systems belongs behind the door)")
+
+
+def wide_literals_have_one_form(tree):
+    """Wide characters are wchar_t on Windows and char16_t elsewhere. A literal of one of the two
+    compiles here and breaks the other build a week later."""
+    for path in tree.plugin_sources():
+        text = tree.text(path)
+        for token in TOKEN.finditer(text):
+            before = re.search(r"\b(?:L|u|U)R?$", text[max(0, token.start() - 3):token.start()])
+            if before or re.match(r"(?:L|u|U)R", token[0]):
+                yield Finding(path, line_of(text, token.start()),
+                              'a wide literal is written WIDE("…") (its type differs by system)')
+
+
+# --- How files look -------------------------------------------------------------------------------
+
+def banner(text, language):
+    """The words of the comment that a source opens with; empty if it opens with something else."""
+    if text.startswith("#!"):
+        text = text.partition("\n")[2]
+    if language == "cpp":
+        block = re.match(r"/\*(.*?)\*/", text, re.DOTALL)
+        lines = re.match(r"(?://[^\n]*(?:\n|$))*", text)[0]
+        return block[1] if block else re.sub(r"^//", "", lines, flags=re.MULTILINE)
+    block = re.match(r'"""(.*?)"""', text, re.DOTALL) if language == "python" else None
+    lines = re.match(r"(?:#[^\n]*(?:\n|$))*", text)[0]
+    return block[1] if block else re.sub(r"^#", "", lines, flags=re.MULTILINE)
+
+
+def sources_open_with_a_banner(tree):
+    """Whoever opens a file wants to know first what it is for. A title such as "Helpers." tells
+    nothing, so a whole sentence is asked for."""
+    for path in tree.sources():
+        words = banner(tree.text(path), tree.language(path))
+        if not re.search(r"(?:\S+\s+){3,}\S*[.!?](?:\s|$)", words):
+            yield Finding(path, 1, "does not open with a comment of at least one sentence "
+                          "(it says what the file is for)")
+
+
+def columns(line):
+    """Columns on the screen: a Chinese character takes two, as in clang-format."""
+    if line.isascii():
+        return len(line)
+    return sum(0 if unicodedata.combining(c) else 2 if unicodedata.east_asian_width(c) in "WF"
+               else 1 for c in line)
+
+
+def lines_are_tidy(tree):
+    """Two files side by side fit a screen at 100 columns; a tab or a trailing blank makes a change
+    that nobody sees. Tables that the formatter leaves alone may be wider."""
+    for path in tree.sources():
+        text, fenced = tree.text(path), False
+        for number, line in numbered_lines(text):
+            fence = re.match(r"\s*// clang-format (on|off)\b", line)
+            fenced = fence[1] == "off" if fence else fenced
+            if columns(line) > MAX_COLUMNS and not fenced:
+                yield Finding(path, number, f"{columns(line)} columns (at most {MAX_COLUMNS}; "
+                              "a Chinese character counts two)")
+            if "\t" in line:
+                yield Finding(path, number, "a tab (four blanks in its place)")
+            if line != line.rstrip():
+                yield Finding(path, number, "a blank or a carriage return at the end of the line")
+            if "\ufffd" in line:
+                yield Finding(path, number, "not UTF-8 (sources are UTF-8)")
+        if not text.endswith("\n") or text.endswith("\n\n"):
+            yield Finding(path, text.count("\n") + 1, "the file must end with one line end")
+
+
+def long_files_are_named(tree):
+    """A file is one topic. A long one may be a table; more often it is three topics. Only a hint,
+    so it finds nothing and notes the file."""
+    for path in tree.sources():
+        count = tree.text(path).count("\n")
+        if count > MAX_LINES_HINT:
+            tree.notes.append(f"hint: {path} has {count} lines (one topic to a file?)")
+    return ()
+
+
+PLANNING_WORDS = re.compile(r"\bspec\.md\b|\b[Ss]pecification\b|\bPart [0-9]+\.[0-9]")
+
+
+def no_planning_papers(tree):
+    """The papers that the project was planned from do not come with it. A comment that points to
+    them is a dead end, where the reason itself would have helped."""
+    for path in tree.paths:
+        for number, line in numbered_lines(tree.text(path)):
+            match = PLANNING_WORDS.search(line)
+            if match:
+                yield Finding(path, number, f'"{match[0]}" points to a paper that the reader does '
+                              "not have (write the reason instead)")
+
+
+# --- Texts ----------------------------------------------------------------------------------------
+
+CHINESE = re.compile("[\u4e00-\u9fff]")
+
+
+def read_messages(tree, path):
+    """The lines of a file's messages by their keys, and what is wrong with the file."""
+    messages, problems = {}, []
+    lines = tree.text(path).removesuffix("\n").split("\n")
+    for start in range(0, len(lines), 4):
+        block = lines[start:start + 4]
+        if len(block) != 4 or block[3] != "#":
+            problems.append(Finding(path, start + 1, "not a message of four lines: key, English, "
+                                    "Chinese, # (the host loses count here)"))
+            break
+        key = block[0]
+        if key in messages:
+            problems.append(Finding(path, start + 1, f'"{key}" stands twice (only one is shown)'))
+        if not block[1].strip():
+            problems.append(Finding(path, start + 2, f'"{key}" has no English text'))
+        if not CHINESE.search(block[2]):
+            problems.append(Finding(path, start + 3, f'"{key}" has no Chinese text'))
+        messages[key] = start + 1
+    return messages, problems
+
+
+ROW = re.compile(r'\{\s*"(?P<name>\w+)",\s*"(?P<help>\w+)",\s*"[\w-]+\.png"\s*,')
+
+
+def commands_have_their_texts(tree):
+    """A command without a text shows its bare key in the menu, in every language. Commands come and
+    go in the table, so nobody but this rule would see it."""
+    missing = [path for path in (COMMAND_TABLE, MENU_TEXTS) if path not in tree.paths]
+    if len(missing) == 2:
+        tree.notes.append("nothing to check yet: commands and their texts")
+    elif missing:
+        yield Finding(missing[0], 1, "missing (commands and their texts come together)")
+    if missing:
+        return
+    code = tree.without_comments(COMMAND_TABLE)
+    messages, problems = read_messages(tree, MENU_TEXTS)
+    yield from problems
+    rows, used = list(ROW.finditer(code)), set(MENU_KEYS_WITHOUT_ROW)
+    if len(rows) != COMMAND_ROWS:
+        yield Finding(COMMAND_TABLE, 1, f"{len(rows)} rows (the menu has {COMMAND_ROWS} commands)")
+    names = collections.Counter(row["name"] for row in rows)
+    for row in rows:
+        line = line_of(code, row.start())
+        if names[row["name"]] > 1:
+            yield Finding(COMMAND_TABLE, line, f'"{row["name"]}" has more than one row')
+        for key in (row["name"], row["help"]):
+            used.add(key)
+            if key not in messages:
+                yield Finding(COMMAND_TABLE, line, f'"{key}" is not in {MENU_TEXTS} '
+                              "(the menu would show the bare key)")
+    for key in MENU_KEYS_WITHOUT_ROW - set(messages):
+        yield Finding(MENU_TEXTS, 1, f'"{key}" is missing (the menu would show the bare key)')
+    for key, line in messages.items():
+        if key not in used:
+            yield Finding(MENU_TEXTS, line, f'no command uses "{key}"')
+
+
+# Functions that hand a key on to ProMessageDisplay, by the file that defines them.
+MESSAGE_WRAPPERS = {}
+
+
+def call_arguments(code, start):
+    """The text between a call's parentheses; `start` is the place after the opening one."""
+    depth = 1
+    for match in re.compile(r'"(?:\\.|[^"\\\n])*"|[()]').finditer(code, start):
+        depth += {"(": 1, ")": -1}.get(match[0], 0)
+        if depth == 0:
+            return code[start:match.start()]
+    return code[start:]
+
+
+LITERALS = r'((?:"(?:\\.|[^"\\\n])*"\s*)+)'  # one text, perhaps written in several pieces
+
+
+def joined(literals):
+    pieces = re.findall(r'"((?:\\.|[^"\\\n])*)"', literals)
+    return "".join(pieces).replace('\\"', '"').replace("\\\\", "\\")
+
+
+def message_keys(tree, path, constants):
+    """The messages that a source shows: (line, key). A key is a literal or a named constant of any
+    source; it is nothing where it comes in as a parameter."""
+    code = tree.without_comments(path)
+    wrappers = [name for names in MESSAGE_WRAPPERS.values() for name in names]
+    for call in re.finditer(r"\b(%s)\s*\(" % "|".join(["ProMessageDisplay"] + wrappers), code):
+        arguments = call_arguments(code, call.end())
+        keys = [joined(text) for text in re.findall(LITERALS, arguments)]
+        keys += [constants[word] for word in re.findall(r"\bk\w+", arguments) if word in constants]
+        keys = [key for key in keys if key != MESSAGE_TEXTS.rsplit("/", 1)[-1]]
+        if keys or (call[1] == "ProMessageDisplay" and path not in MESSAGE_WRAPPERS):
+            yield line_of(code, call.start()), keys[0] if keys else None
+
+
+def messages_have_their_texts(tree):
+    """The keys of the message line are whole English sentences, two of them misspelt on purpose.
+    Whoever mends the spelling in one place only takes the message away."""
+    constants = {}
+    for path in tree.plugin_sources():
+        code = tree.without_comments(path)
+        found = re.findall(r"\b(k\w+)(?:\[\])?\s*=\s*" + LITERALS + ";", code)
+        constants.update((name, joined(literals)) for name, literals in found)
+    messages = {}
+    if MESSAGE_TEXTS in tree.paths:
+        messages, problems = read_messages(tree, MESSAGE_TEXTS)
+        yield from problems
+    shown = [(path, line, key) for path in tree.plugin_sources()
+             for line, key in message_keys(tree, path, constants)]
+    for path, line, key in shown:
+        if key is None:
+            yield Finding(path, line, "shows a message whose key is not seen here (name the "
+                          "function that hands it on in MESSAGE_WRAPPERS of tools/lint.py)")
+        elif key not in messages:
+            yield Finding(path, line, f'"{key}" is not in {MESSAGE_TEXTS} '
+                          "(the user would see nothing)")
+    if not messages and not shown:
+        tree.notes.append("nothing to check yet: texts of the message line")
+
+
+RULES = (includes_go_one_way, no_conditional_code, wide_literals_have_one_form,
+         sources_open_with_a_banner, lines_are_tidy, long_files_are_named, no_planning_papers,
+         commands_have_their_texts, messages_have_their_texts)
+
+
+def check_rules(root):
+    tree = Tree(root)
+    findings = sorted(finding for rule in RULES for finding in rule(tree))
+    for finding in findings:
+        print(f"{finding.path}:{finding.line}: {finding.text}")
+    for note in tree.notes:
+        print(note)
+    return 1 if findings else 0
+
+
+# --- clang-tidy -----------------------------------------------------------------------------------
+
+class Tidy:
+    """Runs clang-tidy on each source of ours, and remembers what was found clean: by the contents
+    of the file and of all our headers that it includes, its compile command and the checks."""
+
+    def __init__(self, root, folder):
+        self.root, self.folder = Path(root).resolve(), Path(folder).resolve()
+        self.cache = self.folder.parent / "lint-cache"
+        version = subprocess.check_output(["clang-tidy", "--version"], text=True)
+        self.base = version + (self.root / ".clang-tidy").read_text(encoding="utf-8")
+
+    @functools.lru_cache(maxsize=None)
+    def read(self, path):
+        """Contents, and the files of ours that they include."""
+        data = path.read_bytes()
+        names = re.findall(rb'^\s*#\s*include\s*"([^"]+)"', data, re.MULTILINE)
+        places = [base / os.fsdecode(name) for name in names for base in (self.root, path.parent)]
+        return data, [place.resolve() for place in places if place.is_file()]
+
+    def key(self, source, command):
+        digest = hashlib.sha256((self.base + command).encode())
+        seen, waiting = set(), [source]
+        while waiting:
+            path = waiting.pop()
+            waiting += self.read(path)[1] if path not in seen else []
+            seen.add(path)
+        for path in sorted(seen):
+            digest.update(f"\n{path}\n".encode() + self.read(path)[0])
+        return digest.hexdigest()
+
+    def jobs(self):
+        """What has to be looked at: (source, place to remember it)."""
+        entries = json.loads((self.folder / "compile_commands.json").read_text(encoding="utf-8"))
+        for entry in {e["file"]: e for e in entries}.values():
+            source = Path(entry["directory"], entry["file"]).resolve()
+            if source.is_relative_to(self.root) and not source.is_relative_to(self.folder.parent):
+                stamp = self.cache / self.key(source, entry["command"])
+                if not stamp.exists():
+                    yield source, stamp
+
+    def look(self, job):
+        source, stamp = job
+        run = subprocess.run(["clang-tidy", "--quiet", "-p", str(self.folder), str(source)],
+                             capture_output=True, text=True, cwd=self.root)
+        if run.returncode == 0:
+            stamp.touch()
+            return ""
+        return run.stdout or run.stderr or f"{source}: clang-tidy ended with {run.returncode}"
+
+    def run(self):
+        self.cache.mkdir(parents=True, exist_ok=True)
+        jobs, shown = list(self.jobs()), set()
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+            for output in pool.map(self.look, jobs):
+                blocks = re.split(r"^(?=/[^\n]*:\d+:\d+: (?:error|warning))", output, flags=re.M)
+                # After an error of the compiler the rest is guesswork.
+                broken = [block for block in blocks if "[clang-diagnostic-error]" in block]
+                # A finding in a header comes once for every source that includes it.
+                for block in broken or blocks:
+                    if block.strip() and block not in shown:
+                        shown.add(block)
+                        print(block.replace(f"{self.root}/", "").rstrip())
+        return 1 if shown else 0
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Checks the house rules of this project.")
+    parser.add_argument("--tidy", metavar="DIR", help="run clang-tidy for this build folder")
+    folder = parser.parse_args().tidy
+    root = Path(__file__).resolve().parent.parent
+    return Tidy(root, folder).run() if folder else check_rules(root)
+
+
+if __name__ == "__main__":
+    sys.exit(main())

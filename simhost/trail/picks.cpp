@@ -95,22 +95,24 @@ const Feature* FindComponent(const Model& model, const std::string& step, std::s
 std::optional<ProModelitem> FindItem(Model& model, const std::string& kind, const std::string& id,
                                      std::string* problem) {
     const auto number = Number(id);
-    const auto type = kind.empty() ? std::nullopt : KindOfWord(kind);
+    const ProType type =
+        kind.empty() ? PRO_TYPE_UNUSED : KindOfWord(kind).value_or(PRO_TYPE_UNUSED);
     if (!number) {
         *problem = fmt::format("\"{}\" behind # is no id", id);
         return std::nullopt;
     }
     const bool surface = model.HasSurface(*number);
     const bool feature = model.FindFeature(*number) != nullptr;
-    if (!type && (surface || feature)) {
+    const bool plain = type == PRO_TYPE_UNUSED;
+    if (kind.empty() && (surface || feature)) {
         return ProModelitem{surface ? PRO_SURFACE : PRO_FEATURE, *number, model.handle};
     }
-    if (!type || (*type == PRO_SURFACE && !surface) || (*type == PRO_FEATURE && !feature)) {
+    if (plain || (type == PRO_SURFACE && !surface) || (type == PRO_FEATURE && !feature)) {
         *problem = fmt::format("{} has no {} {}", model.FileName(),
                                kind.empty() ? "surface or feature" : kind, *number);
         return std::nullopt;
     }
-    return ProModelitem{*type, *number, model.handle};
+    return ProModelitem{type, *number, model.handle};
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ protected:
     // --- What the user has seen ---
     std::vector<std::string> Boxes() const;  // their texts
     std::vector<simhost::Box> AllBoxes() const;
-    std::vector<std::string> Complaints();   // takes them
+    std::vector<std::string> Complaints();  // takes them
 
     simhost::Host& host() { return simhost::TheHost(); }
     int startStatus_ = 0;  // what user_initialize returned

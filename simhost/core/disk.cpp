@@ -1,0 +1,175 @@
+// Windows paths on real disks: `C:\Work\GEARBOX.ASM` finds gearbox.asm below the folder that plays
+// drive C, and stays quick when a folder holds tens of thousands of files.
+#include "simhost/core/disk.h"
+
+#include <chrono>
+#include <fstream>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+#include "simhost/core/text.h"
+
+namespace simhost {
+
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+
+fs::path Disk::Real(WideView windowsPath) const {
+    return fs::path(windowsPath);
+}
+WideText Disk::Windows(const fs::path& real) const {
+    return real.wstring();
+}
+
+#else
+
+namespace {
+
+// The names of one folder by their folded form, so that a name in other letters, or one that is
+// not there, does not cost a walk through the folder each time.
+struct FolderIndex {
+    fs::file_time_type changed;
+    std::unordered_map<std::string, std::string> names;
+};
+
+// A folder's time stamp moves in steps of a few milliseconds: what is read so soon after a change
+// may miss the next one, and is not kept.
+constexpr auto kSettled = std::chrono::milliseconds(50);
+constexpr std::size_t kFoldersKept = 64;
+
+template <class Visit>
+void VisitNames(const fs::path& folder, Visit&& visit) {
+    std::error_code error;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        visit(at->path().filename().string());
+    }
+}
+
+// Of names that differ in their letters' case only, the first in alphabetical order.
+void Keep(std::string* kept, std::string name) {
+    if (kept->empty() || name < *kept) *kept = std::move(name);
+}
+
+std::string ScanFor(const fs::path& folder, const std::string& folded) {
+    std::string found;
+    VisitNames(folder, [&](std::string name) {
+        if (name.size() == folded.size() && Lower(name) == folded) Keep(&found, std::move(name));
+    });
+    return found;
+}
+
+// The name that the folder has for `name` in other letters; empty if there is none.
+std::string FindIgnoringCase(const fs::path& folder, const std::string& name) {
+    static std::mutex mutex;
+    static std::unordered_map<std::string, FolderIndex> indexes;
+    const std::lock_guard lock(mutex);
+
+    std::error_code error;
+    const fs::file_time_type changed = fs::last_write_time(folder, error);
+    if (error) return {};
+    auto found = indexes.find(folder.string());
+    if (found == indexes.end() || found->second.changed != changed) {
+        if (fs::file_time_type::clock::now() < changed + kSettled) {
+            return ScanFor(folder, Lower(name));
+        }
+        FolderIndex fresh{changed, {}};
+        VisitNames(folder, [&](std::string entry) {
+            std::string& kept = fresh.names[Lower(entry)];
+            Keep(&kept, std::move(entry));
+        });
+        if (indexes.size() >= kFoldersKept) indexes.clear();
+        found = indexes.insert_or_assign(folder.string(), std::move(fresh)).first;
+    }
+    const auto& names = found->second.names;
+    const auto match = names.find(Lower(name));
+    return match == names.end() ? std::string() : match->second;
+}
+
+// The parts behind the drive, with `.` and `..` worked in. False if the path names no drive C.
+bool SplitPath(WideView path, std::vector<std::string>* parts) {
+    const auto isSeparator = [](WideChar c) { return c == u'\\' || c == u'/'; };
+    if (path.size() < 2 || (path[0] | 0x20) != u'c' || path[1] != u':') return false;
+    if (path.size() > 2 && !isSeparator(path[2])) return false;
+    for (std::size_t at = 2; at < path.size();) {
+        std::size_t end = at;
+        while (end < path.size() && !isSeparator(path[end])) ++end;
+        const std::string part = Utf8(path.substr(at, end - at));
+        if (part == "..") {
+            if (!parts->empty()) parts->pop_back();
+        } else if (!part.empty() && part != ".") {
+            parts->push_back(part);
+        }
+        at = end + 1;
+    }
+    return true;
+}
+
+bool Exists(const fs::path& path) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+}  // namespace
+
+fs::path Disk::Real(WideView windowsPath) const {
+    std::vector<std::string> parts;
+    if (root_.empty() || !SplitPath(windowsPath, &parts)) return {};
+    fs::path asWritten = root_;
+    for (const std::string& part : parts) asWritten /= part;
+    if (Exists(asWritten)) return asWritten;
+
+    fs::path real = root_;
+    bool exists = true;
+    for (const std::string& part : parts) {
+        fs::path next = real / part;
+        if (exists && !Exists(next)) {
+            const std::string name = FindIgnoringCase(real, part);
+            exists = !name.empty();
+            if (exists) next = real / name;
+        }
+        real = std::move(next);
+    }
+    return real;
+}
+
+WideText Disk::Windows(const fs::path& real) const {
+    if (root_.empty()) return {};
+    fs::path root = root_.lexically_normal();
+    if (!root.has_filename()) root = root.parent_path();
+    const fs::path below = real.lexically_normal().lexically_relative(root);
+    if (below.empty() || *below.begin() == "..") return {};
+    WideText path = WIDE("C:\\");
+    if (below == ".") return path;
+    for (const fs::path& part : below) {
+        if (part.empty()) continue;  // a separator at the end
+        if (path.back() != u'\\') path += u'\\';
+        path += Wide(part.string());
+    }
+    return path;
+}
+
+#endif
+
+std::string ReadFile(const fs::path& path, bool* found) {
+    std::error_code error;
+    const auto size = fs::file_size(path, error);  // an error for a folder, too
+    std::ifstream file;
+    if (!error) file.open(path, std::ios::binary);
+    if (found) *found = file.is_open();
+    if (!file.is_open()) return {};
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+}
+
+bool WriteFile(const fs::path& path, std::string_view bytes) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    return !file.fail();
+}
+
+}  // namespace simhost

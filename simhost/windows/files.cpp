@@ -1,0 +1,235 @@
+// Files by handles: real files below the folder that plays drive C, with Windows' rules for who
+// may open what while others have it open.
+#ifndef _WIN32
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "simhost/core/operation.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/windows/windows.h"
+
+using namespace simhost;
+
+namespace simhost {
+
+namespace {
+
+constexpr DWORD kCreateNew = 1, kOpenAlways = 4, kTruncate = 5;
+constexpr DWORD kShareRead = FILE_SHARE_READ, kShareWrite = 2;
+
+// One name for a file, in whatever letters it is asked for.
+std::string PlaceOf(const std::filesystem::path& real) { return Lower(real.string()); }
+
+// Whether each kind of access that one side wants is shared by the other.
+bool Shares(DWORD access, DWORD share) {
+    return (!(access & GENERIC_READ) || (share & kShareRead)) &&
+           (!(access & GENERIC_WRITE) || (share & kShareWrite));
+}
+
+// The flags of open(2); -1 for a creation that Windows does not know.
+int OpenFlags(DWORD access, DWORD creation) {
+    const bool reads = access & GENERIC_READ, writes = access & GENERIC_WRITE;
+    const int flags = O_CLOEXEC | (!writes ? O_RDONLY : reads ? O_RDWR : O_WRONLY);
+    switch (creation) {
+        case kCreateNew: return flags | O_CREAT | O_EXCL;
+        case CREATE_ALWAYS: return flags | O_CREAT | O_TRUNC;
+        case OPEN_EXISTING: return flags;
+        case kOpenAlways: return flags | O_CREAT;
+        case kTruncate: return writes ? flags | O_TRUNC : -1;
+        default: return -1;
+    }
+}
+
+}  // namespace
+
+bool IsReadOnly(const std::filesystem::path& real) {
+    struct stat now = {};
+    return stat(real.c_str(), &now) == 0 && !(now.st_mode & S_IWUSR);
+}
+
+std::filesystem::path RealFile(WideView windowsPath) {
+    const auto isForbidden = [](WideChar c) {
+        return c < u' ' || WideView(WIDE("<>:\"|?*")).find(c) != WideView::npos;
+    };
+    // The drive's colon is the only one.
+    const WideView names = windowsPath.substr(std::min<std::size_t>(windowsPath.size(), 2));
+    if (windowsPath.size() >= MAX_PATH || names.empty()) return {};
+    if (names.back() == u'\\' || names.back() == u'/') return {};
+    if (std::any_of(names.begin(), names.end(), isForbidden)) return {};
+    return TheHost().disk.Real(windowsPath);
+}
+
+SimulatedWindows::~SimulatedWindows() {
+    for (const OpenFile& file : openFiles_) close(file.descriptor);
+}
+
+void SimulatedWindows::Hold(WideView windowsPath) {
+    held_.insert(PlaceOf(TheHost().disk.Real(windowsPath)));
+}
+
+void SimulatedWindows::Release(WideView windowsPath) {
+    held_.erase(PlaceOf(TheHost().disk.Real(windowsPath)));
+}
+
+bool SimulatedWindows::IsHeld(const std::filesystem::path& real) const {
+    return held_.count(PlaceOf(real)) > 0;
+}
+
+bool SimulatedWindows::CanShare(const std::filesystem::path& real, DWORD access,
+                                DWORD share) const {
+    const std::string place = PlaceOf(real);
+    return std::all_of(openFiles_.begin(), openFiles_.end(), [&](const OpenFile& open) {
+        return open.place != place || (Shares(access, open.share) && Shares(open.access, share));
+    });
+}
+
+HANDLE SimulatedWindows::Open(OpenFile file) {
+    return files_.Add(&openFiles_.emplace_back(std::move(file)));
+}
+
+OpenFile* SimulatedWindows::Require(HANDLE file) const {
+    if (file == nullptr || file == INVALID_HANDLE_VALUE) return nullptr;
+    OpenFile* open = files_.Find(file);
+    if (!open) Complain(0, "the handle names no open file");
+    return open;
+}
+
+bool SimulatedWindows::Close(HANDLE file) {
+    const OpenFile* open = files_.Find(file);
+    if (!open) return false;
+    files_.Drop(file);
+    const bool closed = close(open->descriptor) == 0;
+    openFiles_.remove_if([open](const OpenFile& each) { return &each == open; });
+    return closed;
+}
+
+namespace {
+
+HANDLE OpenAt(const WideChar* path, DWORD access, DWORD share, DWORD creation) {
+    const std::filesystem::path real = RealFile(path);
+    const int flags = OpenFlags(access, creation);
+    SimulatedWindows& windows = TheWindows();
+    if (real.empty() || flags < 0 || windows.IsHeld(real)) return INVALID_HANDLE_VALUE;
+    // What would be emptied counts as written, whatever the handle may do later.
+    const DWORD uses = access | (flags & O_TRUNC ? GENERIC_WRITE : 0);
+    if (!windows.CanShare(real, uses, share)) return INVALID_HANDLE_VALUE;
+    if ((uses & GENERIC_WRITE) && IsReadOnly(real)) return INVALID_HANDLE_VALUE;
+    std::error_code error;
+    if (std::filesystem::is_directory(real, error)) return INVALID_HANDLE_VALUE;
+    const int descriptor = open(real.c_str(), flags, 0666);
+    if (descriptor < 0) return INVALID_HANDLE_VALUE;
+    return windows.Open({path, PlaceOf(real), descriptor, access, share});
+}
+
+BOOL ReadAll(OpenFile& file, void* data, DWORD size, DWORD* done) {
+    if (!(file.access & GENERIC_READ)) return FALSE;
+    while (*done < size) {
+        const ssize_t part = read(file.descriptor, static_cast<char*>(data) + *done, size - *done);
+        if (part < 0) return FALSE;
+        if (part == 0) break;
+        *done += static_cast<DWORD>(part);
+    }
+    return TRUE;
+}
+
+BOOL WriteAll(OpenFile& file, const void* data, DWORD size, DWORD* done) {
+    if (!(file.access & GENERIC_WRITE)) return FALSE;
+    while (*done < size) {
+        const ssize_t part =
+            write(file.descriptor, static_cast<const char*>(data) + *done, size - *done);
+        if (part < 0) return FALSE;
+        *done += static_cast<DWORD>(part);
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+}  // namespace simhost
+
+HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security,
+                   DWORD creation, DWORD attributes, HANDLE pattern) {
+    static Operation op("CreateFileW");
+    return op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
+                     [&] {
+                         Need(path, "the path");
+                         return OpenAt(path, access, share, creation);
+                     },
+                     "path", path, "access", access, "share", share, "security", security,
+                     "creation", creation, "attributes", attributes, "pattern", pattern);
+}
+
+BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
+    static Operation op("GetFileSizeEx");
+    std::int64_t bytes = 0;
+    return op.CallOr(
+        [](int) { return BOOL{FALSE}; },
+        [&]() -> BOOL {
+            Need(size, "the place for the size");
+            const OpenFile* open = TheWindows().Require(file);
+            struct stat now = {};
+            if (!open || fstat(open->descriptor, &now) != 0) return FALSE;
+            size->QuadPart = bytes = now.st_size;
+            return TRUE;
+        },
+        "size", Out(&bytes));
+}
+
+BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* overlapped) {
+    static Operation op("ReadFile");
+    DWORD done = 0;
+    if (read) *read = 0;
+    return op.CallOr(
+        [](int) { return BOOL{FALSE}; },
+        [&]() -> BOOL {
+            Need(read, "the place for the number of bytes");
+            if (overlapped) Complain(0, "no file is open for overlapped use");
+            OpenFile* open = TheWindows().Require(file);
+            if (!open) return FALSE;
+            if (size > 0) Need(data, "the buffer");
+            const BOOL ok = ReadAll(*open, data, size, &done);
+            *read = done;
+            return ok;
+        },
+        "size", size, "read", Out(&done));
+}
+
+BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* overlapped) {
+    static Operation op("WriteFile");
+    DWORD done = 0;
+    if (written) *written = 0;
+    return op.CallOr(
+        [](int) { return BOOL{FALSE}; },
+        [&]() -> BOOL {
+            Need(written, "the place for the number of bytes");
+            if (overlapped) Complain(0, "no file is open for overlapped use");
+            OpenFile* open = TheWindows().Require(file);
+            if (!open) return FALSE;
+            if (size > 0) Need(data, "the data");
+            const BOOL ok = WriteAll(*open, data, size, &done);
+            *written = done;
+            return ok;
+        },
+        "size", size, "written", Out(&done));
+}
+
+BOOL CloseHandle(HANDLE handle) {
+    static Operation op("CloseHandle");
+    return op.CallOr(
+        [&](int) {
+            TheWindows().Close(handle);
+            return BOOL{FALSE};
+        },
+        [&]() -> BOOL {
+            // The value of "no file" stands for the process itself, and closing that does nothing.
+            if (handle == INVALID_HANDLE_VALUE) return TRUE;
+            return TheWindows().Require(handle) && TheWindows().Close(handle);
+        });
+}
+
+#endif

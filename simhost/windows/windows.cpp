@@ -1,0 +1,36 @@
+// The simulated Windows itself: how it is started afresh, and what is left open.
+#ifndef _WIN32
+
+#include "simhost/windows/windows.h"
+
+#include "simhost/core/text.h"
+
+namespace simhost {
+
+namespace {
+
+std::unique_ptr<SimulatedWindows>& Instance() {
+    static std::unique_ptr<SimulatedWindows> windows;
+    return windows;
+}
+
+}  // namespace
+
+SimulatedWindows& TheWindows() {
+    auto& windows = Instance();
+    if (!windows) windows = std::make_unique<SimulatedWindows>();
+    return *windows;
+}
+
+void RestartWindows() { Instance().reset(); }
+
+std::vector<std::string> SimulatedWindows::OpenHandles() const {
+    std::vector<std::string> lines;
+    for (const OpenKey& key : openKeys_) lines.push_back("key " + Utf8(key.path));
+    for (const OpenFile& file : openFiles_) lines.push_back("file " + Utf8(file.path));
+    return lines;
+}
+
+}  // namespace simhost
+
+#endif

@@ -148,16 +148,16 @@ private:
     // the C library leaves them out.
     void MapUserDefined() {
         char16_t unit = 0xE000;
-        const auto zone = [&](unsigned leads, unsigned leadEnd, unsigned trails, unsigned trailEnd) {
-            for (unsigned lead = leads; lead <= leadEnd; ++lead) {
-                for (unsigned trail = trails; trail <= trailEnd; ++trail) {
+        const auto zone = [&](unsigned first, unsigned last) {
+            for (unsigned lead = first >> 8; lead <= last >> 8; ++lead) {
+                for (unsigned trail = first & 0xFF; trail <= (last & 0xFF); ++trail) {
                     if (trail != 0x7F) Pair(lead << 8 | trail, unit++);
                 }
             }
         };
-        zone(0xAA, 0xAF, 0xA1, 0xFE);
-        zone(0xF8, 0xFE, 0xA1, 0xFE);
-        zone(0xA1, 0xA7, 0x40, 0xA0);
+        zone(0xAAA1, 0xAFFE);
+        zone(0xF8A1, 0xFEFE);
+        zone(0xA140, 0xA7A0);
     }
 
     void Pair(unsigned code, char16_t unit) {

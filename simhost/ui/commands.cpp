@@ -222,6 +222,7 @@ Pressed Commands::Run(Command& command, uiCmdAccessState state) {
 Pressed Commands::RunAction(Command& command) {
     ClosePopup();
     Pressed pressed{true, {}, 0};
+    const HolderScope holder(TheHost().arrays, "command " + command.name);
     ++running_;
     try {
         if (command.action) pressed.result = command.action(command.id, nullptr, nullptr);

@@ -74,7 +74,6 @@ public:
     // --- The plug-in's side; failures are refusals ---
     Command& Add(const char* name, uiCmdCmdActFn action, uiCmdPriority priority,
                  uiCmdAccessFn access);
-    Command* Find(const void* id) const { return ids_.Find(id); }
     Command& Require(uiCmdCmdId id) const;  // a complaint for an id that was never given
     Command& RequireName(const char* name) const;
     void AddMenu(const char* name, WideText title, const char* neighbour, bool after);

@@ -133,6 +133,7 @@ const Popup* Commands::OpenPopup(const std::string& name) {
         }
     }
     const SelectionArgument selections;
+    const HolderScope holder(TheHost().arrays, "popup access");
     for (PopupEntry& entry : popup_->entries) {
         if (entry.access) {
             entry.state = entry.access(entry.command->id, entry.data, selections.get());

@@ -232,8 +232,8 @@ TEST_F(PopupMenus, ALaterPopupMakesItsCallsInTheirOrder) {
             "inNonActiveWindow=0, inAccessoryWindow=0, command=command VxOpenDrw) = 0",
             "ProMessageToBuffer(buffer=\"打开工程图(vx)\", messageFile=\"vxMenu.txt\", "
             "key=\"VxOpenDrw\") = 0",
-            "ProMessageToBuffer(buffer=\"打开与所选模型同名的工程图。\", messageFile=\"vxMenu.txt\", "
-            "key=\"VxOpenDrw_Help\") = 0",
+            "ProMessageToBuffer(buffer=\"打开与所选模型同名的工程图。\", "
+            "messageFile=\"vxMenu.txt\", key=\"VxOpenDrw_Help\") = 0",
             "ProPopupmenuButtonAdd(popup=2, position=-1, button=\"VxOpenDrw\", "
             "label=\"打开工程图(vx)\", help=\"打开与所选模型同名的工程图。\", "
             "command=command VxOpenDrw, access=function, data=null) = 0",

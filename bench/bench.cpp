@@ -1,12 +1,12 @@
 // One measured run: a large generated assembly is opened in the simulated host, and the walk or a
 // command runs once. Prints one line of figures. tools/bench.py starts it for each size, and under
 // callgrind for the instructions.
-#include <dlfcn.h>
 #include <sys/resource.h>
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <filesystem>
 #include <new>
 #include <string>

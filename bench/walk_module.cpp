@@ -1,5 +1,5 @@
-// The assembly walk alone as a module of its own, so that its instructions can be told from those of
-// a whole command: walk from the current model, reduce to the list of models, free the array.
+// The assembly walk alone as a module of its own, so that its instructions can be told from those
+// of a whole command: walk from the current model, reduce to the list of models, free the array.
 #include "frame/services.h"
 
 // Receives the number of components; returns the number of different models.

@@ -1,4 +1,4 @@
-// How parts look.
+// How parts look: taking the appearances of single surfaces away.
 #include "display/appearance.h"
 
 #include "frame/services.h"
@@ -19,8 +19,7 @@ void ClearSurfaceOverrides(ProMdl part) {
     const auto solid = static_cast<ProSolid>(part);
     HostArray<ProSurface> surfaces;
     if (surfaces.Allocate() != PRO_TK_NO_ERROR) return;
-    if (ProSolidSurfaceVisit(solid, CollectSurface, nullptr, surfaces.Place()) !=
-        PRO_TK_NO_ERROR) {
+    if (ProSolidSurfaceVisit(solid, CollectSurface, nullptr, surfaces.Place()) != PRO_TK_NO_ERROR) {
         return;
     }
     if (!object) return;

@@ -61,14 +61,13 @@ uiCmdAccessState AccessDrawing(uiCmdAccessMode) noexcept {
 uiCmdAccessState PopupAccessComponent(uiCmdCmdId, ProAppData, void*) noexcept {
     const SelectedItems selected = ReadSelectedItems();
     if (selected.status != PRO_TK_NO_ERROR) return ACCESS_INVISIBLE;
-    const bool component =
-        selected.firstType == PRO_ASSEMBLY || selected.firstType == PRO_PART;
+    const bool component = selected.firstType == PRO_ASSEMBLY || selected.firstType == PRO_PART;
     return selected.count >= 1 && component ? ACCESS_AVAILABLE : ACCESS_REMOVE;
 }
 
 uiCmdAccessState PopupAccessSingleItem(uiCmdCmdId, ProAppData, void*) noexcept {
-    static constexpr ProType kTypes[] = {PRO_ASSEMBLY, PRO_PART,  PRO_SURFACE,
-                                         PRO_EDGE,     PRO_CSYS,  PRO_QUILT,
+    static constexpr ProType kTypes[] = {PRO_ASSEMBLY, PRO_PART,       PRO_SURFACE,
+                                         PRO_EDGE,     PRO_CSYS,       PRO_QUILT,
                                          PRO_CURVE,    PRO_COMP_CURVE, PRO_BODY};
     const SelectedItems selected = ReadSelectedItems();
     if (selected.status != PRO_TK_NO_ERROR) return ACCESS_INVISIBLE;

@@ -1,6 +1,7 @@
 // The one way in which the batch commands find what lies below the current model: a recursive visit
 // of component features, parents before their children. Each command says which visitor it uses,
-// whether it starts from the assembly of a manufacturing model, and what it says about an empty result.
+// whether it starts from the assembly of a manufacturing model, and what it says about an empty
+// result.
 #pragma once
 
 #include <vector>

@@ -7,12 +7,12 @@
 #include "hostapi/host.h"
 
 struct CommandRow {
-    const char* name;      // the command; also its button, its label key and its designation
-    const char* helpKey;   // key of its help text in vxMenu.txt
-    const char* icon;      // picture file
+    const char* name;     // the command; also its button, its label key and its designation
+    const char* helpKey;  // key of its help text in vxMenu.txt
+    const char* icon;     // picture file
     uiCmdCmdActFn action;
     uiCmdAccessFn access;
-    bool designated;       // offered for the customising of the ribbon
+    bool designated;  // offered for the customising of the ribbon
 };
 
 // All commands of the menu `Menu`, in its order.
@@ -25,7 +25,7 @@ struct PopupRow {
     const WideChar* label;             // its label in the popup
     const char* helpKey;
     uiCmdCmdActFn action;
-    uiCmdAccessFn access;              // as a command of ActionMenu
+    uiCmdAccessFn access;  // as a command of ActionMenu
     ProPopupmenuAccessFn popupAccess;
 };
 extern const std::array<PopupRow, 5> kPopupTable;

@@ -36,8 +36,8 @@ WideText ReadMarker() {
     WideChar text[100] = {};
     DWORD type = 0;
     DWORD bytes = sizeof text;
-    const LSTATUS status = RegQueryValueExW(key, kMarkerValue, nullptr, &type,
-                                            reinterpret_cast<BYTE*>(text), &bytes);
+    const LSTATUS status =
+        RegQueryValueExW(key, kMarkerValue, nullptr, &type, reinterpret_cast<BYTE*>(text), &bytes);
     RegCloseKey(key);
     if (status != ERROR_SUCCESS || type != REG_SZ) return {};
     const WideView read(text, std::min<std::size_t>(bytes / sizeof(WideChar), std::size(text)));

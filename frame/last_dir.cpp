@@ -49,10 +49,10 @@ WideText FromSystemCodePage(const std::string& bytes) {
 
 std::string ToChineseCodePage(const WideText& text) {
     std::string bytes(text.size() * 2, '\0');
-    const int length =
-        text.empty() ? 0
-                     : WideCharToMultiByte(kChineseCodePage, 0, text.data(), int(text.size()),
-                                           bytes.data(), int(bytes.size()), nullptr, nullptr);
+    const int length = text.empty()
+                           ? 0
+                           : WideCharToMultiByte(kChineseCodePage, 0, text.data(), int(text.size()),
+                                                 bytes.data(), int(bytes.size()), nullptr, nullptr);
     bytes.resize(std::size_t(length));
     return bytes;
 }

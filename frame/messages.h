@@ -1,12 +1,11 @@
-// The three ways of telling the user something in a box. Tabs that keep a text away from the edge of
-// its box belong to the text; nothing is added here.
+// The three ways of telling the user something in a box. Tabs that keep a text away from the edge
+// of its box belong to the text; nothing is added here.
 #pragma once
 
 #include "hostapi/wide.h"
 
 inline constexpr WideView CaptionText = WIDE("岚枢工具By墨川听雨,QQ:100200300");
-inline constexpr WideView CompletionSuffix =
-    WIDE("|岚枢QQ②群:100200301，①群:10020030\t");
+inline constexpr WideView CompletionSuffix = WIDE("|岚枢QQ②群:100200301，①群:10020030\t");
 
 // A notice: our caption, above all other windows, one OK button.
 void ShowNotice(const WideText& text);

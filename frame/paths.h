@@ -20,7 +20,8 @@ WideText FileBesideModule(WideView file);
 // The same for a file that will be written: nothing where the module's name was not found.
 std::optional<WideText> WritableFileBesideModule(WideView file);
 
-// The plug-in's text folder as the host reports it, without a separator at its end. Empty on failure.
+// The plug-in's text folder as the host reports it, without a separator at its end. Empty on
+// failure.
 WideText AppTextDir();
 
 // AppTextDir, "\VXconfig\", and this file name.

@@ -1,5 +1,6 @@
-// The plug-in's buttons on the host's popup menus. The first popup of a run only tells us that popups
-// exist: it registers the commands and stays without buttons. Every later "Sel Obj Menu" gets six.
+// The plug-in's buttons on the host's popup menus. The first popup of a run only tells us that
+// popups exist: it registers the commands and stays without buttons. Every later "Sel Obj Menu"
+// gets six.
 #include <cstring>
 
 #include "frame/command_table.h"
@@ -65,14 +66,12 @@ void RegisterPopupCommand(const PopupRow& row, const WideText& textFile) {
 ProError PopupHookFirst(char*) {
     const WideText textFile = Widen(kMenuTextFile);
     for (const PopupRow& row : kPopupTable) RegisterPopupCommand(row, textFile);
-    ProNotificationSet(PRO_POPUPMENU_CREATE_POST,
-                       AsProFunction(Guarded<PopupHookSelObj>));
+    ProNotificationSet(PRO_POPUPMENU_CREATE_POST, AsProFunction(Guarded<PopupHookSelObj>));
     return PRO_TK_NO_ERROR;
 }
 
 }  // namespace
 
 void HookPopups() {
-    ProNotificationSet(PRO_POPUPMENU_CREATE_POST,
-                       AsProFunction(Guarded<PopupHookFirst>));
+    ProNotificationSet(PRO_POPUPMENU_CREATE_POST, AsProFunction(Guarded<PopupHookFirst>));
 }

@@ -1,4 +1,5 @@
-// Text between the plug-in and the host: wide values, narrow names, and how a literal is handed over.
+// Text between the plug-in and the host: wide values, narrow names, and how a literal is handed
+// over.
 #pragma once
 
 #include <string>

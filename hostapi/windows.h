@@ -9,8 +9,8 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-#include <wchar.h>
 #include <locale.h>
+#include <wchar.h>
 
 #else
 

@@ -27,9 +27,9 @@ public:
     Dialogs dialogs;
     Messages messages;
 
-    WideText textFolder;     // what ProToolkitApplTextPathGet reports; no separator at its end
+    WideText textFolder;  // what ProToolkitApplTextPathGet reports; no separator at its end
     std::vector<WideText> macros;  // queued by ProMacroLoad, run when the command has returned
-    User* user = nullptr;    // none: every question is a complaint
+    User* user = nullptr;          // none: every question is a complaint
 
     std::vector<Shown> shown;
     std::vector<std::string> complaints;

@@ -477,9 +477,11 @@ class Tidy:
         jobs, shown = list(self.jobs()), set()
         with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
             for output in pool.map(self.look, jobs):
+                blocks = re.split(r"^(?=/[^\n]*:\d+:\d+: (?:error|warning))", output, flags=re.M)
+                # After an error of the compiler the rest is guesswork.
+                broken = [block for block in blocks if "[clang-diagnostic-error]" in block]
                 # A finding in a header comes once for every source that includes it.
-                for block in re.split(r"^(?=/[^\n]*:\d+:\d+: (?:error|warning))", output,
-                                      flags=re.MULTILINE):
+                for block in broken or blocks:
                     if block.strip() and block not in shown:
                         shown.add(block)
                         print(block.replace(f"{self.root}/", "").rstrip())

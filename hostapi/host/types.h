@@ -16,8 +16,8 @@ typedef WideChar ProFileName[PRO_PATH_SIZE];
 typedef WideChar ProMacro[PRO_PATH_SIZE];  // passed as a pointer; macros may be longer than this
 
 typedef enum { PRO_B_FALSE = 0, PRO_B_TRUE = 1 } ProBoolean;
-typedef void* ProAppData;    // handed back to a callback untouched
-typedef void* ProArray;      // an expandable array; points at its first element
+typedef void* ProAppData;      // handed back to a callback untouched
+typedef void* ProArray;        // an expandable array; points at its first element
 typedef int (*ProFunction)();  // a callback whose real parameter list its event tells
 
 typedef enum {
@@ -78,13 +78,13 @@ typedef enum {
 // The host's objects. Two handles name the same object exactly when they are equal; their numeric
 // order says nothing.
 typedef void* ProMdl;
-typedef struct VxHostSolid* ProSolid;        // a part or an assembly
+typedef struct VxHostSolid* ProSolid;  // a part or an assembly
 typedef ProSolid ProAssembly;
 typedef ProSolid ProPart;
-typedef ProSolid ProMfg;                     // a manufacturing model
+typedef ProSolid ProMfg;  // a manufacturing model
 typedef struct VxHostSurface* ProSurface;
 typedef struct VxHostSelection* ProSelection;
-typedef void* Prohandle;                     // an object of the older database calls
+typedef void* Prohandle;  // an object of the older database calls
 
 // An item of a model: kind, id, and the model that owns it. Features and components are such items.
 typedef struct pro_model_item {

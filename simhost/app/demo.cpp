@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "simhost/app/picture.h"
+#include "simhost/app/picture_file.h"
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -50,8 +51,8 @@ public:
         Script(fmt::format("@ open {}\n", kTop));
         NoteColours();
         for (const char* mode : kModes) {
-            Script(fmt::format("@ setting VxRandomColorOpt value {}\n~ Command `BatchColor`\n",
-                               mode));
+            Script(
+                fmt::format("@ setting VxRandomColorOpt value {}\n~ Command `BatchColor`\n", mode));
             NoteColours();
         }
         ShowColours();
@@ -116,8 +117,7 @@ private:
             failed_ = true;
             print_(wrong);
         }
-        print_("coloured project: " +
-               workplace_.Real(host.session.workingDirectory).string());
+        print_("coloured project: " + workplace_.Real(host.session.workingDirectory).string());
         print_("picture:          " + picture.string());
     }
 

@@ -40,8 +40,8 @@ ProArray ArrayLedger::Allocate(int objects, int objectSize, int step, std::strin
     header->objectSize = std::size_t(objectSize);
     header->size = header->capacity = std::size_t(objects);
     // An empty array has an address too.
-    header->elements = static_cast<char*>(std::calloc(std::max<std::size_t>(header->size, 1),
-                                                      header->objectSize));
+    header->elements =
+        static_cast<char*>(std::calloc(std::max<std::size_t>(header->size, 1), header->objectSize));
     live_[header->elements] = header;
     return header->elements;
 }
@@ -88,8 +88,8 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
 };
 
 std::string ArrayLedger::Line(const Header& header) {
-    return fmt::format("{}, {}: {} objects of {} bytes", header.holder, header.origin,
-                       header.size, header.objectSize);
+    return fmt::format("{}, {}: {} objects of {} bytes", header.holder, header.origin, header.size,
+                       header.objectSize);
 }
 
 std::vector<std::string> ArrayLedger::Held() const {

@@ -1,5 +1,5 @@
-// Handles that look like a host's pointers but are not: a handle is checked at every use, a dangling
-// one is found out, and its numeric order is not the order of creation.
+// Handles that look like a host's pointers but are not: a handle is checked at every use, a
+// dangling one is found out, and its numeric order is not the order of creation.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The record of every call through the door, one line each: operation, arguments, result. Calls that
-// the host makes into the plug-in while an operation runs are indented below it.
+// The record of every call through the door, one line each: operation, arguments, result. Calls
+// that the host makes into the plug-in while an operation runs are indented below it.
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
-// Counting, failing and recording of the calls through the door, and how values look in the journal.
+// Counting, failing and recording of the calls through the door, and how values look in the
+// journal.
 #include "simhost/core/operation.h"
 
 #include <fmt/format.h>
@@ -104,6 +105,7 @@ void Operation::Add(std::string* text, const char* name, const std::string& valu
 
 // --- Values in the journal ---
 
+// clang-format off
 std::string Describe(int value) { return fmt::format("{}", value); }
 std::string Describe(unsigned value) { return fmt::format("{}", value); }
 std::string Describe(long value) { return fmt::format("{}", value); }
@@ -111,6 +113,7 @@ std::string Describe(unsigned long value) { return fmt::format("{}", value); }
 std::string Describe(long long value) { return fmt::format("{}", value); }
 std::string Describe(unsigned long long value) { return fmt::format("{}", value); }
 std::string Describe(double value) { return fmt::format("{}", value); }
+// clang-format on
 
 namespace {
 
@@ -162,11 +165,7 @@ std::string Describe(const void* handle) {
                 return "selection of " + Describe(selection->item);
             }
             break;
-        case HandleKind::Command:
-            if (const Command* command = TheHost().commands.Find(handle)) {
-                return "command " + command->name;
-            }
-            break;
+        case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";
 }

@@ -61,9 +61,15 @@ std::string Describe(const char* text);
 std::string Describe(const WideChar* text);
 std::string Describe(const void* handle);  // a model's name and so on, else "handle" or "null"
 std::string Describe(const ProModelitem& item);
-inline std::string Describe(char* text) { return Describe(static_cast<const char*>(text)); }
-inline std::string Describe(WideChar* text) { return Describe(static_cast<const WideChar*>(text)); }
-inline std::string Describe(void* handle) { return Describe(static_cast<const void*>(handle)); }
+inline std::string Describe(char* text) {
+    return Describe(static_cast<const char*>(text));
+}
+inline std::string Describe(WideChar* text) {
+    return Describe(static_cast<const WideChar*>(text));
+}
+inline std::string Describe(void* handle) {
+    return Describe(static_cast<const void*>(handle));
+}
 
 template <class T>
 std::string DescribeAny(const T& value) {

@@ -37,21 +37,20 @@ void RequireRange(const ProdbSurfaceProps& props) {
 
 Prohandle prodb_get_object_ptr(WideChar* name, char* kind) {
     static Operation op("prodb_get_object_ptr");
-    return op.CallOr(
-        [](int) -> Prohandle { return nullptr; },
-        [&]() -> Prohandle {
-            Need(name, "the name");
-            Need(kind, "the kind");
-            const std::string word = kind;
-            if (word != "PRT" && word != "ASM") {
-                Complain(PRO_TK_BAD_INPUTS, "the kind is not PRT or ASM");
-            }
-            const ProMdlType type = word == "PRT" ? PRO_MDL_PART : PRO_MDL_ASSEMBLY;
-            const Model* model = TheHost().session.FindByName(name, type);
-            if (!model) Refuse(PRO_TK_E_NOT_FOUND);
-            return Session::ObjectOf(*model);
-        },
-        "name", name, "kind", kind);
+    return op.CallOr([](int) -> Prohandle { return nullptr; },
+                     [&]() -> Prohandle {
+                         Need(name, "the name");
+                         Need(kind, "the kind");
+                         const std::string word = kind;
+                         if (word != "PRT" && word != "ASM") {
+                             Complain(PRO_TK_BAD_INPUTS, "the kind is not PRT or ASM");
+                         }
+                         const ProMdlType type = word == "PRT" ? PRO_MDL_PART : PRO_MDL_ASSEMBLY;
+                         const Model* model = TheHost().session.FindByName(name, type);
+                         if (!model) Refuse(PRO_TK_E_NOT_FOUND);
+                         return Session::ObjectOf(*model);
+                     },
+                     "name", name, "kind", kind);
 }
 
 int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,

@@ -11,10 +11,18 @@ namespace simhost {
 struct Vec3 {
     double x = 0, y = 0, z = 0;
 };
-inline Vec3 operator+(Vec3 a, Vec3 b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-inline Vec3 operator-(Vec3 a, Vec3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-inline Vec3 operator*(double k, Vec3 a) { return {k * a.x, k * a.y, k * a.z}; }
-inline double Dot(Vec3 a, Vec3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+inline Vec3 operator+(Vec3 a, Vec3 b) {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
+inline Vec3 operator-(Vec3 a, Vec3 b) {
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
+}
+inline Vec3 operator*(double k, Vec3 a) {
+    return {k * a.x, k * a.y, k * a.z};
+}
+inline double Dot(Vec3 a, Vec3 b) {
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
 inline Vec3 Cross(Vec3 a, Vec3 b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
@@ -48,10 +56,10 @@ struct Solid {
     int id = 0;
     Shape shape = Shape::Box;
     Vec3 at, turn;
-    Vec3 size;                             // box
-    double diameter = 0, top = 0;          // cylinder; cone (top: the diameter at its upper end)
-    double outer = 0, inner = 0;           // tube
-    double length = 0;                     // cylinder, tube, cone
+    Vec3 size;                               // box
+    double diameter = 0, top = 0;            // cylinder; cone (top: the diameter at its upper end)
+    double outer = 0, inner = 0;             // tube
+    double length = 0;                       // cylinder, tube, cone
     double module = 0, width = 0, bore = 0;  // gear
     int teeth = 0;
     std::vector<std::array<double, 2>> outline;  // prism: counter-clockwise

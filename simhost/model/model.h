@@ -26,10 +26,10 @@ struct Feature {
     int type = 0;
     int flags = 0;  // ProFeatureStatusflagsGet
     ProFeatStatus status = PRO_FEAT_ACTIVE;
-    bool visible = true;   // ProFeatureVisibilityGet: the feature itself
-    bool hidden = false;   // the display state of a component that the user has hidden
+    bool visible = true;  // ProFeatureVisibilityGet: the feature itself
+    bool hidden = false;  // the display state of a component that the user has hidden
     WideText name;
-    std::string file;      // components: "housing.prt"
+    std::string file;        // components: "housing.prt"
     Model* model = nullptr;  // components: null while the model is not in memory
     Placement placement;     // components: in the assembly's coordinates
 };
@@ -48,16 +48,16 @@ public:
     ProMdl handle = nullptr;
     ProMdlType type = PRO_MDL_PART;
     ProMdlsubtype subtype = PROMDLSTYPE_NONE;
-    WideText name;            // in capitals as far as it is ASCII, without the type
-    std::string title;        // the designer's words for it (UTF-8)
+    WideText name;      // in capitals as far as it is ASCII, without the type
+    std::string title;  // the designer's words for it (UTF-8)
     bool skeleton = false;
-    int version = 0;          // of the file last read or written; 0: never on disk
+    int version = 0;  // of the file last read or written; 0: never on disk
     bool modified = false;
 
-    std::vector<Solid> solids;                       // parts
-    std::optional<ProdbSurfaceProps> appearance;     // the whole model's own
+    std::vector<Solid> solids;                            // parts
+    std::optional<ProdbSurfaceProps> appearance;          // the whole model's own
     std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
-    std::string manufacturedFile;                    // manufacturing models: their assembly
+    std::string manufacturedFile;                         // manufacturing models: their assembly
     Model* manufactured = nullptr;
 
     const std::vector<Feature>& features() const { return features_; }

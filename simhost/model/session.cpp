@@ -37,8 +37,8 @@ Model& Session::Require(ProMdl handle) const {
     Model* model = Find(handle);
     if (model) return *model;
     if (!handle) Complain(PRO_TK_BAD_INPUTS, "the model is null");
-    Complain(PRO_TK_BAD_INPUTS, models_.WasGiven(handle) ? "a model that was erased"
-                                                         : "not a handle of a model");
+    Complain(PRO_TK_BAD_INPUTS,
+             models_.WasGiven(handle) ? "a model that was erased" : "not a handle of a model");
 }
 
 Model& Session::RequireSolid(const void* handle) const {

@@ -50,13 +50,13 @@ public:
     // --- Models in memory ---
     Model& Create(WideView name, ProMdlType type);  // complains if the name is taken
     Model* Find(ProMdl handle) const { return models_.Find(handle); }
-    Model& Require(ProMdl handle) const;             // a complaint for a dangling handle
-    Model& RequireSolid(const void* handle) const;   // a part or an assembly
+    Model& Require(ProMdl handle) const;            // a complaint for a dangling handle
+    Model& RequireSolid(const void* handle) const;  // a part or an assembly
     Feature& RequireFeature(const ProModelitem* item) const;
     Model* FindByName(WideView name, ProMdlType type) const;
     Model* FindByFile(const std::string& fileName) const;  // "gearbox.asm"
-    std::vector<Model*> All() const;  // in the order they came into memory
-    void Erase(Model& model);         // components and windows that show it lose it
+    std::vector<Model*> All() const;                       // in the order they came into memory
+    void Erase(Model& model);  // components and windows that show it lose it
 
     // --- Disk ---
     // The model of this file name from memory or the working folder, with all that lies below it;
@@ -72,13 +72,13 @@ public:
     WideText workingDirectory;  // a Windows path without a separator at its end
 
     // --- Windows ---
-    Window& Open(Model& model);     // shows it in a window of its own, now the current one
+    Window& Open(Model& model);  // shows it in a window of its own, now the current one
     void CloseCurrent();
     Window* current = nullptr;
-    Window* FindWindow(int id);     // -1: the current one
+    Window* FindWindow(int id);  // -1: the current one
     const std::deque<Window>& windows() const { return windows_; }
     Model* CurrentModel() const { return current ? current->model : nullptr; }
-    ProMode Mode() const;           // PRO_MODE_UNKNOWN while nothing is open
+    ProMode Mode() const;  // PRO_MODE_UNKNOWN while nothing is open
 
     // --- Selections ---
     Selection& Select(Model& top, std::vector<int> path, ProModelitem item);

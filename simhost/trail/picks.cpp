@@ -1,11 +1,11 @@
 // Finds components and items by the paths of scripts.
 #include "simhost/trail/picks.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -20,9 +20,14 @@ struct ItemKind {
     ProType type;
 };
 constexpr ItemKind kItemKinds[] = {
-    {"surface", PRO_SURFACE}, {"feature", PRO_FEATURE}, {"edge", PRO_EDGE},
-    {"csys", PRO_CSYS},       {"quilt", PRO_QUILT},     {"curve", PRO_CURVE},
-    {"composite", PRO_COMP_CURVE}, {"body", PRO_BODY},
+    {"surface", PRO_SURFACE},
+    {"feature", PRO_FEATURE},
+    {"edge", PRO_EDGE},
+    {"csys", PRO_CSYS},
+    {"quilt", PRO_QUILT},
+    {"curve", PRO_CURVE},
+    {"composite", PRO_COMP_CURVE},
+    {"body", PRO_BODY},
 };
 
 std::optional<ProType> KindOfWord(const std::string& word) {
@@ -90,22 +95,24 @@ const Feature* FindComponent(const Model& model, const std::string& step, std::s
 std::optional<ProModelitem> FindItem(Model& model, const std::string& kind, const std::string& id,
                                      std::string* problem) {
     const auto number = Number(id);
-    const auto type = kind.empty() ? std::nullopt : KindOfWord(kind);
+    const ProType type =
+        kind.empty() ? PRO_TYPE_UNUSED : KindOfWord(kind).value_or(PRO_TYPE_UNUSED);
     if (!number) {
         *problem = fmt::format("\"{}\" behind # is no id", id);
         return std::nullopt;
     }
     const bool surface = model.HasSurface(*number);
     const bool feature = model.FindFeature(*number) != nullptr;
-    if (!type && (surface || feature)) {
+    const bool plain = type == PRO_TYPE_UNUSED;
+    if (kind.empty() && (surface || feature)) {
         return ProModelitem{surface ? PRO_SURFACE : PRO_FEATURE, *number, model.handle};
     }
-    if (!type || (*type == PRO_SURFACE && !surface) || (*type == PRO_FEATURE && !feature)) {
+    if (plain || (type == PRO_SURFACE && !surface) || (type == PRO_FEATURE && !feature)) {
         *problem = fmt::format("{} has no {} {}", model.FileName(),
                                kind.empty() ? "surface or feature" : kind, *number);
         return std::nullopt;
     }
-    return ProModelitem{*type, *number, model.handle};
+    return ProModelitem{type, *number, model.handle};
 }
 
 }  // namespace

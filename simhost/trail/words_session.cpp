@@ -1,9 +1,9 @@
 // The @ words about models, windows, folders, settings and the plug-in itself.
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 #include <filesystem>
-
-#include <fmt/format.h>
 
 #include "hostapi/windows.h"
 #include "simhost/core/text.h"
@@ -45,6 +45,15 @@ std::string TakeWord(std::string* text) {
     return word;
 }
 
+// The folder of the loaded plug-in; before it is loaded, the folder that the host knows of it.
+WideText ModuleFolder() {
+    const HMODULE module = GetModuleHandleW(WIDE("vorlatix5.1.dll"));
+    if (!module) return TheHost().textFolder;
+    WideChar buffer[MAX_PATH] = {};
+    const WideText path(buffer, GetModuleFileNameW(module, buffer, MAX_PATH));
+    return path.substr(0, path.find_last_of(WIDE('\\')));
+}
+
 void CallHook(Trail& trail, const std::function<std::string()>& hook, const char* what) {
     if (!hook) {
         trail.Fail(fmt::format("nothing here can {}", what));
@@ -61,8 +70,8 @@ void OpenModel(Trail& trail, const std::string& rest) {
     Session& session = TheHost().session;
     Model* model = session.Retrieve(file);
     if (!model) {
-        return trail.Fail(fmt::format("there is no {} in {}", file,
-                                      Utf8(session.workingDirectory)));
+        return trail.Fail(
+            fmt::format("there is no {} in {}", file, Utf8(session.workingDirectory)));
     }
     for (const std::string& missing : session.TakeMissing()) {
         trail.Say(fmt::format("missing: {}", missing));
@@ -138,7 +147,7 @@ void WriteSetting(Trail& trail, const std::string& rest) {
     if (section.empty() || key.empty()) {
         return trail.Fail("a setting is SECTION KEY VALUE, such as RmbDisable value 0");
     }
-    const WideText path = TheHost().textFolder + WIDE("\\VXconfig\\VxConfig.ini");
+    const WideText path = ModuleFolder() + WIDE("\\VXconfig\\VxConfig.ini");
     if (!WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(),
                                     Wide(ParseText(left).text).c_str(), path.c_str())) {
         trail.Fail(fmt::format("cannot write {}", Utf8(path)));

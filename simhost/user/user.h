@@ -39,8 +39,8 @@ public:
 // What the user has been shown, in order.
 struct Shown {
     enum class Kind { Box, Message, Prompt, Dialog, Program } kind;
-    WideText text;       // the box's or message's text, the dialog's name, the command line
-    Box box;             // for boxes
+    WideText text;  // the box's or message's text, the dialog's name, the command line
+    Box box;        // for boxes
 };
 
 }  // namespace simhost

@@ -320,8 +320,10 @@ class ClangTidyRuns(RuleTest):
 case "$*" in *--version*) echo 14; exit;; esac
 for last; do :; done
 echo "$last" >> "{self.root}/runs"
-grep -q BAD "$last" && echo "$last:1:1: error: bad" && exit 1
-exit 0
+grep -q BAD "$last" && echo "{self.root}/frame/b.h:1:1: error: bad" && status=1
+grep -q BROKEN "$last" && echo "$last:1:1: error: bad [clang-diagnostic-error]" && status=1
+grep -q CRASH "$last" && status=139
+exit ${{status:-0}}
 """)
         tool = self.root / "bin/clang-tidy"
         tool.chmod(tool.stat().st_mode | stat.S_IXUSR)
@@ -340,12 +342,12 @@ exit 0
             [{"directory": "/", "file": str(f), "command": f"c++ {f}"} for f in files]))
 
     def looked_at(self):
-        """Exit status, and the sources that were looked at."""
+        """Exit status, and the sources that were looked at; self.said is what was printed."""
         runs = self.root / "runs"
         runs.unlink(missing_ok=True)
         with contextlib.redirect_stdout(io.StringIO()) as said:
             status = lint.Tidy(self.root, self.root / "build/clang").run()
-        self.assertEqual(status, 1 if "error: bad" in said.getvalue() else 0)
+        self.said = said.getvalue()
         names = runs.read_text(encoding="utf-8").split("\n") if runs.exists() else []
         return status, sorted(Path(name).name for name in names if name)
 
@@ -363,6 +365,22 @@ exit 0
         self.assertEqual(self.looked_at(), (1, ["c.cpp"]))
         self.write("frame/c.cpp", "GOOD\n")
         self.assertEqual(self.looked_at(), (0, ["c.cpp"]))
+
+    def test_a_finding_in_a_header_is_shown_once(self):
+        self.write("frame/a.cpp", "BAD\n")
+        self.write("frame/c.cpp", "BAD\n")
+        self.assertEqual(self.looked_at(), (1, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.said, "frame/b.h:1:1: error: bad\n")
+
+    def test_behind_an_error_of_the_compiler_nothing_else_is_shown(self):
+        self.write("frame/c.cpp", "BAD BROKEN\n")
+        self.assertEqual(self.looked_at()[0], 1)
+        self.assertEqual(self.said, "frame/c.cpp:1:1: error: bad [clang-diagnostic-error]\n")
+
+    def test_a_crash_without_a_word_is_a_finding(self):
+        self.write("frame/c.cpp", "CRASH\n")
+        self.assertEqual(self.looked_at()[0], 1)
+        self.assertEqual(self.said, "frame/c.cpp: clang-tidy ended with 139\n")
 
 
 if __name__ == "__main__":

@@ -11,12 +11,11 @@ namespace {
 
 using sweep::Forced;
 using sweep::Scenes;
-using sweep::Story;
 using sweep::Sweep;
 using sweep::World;
 
 // Registering examines no status, by rule: what follows on a failed step is done with the id as it
-// is, and the host refuses it. A name without its text file would be no help either.
+// came, and the host refuses it.
 const Forced kNoId[] = {
     {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd: a command id that the host did not give",
      "buttons are added with the id as it came"},

@@ -224,6 +224,16 @@ TEST_F(Scripts, AFileNamesItselfInItsFailures) {
     EXPECT_EQ(trail.failures()[0].substr(0, 13), "story.trl:1: ");
 }
 
+TEST_F(Scripts, ALineBeforeTheFirstDoesNotCount) {
+    TextSource source("~ Command `Nowhere`");
+    Trail trail(source, [](const std::string&) {});
+    trail.Begin("~ Command `Runs`");
+    trail.Run();
+    EXPECT_EQ(seen, "ran ");
+    ASSERT_EQ(trail.failures().size(), 1u);
+    EXPECT_EQ(trail.failures()[0].substr(0, 8), "line 1: ");
+}
+
 TEST_F(Scripts, TheRunGoesOnAfterAFailure) {
     EXPECT_EQ(Run("~ Command `Nowhere`\n~ Command `Runs`").size(), 1u);
     EXPECT_EQ(seen, "ran ");

@@ -21,6 +21,7 @@
 #include "hostapi/host/feature.h"
 #include "hostapi/host/message.h"
 #include "hostapi/host/model.h"
+#include "hostapi/host/parameter.h"
 #include "hostapi/host/selection.h"
 #include "hostapi/host/session.h"
 #include "hostapi/host/solid.h"

@@ -1,14 +1,15 @@
 // Making, showing and ending of dialogs.
 #include "simhost/ui/dialogs.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/ui/textfield.h"
 
 namespace simhost {
 namespace {
@@ -90,8 +91,8 @@ void Dialog::RunAction(const DialogAction& action, const std::string& component)
     try {
         action.function(dialogName.data(), componentName.data(), action.data);
     } catch (const std::exception& error) {
-        TheHost().Complain(fmt::format("an action of dialog {} let an exception out: {}", name_,
-                                       error.what()));
+        TheHost().Complain(
+            fmt::format("an action of dialog {} let an exception out: {}", name_, error.what()));
     }
     --runningActions_;
 }
@@ -181,7 +182,8 @@ std::string Dialogs::Use(Verb verb, const std::string& dialog, const std::string
         return fmt::format("dialog {} is open and has to be used first, not {}", Active()->name(),
                            dialog);
     }
-    if (verb == Verb::Close) {
+    // The window itself, unless it is a menu's list that is closed.
+    if (verb == Verb::Close && !dynamic_cast<OptionMenu*>(Active()->Find(component))) {
         Active()->CloseWindow();
         return {};
     }

@@ -139,7 +139,8 @@ struct Topic {
 constexpr Topic kTopics[] = {
     {"models", ShowModels},     {"menu", ShowMenu},     {"commands", ShowCommands},
     {"dialog", ShowDialog},     {"popup", ShowPopup},   {"selection", ShowSelection},
-    {"colours", ShowColours},   {"messages", ShowMessages},
+    {"colours", ShowColours},   {"messages", ShowMessages}, {"parameters", ShowParameters},
+    {"relations", ShowRelations},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "hostapi/host.h"
 #include "simhost/trail/lexer.h"
 
 namespace simhost {
@@ -72,6 +73,7 @@ void ShowRelations(Trail& trail);
 
 void Show(Trail& trail, const std::string& rest);
 const std::vector<std::string>& ShowTopics();
+std::string ColourWords(const ProdbSurfaceProps& props);  // "255.128.0": red, green, blue
 void Note(Trail& trail, const std::string& rest);
 void Help(Trail& trail, const std::string& rest);
 void HelpWords(Trail& trail, const std::string& rest);

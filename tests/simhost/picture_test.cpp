@@ -479,11 +479,8 @@ TEST(Picture, LightComesFromTheUpperLeft) {
     Model& cube = NewPart(&session, "cube", Box({10, 10, 10}));
     int left = 0, right = 0, upper = 0;
     for (const Area& area : AreasOf(IsometricSvg(session, cube, 400))) {
-        double x = 0, y = 0;
-        for (const Point& p : area.corners) {
-            x += p.x / 4;
-            y += p.y / 4;
-        }
+        double x = 0;  // of the middle
+        for (const Point& p : area.corners) x += p.x / 4;
         const int light = std::stoi(area.fill.substr(1, 2), nullptr, 16);
         if (std::fabs(x - 200) < 1) {
             upper = light;

@@ -42,7 +42,7 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
-    ProSurfacedata box{};     // see Model::SurfaceData
+    ProSurfacedata box{};  // see Model::SurfaceData
     ProGeomitemdata data{};
 };
 
@@ -68,9 +68,9 @@ public:
     Parameters parameters;  // its own
     Relations relations;
     FamilyTable family;
-    DrawingSheets sheets;    // drawings
-    bool readOnly = false;   // released: the host lets nobody change it
-    int treeRefreshes = 0;   // how often its tree was shown afresh
+    DrawingSheets sheets;   // drawings
+    bool readOnly = false;  // released: the host lets nobody change it
+    int treeRefreshes = 0;  // how often its tree was shown afresh
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one

@@ -4,6 +4,8 @@
 
 #ifndef _WIN32
 
+#include <ctime>
+
 #include "simhost/windows/ini_text.h"
 
 using namespace simhost;
@@ -42,9 +44,9 @@ TEST(IniChange, PutsTheFirstKeyBelowItsHeader) {
 }
 
 TEST(IniChange, KeepsBytesThatNoEncodingKnows) {
-    EXPECT_EQ(WithIniKey("\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=1\r\n", WIDE("A"), WIDE("k"),
-                         WIDE("v")),
-              "\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=v\r\n");
+    EXPECT_EQ(
+        WithIniKey("\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v")),
+        "\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=v\r\n");
 }
 
 TEST(IniChange, KeepsTheEndsOfLines) {
@@ -116,10 +118,10 @@ TEST_F(SimulatedIni, IsReadOftenAndQuickly) {
     for (int i = 0; i < 5000; ++i) palette += "[" + std::to_string(i) + "]\r\nvalue=1.2.3\r\n";
     Put("a.ini", palette + "[A]\r\nk=v\r\n");
     MakeOld();
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     for (int i = 0; i < 20000; ++i) EXPECT_EQ(Read(), WIDE("v"));
     // Reading the file's 10 000 lines each time would take minutes.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
 }
 
 TEST_F(SimulatedIni, AFallbackOfBlanksIsEmpty) {
@@ -152,12 +154,11 @@ TEST_F(SimulatedIni, ThatIsReadOnlyIsNotWritten) {
 }
 
 TEST_F(SimulatedIni, WithoutAPlaceForTheValueIsAComplaint) {
-    EXPECT_EQ(GetPrivateProfileStringW(WIDE("A"), WIDE("k"), WIDE("fb"), nullptr, 8,
-                                       WIDE("C:\\a.ini")),
-              0u);
-    EXPECT_EQ(TakeComplaints(),
-              std::vector<std::string>{
-                  "GetPrivateProfileStringW: the place for the value is null"});
+    EXPECT_EQ(
+        GetPrivateProfileStringW(WIDE("A"), WIDE("k"), WIDE("fb"), nullptr, 8, WIDE("C:\\a.ini")),
+        0u);
+    EXPECT_EQ(TakeComplaints(), std::vector<std::string>{
+                                    "GetPrivateProfileStringW: the place for the value is null"});
 }
 
 TEST_F(SimulatedIni, AReadThatIsToldToFailGivesTheFallback) {

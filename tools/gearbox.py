@@ -464,6 +464,45 @@ def top_models():
                                   "assembly": "gearbox.asm", "features": []}
 
 
+MATERIALS = {"bolt": "8.8", "nut": "8", "washer": "65Mn", "o_ring": "NBR", "seal": "NBR",
+             "弹性块": "PU", "轴承": "GCr15", "视孔盖": "PMMA", "箱盖": "HT200", "housing": "HT200",
+             "gear": "40Cr", "大齿轮": "40Cr", "输": "40Cr", "中间轴": "40Cr", "铭牌": "铝",
+             "底板": "Q235A", "channel": "Q235A", "防护罩": "Q235A", "电机座": "Q235A"}
+
+
+def parameters_of(name, number, model):
+    """What every company writes into its models: number, name, and the material of parts."""
+    rows = [("代号", f"JSQ-{number:03d}"), ("名称", model["title"])]
+    if name.endswith(".prt") and model.get("solids"):
+        material = next((m for begin, m in MATERIALS.items() if name.startswith(begin)), "45")
+        rows.append(("材料", material))
+    return rows
+
+
+def drawing(name, note, sizes):
+    models[name + ".drw"] = {"note": note, "title": "工程图", "sizes": sizes, "features": []}
+
+
+def model_data():
+    """Parameters, relations, a family table, and drawings with the names of their models."""
+    for number, (name, model) in enumerate(models.items(), 1):
+        if name.endswith((".prt", ".asm")):
+            model["parameters"] = parameters_of(name, number, model)
+    part("bolt_m12", "Generic of the M12 bolts; the lengths are its instances.", "六角头螺栓 M12",
+         BLACK, [cylinder(12, -50, 0), hexagon(18, 7.5, 0)], "917 917 914")
+    for length in (50, 110):
+        models[f"bolt_m12x{length}.prt"]["family"] = {"generic": "bolt_m12.prt"}
+    # The mass follows from a relation, and so does a number that nobody else may change.
+    models["housing.prt"]["parameters"].append(("重量", 48.5))
+    models["housing.prt"]["relations"] = ["重量 = 48.5"]
+    models["washer_12.prt"]["parameters"].append(("数量", 34))
+    models["washer_12.prt"]["relations"] = ["数量 = 34"]
+    drawing("gearbox", "General arrangement of the gearbox.", ["A0"])
+    drawing("housing", "Housing: castings and machining.", ["A1", "A3"])
+    drawing("output_shaft", "Output shaft with its gear.", ["A2"])
+    drawing("gear_z60", "Wheel of the second stage.", ["A3"])
+
+
 def define_all():
     standard_parts()
     housing_parts()
@@ -477,6 +516,7 @@ def define_all():
     drive_assemblies()
     base_group()
     top_models()
+    model_data()
     for name, model in models.items():
         assert len(name.split(".")[0]) <= 31 and name == name.lower(), name
         ids = [row["id"] for row in model["features"]]
@@ -521,7 +561,8 @@ def solid_lines(solids):
 
 
 def model_text(name, model):
-    kind = {"prt": "part", "asm": "assembly", "mfg": "manufacturing"}[name[-3:]]
+    kinds = {"prt": "part", "asm": "assembly", "mfg": "manufacturing", "drw": "drawing"}
+    kind = kinds[name[-3:]]
     lines = ["# " + model["note"], "[model]", f'type = "{kind}"']
     lines += [f"{key} = {toml(value)}" for key, value in model.get("flags", {}).items()]
     lines.append(f'title = "{model["title"]}"')
@@ -531,6 +572,15 @@ def model_text(name, model):
         lines += ["", "[appearance]",
                   "color = [" + ", ".join(f"{c:.2f}" for c in model["colour"]) + "]",
                   f"transparency = {model['clear']:.1f}"]
+    for key, value in model.get("parameters", []):
+        value = f"{value:.1f}" if isinstance(value, float) else toml(value)
+        lines += ["", "[[parameter]]", f"name = {toml(key)}", f"value = {value}"]
+    if "relations" in model:
+        lines += ["", "[relations]", f"initial = {toml(model['relations'])}"]
+    if model.get("family"):
+        lines += ["", "[family]", f"generic = {toml(model['family']['generic'])}"]
+    if "sizes" in model:
+        lines += ["", "[sheets]", f"sizes = {toml(model['sizes'])}"]
     lines += solid_lines(model.get("solids", []))
     for row in model["features"]:
         lines += ["", "[[feature]]"] + [f"{key} = {toml(value)}" for key, value in row.items()]
@@ -578,8 +628,8 @@ centred on its own +x axis; the wheels are turned by half a pitch, so that the t
 
 ## Tree
 
-{files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model. Below `gearbox.asm`
-stand {places} components in {levels} levels, the top included.
+{files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model, {drawings} drawings.
+Below `gearbox.asm` stand {places} components in {levels} levels, the top included.
 
 ```
 {tree}
@@ -596,6 +646,11 @@ stand {places} components in {levels} levels, the top included.
 - Suppressed: `transport_lock.prt`. Hidden: `空间包络.prt`. Both stand in `gearbox.asm`.
 - Skeleton without solids: `gearbox_skel.prt`. Sheet metal: `防护罩.prt`.
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
+- Parameters: 代号 and 名称 everywhere, 材料 on parts. Relations decide 重量 of `housing.prt` and
+  数量 of `washer_12.prt`, so nobody else can change these two.
+- Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it stands in no assembly.
+- Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
+  more yet than the sizes of their sheets.
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.
 - Names are partly Chinese, partly English, as they are in real projects.
 - Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there) and
@@ -612,6 +667,7 @@ def readme_text():
         a2=X_OUT - X_MID, i=Z2 / Z1 * Z4 / Z3, files=len(models),
         asms=sum(n.endswith(".asm") for n in models),
         parts=sum(n.endswith(".prt") for n in models),
+        drawings=sum(n.endswith(".drw") for n in models),
         places=sum(total.values()), tree="\n".join(tree),
         levels=1 + max((len(t) - len(t.lstrip())) // 4 for t in tree),
         often=", ".join(f"`{n}` ({total[n]})" for n in names))

@@ -43,8 +43,9 @@ protected:
 };
 
 TEST_F(SettingsDialog, ShowsTheValuesOfTheFile) {
-    WriteIni("[SetLastDir]\r\nvalue=1\r\n[CompCopyAutoNum]\r\nvalue=byUser\r\n"
-             "[A4HPrtpath]\r\npath=C:\\my templates\\a4.drw\r\n");
+    WriteIni(
+        "[SetLastDir]\r\nvalue=1\r\n[CompCopyAutoNum]\r\nvalue=byUser\r\n"
+        "[A4HPrtpath]\r\npath=C:\\my templates\\a4.drw\r\n");
     const std::string picture = Picture();
     Expect(picture, "SetLastDir = 1 (of 1, 0)");
     Expect(picture, "CompCopyAutoNum = byUser");
@@ -66,11 +67,12 @@ TEST_F(SettingsDialog, SavingWritesEverySectionOnceAndStaysOpen) {
     const std::string ini = Ini();
     std::size_t last = 0;
     for (const char* name :
-         {"SetLastDir", "AsmAssembly", "PrtAssembly", "SmtAssembly", "CompCopyAutoNum",
-          "VxExportDwgDIr", "VxExportPdfDIr", "VxExportStpDir", "VxRandomColorOpt",
-          "VxCountForInstance", "RmbDisable", "TweViewsUseAutoMainView", "A0Asmpath", "A0Prtpath",
-          "A1Asmpath", "A1Prtpath", "A2Asmpath", "A2Prtpath", "A3Asmpath", "A3Prtpath",
-          "A4Asmpath", "A4Prtpath", "A4HAsmpath", "A4HPrtpath"}) {
+         {"SetLastDir",       "AsmAssembly",        "PrtAssembly",    "SmtAssembly",
+          "CompCopyAutoNum",  "VxExportDwgDIr",     "VxExportPdfDIr", "VxExportStpDir",
+          "VxRandomColorOpt", "VxCountForInstance", "RmbDisable",     "TweViewsUseAutoMainView",
+          "A0Asmpath",        "A0Prtpath",          "A1Asmpath",      "A1Prtpath",
+          "A2Asmpath",        "A2Prtpath",          "A3Asmpath",      "A3Prtpath",
+          "A4Asmpath",        "A4Prtpath",          "A4HAsmpath",     "A4HPrtpath"}) {
         const std::size_t at = ini.find("[" + std::string(name) + "]");
         ASSERT_NE(at, std::string::npos) << name;
         EXPECT_GE(at, last) << name;
@@ -158,16 +160,15 @@ TEST_F(SettingsDialog, APanelThatCannotBeReadLeavesItsPath) {
 
 TEST_F(SettingsDialog, TheResourceOffersEveryValueThatTheCommandsKnow) {
     const std::string picture = Picture();
-    for (const char* group :
-         {"SetLastDir = 0 (of 1, 0)", "AsmAssembly = 1 (of 1, 0)", "PrtAssembly = 1 (of 1, 0)",
-          "SmtAssembly = 1 (of 1, 0)", "RmbDisable = 0 (of 0, 1)",
-          "TweViewsUseAutoMainView = 1 (of 1, 0)",
-          "CompCopyAutoNum = byAsm (of byComp, byAsm, byUser)",
-          "VxRandomColorOpt = Optimization (of asUG, Optimization, random)",
-          "VxExportDwgDIr = deskTop (of deskTop, byUser, none)",
-          "VxExportPdfDIr = deskTop (of deskTop, byUser, none)",
-          "VxExportStpDir = deskTop (of deskTop, byUser)",
-          "VxCountForInstance = true (of true, false)"}) {
+    for (const char* group : {"SetLastDir = 0 (of 1, 0)", "AsmAssembly = 1 (of 1, 0)",
+                              "PrtAssembly = 1 (of 1, 0)", "SmtAssembly = 1 (of 1, 0)",
+                              "RmbDisable = 0 (of 0, 1)", "TweViewsUseAutoMainView = 1 (of 1, 0)",
+                              "CompCopyAutoNum = byAsm (of byComp, byAsm, byUser)",
+                              "VxRandomColorOpt = Optimization (of asUG, Optimization, random)",
+                              "VxExportDwgDIr = deskTop (of deskTop, byUser, none)",
+                              "VxExportPdfDIr = deskTop (of deskTop, byUser, none)",
+                              "VxExportStpDir = deskTop (of deskTop, byUser)",
+                              "VxCountForInstance = true (of true, false)"}) {
         Expect(picture, group);
     }
 }
@@ -181,11 +182,11 @@ TEST_F(SettingsDialog, TheComponentsAreFilledInTheOrderOfTheirTable) {
         const std::size_t at = line.find("component=\"") + 11;
         groups.push_back(line.substr(at, line.find('"', at) - at));
     }
-    EXPECT_EQ(groups, (std::vector<std::string>{
-                          "SetLastDir", "AsmAssembly", "PrtAssembly", "SmtAssembly", "RmbDisable",
-                          "TweViewsUseAutoMainView", "CompCopyAutoNum", "VxRandomColorOpt",
-                          "VxExportDwgDIr", "VxExportPdfDIr", "VxExportStpDir",
-                          "VxCountForInstance"}));
+    EXPECT_EQ(groups,
+              (std::vector<std::string>{"SetLastDir", "AsmAssembly", "PrtAssembly", "SmtAssembly",
+                                        "RmbDisable", "TweViewsUseAutoMainView", "CompCopyAutoNum",
+                                        "VxRandomColorOpt", "VxExportDwgDIr", "VxExportPdfDIr",
+                                        "VxExportStpDir", "VxCountForInstance"}));
 }
 
 }  // namespace

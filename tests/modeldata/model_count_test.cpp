@@ -28,7 +28,8 @@ protected:
     }
     static std::string Failed(const std::string& names) {
         return "@ expect box \"以下模型“数量”参数创建/更新失败，请检查参数是否存在关系锁定等原因，"
-               "需手动处理：\\n" + names + "\"\n@ ok\n";
+               "需手动处理：\\n" +
+               names + "\"\n@ ok\n";
     }
     std::string NumberOf(const Model& model) {
         const Parameter* found = model.parameters.Find(WIDE("数量"));
@@ -131,8 +132,9 @@ TEST_F(ModelCount, AFailedCreationIsNamedToo) {
 
 TEST_F(ModelCount, OutsideAssembliesItIsRefused) {
     Operation::Fail({"ProMdlTypeGet", 1, false, PRO_TK_GENERAL_ERROR});
-    Play("~ Command `VxMdlCount`\n@ expect box \"此功能仅组件/制造环境可用！\"\n"
-         "@ expect caption none\n@ ok");
+    Play(
+        "~ Command `VxMdlCount`\n@ expect box \"此功能仅组件/制造环境可用！\"\n"
+        "@ expect caption none\n@ ok");
     EXPECT_EQ(NumberOf(*a_), "none");
 }
 

@@ -23,9 +23,10 @@ protected:
         Use(assembly, model).placement = PlacementFrom(at, turn);
     }
     void Run(const std::string& steps) {
-        Play("~ Command `VxParams`\n~ Input `VxParams` `outlinePname` `SIZE`\n"
-             "~ Input `VxParams` `shSizePname` `SHEET`\n" +
-             steps + "\n~ Activate `VxParams` `Close`");
+        Play(
+            "~ Command `VxParams`\n~ Input `VxParams` `outlinePname` `SIZE`\n"
+            "~ Input `VxParams` `shSizePname` `SHEET`\n" +
+            steps + "\n~ Activate `VxParams` `Close`");
     }
     std::string ValueOn(const Model& model, const char* name = "SIZE") {
         const Parameter* found = model.parameters.Find(Wide(name));

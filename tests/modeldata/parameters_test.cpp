@@ -71,7 +71,8 @@ TEST_F(BatchParameters, UnreadableNumbersAreZero) {
 
 TEST_F(BatchParameters, ABooleanTakesYesInAnyCaseButNoInCapitalsOnly) {
     const std::string refusal =
-        "@ expect box \"布尔类型参数值只可为'YES'或'NO',请重新输入!\"\n@ expect caption none\n@ ok\n";
+        "@ expect box \"布尔类型参数值只可为'YES'或'NO',请重新输入!\"\n"
+        "@ expect caption none\n@ ok\n";
     Run(Fill("P", "no", "是/否") + kAdd + refusal + Fill("P", "No", "是/否") + kAdd + refusal +
         Fill("P", "1", "是/否") + kAdd + refusal);
     EXPECT_EQ(ValueOn(*a_, "P"), "none");
@@ -203,14 +204,16 @@ TEST_F(BatchParameters, WithoutATypeNothingIsWritten) {
 // --- Settings ---
 
 TEST_F(BatchParameters, SavedSettingsComeBack) {
-    WriteIni("[InputKeyWords]\r\ncontent=M8 BOLT\r\n[VxOutlineOrder]\r\ncontent=0\r\n"
-             "[VxOutlineNum]\r\ncontent=2 dp\r\n[outlinePname]\r\ncontent=SIZE old\r\n"
-             "[shSizePname]\r\ncontent=SHEET\r\n");
+    WriteIni(
+        "[InputKeyWords]\r\ncontent=M8 BOLT\r\n[VxOutlineOrder]\r\ncontent=0\r\n"
+        "[VxOutlineNum]\r\ncontent=2 dp\r\n[outlinePname]\r\ncontent=SIZE old\r\n"
+        "[shSizePname]\r\ncontent=SHEET\r\n");
     // A press keeps what is shown: the values as they arrived in the components.
     Run(Fill("P", "1", "整数") + kAdd);
-    EXPECT_EQ(ReadIni(), "[InputKeyWords]\r\ncontent=M8 BOLT\r\n[VxOutlineOrder]\r\ncontent=0\r\n"
-                         "[VxOutlineNum]\r\ncontent=2\r\n[outlinePname]\r\ncontent=SIZE\r\n"
-                         "[shSizePname]\r\ncontent=SHEET\r\n");
+    EXPECT_EQ(ReadIni(),
+              "[InputKeyWords]\r\ncontent=M8 BOLT\r\n[VxOutlineOrder]\r\ncontent=0\r\n"
+              "[VxOutlineNum]\r\ncontent=2\r\n[outlinePname]\r\ncontent=SIZE\r\n"
+              "[shSizePname]\r\ncontent=SHEET\r\n");
 }
 
 TEST_F(BatchParameters, SavedKeywordsShowInBothFieldsButTheSecondIsNotKept) {
@@ -226,14 +229,13 @@ TEST_F(BatchParameters, SavedKeywordsShowInBothFieldsButTheSecondIsNotKept) {
 }
 
 TEST_F(BatchParameters, WithoutAFileTextsAreEmptyAndTheCheckButtonIsAsTheDialogHasIt) {
-    std::filesystem::remove(
-        host().disk.Real(kTextFolder + WIDE("\\VXconfig\\VxParams.ini")));
+    std::filesystem::remove(host().disk.Real(kTextFolder + WIDE("\\VXconfig\\VxParams.ini")));
     std::string picture;
     RunScript("~ Command `VxParams`\n@ show dialog\n~ Close `VxParams`",
               [&](const std::string& line) { picture += line + '\n'; });
-    for (const char* empty : {"InputKeyWords = \"\"", "InputKeyWords2 = \"\"",
-                              "VxOutlineNum = \"\"", "outlinePname = \"\"", "shSizePname = \"\"",
-                              "VxOutlineOrder = set"}) {
+    for (const char* empty :
+         {"InputKeyWords = \"\"", "InputKeyWords2 = \"\"", "VxOutlineNum = \"\"",
+          "outlinePname = \"\"", "shSizePname = \"\"", "VxOutlineOrder = set"}) {
         EXPECT_NE(picture.find(empty), std::string::npos) << empty << '\n' << picture;
     }
 }

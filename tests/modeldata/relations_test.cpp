@@ -45,8 +45,7 @@ protected:
     Lines Initial(const Model& model) { return model.relations.initial.value_or(Lines{}); }
 
     const std::string added_ = "\\t批量关系创建操作已完成|岚枢QQ②群:100200301，①群:10020030\\t";
-    const std::string addedNew_ =
-        "\\t批量关系追加操作已完成|岚枢QQ②群:100200301，①群:10020030\\t";
+    const std::string addedNew_ = "\\t批量关系追加操作已完成|岚枢QQ②群:100200301，①群:10020030\\t";
     const std::string covered_ = "\\t批量关系覆盖操作已完成|岚枢QQ②群:100200301，①群:10020030\\t";
     const std::string none_ = "当前模型中没有合适的子零件/组件";
     Model *top_, *a_, *b_, *sub_, *sheet_;

@@ -1,7 +1,7 @@
 // The keywords with which a designer leaves models out of a batch.
-#include "modeldata/keyword_filter.h"
-
 #include <gtest/gtest.h>
+
+#include "modeldata/keyword_filter.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The text of a model's outline size.
-#include "modeldata/outline_text.h"
-
 #include <gtest/gtest.h>
+
+#include "modeldata/outline_text.h"
 
 namespace {
 
@@ -44,8 +44,7 @@ TEST(OutlineText, OrdersByTheUnroundedExtents) {
     // Both are 10 with no places, yet y is the larger one.
     EXPECT_EQ(OutlineText({9.6, 10.4, 5}, 0, OutlineOrder::LargestFirst), WIDE("10×10×5"));
     // x first among equals; then z = 1.04 before y = 1.0 although both show as 1.
-    EXPECT_EQ(OutlineText({2.25, 1.0, 1.04}, 2, OutlineOrder::LargestFirst),
-              WIDE("2.25×1.04×1"));
+    EXPECT_EQ(OutlineText({2.25, 1.0, 1.04}, 2, OutlineOrder::LargestFirst), WIDE("2.25×1.04×1"));
     EXPECT_EQ(OutlineText({50, 100, 100}, 0, OutlineOrder::LargestFirst), WIDE("100×100×50"));
 }
 

@@ -11,7 +11,6 @@ namespace {
 
 using sweep::Forced;
 using sweep::Scenes;
-using sweep::Story;
 using sweep::Sweep;
 using sweep::World;
 

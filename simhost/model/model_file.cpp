@@ -1,129 +1,77 @@
-// Reading models from the text that a designer wrote or keeps under version control. What is there
-// must be of the right kind, and nothing else may be there: whoever mistypes something learns in
-// which file and line, and what was expected.
+// Models as text that a designer can read, write by hand and keep under version control. Whoever
+// mistypes something learns in which file and line, and what was expected.
+#include "simhost/model/model_file.h"
+
 #include <toml++/toml.h>
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <climits>
 #include <cmath>
+#include <initializer_list>
 #include <string_view>
 #include <unordered_set>
 
 #include "simhost/core/text.h"
-#include "simhost/model/model_file.h"
-#include "simhost/model/model_file_keys.h"
+#include "simhost/model/model_file_data.h"
+#include "simhost/model/model_text.h"
 
 namespace simhost {
+
+using namespace model_text;
 
 namespace {
 
 using std::string_view;
 
-// --- Values of the right kind ---
+// --- The words and keys of the format, for reading and writing ---
 
-using Keys = std::vector<string_view>;
+// The numbers of an appearance; the two colours follow them.
+struct AppearanceKey {
+    const char* key;
+    double ProdbSurfaceProps::*value;
+};
+constexpr AppearanceKey kAppearanceKeys[] = {
+    {"ambient", &ProdbSurfaceProps::ambient},
+    {"diffuse", &ProdbSurfaceProps::diffuse},
+    {"highlight", &ProdbSurfaceProps::highlight},
+    {"shininess", &ProdbSurfaceProps::shininess},
+    {"reserved", &ProdbSurfaceProps::reserved},
+    {"transparency", &ProdbSurfaceProps::transparency},
+    {"reflection", &ProdbSurfaceProps::reflection},
+};
 
-[[noreturn]] void Fail(const toml::source_region& where, const std::string& what) {
-    const std::string file = where.path ? *where.path : std::string("model");
-    throw ModelFileError(file + ':' + std::to_string(where.begin.line) + ": " + what);
-}
+// The plain sizes of each shape. `mayBeZero`: the shape still makes sense without it.
+struct SizeKey {
+    Shape shape;
+    const char* key;
+    double Solid::*value;
+    bool mayBeZero;
+};
+constexpr SizeKey kSizeKeys[] = {
+    {Shape::Cylinder, "diameter", &Solid::diameter, false},
+    {Shape::Cylinder, "length", &Solid::length, false},
+    {Shape::Tube, "outer", &Solid::outer, false},
+    {Shape::Tube, "inner", &Solid::inner, false},
+    {Shape::Tube, "length", &Solid::length, false},
+    {Shape::Cone, "diameter", &Solid::diameter, true},
+    {Shape::Cone, "top", &Solid::top, true},
+    {Shape::Cone, "length", &Solid::length, false},
+    {Shape::Gear, "module", &Solid::module, false},
+    {Shape::Gear, "width", &Solid::width, false},
+    {Shape::Gear, "bore", &Solid::bore, true},
+    {Shape::Prism, "height", &Solid::height, false},
+};
 
-std::string Quoted(string_view word) {
-    return '"' + std::string(word) + '"';
-}
+// Fewer teeth leave no root circle; more are surely a slip.
+constexpr int kFewestTeeth = 3;
+constexpr int kMostTeeth = 10000;
 
-void Allow(const toml::table& table, const Keys& keys) {
-    for (const auto& [key, value] : table) {
-        if (std::find(keys.begin(), keys.end(), key.str()) != keys.end()) continue;
-        Fail(key.source(), "unknown key " + Quoted(key.str()));
-    }
-}
-
-void OnlyIn(const Model& model, ProMdlType type, const toml::node* node, string_view key) {
-    if (!node || model.type == type) return;
-    for (const TypeWord& row : kTypes) {
-        if (row.type != type) continue;
-        Fail(node->source(), Quoted(key) + " belongs only in a model of type " + Quoted(row.word));
-    }
-}
-
-const toml::node& Require(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    if (!node) Fail(table.source(), Quoted(key) + " is missing");
-    return *node;
-}
-
-const toml::table* Table(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    if (!node) return nullptr;
-    if (!node->is_table()) {
-        Fail(node->source(), Quoted(key) + " must be a table: [" + std::string(key) + "]");
-    }
-    return node->as_table();
-}
-
-template <class Each>
-void EachTable(const toml::table& root, string_view key, Each each) {
-    const toml::node* node = root.get(key);
-    if (!node) return;
-    const std::string name(key);
-    const std::string what = Quoted(key) + " must be a list of tables: [[" + name + "]]";
-    if (!node->is_array()) Fail(node->source(), what);
-    for (const toml::node& one : *node->as_array()) {
-        if (!one.is_table()) Fail(one.source(), what);
-        each(*one.as_table());
-    }
-}
-
-double NumberOf(const toml::node& node, string_view key) {
-    const auto number = node.is_number() ? node.value<double>() : std::nullopt;
-    if (!number || !std::isfinite(*number)) {
-        Fail(node.source(), Quoted(key) + " must be a number");
-    }
-    return *number;
-}
-
-int Integer(const toml::node& node, string_view key, int least) {
-    const auto* whole = node.as_integer();
-    if (!whole || whole->get() < least || whole->get() > INT_MAX) {
-        Fail(node.source(), Quoted(key) + " must be a whole number" +
-                                (least > INT_MIN ? ", at least " + std::to_string(least) : ""));
-    }
-    return int(whole->get());
-}
-
-bool Flag(const toml::table& table, string_view key, bool byDefault) {
-    const toml::node* node = table.get(key);
-    if (!node) return byDefault;
-    if (!node->is_boolean()) Fail(node->source(), Quoted(key) + " must be true or false");
-    return node->as_boolean()->get();
-}
-
-std::string Text(const toml::node& node, string_view key) {
-    if (!node.is_string()) Fail(node.source(), Quoted(key) + " must be a text in quotes");
-    return node.as_string()->get();
-}
-
-std::string Text(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    return node ? Text(*node, key) : std::string();
-}
-
-void Numbers(const toml::node& node, string_view key, double* values, std::size_t count) {
-    const toml::array* list = node.as_array();
-    if (!list || list->size() != count) {
-        Fail(node.source(),
-             Quoted(key) + " must be a list of " + std::to_string(count) + " numbers");
-    }
-    for (std::size_t i = 0; i < count; ++i) values[i] = NumberOf(*list->get(i), key);
-}
-
-Vec3 Vector(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    std::array<double, 3> v{};
-    if (node) Numbers(*node, key, v.data(), v.size());
-    return {v[0], v[1], v[2]};
+bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
+    return std::any_of(solids.begin(), solids.end(), [id](const Solid& solid) {
+        return id > solid.id && id <= solid.id + SurfaceCount(solid);
+    });
 }
 
 // Values of an appearance, left as they are where the key is missing.
@@ -141,14 +89,14 @@ void Share(const toml::table& table, string_view key, double* values, std::size_
 }
 
 void ReadModel(const toml::table& table, Model* model) {
-    Allow(table, {"type", "subtype", "skeleton", "title"});
+    Allow(table, {"type", "subtype", "skeleton", "title", "read_only"});
     const toml::node& typeNode = Require(table, "type");
     const std::string word = Text(typeNode, "type");
-    const auto row = std::find_if(std::begin(kTypes), std::end(kTypes),
-                                  [&](const TypeWord& one) { return one.word == word; });
-    if (row == std::end(kTypes)) Fail(typeNode.source(), "unknown model type " + Quoted(word));
-    model->type = row->type;
-    model->subtype = row->type == PRO_MDL_PART ? PROMDLSTYPE_PART_SOLID : PROMDLSTYPE_NONE;
+    model->type = ModelTypeOfWord(word);
+    if (model->type == PRO_MDL_UNUSED) {
+        Fail(typeNode.source(), "unknown model type " + Quoted(word));
+    }
+    model->subtype = model->type == PRO_MDL_PART ? PROMDLSTYPE_PART_SOLID : PROMDLSTYPE_NONE;
 
     OnlyIn(*model, PRO_MDL_PART, table.get("subtype"), "subtype");
     OnlyIn(*model, PRO_MDL_PART, table.get("skeleton"), "skeleton");
@@ -161,6 +109,7 @@ void ReadModel(const toml::table& table, Model* model) {
     }
     model->skeleton = Flag(table, "skeleton", false);
     model->title = Text(table, "title");
+    model->readOnly = Flag(table, "read_only", false);
 }
 
 Keys AppearanceKeys() {
@@ -233,16 +182,6 @@ void ReadOutline(const toml::table& table, Solid* solid) {
 }
 
 // --- Solids, surfaces and features ---
-
-// Fewer teeth leave no root circle; more are surely a slip.
-constexpr int kFewestTeeth = 3;
-constexpr int kMostTeeth = 10000;
-
-bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
-    return std::any_of(solids.begin(), solids.end(), [id](const Solid& solid) {
-        return id > solid.id && id <= solid.id + SurfaceCount(solid);
-    });
-}
 
 void ReadSizes(const toml::table& table, Solid* solid) {
     Keys keys{"id", "shape", "at", "turn"};
@@ -370,7 +309,9 @@ void ReadFeature(const toml::table& table, std::unordered_set<int>* ids, Model* 
 }
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {
-    Allow(root, {"model", "appearance", "solid", "surface", "feature", "manufacturing"});
+    Keys keys{"model", "appearance", "solid", "surface", "feature", "manufacturing"};
+    for (const string_view key : ModelDataKeys()) keys.push_back(key);
+    Allow(root, keys);
     const toml::table* about = Table(root, "model");
     if (!about) throw ModelFileError(fileName + ":1: the table [model] is missing");
     ReadModel(*about, model);
@@ -392,6 +333,81 @@ void ReadRoot(const toml::table& root, const std::string& fileName, Model* model
         model->manufacturedFile = Text(file, "assembly");
         if (model->manufacturedFile.empty()) Fail(file.source(), "\"assembly\" must not be empty");
     }
+    ReadModelData(root, model);
+}
+
+// --- Writing: keys in the order that readers expect, and only what is not as usual ---
+
+std::string ColourList(const double* colour) {
+    return ListText({colour[0], colour[1], colour[2]});
+}
+
+// Angles come back from a placement with the last digits blurred: ten decimals say all.
+double TidyAngle(double degrees) {
+    return std::round(degrees * 1e10) / 1e10;
+}
+
+void AddAppearance(std::string* text, const ProdbSurfaceProps& props) {
+    const ProdbSurfaceProps usual = DefaultAppearance();
+    for (const AppearanceKey& row : kAppearanceKeys) {
+        const double value = props.*row.value;
+        if (value != usual.*row.value) Line(text, row.key, NumberText(value));
+    }
+    if (!std::equal(props.colour, props.colour + 3, usual.colour)) {
+        Line(text, "color", ColourList(props.colour));
+    }
+    if (!std::equal(props.highlightColour, props.highlightColour + 3, usual.highlightColour)) {
+        Line(text, "highlight_color", ColourList(props.highlightColour));
+    }
+}
+
+void AddModel(std::string* text, const Model& model) {
+    *text += "[model]\n";
+    Line(text, "type", TextText(WordOfModelType(model.type)));
+    if (model.subtype == PROMDLSTYPE_PART_SHEETMETAL) Line(text, "subtype", "\"sheetmetal\"");
+    if (model.skeleton) Line(text, "skeleton", "true");
+    if (!model.title.empty()) Line(text, "title", TextText(model.title));
+    if (model.readOnly) Line(text, "read_only", "true");
+}
+
+void AddSolid(std::string* text, const Solid& solid) {
+    *text += "\n[[solid]]\n";
+    Line(text, "id", std::to_string(solid.id));
+    Line(text, "shape", TextText(ShapeName(solid.shape)));
+    if (solid.shape == Shape::Box) AddVector(text, "size", solid.size);
+    if (solid.shape == Shape::Gear) Line(text, "teeth", std::to_string(solid.teeth));
+    if (solid.shape == Shape::Prism) {
+        std::string list;
+        for (const Point2& p : solid.outline) {
+            list += (list.empty() ? "[" : ", ") + ListText({p[0], p[1]});
+        }
+        Line(text, "outline", list + ']');
+    }
+    for (const SizeKey& row : kSizeKeys) {
+        if (row.shape != solid.shape || (row.mayBeZero && solid.*row.value == 0)) continue;
+        Line(text, row.key, NumberText(solid.*row.value));
+    }
+    AddVector(text, "at", solid.at);
+    AddVector(text, "turn", solid.turn);
+}
+
+void AddFeature(std::string* text, const Feature& feature) {
+    *text += "\n[[feature]]\n";
+    Line(text, "id", std::to_string(feature.id));
+    Line(text, "type", std::to_string(feature.type));
+    if (!feature.name.empty()) Line(text, "name", TextText(Utf8(feature.name)));
+    if (feature.status != PRO_FEAT_ACTIVE) {
+        Line(text, "status", TextText(StatusName(feature.status)));
+    }
+    if (feature.flags != 0) Line(text, "flags", std::to_string(feature.flags));
+    if (!feature.visible) Line(text, "visible", "false");
+    if (feature.hidden) Line(text, "hidden", "true");
+    if (feature.type != PRO_FEAT_COMPONENT) return;
+    // A model in memory may have another name by now.
+    Line(text, "model", TextText(feature.model ? feature.model->FileName() : feature.file));
+    AddVector(text, "at", feature.placement.origin);
+    const Vec3 turn = TurnOf(feature.placement);
+    AddVector(text, "turn", {TidyAngle(turn.x), TidyAngle(turn.y), TidyAngle(turn.z)});
 }
 
 }  // namespace
@@ -402,6 +418,30 @@ void ReadModelText(const std::string& text, const std::string& fileName, Model* 
     } catch (const toml::parse_error& error) {
         Fail(error.source(), std::string(error.description()));
     }
+}
+
+std::string ModelText(const Model& model) {
+    std::string text;
+    AddModel(&text, model);
+    const Model* assembly = model.manufactured;
+    const std::string work = assembly ? assembly->FileName() : model.manufacturedFile;
+    if (!work.empty()) {
+        text += "\n[manufacturing]\n";
+        Line(&text, "assembly", TextText(work));
+    }
+    if (model.appearance) {
+        text += "\n[appearance]\n";
+        AddAppearance(&text, *model.appearance);
+    }
+    AddModelData(&text, model);
+    for (const Solid& solid : model.solids) AddSolid(&text, solid);
+    for (const auto& [id, props] : model.surfaceAppearances) {
+        text += "\n[[surface]]\n";
+        Line(&text, "id", std::to_string(id));
+        AddAppearance(&text, props);
+    }
+    for (const Feature& feature : model.features()) AddFeature(&text, feature);
+    return text;
 }
 
 }  // namespace simhost

@@ -27,5 +27,8 @@ HOST_API ProError ProMdlNameGet(ProMdl model, ProName name);
 HOST_API ProError ProMdlTypeGet(ProMdl model, ProMdlType* type);
 HOST_API ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype);
 
+// The model as an item, as which it owns parameters and relations.
+HOST_API ProError ProMdlToModelitem(ProMdl model, ProModelitem* item);
+
 // The assembly that a manufacturing model works on. PRO_TK_BAD_INPUTS: not such a model.
 HOST_API ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly);

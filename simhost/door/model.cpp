@@ -52,6 +52,18 @@ ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype) {
         "model", model, "subtype", Out(subtype));
 }
 
+ProError ProMdlToModelitem(ProMdl model, ProModelitem* item) {
+    static Operation op("ProMdlToModelitem");
+    return op.Call(
+        [&] {
+            Need(item, "the place for the item");
+            const Model& found = TheHost().session.Require(model);
+            *item = {ProType(found.type), -1, found.handle};
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "item", Out(item));
+}
+
 ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {
     static Operation op("ProMfgAssemGet");
     return op.Call(

@@ -11,6 +11,7 @@
 
 #include "hostapi/host.h"
 #include "simhost/model/geometry.h"
+#include "simhost/model/parameters.h"
 
 namespace simhost {
 
@@ -59,6 +60,7 @@ public:
     std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
     std::string manufacturedFile;                         // manufacturing models: their assembly
     Model* manufactured = nullptr;
+    Parameters parameters;  // its own
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one

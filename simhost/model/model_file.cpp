@@ -14,23 +14,18 @@
 #include <unordered_set>
 
 #include "simhost/core/text.h"
+#include "simhost/model/model_file_data.h"
+#include "simhost/model/model_text.h"
 
 namespace simhost {
+
+using namespace model_text;
 
 namespace {
 
 using std::string_view;
 
 // --- The words and keys of the format, for reading and writing ---
-
-struct TypeWord {
-    const char* word;
-    ProMdlType type;
-};
-constexpr TypeWord kTypes[] = {
-    {"part", PRO_MDL_PART},       {"assembly", PRO_MDL_ASSEMBLY}, {"manufacturing", PRO_MDL_MFG},
-    {"drawing", PRO_MDL_DRAWING}, {"format", PRO_MDL_DWGFORM},
-};
 
 // The numbers of an appearance; the two colours follow them.
 struct AppearanceKey {
@@ -79,112 +74,6 @@ bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
     });
 }
 
-// --- Reading: what is there must be of the right kind, and nothing else may be there ---
-
-using Keys = std::vector<string_view>;
-
-[[noreturn]] void Fail(const toml::source_region& where, const std::string& what) {
-    const std::string file = where.path ? *where.path : std::string("model");
-    throw ModelFileError(file + ':' + std::to_string(where.begin.line) + ": " + what);
-}
-
-std::string Quoted(string_view word) {
-    return '"' + std::string(word) + '"';
-}
-
-void Allow(const toml::table& table, const Keys& keys) {
-    for (const auto& [key, value] : table) {
-        if (std::find(keys.begin(), keys.end(), key.str()) != keys.end()) continue;
-        Fail(key.source(), "unknown key " + Quoted(key.str()));
-    }
-}
-
-void OnlyIn(const Model& model, ProMdlType type, const toml::node* node, string_view key) {
-    if (!node || model.type == type) return;
-    for (const TypeWord& row : kTypes) {
-        if (row.type != type) continue;
-        Fail(node->source(), Quoted(key) + " belongs only in a model of type " + Quoted(row.word));
-    }
-}
-
-const toml::node& Require(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    if (!node) Fail(table.source(), Quoted(key) + " is missing");
-    return *node;
-}
-
-const toml::table* Table(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    if (!node) return nullptr;
-    if (!node->is_table()) {
-        Fail(node->source(), Quoted(key) + " must be a table: [" + std::string(key) + "]");
-    }
-    return node->as_table();
-}
-
-template <class Each>
-void EachTable(const toml::table& root, string_view key, Each each) {
-    const toml::node* node = root.get(key);
-    if (!node) return;
-    const std::string name(key);
-    const std::string what = Quoted(key) + " must be a list of tables: [[" + name + "]]";
-    if (!node->is_array()) Fail(node->source(), what);
-    for (const toml::node& one : *node->as_array()) {
-        if (!one.is_table()) Fail(one.source(), what);
-        each(*one.as_table());
-    }
-}
-
-double NumberOf(const toml::node& node, string_view key) {
-    const auto number = node.is_number() ? node.value<double>() : std::nullopt;
-    if (!number || !std::isfinite(*number)) {
-        Fail(node.source(), Quoted(key) + " must be a number");
-    }
-    return *number;
-}
-
-int Integer(const toml::node& node, string_view key, int least) {
-    const auto* whole = node.as_integer();
-    if (!whole || whole->get() < least || whole->get() > INT_MAX) {
-        Fail(node.source(), Quoted(key) + " must be a whole number" +
-                                (least > INT_MIN ? ", at least " + std::to_string(least) : ""));
-    }
-    return int(whole->get());
-}
-
-bool Flag(const toml::table& table, string_view key, bool byDefault) {
-    const toml::node* node = table.get(key);
-    if (!node) return byDefault;
-    if (!node->is_boolean()) Fail(node->source(), Quoted(key) + " must be true or false");
-    return node->as_boolean()->get();
-}
-
-std::string Text(const toml::node& node, string_view key) {
-    if (!node.is_string()) Fail(node.source(), Quoted(key) + " must be a text in quotes");
-    return node.as_string()->get();
-}
-
-std::string Text(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    return node ? Text(*node, key) : std::string();
-}
-
-void Numbers(const toml::node& node, string_view key, double* values, std::size_t count) {
-    const toml::array* list = node.as_array();
-    if (!list || list->size() != count) {
-        Fail(node.source(), Quoted(key) + " must be a list of " + std::to_string(count) +
-                                " numbers");
-    }
-    for (std::size_t i = 0; i < count; ++i) values[i] = NumberOf(*list->get(i), key);
-}
-
-Vec3 Vector(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    std::array<double, 3> v{};
-    if (node) Numbers(*node, key, v.data(), v.size());
-    return {v[0], v[1], v[2]};
-}
-
 // Values of an appearance, left as they are where the key is missing.
 void Share(const toml::table& table, string_view key, double* values, std::size_t count) {
     const toml::node* node = table.get(key);
@@ -203,11 +92,11 @@ void ReadModel(const toml::table& table, Model* model) {
     Allow(table, {"type", "subtype", "skeleton", "title"});
     const toml::node& typeNode = Require(table, "type");
     const std::string word = Text(typeNode, "type");
-    const auto row = std::find_if(std::begin(kTypes), std::end(kTypes),
-                                  [&](const TypeWord& one) { return one.word == word; });
-    if (row == std::end(kTypes)) Fail(typeNode.source(), "unknown model type " + Quoted(word));
-    model->type = row->type;
-    model->subtype = row->type == PRO_MDL_PART ? PROMDLSTYPE_PART_SOLID : PROMDLSTYPE_NONE;
+    model->type = ModelTypeOfWord(word);
+    if (model->type == PRO_MDL_UNUSED) {
+        Fail(typeNode.source(), "unknown model type " + Quoted(word));
+    }
+    model->subtype = model->type == PRO_MDL_PART ? PROMDLSTYPE_PART_SOLID : PROMDLSTYPE_NONE;
 
     OnlyIn(*model, PRO_MDL_PART, table.get("subtype"), "subtype");
     OnlyIn(*model, PRO_MDL_PART, table.get("skeleton"), "skeleton");
@@ -305,8 +194,8 @@ void ReadSizes(const toml::table& table, Solid* solid) {
 
     const auto check = [&](const toml::node& node, string_view key, double value, bool mayBeZero) {
         if (value > 0 || (value == 0 && mayBeZero)) return;
-        Fail(node.source(), Quoted(key) + (mayBeZero ? " must not be less than 0"
-                                                     : " must be more than 0"));
+        Fail(node.source(),
+             Quoted(key) + (mayBeZero ? " must not be less than 0" : " must be more than 0"));
     };
     for (const SizeKey& row : kSizeKeys) {
         const toml::node* node = row.shape == solid->shape ? table.get(row.key) : nullptr;
@@ -419,7 +308,9 @@ void ReadFeature(const toml::table& table, std::unordered_set<int>* ids, Model* 
 }
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {
-    Allow(root, {"model", "appearance", "solid", "surface", "feature", "manufacturing"});
+    Keys keys{"model", "appearance", "solid", "surface", "feature", "manufacturing"};
+    for (const string_view key : ModelDataKeys()) keys.push_back(key);
+    Allow(root, keys);
     const toml::table* about = Table(root, "model");
     if (!about) throw ModelFileError(fileName + ":1: the table [model] is missing");
     ReadModel(*about, model);
@@ -441,60 +332,13 @@ void ReadRoot(const toml::table& root, const std::string& fileName, Model* model
         model->manufacturedFile = Text(file, "assembly");
         if (model->manufacturedFile.empty()) Fail(file.source(), "\"assembly\" must not be empty");
     }
+    ReadModelData(root, model);
 }
 
 // --- Writing: keys in the order that readers expect, and only what is not as usual ---
 
-// The shortest text that reads back as the same number.
-std::string NumberText(double value) {
-    if (value == 0) return "0";
-    char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-    std::string text(buffer, end);
-    // Digits alone are a whole number in the format, and those end at 64 bits.
-    if (std::fabs(value) >= 1e15 && text.find_first_of(".e") == std::string::npos) text += ".0";
-    return text;
-}
-
-std::string ListText(std::initializer_list<double> values) {
-    std::string text;
-    for (const double value : values) text += (text.empty() ? "[" : ", ") + NumberText(value);
-    return text + ']';
-}
-
-std::string ListText(const double* colour) {
+std::string ColourList(const double* colour) {
     return ListText({colour[0], colour[1], colour[2]});
-}
-
-std::string TextText(string_view text) {
-    std::string result = "\"";
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            result += '\\';
-            result += c;
-        } else if (code < 0x20 || code == 0x7f) {
-            constexpr char kDigits[] = "0123456789ABCDEF";
-            result += "\\u00";
-            result += kDigits[code >> 4];
-            result += kDigits[code & 15];
-        } else {
-            result += c;
-        }
-    }
-    return result + '"';
-}
-
-void Line(std::string* text, const char* key, const std::string& value) {
-    *text += key;
-    *text += " = ";
-    *text += value;
-    *text += '\n';
-}
-
-void AddVector(std::string* text, const char* key, Vec3 v) {
-    if (v.x == 0 && v.y == 0 && v.z == 0) return;
-    Line(text, key, ListText({v.x, v.y, v.z}));
 }
 
 // Angles come back from a placement with the last digits blurred: ten decimals say all.
@@ -509,18 +353,16 @@ void AddAppearance(std::string* text, const ProdbSurfaceProps& props) {
         if (value != usual.*row.value) Line(text, row.key, NumberText(value));
     }
     if (!std::equal(props.colour, props.colour + 3, usual.colour)) {
-        Line(text, "color", ListText(props.colour));
+        Line(text, "color", ColourList(props.colour));
     }
     if (!std::equal(props.highlightColour, props.highlightColour + 3, usual.highlightColour)) {
-        Line(text, "highlight_color", ListText(props.highlightColour));
+        Line(text, "highlight_color", ColourList(props.highlightColour));
     }
 }
 
 void AddModel(std::string* text, const Model& model) {
     *text += "[model]\n";
-    for (const TypeWord& row : kTypes) {
-        if (row.type == model.type) Line(text, "type", TextText(row.word));
-    }
+    Line(text, "type", TextText(WordOfModelType(model.type)));
     if (model.subtype == PROMDLSTYPE_PART_SHEETMETAL) Line(text, "subtype", "\"sheetmetal\"");
     if (model.skeleton) Line(text, "skeleton", "true");
     if (!model.title.empty()) Line(text, "title", TextText(model.title));
@@ -589,6 +431,7 @@ std::string ModelText(const Model& model) {
         text += "\n[appearance]\n";
         AddAppearance(&text, *model.appearance);
     }
+    AddModelData(&text, model);
     for (const Solid& solid : model.solids) AddSolid(&text, solid);
     for (const auto& [id, props] : model.surfaceAppearances) {
         text += "\n[[surface]]\n";

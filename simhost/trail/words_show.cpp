@@ -64,7 +64,9 @@ void ShowDialog(Trail& trail) {
     if (!dialog) return trail.Say("no dialog is open");
     trail.SayAll(DialogText(*dialog));
     for (const auto& component : dialog->components()) {
-        trail.Say(fmt::format("{} {}", Padded(component->kind(), 14), component->name()));
+        const std::string state = component->State();
+        trail.Say(fmt::format("{} {}{}{}", Padded(component->kind(), 14), component->name(),
+                              state.empty() ? "" : " = ", state));
     }
 }
 

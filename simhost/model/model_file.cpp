@@ -89,7 +89,7 @@ void Share(const toml::table& table, string_view key, double* values, std::size_
 }
 
 void ReadModel(const toml::table& table, Model* model) {
-    Allow(table, {"type", "subtype", "skeleton", "title"});
+    Allow(table, {"type", "subtype", "skeleton", "title", "read_only"});
     const toml::node& typeNode = Require(table, "type");
     const std::string word = Text(typeNode, "type");
     model->type = ModelTypeOfWord(word);
@@ -109,6 +109,7 @@ void ReadModel(const toml::table& table, Model* model) {
     }
     model->skeleton = Flag(table, "skeleton", false);
     model->title = Text(table, "title");
+    model->readOnly = Flag(table, "read_only", false);
 }
 
 Keys AppearanceKeys() {
@@ -366,6 +367,7 @@ void AddModel(std::string* text, const Model& model) {
     if (model.subtype == PROMDLSTYPE_PART_SHEETMETAL) Line(text, "subtype", "\"sheetmetal\"");
     if (model.skeleton) Line(text, "skeleton", "true");
     if (!model.title.empty()) Line(text, "title", TextText(model.title));
+    if (model.readOnly) Line(text, "read_only", "true");
 }
 
 void AddSolid(std::string* text, const Solid& solid) {

@@ -4,6 +4,17 @@
 //     name = "代号"
 //     value = "VX-01"      # a text, a whole number, a real number (with a point), true or false
 //     locked = true        # only where the designer has locked it
+//
+//     [relations]
+//     initial = ["MASS = 2 * x"]              # left out: the model has no such set
+//     after_regeneration = ["AREA = a * b"]
+//
+//     [family]
+//     columns = ["数量"]                      # a generic: names of parameters
+//     generic = "bolt.prt"                    # an instance: its generic
+//
+//     [sheets]
+//     sizes = ["A3", "A4"]                    # drawings: one for each sheet
 #include "simhost/model/model_file_data.h"
 
 #include <climits>
@@ -61,18 +72,80 @@ void AddParameter(std::string* text, const Parameter& parameter) {
     if (parameter.locked) Line(text, "locked", "true");
 }
 
+// A list of texts; nothing if it is not there.
+std::optional<std::vector<WideText>> Texts(const toml::table& table, const char* key) {
+    const toml::node* node = table.get(key);
+    if (!node) return std::nullopt;
+    if (!node->is_array()) Fail(node->source(), Quoted(key) + " must be a list of texts");
+    std::vector<WideText> texts;
+    for (const toml::node& one : *node->as_array()) texts.push_back(Wide(Text(one, key)));
+    return texts;
+}
+
+void AddTexts(std::string* text, const char* key, const std::vector<WideText>& texts) {
+    std::string list;
+    for (const WideText& one : texts) list += (list.empty() ? "" : ", ") + TextText(Utf8(one));
+    Line(text, key, "[" + list + "]");
+}
+
+void ReadRelations(const toml::table& table, Model* model) {
+    Allow(table, {"initial", "after_regeneration"});
+    model->relations.initial = Texts(table, "initial");
+    if (auto lines = Texts(table, "after_regeneration")) {
+        model->relations.afterRegeneration = std::move(*lines);
+    }
+}
+
+void AddRelations(std::string* text, const Relations& relations) {
+    if (!relations.initial && relations.afterRegeneration.empty()) return;
+    *text += "\n[relations]\n";
+    if (relations.initial) AddTexts(text, "initial", *relations.initial);
+    if (!relations.afterRegeneration.empty()) {
+        AddTexts(text, "after_regeneration", relations.afterRegeneration);
+    }
+}
+
+void ReadFamily(const toml::table& table, Model* model) {
+    Allow(table, {"columns", "generic"});
+    if (auto columns = Texts(table, "columns")) model->family.columns = std::move(*columns);
+    model->family.genericFile = Text(table, "generic");
+}
+
+void AddFamily(std::string* text, const FamilyTable& family) {
+    const std::string generic = family.generic ? family.generic->FileName() : family.genericFile;
+    if (family.columns.empty() && generic.empty()) return;
+    *text += "\n[family]\n";
+    if (!family.columns.empty()) AddTexts(text, "columns", family.columns);
+    if (!generic.empty()) Line(text, "generic", TextText(generic));
+}
+
+void ReadSheets(const toml::table& table, Model* model) {
+    Allow(table, {"sizes"});
+    if (auto sizes = Texts(table, "sizes")) model->sheets.sizes = std::move(*sizes);
+}
+
 }  // namespace
 
 Keys ModelDataKeys() {
-    return {"parameter"};
+    return {"parameter", "relations", "family", "sheets"};
 }
 
 void ReadModelData(const toml::table& root, Model* model) {
     EachTable(root, "parameter", [&](const toml::table& one) { ReadParameter(one, model); });
+    if (const toml::table* table = Table(root, "relations")) ReadRelations(*table, model);
+    if (const toml::table* table = Table(root, "family")) ReadFamily(*table, model);
+    OnlyIn(*model, PRO_MDL_DRAWING, root.get("sheets"), "sheets");
+    if (const toml::table* table = Table(root, "sheets")) ReadSheets(*table, model);
 }
 
 void AddModelData(std::string* text, const Model& model) {
     for (const Parameter& one : model.parameters.all()) AddParameter(text, one);
+    AddRelations(text, model.relations);
+    AddFamily(text, model.family);
+    if (!model.sheets.sizes.empty()) {
+        *text += "\n[sheets]\n";
+        AddTexts(text, "sizes", model.sheets.sizes);
+    }
 }
 
 }  // namespace simhost

@@ -138,12 +138,19 @@ bool ParseParameterType(std::string_view word, ProParamvalueType* type) {
 }
 
 const Parameter* ShownParameter(const Model& model, WideView name) {
-    return model.parameters.Find(name);
+    const Parameter* own = model.parameters.Find(name);
+    if (own || !model.family.generic) return own;
+    return ShownParameter(*model.family.generic, name);
 }
 
 const char* WhyFixed(const Model& model, WideView name) {
     const Parameter* parameter = ShownParameter(model, name);
-    return parameter && parameter->locked ? "it is locked" : nullptr;
+    if (!parameter) return nullptr;
+    if (parameter->locked) return "it is locked";
+    if (Decides(model.relations, name)) return "a relation decides it";
+    const bool inherited = !model.parameters.Find(name);
+    if (inherited && !model.family.generic->family.HasColumn(name)) return "its generic decides it";
+    return nullptr;
 }
 
 }  // namespace simhost

@@ -135,7 +135,8 @@ struct Topic {
 constexpr Topic kTopics[] = {
     {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
     {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
-    {"colours", ShowColours}, {"messages", ShowMessages},
+    {"colours", ShowColours}, {"parameters", ShowParameters}, {"relations", ShowRelations},
+    {"messages", ShowMessages},
 };
 
 }  // namespace

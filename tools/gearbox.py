@@ -438,7 +438,8 @@ def base_group():
         for y in (-132, 132):
             rows += [use("washer_12.prt", [x, y, Z_FLOOR]),
                      use("bolt_m12x50.prt", [x, y, Z_FLOOR + 2.5])]
-    assembly("base_plate", "Base with channels, feet and the bolts of the gearbox.", "底座组件", rows)
+    assembly("base_plate", "Base with channels, feet and the bolts of the gearbox.", "底座组件",
+             rows)
 
 
 def top_models():
@@ -451,7 +452,8 @@ def top_models():
          [slab([-250, -750, -350], [600, 350, 450])], clear=0.8)
     part("transport_lock", "Holds the output shaft on the way to the customer; suppressed.",
          "运输锁", ORANGE, [tube(90, 60, 0, 30), slab([-12, -180, 0], [12, -44, 12])], "917 917 911")
-    assembly("gearbox", "Two-stage spur gear reducer with motor on a common base.", "二级减速箱", [
+    assembly("gearbox", "Two-stage spur gear reducer with motor on a common base.",
+             "二级减速箱", [
         use("gearbox_skel.prt"), use("base_plate.asm"), use("箱体组件.asm"),
         use("输入轴组件.asm", [0, 0, 0], ALONG_Y), use("中间轴组件.asm", [X_MID, 0, 0], ALONG_Y),
         use("output_shaft.asm", [X_OUT, 0, 0], ALONG_Y),
@@ -460,6 +462,45 @@ def top_models():
         use("空间包络.prt", hidden=True)], extra=(1104, 1232))
     models["gearbox_mill.mfg"] = {"note": "Milling of the gearbox housing.", "title": "减速箱加工",
                                   "assembly": "gearbox.asm", "features": []}
+
+
+MATERIALS = {"bolt": "8.8", "nut": "8", "washer": "65Mn", "o_ring": "NBR", "seal": "NBR",
+             "弹性块": "PU", "轴承": "GCr15", "视孔盖": "PMMA", "箱盖": "HT200", "housing": "HT200",
+             "gear": "40Cr", "大齿轮": "40Cr", "输": "40Cr", "中间轴": "40Cr", "铭牌": "铝",
+             "底板": "Q235A", "channel": "Q235A", "防护罩": "Q235A", "电机座": "Q235A"}
+
+
+def parameters_of(name, number, model):
+    """What every company writes into its models: number, name, and the material of parts."""
+    rows = [("代号", f"JSQ-{number:03d}"), ("名称", model["title"])]
+    if name.endswith(".prt") and model.get("solids"):
+        material = next((m for begin, m in MATERIALS.items() if name.startswith(begin)), "45")
+        rows.append(("材料", material))
+    return rows
+
+
+def drawing(name, note, sizes):
+    models[name + ".drw"] = {"note": note, "title": "工程图", "sizes": sizes, "features": []}
+
+
+def model_data():
+    """Parameters, relations, a family table, and drawings with the names of their models."""
+    for number, (name, model) in enumerate(models.items(), 1):
+        if name.endswith((".prt", ".asm")):
+            model["parameters"] = parameters_of(name, number, model)
+    part("bolt_m12", "Generic of the M12 bolts; the lengths are its instances.", "六角头螺栓 M12",
+         BLACK, [cylinder(12, -50, 0), hexagon(18, 7.5, 0)], "917 917 914")
+    for length in (50, 110):
+        models[f"bolt_m12x{length}.prt"]["family"] = {"generic": "bolt_m12.prt"}
+    # The mass follows from a relation, and so does a number that nobody else may change.
+    models["housing.prt"]["parameters"].append(("重量", 48.5))
+    models["housing.prt"]["relations"] = ["重量 = 48.5"]
+    models["washer_12.prt"]["parameters"].append(("数量", 34))
+    models["washer_12.prt"]["relations"] = ["数量 = 34"]
+    drawing("gearbox", "General arrangement of the gearbox.", ["A0"])
+    drawing("housing", "Housing: castings and machining.", ["A1", "A3"])
+    drawing("output_shaft", "Output shaft with its gear.", ["A2"])
+    drawing("gear_z60", "Wheel of the second stage.", ["A3"])
 
 
 def define_all():
@@ -475,6 +516,7 @@ def define_all():
     drive_assemblies()
     base_group()
     top_models()
+    model_data()
     for name, model in models.items():
         assert len(name.split(".")[0]) <= 31 and name == name.lower(), name
         ids = [row["id"] for row in model["features"]]
@@ -519,7 +561,8 @@ def solid_lines(solids):
 
 
 def model_text(name, model):
-    kind = {"prt": "part", "asm": "assembly", "mfg": "manufacturing"}[name[-3:]]
+    kinds = {"prt": "part", "asm": "assembly", "mfg": "manufacturing", "drw": "drawing"}
+    kind = kinds[name[-3:]]
     lines = ["# " + model["note"], "[model]", f'type = "{kind}"']
     lines += [f"{key} = {toml(value)}" for key, value in model.get("flags", {}).items()]
     lines.append(f'title = "{model["title"]}"')
@@ -529,6 +572,15 @@ def model_text(name, model):
         lines += ["", "[appearance]",
                   "color = [" + ", ".join(f"{c:.2f}" for c in model["colour"]) + "]",
                   f"transparency = {model['clear']:.1f}"]
+    for key, value in model.get("parameters", []):
+        value = f"{value:.1f}" if isinstance(value, float) else toml(value)
+        lines += ["", "[[parameter]]", f"name = {toml(key)}", f"value = {value}"]
+    if "relations" in model:
+        lines += ["", "[relations]", f"initial = {toml(model['relations'])}"]
+    if model.get("family"):
+        lines += ["", "[family]", f"generic = {toml(model['family']['generic'])}"]
+    if "sizes" in model:
+        lines += ["", "[sheets]", f"sizes = {toml(model['sizes'])}"]
     lines += solid_lines(model.get("solids", []))
     for row in model["features"]:
         lines += ["", "[[feature]]"] + [f"{key} = {toml(value)}" for key, value in row.items()]
@@ -576,8 +628,8 @@ centred on its own +x axis; the wheels are turned by half a pitch, so that the t
 
 ## Tree
 
-{files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model. Below `gearbox.asm`
-stand {places} components in {levels} levels, the top included.
+{files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model, {drawings} drawings.
+Below `gearbox.asm` stand {places} components in {levels} levels, the top included.
 
 ```
 {tree}
@@ -594,6 +646,11 @@ stand {places} components in {levels} levels, the top included.
 - Suppressed: `transport_lock.prt`. Hidden: `空间包络.prt`. Both stand in `gearbox.asm`.
 - Skeleton without solids: `gearbox_skel.prt`. Sheet metal: `防护罩.prt`.
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
+- Parameters: 代号 and 名称 everywhere, 材料 on parts. Relations decide 重量 of `housing.prt` and
+  数量 of `washer_12.prt`, so nobody else can change these two.
+- Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it stands in no assembly.
+- Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
+  more yet than the sizes of their sheets.
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.
 - Names are partly Chinese, partly English, as they are in real projects.
 - Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there) and
@@ -610,6 +667,7 @@ def readme_text():
         a2=X_OUT - X_MID, i=Z2 / Z1 * Z4 / Z3, files=len(models),
         asms=sum(n.endswith(".asm") for n in models),
         parts=sum(n.endswith(".prt") for n in models),
+        drawings=sum(n.endswith(".drw") for n in models),
         places=sum(total.values()), tree="\n".join(tree),
         levels=1 + max((len(t) - len(t.lstrip())) // 4 for t in tree),
         often=", ".join(f"`{n}` ({total[n]})" for n in names))

@@ -1,4 +1,5 @@
-// Geometry of surfaces, and where the components of an assembly stand. Lengths in the model's units.
+// Geometry of surfaces, and where the components of an assembly stand. Lengths in the model's
+// units.
 #pragma once
 
 #include "hostapi/host/types.h"

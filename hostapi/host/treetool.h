@@ -1,4 +1,4 @@
-// The model tree.
+// The model tree, which shows the components and features of a model.
 #pragma once
 
 #include "hostapi/host/types.h"

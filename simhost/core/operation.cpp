@@ -169,8 +169,7 @@ std::string Describe(const void* handle) {
             }
             break;
         case HandleKind::View: return DescribeView(handle);
-        case HandleKind::Command:
-            return TheHost().commands.Describe(handle);
+        case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";
 }

@@ -1,4 +1,4 @@
-// Family tables.
+// Family tables: what a generic's columns are.
 #include "simhost/model/family_table.h"
 
 #include <algorithm>

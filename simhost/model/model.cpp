@@ -101,7 +101,8 @@ const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
         surfacesMade_ = true;
         for (const Solid& solid : solids) {
             for (int i = 1; i <= SurfaceCount(solid); ++i) {
-                surfaces_.push_back(std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}, {}}));
+                surfaces_.push_back(
+                    std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}, {}}));
                 TheHost().session.Register(surfaces_.back().get());
             }
         }

@@ -1,4 +1,4 @@
-// A model's data in its file:
+// A model's data in its file, for reading and writing. What stands where:
 //
 //     [[parameter]]
 //     name = "代号"

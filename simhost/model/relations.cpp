@@ -24,9 +24,8 @@ WideView Assigned(WideView line) {
 }
 
 bool Decide(const std::vector<WideText>& lines, WideView parameter) {
-    return std::any_of(lines.begin(), lines.end(), [&](const WideText& line) {
-        return SameName(Assigned(line), parameter);
-    });
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](const WideText& line) { return SameName(Assigned(line), parameter); });
 }
 
 }  // namespace

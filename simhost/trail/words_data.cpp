@@ -1,7 +1,7 @@
 // The @ words about the data of models: parameters, relations, family tables, options of the host.
-#include <algorithm>
-
 #include <fmt/format.h>
+
+#include <algorithm>
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
@@ -40,7 +40,8 @@ bool ParseValue(const std::string& written, Parameter* parameter) {
         *parameter = FlagParameter(parameter->name, text == "YES");
         return true;
     }
-    if (text.empty() || text.find_first_not_of("+-.0123456789eE") != std::string::npos) return false;
+    if (text.empty() || text.find_first_not_of("+-.0123456789eE") != std::string::npos)
+        return false;
     if (text.find_first_of(".eE") == std::string::npos) {
         *parameter = WholeParameter(parameter->name, std::atoi(text.c_str()));
     } else {

@@ -1,4 +1,4 @@
-// Check buttons.
+// Check buttons: their state, and how they look.
 #include "simhost/ui/checkbutton.h"
 
 #include "simhost/core/text.h"

@@ -24,7 +24,8 @@ Block DrawChild(const Dialog& dialog, const Grid& child) {
     if (!component || !component->visible) return {};
     const auto& layouts = dialog.resource().layouts;
     if (const auto inner = layouts.find(child.component); inner != layouts.end()) {
-        return Draw(dialog, inner->second);
+        const Block block = Draw(dialog, inner->second);
+        return component->label.empty() ? block : Framed(Utf8(component->label), block);
     }
     return component->Picture();
 }

@@ -1,4 +1,4 @@
-// Radio groups.
+// Radio groups: the selection, and how they look.
 #include "simhost/ui/radiogroup.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Components that hold a text.
+// Components that hold a text: input panels, text areas and option menus.
 #include "simhost/ui/textfield.h"
 
 #include <algorithm>

@@ -66,8 +66,7 @@ void MoveWeakerRow(ProMatrix matrix, const Saved& saved, int crowded, int empty)
 
 void NormalizeTransform(ProMatrix matrix) {
     const double* first = matrix[0];
-    const double scale =
-        std::sqrt(first[0] * first[0] + first[1] * first[1] + first[2] * first[2]);
+    const double scale = std::sqrt(first[0] * first[0] + first[1] * first[1] + first[2] * first[2]);
     for (int column = 0; column < 3; ++column) {
         for (int row = 0; row < 3 && scale > 0; ++row) matrix[row][column] /= scale;
         matrix[3][column] = 0;

@@ -1,4 +1,4 @@
-// Items of models.
+// Items of models: which model each belongs to.
 #pragma once
 
 #include "hostapi/host/types.h"

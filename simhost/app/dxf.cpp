@@ -22,11 +22,8 @@ struct Layer {
     const char* lineType;
 };
 constexpr Layer kLayers[] = {
-    {"0", kWhite, "CONTINUOUS"},
-    {"FRAME", kCyan, "CONTINUOUS"},
-    {"VISIBLE", kWhite, "CONTINUOUS"},
-    {"HIDDEN", kGrey, "HIDDEN"},
-    {"TEXT", kWhite, "CONTINUOUS"},
+    {"0", kWhite, "CONTINUOUS"}, {"FRAME", kCyan, "CONTINUOUS"}, {"VISIBLE", kWhite, "CONTINUOUS"},
+    {"HIDDEN", kGrey, "HIDDEN"}, {"TEXT", kWhite, "CONTINUOUS"},
 };
 
 class Writer {

@@ -63,8 +63,8 @@ std::vector<ViewOnSheet> ViewsOnSheet(Model& model, int sheet) {
     for (const auto& view : drawing.views()) {
         if (view->sheet != sheet) continue;
         const std::string role = RoleOf(drawing, *view);
-        views.push_back({view.get(), drawing.OutlineOf(*view), role,
-                         ShowsOf(drawing, *view, role), LinesOf(drawing, *view)});
+        views.push_back({view.get(), drawing.OutlineOf(*view), role, ShowsOf(drawing, *view, role),
+                         LinesOf(drawing, *view)});
     }
     return views;
 }

@@ -64,13 +64,15 @@ public:
         const double wide = all_.high.x - all_.low.x, high = all_.high.y - all_.low.y;
         const int heightPixels = int(std::ceil(widthPixels * high / wide));
         svg_ = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-        svg_ += fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{}\" height=\"{}\" "
-                            "viewBox=\"0 0 {} {}\">\n",
-                            widthPixels, heightPixels, Number(wide), Number(high));
+        svg_ += fmt::format(
+            "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{}\" height=\"{}\" "
+            "viewBox=\"0 0 {} {}\">\n",
+            widthPixels, heightPixels, Number(wide), Number(high));
         svg_ += fmt::format("<rect width=\"{}\" height=\"{}\" fill=\"#e9edf0\"/>\n", Number(wide),
                             Number(high));
-        svg_ += "<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\" "
-                "font-family=\"Noto Sans CJK SC,WenQuanYi Zen Hei,Liberation Sans,sans-serif\">\n";
+        svg_ +=
+            "<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\" "
+            "font-family=\"Noto Sans CJK SC,WenQuanYi Zen Hei,Liberation Sans,sans-serif\">\n";
         AddFrame();
         for (const ViewOnSheet& view : views_) AddView(view);
         for (const ViewOnSheet& view : views_) AddGap(view);
@@ -92,22 +94,24 @@ private:
         svg_ += " d=\"" + way + "\"/>\n";
     }
 
-    void Rectangle(double x0, double y0, double x1, double y1, const char* fill,
-                   const char* colour, double width, double dash = 0) {
-        svg_ += fmt::format("<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" fill=\"{}\" "
-                            "stroke=\"{}\" stroke-width=\"{}\"",
-                            Number(x0 - all_.low.x), Number(all_.high.y - y1), Number(x1 - x0),
-                            Number(y1 - y0), fill, colour, Number(width));
+    void Rectangle(double x0, double y0, double x1, double y1, const char* fill, const char* colour,
+                   double width, double dash = 0) {
+        svg_ += fmt::format(
+            "<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" fill=\"{}\" "
+            "stroke=\"{}\" stroke-width=\"{}\"",
+            Number(x0 - all_.low.x), Number(all_.high.y - y1), Number(x1 - x0), Number(y1 - y0),
+            fill, colour, Number(width));
         if (dash > 0) svg_ += fmt::format(" stroke-dasharray=\"{}\"", Number(dash));
         svg_ += "/>\n";
     }
 
     void Words(double x, double y, double size, const char* colour, const char* anchor,
                const std::string& text) {
-        svg_ += fmt::format("<text x=\"{}\" y=\"{}\" font-size=\"{}\" fill=\"{}\" "
-                            "text-anchor=\"{}\">{}</text>\n",
-                            Number(x - all_.low.x), Number(all_.high.y - y), Number(size), colour,
-                            anchor, Escaped(text));
+        svg_ += fmt::format(
+            "<text x=\"{}\" y=\"{}\" font-size=\"{}\" fill=\"{}\" "
+            "text-anchor=\"{}\">{}</text>\n",
+            Number(x - all_.low.x), Number(all_.high.y - y), Number(size), colour, anchor,
+            Escaped(text));
     }
 
     // The sheet with its border, and the sign of the projection rule in its lower right corner: a
@@ -124,10 +128,11 @@ private:
         const double cone = end - 4.2 * r;
         const double endX = first ? end : cone - r, coneX = first ? cone : end - 2.2 * r;
         for (const double radius : {r, r / 2}) {
-            svg_ += fmt::format("<circle cx=\"{}\" cy=\"{}\" r=\"{}\" stroke=\"{}\" "
-                                "stroke-width=\"{}\"/>\n",
-                                Number(endX - all_.low.x), Number(all_.high.y - y), Number(radius),
-                                kVisible, Number(0.12 * unit_));
+            svg_ += fmt::format(
+                "<circle cx=\"{}\" cy=\"{}\" r=\"{}\" stroke=\"{}\" "
+                "stroke-width=\"{}\"/>\n",
+                Number(endX - all_.low.x), Number(all_.high.y - y), Number(radius), kVisible,
+                Number(0.12 * unit_));
         }
         Path("M" + At(coneX - r, y - r / 2) + "L" + At(coneX - r, y + r / 2) + "L" +
                  At(coneX + r, y + r) + "L" + At(coneX + r, y - r) + "Z",
@@ -152,8 +157,7 @@ private:
         Rectangle(low.x, low.y, high.x, high.y, "none", kOutline, 0.12 * unit_, 0.7 * unit_);
         Path(LinePath(view, /*hidden=*/true), kHidden, 0.09 * unit_, 0.5 * unit_);
         Path(LinePath(view, /*hidden=*/false), kVisible, 0.14 * unit_);
-        const std::string role =
-            view.shows.empty() ? view.role : view.role + " – " + view.shows;
+        const std::string role = view.shows.empty() ? view.role : view.role + " – " + view.shows;
         Words((low.x + high.x) / 2, low.y - 1.7 * unit_, 1.35 * unit_, "#1d5fa8", "middle", role);
     }
 
@@ -194,8 +198,7 @@ private:
         for (const auto& [tip, sign] : {std::pair{from, 1.0}, std::pair{to, -1.0}}) {
             const Vec3 back = tip + sign * head * along;
             const Vec3 left = back + 0.3 * head * across, right = back - 0.3 * head * across;
-            path += "M" + At(left.x, left.y) + "L" + At(tip.x, tip.y) + "L" +
-                    At(right.x, right.y);
+            path += "M" + At(left.x, left.y) + "L" + At(tip.x, tip.y) + "L" + At(right.x, right.y);
         }
         Path(path, kMeasure, 0.12 * unit_);
         const Vec3 middle = 0.5 * (from + to);

@@ -224,6 +224,6 @@ ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view,
             model.modified = true;
             return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view, "reference", reference, "axis",
-        axis, "angle", angle);
+        "drawing", static_cast<ProMdl>(drawing), "view", view, "reference", reference, "axis", axis,
+        "angle", angle);
 }

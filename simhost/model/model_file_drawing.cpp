@@ -1,4 +1,18 @@
-// The drawing's part of a model file:
+// The part of a drawing's file that says which views it has and where they stand.
+#include "simhost/model/model_file_drawing.h"
+
+#include <climits>
+#include <cmath>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/model/drawing.h"
+
+namespace simhost {
+
+using namespace model_text;
+
+// What is there:
 //
 //     [drawing]
 //     projection = "first-angle"          # or "third-angle"
@@ -18,18 +32,6 @@
 //     parent = 1
 //     side = "below"
 //     at = [200, 310]
-#include "simhost/model/model_file_drawing.h"
-
-#include <climits>
-#include <cmath>
-
-#include "simhost/core/text.h"
-#include "simhost/host.h"
-#include "simhost/model/drawing.h"
-
-namespace simhost {
-
-using namespace model_text;
 
 namespace {
 

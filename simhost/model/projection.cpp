@@ -16,9 +16,9 @@ namespace simhost {
 
 namespace {
 
-constexpr int kFineness = 48;       // facets of a full circle
-constexpr double kSharp = 0.906;    // cosine of 25 degrees: a weaker bend shows no edge
-constexpr double kSteep = 1e-3;     // facets seen more on edge than this cover nothing
+constexpr int kFineness = 48;     // facets of a full circle
+constexpr double kSharp = 0.906;  // cosine of 25 degrees: a weaker bend shows no edge
+constexpr double kSteep = 1e-3;   // facets seen more on edge than this cover nothing
 
 void Collect(const Model& model, const Placement& placement, std::vector<const Model*>* above,
              std::vector<ShownPart>* found) {
@@ -133,7 +133,8 @@ struct Scene {
 bool IsDrawn(const Skin& skin, std::size_t f, std::size_t other, double z, double otherZ) {
     if (other == f) return true;
     if ((z > 0) != (otherZ > 0)) return true;
-    return skin[other].surface != skin[f].surface && Dot(skin[other].normal, skin[f].normal) < kSharp;
+    return skin[other].surface != skin[f].surface &&
+           Dot(skin[other].normal, skin[f].normal) < kSharp;
 }
 
 void AddPart(const Skin& skin, const Placement& placement, bool withHidden, Scene* scene) {

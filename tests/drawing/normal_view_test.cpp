@@ -1,4 +1,4 @@
-// VxNormalView from outside.
+// VxNormalView from outside: where the view goes, and when it stays.
 #include "simhost/model/screen_view.h"
 #include "tests/drawing/drawing_bench.h"
 

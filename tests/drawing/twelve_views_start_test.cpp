@@ -48,9 +48,10 @@ TEST_F(TwelveViewsStart, TwoSelectedComponentsAreRefused) {
     Use(top, BoxPart("A", 1, 1, 1));
     Use(top, BoxPart("B", 1, 1, 1));
     Open(top);
-    Play("@ select A, B\n~ Command `TweViews`\n"
-         "@ expect box \"当前模式只能选择1个元件\"\n"
-         "@ expect caption \"岚枢工具By墨川听雨,QQ:100200300\"\n@ ok\n@ expect dialog none");
+    Play(
+        "@ select A, B\n~ Command `TweViews`\n"
+        "@ expect box \"当前模式只能选择1个元件\"\n"
+        "@ expect caption \"岚枢工具By墨川听雨,QQ:100200300\"\n@ ok\n@ expect dialog none");
     EXPECT_EQ(AllBoxes().back().flags, 0x40000u);
 }
 
@@ -58,8 +59,9 @@ TEST_F(TwelveViewsStart, ASelectedSurfaceIsRefused) {
     Model& top = Assembly("TOP");
     Use(top, BoxPart("A", 1, 1, 1));
     Open(top);
-    Play("@ select A#11\n~ Command `TweViews`\n"
-         "@ expect box \"当前模式仅可选择零件或者组件\"\n@ ok\n@ expect dialog none");
+    Play(
+        "@ select A#11\n~ Command `TweViews`\n"
+        "@ expect box \"当前模式仅可选择零件或者组件\"\n@ ok\n@ expect dialog none");
 }
 
 TEST_F(TwelveViewsStart, ASelectionThatOnlyTheButtonSeesIsRefusedAndTheDialogStays) {
@@ -68,9 +70,10 @@ TEST_F(TwelveViewsStart, ASelectionThatOnlyTheButtonSeesIsRefusedAndTheDialogSta
     Use(top, BoxPart("B", 1, 1, 1));
     Open(top);
     Fail("ProSelbufferSelectionsGet");  // for the command, not for its button
-    Play("@ select A, B\n~ Command `TweViews`\n~ Activate `TweViews` `ApplyBt`\n"
-         "@ expect box \"当前模式只能选择1个元件\"\n@ ok\n@ expect dialog TweViews\n"
-         "~ Activate `TweViews` `Close`");
+    Play(
+        "@ select A, B\n~ Command `TweViews`\n~ Activate `TweViews` `ApplyBt`\n"
+        "@ expect box \"当前模式只能选择1个元件\"\n@ ok\n@ expect dialog TweViews\n"
+        "~ Activate `TweViews` `Close`");
     EXPECT_EQ(FindDrawing("TOP-12"), nullptr);
 }
 
@@ -147,8 +150,9 @@ TEST_F(TwelveViewsStart, ADrawingInTheWorkingFolderIsFetched) {
 
 TEST_F(TwelveViewsStart, TheDialogEndsByItsButtonAndItsWindowWithoutADrawing) {
     OpenBox("BOX");
-    Play("~ Command `TweViews`\n@ expect dialog TweViews\n~ Activate `TweViews` `Close`\n"
-         "@ expect dialog none");
+    Play(
+        "~ Command `TweViews`\n@ expect dialog TweViews\n~ Activate `TweViews` `Close`\n"
+        "@ expect dialog none");
     Play("~ Command `TweViews`\n~ Close `TweViews`\n@ expect dialog none");
     EXPECT_EQ(FindDrawing("BOX-12"), nullptr);
     EXPECT_TRUE(host().dialogs.Existing().empty());
@@ -157,8 +161,9 @@ TEST_F(TwelveViewsStart, TheDialogEndsByItsButtonAndItsWindowWithoutADrawing) {
 TEST_F(TwelveViewsStart, ADialogThatFailsSaysWhere) {
     OpenBox("BOX");
     Fail("ProUIDialogCreate");
-    Play("~ Command `TweViews`\n@ expect box \"UIDialog Create error!\"\n"
-         "@ expect caption none\n@ ok");
+    Play(
+        "~ Command `TweViews`\n@ expect box \"UIDialog Create error!\"\n"
+        "@ expect caption none\n@ ok");
     Fail("ProUIDialogActivate");
     Play("~ Command `TweViews`\n@ expect box \"UIDialog Activate error!\"\n@ ok");
     EXPECT_EQ(host().dialogs.Existing(), std::vector<std::string>{"TweViews"});

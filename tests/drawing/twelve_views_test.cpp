@@ -46,9 +46,13 @@ protected:
 // sin 45 * sin 35 = 105.930 high. Made around (250, 480), it reaches to 299.497 and 532.965; it is
 // moved by (299.497 - 150) / 2 + 50 = 124.749 and -(532.965 - 480) / 2 - 50 = -76.483, which
 // brings its middle to (374.749, 403.517).
-const std::vector<std::string> kFirstSet = {
-    "150 570 250 630", "150 480 250 520", "150 680 250 720",          "60 570 100 630",
-    "300 570 340 630", "390 570 490 630", "325.251 350.552 424.246 456.482"};
+const std::vector<std::string> kFirstSet = {"150 570 250 630",
+                                            "150 480 250 520",
+                                            "150 680 250 720",
+                                            "60 570 100 630",
+                                            "300 570 340 630",
+                                            "390 570 490 630",
+                                            "325.251 350.552 424.246 456.482"};
 
 TEST_F(TwelveViews, SixViewsAndAnIsometricOneStandFiftyApart) {
     MakeViews({"main-h", "six-nohidden"});
@@ -59,9 +63,9 @@ TEST_F(TwelveViews, EachProjectionHangsOnItsParentOnItsSide) {
     MakeViews({"main-h", "six-hidden"});
     const auto views = Views("BOX-12");
     ASSERT_EQ(views.size(), 7u);
-    const Side sides[] = {Side::None, Side::Below, Side::Above, Side::Left,
+    const Side sides[] = {Side::None,  Side::Below, Side::Above, Side::Left,
                           Side::Right, Side::Right, Side::None};
-    const DrawingView* parents[] = {nullptr, views[0], views[0], views[0],
+    const DrawingView* parents[] = {nullptr,  views[0], views[0], views[0],
                                     views[0], views[4], nullptr};
     for (std::size_t i = 0; i < 7; ++i) {
         EXPECT_EQ(views[i]->side, sides[i]) << i;
@@ -94,9 +98,13 @@ TEST_F(TwelveViews, TheSecondSetStandsTwoHundredBeyondTheFirst) {
     EXPECT_EQ(std::vector<std::string>(outlines.begin(), outlines.begin() + 7), kFirstSet);
     // The rear view ends at 490, the isometric one at 424.246. The second main view stands at
     // 50 + 490 + 40 + 200 = 780, so 580 to the right of the first, and all others with it.
-    const std::vector<std::string> second = {
-        "730 570 830 630", "730 480 830 520", "730 680 830 720",           "640 570 680 630",
-        "880 570 920 630", "970 570 1070 630", "905.251 350.552 1004.246 456.482"};
+    const std::vector<std::string> second = {"730 570 830 630",
+                                             "730 480 830 520",
+                                             "730 680 830 720",
+                                             "640 570 680 630",
+                                             "880 570 920 630",
+                                             "970 570 1070 630",
+                                             "905.251 350.552 1004.246 456.482"};
     EXPECT_EQ(std::vector<std::string>(outlines.begin() + 7, outlines.end()), second);
 }
 
@@ -179,8 +187,8 @@ TEST_F(TwelveViews, ADifferenceBelowAThousandthIsNone) {
 
 TEST_F(TwelveViews, TheModelIsLaidFlatWithItsLongestSideAcross) {
     // Deep, high, wide: 100 must lie across, 60 up, 40 towards the viewer.
-    const double sizes[][3] = {{100, 40, 60}, {40, 60, 100}, {60, 40, 100},
-                               {40, 100, 60}, {60, 100, 40}};
+    const double sizes[][3] = {
+        {100, 40, 60}, {40, 60, 100}, {60, 40, 100}, {40, 100, 60}, {60, 100, 40}};
     int number = 0;
     for (const auto& size : sizes) {
         const std::string name = fmt::format("LAID{}", ++number);
@@ -217,7 +225,7 @@ TEST_F(TwelveViews, WithTheSettingTheScreenSaysHowTheMainViewIsTurned) {
 }
 
 TEST_F(TwelveViews, TheSettingIsReadBelowTheTextFolderAndOnlyOneCounts) {
-    Setting("TweViewsUseAutoMainView", "1");            // beside the module: not looked at
+    Setting("TweViewsUseAutoMainView", "1");  // beside the module: not looked at
     TextFolderSetting("TweViewsUseAutoMainView", "0");
     MakeViews({"main-h", "six-hidden"});
     EXPECT_EQ(AxesText(Views("BOX-12")[0]->orientation), "100 010 001");

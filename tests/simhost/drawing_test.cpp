@@ -1,6 +1,4 @@
 // The simulated host's drawings: projections, how views follow each other, files.
-#include "simhost/model/drawing.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,6 +9,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/drawing.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/projection.h"
 #include "simhost/model/screen_view.h"
@@ -64,10 +63,8 @@ std::vector<Line> Sorted(const std::vector<DrawnLine>& lines) {
 
 TEST_F(DrawingTest, ABoxSeenStraightShowsItsFourNearEdges) {
     const Model& box = BoxPart("BOX", {30, 20, 10});
-    const std::vector<Line> expected = {{0, 0, 0, 20, false},
-                                        {0, 0, 30, 0, false},
-                                        {0, 20, 30, 20, false},
-                                        {30, 0, 30, 20, false}};
+    const std::vector<Line> expected = {
+        {0, 0, 0, 20, false}, {0, 0, 30, 0, false}, {0, 20, 30, 20, false}, {30, 0, 30, 20, false}};
     EXPECT_EQ(Sorted(ProjectedLines(box, Placement(), /*withHidden=*/false)), expected);
 }
 
@@ -113,7 +110,7 @@ TEST_F(DrawingTest, ACylinderSeenFromItsSideShowsItsBordersOnly) {
     Placement frame;
     frame.axes = {Vec3{0, 1, 0}, Vec3{0, 0, 1}, Vec3{1, 0, 0}};
     for (const DrawnLine& line : ProjectedLines(part, frame, /*withHidden=*/false)) {
-        const bool end = std::fabs(line.x0 - line.x1) < 1e-6;    // an end, seen on edge
+        const bool end = std::fabs(line.x0 - line.x1) < 1e-6;  // an end, seen on edge
         const bool border = std::fabs(std::fabs(line.y0) - 10) < 0.1;
         EXPECT_TRUE(end || border) << line.x0 << ' ' << line.y0 << ' ' << line.x1;
     }
@@ -274,9 +271,10 @@ TEST_F(DrawingTest, MistakesInADrawingsFileAreTold) {
         }
     }
     Model part;
-    EXPECT_THROW(ReadModelText("[model]\ntype = \"part\"\n[drawing]\nprojection = \"first-angle\"\n",
-                               "x.prt.1", &part),
-                 ModelFileError);
+    EXPECT_THROW(
+        ReadModelText("[model]\ntype = \"part\"\n[drawing]\nprojection = \"first-angle\"\n",
+                      "x.prt.1", &part),
+        ModelFileError);
 }
 
 // --- The screen ---

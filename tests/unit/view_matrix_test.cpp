@@ -1,6 +1,4 @@
 // The arithmetic of view matrices, on matrices whose results were worked out by hand.
-#include "drawing/view_matrix.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -8,6 +6,8 @@
 #include <limits>
 #include <random>
 #include <string>
+
+#include "drawing/view_matrix.h"
 
 namespace {
 
@@ -89,7 +89,8 @@ TEST(SnapToAxes, AStraightViewStaysButForScaleAndPlace) {
     SnapToAxes(matrix.m);
     EXPECT_EQ(matrix.Block(), (Rows{{{0, 0, -1}, {0, 1, 0}, {1, 0, 0}}}));
     const double place[] = {0, 0, 0, 1};
-    for (std::size_t column = 0; column < 4; ++column) EXPECT_EQ(matrix.m[3][column], place[column]);
+    for (std::size_t column = 0; column < 4; ++column)
+        EXPECT_EQ(matrix.m[3][column], place[column]);
 }
 
 TEST(SnapToAxes, ASlightlyTurnedViewGoesBack) {

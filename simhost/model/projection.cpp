@@ -238,10 +238,10 @@ bool Clip(double a, double b, Span* span) {
     return span->from < span->to;
 }
 
-std::optional<Span> Covered(const Edge& edge, const Cover& cover, double near) {
+std::optional<Span> Covered(const Edge& edge, const Cover& cover, double touch) {
     Span span{0, 1};
     const auto before = [&](Vec3 p) {
-        return cover.level + cover.slopeX * p.x + cover.slopeY * p.y - p.z - near;
+        return cover.level + cover.slopeX * p.x + cover.slopeY * p.y - p.z - touch;
     };
     if (!Clip(before(edge.from), before(edge.to), &span)) return std::nullopt;
     for (std::size_t i = 0; i < cover.corners.size(); ++i) {
@@ -249,7 +249,7 @@ std::optional<Span> Covered(const Edge& edge, const Cover& cover, double near) {
         const double length = std::hypot(b.x - a.x, b.y - a.y);
         if (length == 0) continue;
         const auto inside = [&](Vec3 p) {
-            return ((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / length + near;
+            return ((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)) / length + touch;
         };
         if (!Clip(inside(edge.from), inside(edge.to), &span)) return std::nullopt;
     }
@@ -310,7 +310,7 @@ std::vector<DrawnLine> ProjectedLines(const Model& top, const Placement& frame, 
         AddPart(skin->second, Compose(frame, shown.placement), withHidden, &scene);
     }
     const Vec3 size = scene.box.high - scene.box.low;
-    const double near = 1e-6 * (1 + std::sqrt(Dot(size, size)));
+    const double touch = 1e-6 * (1 + std::sqrt(Dot(size, size)));
     std::vector<DrawnLine> lines;
     CoverGrid grid(scene);
     for (const Edge& edge : scene.edges) {
@@ -319,9 +319,9 @@ std::vector<DrawnLine> ProjectedLines(const Model& top, const Placement& frame, 
         box.Add(edge.to);
         std::vector<Span> covered;
         grid.Visit(box.low, box.high, [&](const Cover& cover) {
-            if (const auto span = Covered(edge, cover, near)) covered.push_back(*span);
+            if (const auto span = Covered(edge, cover, touch)) covered.push_back(*span);
         });
-        AddPieces(edge, std::move(covered), withHidden, 10 * near, &lines);
+        AddPieces(edge, std::move(covered), withHidden, 10 * touch, &lines);
     }
     return lines;
 }

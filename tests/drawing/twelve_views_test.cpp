@@ -231,6 +231,35 @@ TEST_F(TwelveViews, TheSettingIsReadBelowTheTextFolderAndOnlyOneCounts) {
     EXPECT_EQ(AxesText(Views("BOX-12")[0]->orientation), "100 010 001");
 }
 
+// --- The order of the calls ---
+
+TEST_F(TwelveViews, ViewsAreMadeMeasuredMovedAndRegeneratedInOrder) {
+    host().journal.Start();
+    MakeViews({"main-v", "six-hidden"});
+    host().journal.Stop();
+    std::vector<std::string> calls;
+    for (const std::string& name : host().journal.Names()) {
+        if (name.rfind("ProDrawing", 0) == 0) calls.push_back(name.substr(10));
+    }
+    std::vector<std::string> expected = {
+        "FromTmpltCreate", "GeneralviewCreate", "ViewOutlineGet", "ViewOrientationFromAngleSet",
+        "ViewRegenerate",  "ViewTransformGet",  "ViewOutlineGet"};
+    for (int projection = 0; projection < 5; ++projection) {
+        for (const char* name : {"ProjectedviewCreate", "ViewOutlineGet", "ViewMove",
+                                 "ViewRegenerate", "ViewOutlineGet"}) {
+            expected.emplace_back(name);
+        }
+    }
+    for (const char* name :
+         {"GeneralviewCreate", "ViewOrientationFromAngleSet", "ViewRegenerate",
+          "ViewOrientationFromAngleSet", "ViewRegenerate", "ViewOutlineGet", "ViewDisplaySet",
+          "ViewMove", "ViewRegenerate", "ViewOutlineGet", "ViewsCollect"}) {
+        expected.emplace_back(name);
+    }
+    expected.insert(expected.end(), 7, "ViewDisplaySet");
+    EXPECT_EQ(calls, expected);
+}
+
 // --- After it ---
 
 TEST_F(TwelveViews, TheDrawingIsShownAndTheWorkingFolderIsTheOldOne) {

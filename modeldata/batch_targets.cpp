@@ -27,10 +27,15 @@ const ScopeRow* FindScope(const std::string& name) {
 
 }  // namespace
 
+TopModel CurrentModel() {
+    TopModel current;
+    if (ProMdlCurrentGet(&current.model) != PRO_TK_NO_ERROR) return {};
+    if (ProMdlTypeGet(current.model, &current.type) != PRO_TK_NO_ERROR) return {};
+    return current;
+}
+
 TopModel CurrentTopModel() {
-    TopModel top;
-    if (ProMdlCurrentGet(&top.model) != PRO_TK_NO_ERROR) return {};
-    if (ProMdlTypeGet(top.model, &top.type) != PRO_TK_NO_ERROR) return {};
+    TopModel top = CurrentModel();
     if (top.type == PRO_MDL_MFG) {
         ProAssembly assembly = nullptr;
         ProMfgAssemGet(static_cast<ProMfg>(top.model), &assembly);

@@ -6,13 +6,14 @@
 
 #include "frame/services.h"
 
-// The current model, or the assembly of a manufacturing model. `type` stays that of the current
-// model. `model` is null where there is none.
+// A model and the type of the model that is current: they differ for a manufacturing model, whose
+// assembly takes its place while the type stays. `model` is null where there is none.
 struct TopModel {
     ProMdl model = nullptr;
     ProMdlType type = PRO_MDL_UNUSED;
 };
-TopModel CurrentTopModel();
+TopModel CurrentModel();
+TopModel CurrentTopModel();  // or the assembly of a manufacturing model
 
 // The components in the scope "AsmAndPart", "Part", "Asm" or "Smt"; none for another name.
 ComponentArray CollectByScope(const TopModel& top, const std::string& scope);

@@ -48,8 +48,8 @@ WideText SheetSizeText(const std::vector<WideText>& sizes) {
 
 void OnSheetSize(char*, char*, ProAppData) {
     SaveParamsSettings();
-    const TopModel top = CurrentTopModel();
-    // Only an assembly itself; the assembly of a manufacturing model is left alone without a word.
+    const TopModel top = CurrentModel();
+    // The assembly of a manufacturing model is left alone, without a word.
     if (top.type != PRO_MDL_ASSEMBLY) return;
     const std::string scope = SelectedName(kParamsDialog, "TypeRadio2");
     const WideText parameterName = InputPanelText(kParamsDialog, "shSizePname");

@@ -18,11 +18,11 @@ namespace {
 
 using Print = std::function<void(const std::string&)>;
 
-struct Step {
+struct DemoStep {
     const char* title;
     const char* script;
 };
-constexpr Step kSteps[] = {
+constexpr DemoStep kSteps[] = {
     {"A relation for all parts but screws, nuts and washers",
      "~ Command `VxRelations`\n"
      "~ Input `Relations` `RelTxtarea` `密度 = 7.85E-06`\n"
@@ -99,7 +99,7 @@ void PrintTable(const Print& print, const std::map<std::string, std::string>& be
 bool RunDataDemo(const Print& print) {
     const auto before = Rows();
     bool ok = true;
-    for (const Step& step : kSteps) {
+    for (const DemoStep& step : kSteps) {
         print(std::string("\n== ") + step.title);
         ok = RunScript(step.script, print).empty() && ok;
     }

@@ -43,7 +43,7 @@ constexpr const char* kFamilies[] = {"WenQuanYi Zen Hei", "Noto Sans CJK SC", "S
 struct Size {
     double width = 0, height = 0;
 };
-struct Box {
+struct Area {
     double x = 0, y = 0, width = 0, height = 0;
 };
 
@@ -69,19 +69,20 @@ public:
         cairo_move_to(cairo_.get(), x, baseline);
         cairo_show_text(cairo_.get(), text.c_str());
     }
-    void Fill(Box box, double grey) {
+    void Fill(Area area, double grey) {
         cairo_set_source_rgb(cairo_.get(), grey, grey, grey);
-        cairo_rectangle(cairo_.get(), box.x, box.y, box.width, box.height);
+        cairo_rectangle(cairo_.get(), area.x, area.y, area.width, area.height);
         cairo_fill(cairo_.get());
     }
-    void Frame(Box box, double grey) {
+    void Frame(Area area, double grey) {
         cairo_set_source_rgb(cairo_.get(), grey, grey, grey);
-        cairo_rectangle(cairo_.get(), int(box.x) + 0.5, int(box.y) + 0.5, int(box.width),
-                        int(box.height));
+        cairo_rectangle(cairo_.get(), int(area.x) + 0.5, int(area.y) + 0.5, int(area.width),
+                        int(area.height));
         cairo_stroke(cairo_.get());
     }
     void Circle(double x, double y, double radius, bool filled) {
         cairo_set_source_rgb(cairo_.get(), 0.25, 0.25, 0.25);
+        cairo_new_path(cairo_.get());
         cairo_arc(cairo_.get(), x, y, radius, 0, 6.2831853);
         if (filled) {
             cairo_fill(cairo_.get());
@@ -136,14 +137,14 @@ public:
                 Sum(heights) + kGap * double(heights.size() - 1)};
     }
 
-    void Draw(const Grid& grid, Box box) {
-        if (!grid.component.empty()) return DrawComponent(grid.component, box);
+    void Draw(const Grid& grid, Area area) {
+        if (!grid.component.empty()) return DrawComponent(grid.component, area);
         auto [widths, heights] = Natural(grid);
-        Spread(grid.cols, box.width - Sum(widths) - kGap * double(widths.size() - 1), &widths);
-        Spread(grid.rows, box.height - Sum(heights) - kGap * double(heights.size() - 1), &heights);
-        double y = box.y;
+        Spread(grid.cols, area.width - Sum(widths) - kGap * double(widths.size() - 1), &widths);
+        Spread(grid.rows, area.height - Sum(heights) - kGap * double(heights.size() - 1), &heights);
+        double y = area.y;
         for (std::size_t row = 0; row < heights.size(); ++row) {
-            double x = box.x;
+            double x = area.x;
             for (std::size_t column = 0; column < widths.size(); ++column) {
                 const std::size_t i = row * widths.size() + column;
                 if (i >= grid.children.size()) return;
@@ -191,7 +192,7 @@ private:
             const Size size = Measure(*inner);
             if (label.empty()) return size;
             return {std::max(size.width, canvas_.Width(label)) + 2 * kPad,
-                    size.height + 2 * kPad + kLine / 2};
+                    size.height + 2 * kPad + kLine * 0.75};
         }
         if (const auto* group = dynamic_cast<const RadioGroup*>(&component)) return Marks(*group);
         if (const auto* area = dynamic_cast<const TextArea*>(&component)) {
@@ -224,46 +225,47 @@ private:
         return size;
     }
 
-    static double Baseline(Box box) { return box.y + box.height / 2 + kFontSize * 0.36; }
+    static double Baseline(Area area) { return area.y + area.height / 2 + kFontSize * 0.36; }
 
-    void DrawComponent(const std::string& name, Box box) {
+    void DrawComponent(const std::string& name, Area area) {
         const Component& component = *dialog_.Find(name);
         if (!component.visible) return;
         const std::string label = Utf8(component.label);
-        if (const Grid* inner = Inner(name)) return DrawGroup(label, *inner, box);
+        if (const Grid* inner = Inner(name)) return DrawGroup(label, *inner, area);
         if (const auto* group = dynamic_cast<const RadioGroup*>(&component)) {
-            return DrawMarks(*group, box);
+            return DrawMarks(*group, area);
         }
         if (const auto* field = dynamic_cast<const TextField*>(&component)) {
-            return DrawField(*field, box);
+            return DrawField(*field, area);
         }
         if (const auto* check = dynamic_cast<const CheckButton*>(&component)) {
-            const Box mark{box.x, box.y + box.height / 2 - 6, 12, 12};
+            const Area mark{area.x, area.y + area.height / 2 - 6, 12, 12};
             canvas_.Fill(mark, 1);
             canvas_.Frame(mark, 0.4);
             if (check->set) {
                 canvas_.Line(mark.x + 2, mark.y + 6, mark.x + 5, mark.y + 10);
                 canvas_.Line(mark.x + 5, mark.y + 10, mark.x + 11, mark.y + 2);
             }
-            return canvas_.Text(box.x + kMark, Baseline(box), label);
+            return canvas_.Text(area.x + kMark, Baseline(area), label);
         }
-        if (dynamic_cast<const PushButton*>(&component)) return DrawButton(component, box);
-        canvas_.Text(box.x, Baseline(box), label);
+        if (dynamic_cast<const PushButton*>(&component)) return DrawButton(component, area);
+        canvas_.Text(area.x, Baseline(area), label);
     }
 
-    void DrawGroup(const std::string& label, const Grid& inner, Box box) {
-        if (label.empty()) return Draw(inner, box);
-        canvas_.Frame({box.x, box.y + kLine / 2, box.width - 1, box.height - kLine / 2 - 1}, 0.7);
-        canvas_.Fill({box.x + kPad - 3, box.y, canvas_.Width(label) + 6, kLine}, 0.94);
-        canvas_.Text(box.x + kPad, box.y + kLine * 0.72, label, 0.3);
-        Draw(inner, {box.x + kPad, box.y + kPad + kLine / 2, box.width - 2 * kPad,
-                     box.height - 2 * kPad - kLine / 2});
+    void DrawGroup(const std::string& label, const Grid& inner, Area area) {
+        if (label.empty()) return Draw(inner, area);
+        canvas_.Frame({area.x, area.y + kLine / 2, area.width - 1, area.height - kLine / 2 - 1},
+                      0.7);
+        canvas_.Fill({area.x + kPad - 3, area.y, canvas_.Width(label) + 6, kLine}, 0.94);
+        canvas_.Text(area.x + kPad, area.y + kLine * 0.72, label, 0.3);
+        Draw(inner, {area.x + kPad, area.y + kPad + kLine * 0.75, area.width - 2 * kPad,
+                     area.height - 2 * kPad - kLine * 0.75});
     }
 
-    void DrawMarks(const RadioGroup& group, Box box) {
+    void DrawMarks(const RadioGroup& group, Area area) {
         const std::size_t lines = group.horizontal() ? 1 : group.labels().size();
-        double x = box.x;
-        double y = box.y + (box.height - double(lines) * kLine) / 2;
+        double x = area.x;
+        double y = area.y + (area.height - double(lines) * kLine) / 2;
         for (std::size_t i = 0; i < group.labels().size(); ++i) {
             canvas_.Circle(x + 6, y + kLine / 2, 6, false);
             if (group.selected() == i) canvas_.Circle(x + 6, y + kLine / 2, 3, true);
@@ -276,28 +278,28 @@ private:
         }
     }
 
-    void DrawField(const TextField& field, Box box) {
+    void DrawField(const TextField& field, Area area) {
         const auto* menu = dynamic_cast<const OptionMenu*>(&field);
-        if (menu) box.width = std::min(box.width, MeasureComponent(field.name()).width + kMark);
+        if (menu) area.width = std::min(area.width, MeasureComponent(field.name()).width + kMark);
         if (!dynamic_cast<const TextArea*>(&field)) {
-            box = {box.x, box.y + (box.height - kLine - 4) / 2, box.width, kLine + 4};
+            area = {area.x, area.y + (area.height - kLine - 4) / 2, area.width, kLine + 4};
         }
-        canvas_.Fill(box, 1);
-        canvas_.Frame({box.x, box.y, box.width - 1, box.height - 1}, 0.6);
-        canvas_.Text(box.x + 5, box.y + kLine * 0.8, Utf8(field.value));
+        canvas_.Fill(area, 1);
+        canvas_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.6);
+        canvas_.Text(area.x + 5, area.y + kLine * 0.8, Utf8(field.value));
         if (!menu) return;
-        const double x = box.x + box.width - 14;
-        const double y = box.y + box.height / 2 - 2;
+        const double x = area.x + area.width - 14;
+        const double y = area.y + area.height / 2 - 2;
         canvas_.Line(x, y, x + 4, y + 5);
         canvas_.Line(x + 4, y + 5, x + 8, y);
     }
 
-    void DrawButton(const Component& button, Box box) {
-        box = {box.x, box.y + (box.height - kLine - 6) / 2, box.width, kLine + 6};
+    void DrawButton(const Component& button, Area area) {
+        area = {area.x, area.y + (area.height - kLine - 6) / 2, area.width, kLine + 6};
         const std::string label = Utf8(button.label);
-        canvas_.Fill(box, 0.88);
-        canvas_.Frame({box.x, box.y, box.width - 1, box.height - 1}, 0.55);
-        canvas_.Text(box.x + (box.width - canvas_.Width(label)) / 2, Baseline(box), label,
+        canvas_.Fill(area, 0.88);
+        canvas_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.55);
+        canvas_.Text(area.x + (area.width - canvas_.Width(label)) / 2, Baseline(area), label,
                      button.enabled ? 0.1 : 0.6);
     }
 

@@ -1,6 +1,10 @@
 // VxConfig: the dialog, what it writes and what it leaves.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "hostapi/windows.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -89,18 +93,19 @@ TEST_F(SettingsDialog, ClosingWithoutSavingChangesNothing) {
 }
 
 TEST_F(SettingsDialog, APickedTemplateShowsInItsPanelAndIsSaved) {
-    Write(WIDE("D:\\My Formats\\a2 part.drw"), "x");
-    Play("@ option pro_format_dir D:\\My Formats");
+    std::filesystem::create_directories(host().disk.Real(WIDE("C:\\My Formats")));
+    Write(WIDE("C:\\My Formats\\a2 part.drw"), "x");
+    Play("@ option pro_format_dir C:\\My Formats");
     host().journal.Start();
     Run("~ Activate `VxConfig` `SelA2Prt`\n@ answer a2 part.drw\n" + std::string(kSave));
-    EXPECT_EQ(ValueOf("A2Prtpath", "path"), "D:\\My Formats\\a2 part.drw");
+    EXPECT_EQ(ValueOf("A2Prtpath", "path"), "C:\\My Formats\\a2 part.drw");
     std::string call;
     for (const std::string& line : host().journal.lines()) {
         if (line.find("ProFileOpen(") != std::string::npos) call = line;
     }
     Expect(call, "title=\"请选择A2零件模板\"");
     Expect(call, "filter=\"*.drw\"");
-    Expect(call, "folder=\"D:\\My Formats\"");
+    Expect(call, "folder=\"C:\\My Formats\"");
 }
 
 TEST_F(SettingsDialog, EachPickButtonHasItsTitleAndItsPanel) {

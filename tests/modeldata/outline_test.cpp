@@ -151,7 +151,7 @@ TEST_F(OutlineAndSheets, AModelWithoutSurfacesLosesTheParameter) {
 
 TEST_F(OutlineAndSheets, ComponentsBelowTheHostsTwentyFiveLevelsAreLeftOut) {
     // A chain of assemblies; the part P stands 24 levels down (the last that has a path) at
-    // x = 500, and one level deeper at x = 1000.
+    // x = 500, and one level deeper at x = 2000.
     Model& p = Part("p");
     Model* above = top_;
     for (int depth = 0; depth < 25; ++depth) {
@@ -160,10 +160,10 @@ TEST_F(OutlineAndSheets, ComponentsBelowTheHostsTwentyFiveLevelsAreLeftOut) {
         Put(*above, next, {0, 0, 0}, {0, 0, 0});
         above = &next;
     }
-    Put(*above, p, {1000, 0, 0}, {0, 0, 0});
+    Put(*above, p, {2000, 0, 0}, {0, 0, 0});
     Run(kInOrder + outline_);
     EXPECT_EQ(ValueOn(*top_), "510×20×30");
-    EXPECT_EQ(ValueOn(*host().session.FindByName(WIDE("level0"), PRO_MDL_ASSEMBLY)), "1010×20×30");
+    EXPECT_EQ(ValueOn(*host().session.FindByName(WIDE("level0"), PRO_MDL_ASSEMBLY)), "1510×20×30");
 }
 
 TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {

@@ -1,6 +1,9 @@
 // Add, Update and Delete of VxParams, and the settings that the dialog keeps.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
+#include "simhost/trail/interpreter.h"
 #include "tests/support/workbench.h"
 
 namespace {

@@ -177,7 +177,7 @@ TEST_F(BatchRelations, OneFailedModelDoesNotStopTheOthers) {
     EXPECT_EQ(written, 4);
 }
 
-TEST_F(BatchRelations, APartOrAnEmptyAssemblyGivesOnlyTheMessage) {
+TEST_F(BatchRelations, AnEmptyAssemblyGivesOnlyTheMessage) {
     Model& empty = Assembly("empty");
     Open(empty);
     Run(Type("x=1"), "AddRels", none_);

@@ -19,6 +19,8 @@
 namespace simhost {
 
 class Model;
+class Drawing;
+struct ScreenView;
 
 // The states of ProFeatureStatusGet, and their words in model files.
 const char* StatusName(ProFeatStatus status);
@@ -69,6 +71,8 @@ public:
     Relations relations;
     FamilyTable family;
     DrawingSheets sheets;   // drawings
+    std::shared_ptr<Drawing> drawing;    // drawings: their views; see DrawingOf
+    std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;  // released: the host lets nobody change it
     int treeRefreshes = 0;  // how often its tree was shown afresh
 

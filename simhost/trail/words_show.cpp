@@ -136,7 +136,7 @@ constexpr Topic kTopics[] = {
     {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
     {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
     {"colours", ShowColours}, {"parameters", ShowParameters}, {"relations", ShowRelations},
-    {"messages", ShowMessages},
+    {"views", ShowViews},     {"messages", ShowMessages},
 };
 
 }  // namespace

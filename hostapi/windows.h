@@ -9,8 +9,8 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-#include <shlobj.h>
 #include <locale.h>
+#include <shlobj.h>
 #include <wchar.h>
 
 #else

@@ -451,7 +451,8 @@ def top_models():
     part("空间包络", "Room to keep free for service; hidden in the assembly.", "维护空间", GLASS,
          [slab([-250, -750, -350], [600, 350, 450])], clear=0.8)
     part("transport_lock", "Holds the output shaft on the way to the customer; suppressed.",
-         "运输锁", ORANGE, [tube(90, 60, 0, 30), slab([-12, -180, 0], [12, -44, 12])], "917 917 911")
+         "运输锁", ORANGE, [tube(90, 60, 0, 30), slab([-12, -180, 0], [12, -44, 12])],
+         "917 917 911")
     assembly("gearbox", "Two-stage spur gear reducer with motor on a common base.",
              "二级减速箱", [
         use("gearbox_skel.prt"), use("base_plate.asm"), use("箱体组件.asm"),

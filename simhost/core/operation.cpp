@@ -2,9 +2,9 @@
 // journal.
 #include "simhost/core/operation.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
+
+#include <algorithm>
 
 #include "simhost/core/handles.h"
 #include "simhost/core/text.h"

@@ -133,10 +133,12 @@ struct Topic {
     void (*show)(Trail&);
 };
 constexpr Topic kTopics[] = {
-    {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
-    {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
-    {"colours", ShowColours}, {"parameters", ShowParameters}, {"relations", ShowRelations},
-    {"views", ShowViews},     {"messages", ShowMessages},
+    {"models", ShowModels},       {"menu", ShowMenu},
+    {"commands", ShowCommands},   {"dialog", ShowDialog},
+    {"popup", ShowPopup},         {"selection", ShowSelection},
+    {"colours", ShowColours},     {"parameters", ShowParameters},
+    {"relations", ShowRelations}, {"views", ShowViews},
+    {"messages", ShowMessages},
 };
 
 }  // namespace

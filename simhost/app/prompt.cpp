@@ -13,6 +13,7 @@
 #else
 #include <readline/history.h>
 #include <readline/readline.h>
+
 #include <unistd.h>
 #endif
 

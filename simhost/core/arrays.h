@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "hostapi/host/types.h"
@@ -51,6 +52,20 @@ private:
     Header* Require(ProArray array) const;
     static std::string Line(const Header& header);
     std::unordered_map<const void*, Header*> live_;
+};
+
+// Names the holder of arrays for as long as the plug-in runs on that behalf.
+class HolderScope {
+public:
+    HolderScope(ArrayLedger& ledger, std::string holder)
+        : ledger_(ledger), before_(std::exchange(ledger.holder, std::move(holder))) {}
+    ~HolderScope() { ledger_.holder = std::move(before_); }
+    HolderScope(const HolderScope&) = delete;
+    HolderScope& operator=(const HolderScope&) = delete;
+
+private:
+    ArrayLedger& ledger_;
+    std::string before_;
 };
 
 }  // namespace simhost

@@ -166,10 +166,7 @@ std::string Describe(const void* handle) {
             }
             break;
         case HandleKind::Command:
-            if (const Command* command = TheHost().commands.Find(handle)) {
-                return "command " + command->name;
-            }
-            break;
+            return TheHost().commands.Describe(handle);
     }
     return "pointer";
 }

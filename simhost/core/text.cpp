@@ -10,8 +10,9 @@
 #ifdef _WIN32
 #include "hostapi/windows.h"
 #else
-#include <cstdio>
 #include <iconv.h>
+
+#include <cstdio>
 #endif
 
 namespace simhost {
@@ -19,12 +20,8 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit < 0xDC00;
-}
-bool IsLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit < 0xE000;
-}
+bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
+bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 
 template <class Text>
 bool IsAscii(const Text& text) {
@@ -121,10 +118,8 @@ public:
     SystemCodePage() {
         const iconv_t converter = iconv_open("UTF-16LE", "CP936");
         if (converter == reinterpret_cast<iconv_t>(-1)) {
-            std::fputs(
-                "simhost: this system cannot convert code page 936; "
-                "text beyond ASCII becomes question marks\n",
-                stderr);
+            std::fputs("simhost: this system cannot convert code page 936; "
+                       "text beyond ASCII becomes question marks\n", stderr);
             return;
         }
         for (unsigned byte = 0x80; byte < 0x100; ++byte) Map(converter, byte, 1);
@@ -153,17 +148,16 @@ private:
     // the C library leaves them out.
     void MapUserDefined() {
         char16_t unit = 0xE000;
-        const auto zone = [&](unsigned leads, unsigned leadEnd, unsigned trails,
-                              unsigned trailEnd) {
-            for (unsigned lead = leads; lead <= leadEnd; ++lead) {
-                for (unsigned trail = trails; trail <= trailEnd; ++trail) {
+        const auto zone = [&](unsigned first, unsigned last) {
+            for (unsigned lead = first >> 8; lead <= last >> 8; ++lead) {
+                for (unsigned trail = first & 0xFF; trail <= (last & 0xFF); ++trail) {
                     if (trail != 0x7F) Pair(lead << 8 | trail, unit++);
                 }
             }
         };
-        zone(0xAA, 0xAF, 0xA1, 0xFE);
-        zone(0xF8, 0xFE, 0xA1, 0xFE);
-        zone(0xA1, 0xA7, 0x40, 0xA0);
+        zone(0xAAA1, 0xAFFE);
+        zone(0xF8A1, 0xFEFE);
+        zone(0xA140, 0xA7A0);
     }
 
     void Pair(unsigned code, char16_t unit) {
@@ -267,15 +261,9 @@ WideText FromSystemCodePage(std::string_view bytes) {
 
 #endif
 
-std::string Lower(std::string_view text) {
-    return Folded(std::string(text), /*toUpper=*/false);
-}
-WideText Lower(WideView text) {
-    return Folded(WideText(text), /*toUpper=*/false);
-}
-WideText Upper(WideView text) {
-    return Folded(WideText(text), /*toUpper=*/true);
-}
+std::string Lower(std::string_view text) { return Folded(std::string(text), /*toUpper=*/false); }
+WideText Lower(WideView text) { return Folded(WideText(text), /*toUpper=*/false); }
+WideText Upper(WideView text) { return Folded(WideText(text), /*toUpper=*/true); }
 
 bool SameName(WideView a, WideView b) {
     const auto folded = [](WideChar c) {

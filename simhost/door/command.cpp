@@ -25,9 +25,8 @@ ProError ProCmdActionAdd(char* name, uiCmdCmdActFn action, uiCmdPriority priorit
             *command = TheHost().commands.Add(name, action, priority, access).id;
             return PRO_TK_NO_ERROR;
         },
-        "name", name, "action", action, "priority", priority, "access", access,
-        "inNonActiveWindow", inNonActiveWindow, "inAccessoryWindow", inAccessoryWindow, "command",
-        Out(command));
+        "name", name, "action", action, "priority", priority, "access", access, "inNonActiveWindow",
+        inNonActiveWindow, "inAccessoryWindow", inAccessoryWindow, "command", Out(command));
 }
 
 ProError ProCmdCmdIdFind(char* name, uiCmdCmdId* command) {
@@ -90,8 +89,8 @@ ProError ProMenubarMenuAdd(char* menu, char* titleKey, char* neighbour, ProBoole
 }
 
 ProError ProMenubarmenuPushbuttonAdd(char* menu, char* button, char* labelKey, char* helpKey,
-                                     char* neighbour, ProBoolean afterNeighbour,
-                                     uiCmdCmdId command, WideChar* messageFile) {
+                                     char* neighbour, ProBoolean afterNeighbour, uiCmdCmdId command,
+                                     WideChar* messageFile) {
     static Operation op("ProMenubarmenuPushbuttonAdd");
     return op.Call(
         [&] {

@@ -8,9 +8,9 @@ namespace simhost {
 
 // Each gives an empty text, or the reason why it could not be done. Unset: not available here.
 struct Hooks {
-    std::function<std::string()> start;                             // load the plug-in
-    std::function<std::string()> stop;                              // unload it
-    std::function<std::string(const std::string& file)> picture;    // draw the current model
+    std::function<std::string()> start;                           // load the plug-in
+    std::function<std::string()> stop;                            // unload it
+    std::function<std::string(const std::string& file)> picture;  // draw the current model
 };
 
 Hooks& TheHooks();

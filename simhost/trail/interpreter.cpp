@@ -2,10 +2,10 @@
 // reads from top to bottom as the user acts.
 #include "simhost/trail/interpreter.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/trail/steps.h"
@@ -25,17 +25,17 @@ std::string Quoted(const WideText& text) {
 // What waits, as the beginning of a sentence.
 std::string Describe(const Wait& wait) {
     switch (wait.kind) {
-    case Wait::Kind::Box: return fmt::format("the box {} is open", Quoted(wait.box->text));
-    case Wait::Kind::Prompt: return fmt::format("the prompt {} waits", Quoted(wait.prompt));
-    default: return fmt::format("the dialog {} is open", wait.dialog->name());
+        case Wait::Kind::Box: return fmt::format("the box {} is open", Quoted(wait.box->text));
+        case Wait::Kind::Prompt: return fmt::format("the prompt {} waits", Quoted(wait.prompt));
+        default: return fmt::format("the dialog {} is open", wait.dialog->name());
     }
 }
 
 const char* WayOut(const Wait& wait) {
     switch (wait.kind) {
-    case Wait::Kind::Box: return "@ ok answers it";
-    case Wait::Kind::Prompt: return "@ answer TEXT or @ quit answers it";
-    default: return "its buttons or ~ Close end it";
+        case Wait::Kind::Box: return "@ ok answers it";
+        case Wait::Kind::Prompt: return "@ answer TEXT or @ quit answers it";
+        default: return "its buttons or ~ Close end it";
     }
 }
 
@@ -72,9 +72,9 @@ bool Trail::Run() {
 std::string Trail::WaitingFor() const {
     if (waits_.empty()) return TheHost().commands.popup() ? "popup" : "vx";
     switch (waits_.back()->kind) {
-    case Wait::Kind::Box: return "box";
-    case Wait::Kind::Prompt: return "answer";
-    default: return "dialog " + waits_.back()->dialog->name();
+        case Wait::Kind::Box: return "box";
+        case Wait::Kind::Prompt: return "answer";
+        default: return "dialog " + waits_.back()->dialog->name();
     }
 }
 
@@ -136,10 +136,10 @@ Step Trail::Resolved(Step step) const {
 bool Trail::Fits(const Step& step) const {
     if (waits_.empty()) return true;
     switch (step.kind) {
-    case Step::Kind::Word: return !NeedsTheMainWindow(step);
-    case Step::Kind::Trail:
-        return waits_.back()->kind == Wait::Kind::Dialog && step.verb != "Command";
-    default: return true;
+        case Step::Kind::Word: return !NeedsTheMainWindow(step);
+        case Step::Kind::Trail:
+            return waits_.back()->kind == Wait::Kind::Dialog && step.verb != "Command";
+        default: return true;
     }
 }
 
@@ -234,11 +234,11 @@ void Trail::Perform(const Step& step) {
 
 void Trail::PerformInner(const Step& step) {
     switch (step.kind) {
-    case Step::Kind::Trail:
-        if (const std::string problem = PerformTrailStep(step); !problem.empty()) Fail(problem);
-        break;
-    case Step::Kind::Word: PerformWord(*this, step.text); break;
-    default: Fail("a line begins with ~ (a step), @ (a word) or ! (a comment)");
+        case Step::Kind::Trail:
+            if (const std::string problem = PerformTrailStep(step); !problem.empty()) Fail(problem);
+            break;
+        case Step::Kind::Word: PerformWord(*this, step.text); break;
+        default: Fail("a line begins with ~ (a step), @ (a word) or ! (a comment)");
     }
 }
 
@@ -274,7 +274,8 @@ void Trail::SayAll(const std::vector<std::string>& lines) {
 
 std::vector<std::string> RunScript(const std::string& text, const Trail::Print& print) {
     TextSource source(text);
-    Trail trail(source, print ? print : [](const std::string&) {});
+    const Trail::Print quiet = [](const std::string&) {};
+    Trail trail(source, print ? print : quiet);
     trail.Run();
     return trail.failures();
 }

@@ -20,8 +20,8 @@ struct Wait {
     const Box* box = nullptr;
     Dialog* dialog = nullptr;
     WideText prompt;
-    bool answered = false;              // boxes and prompts
-    std::optional<WideText> answer;     // prompts; nothing: the user left it
+    bool answered = false;           // boxes and prompts
+    std::optional<WideText> answer;  // prompts; nothing: the user left it
 };
 
 class Trail {

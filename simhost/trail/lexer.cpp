@@ -26,9 +26,7 @@ public:
 
 private:
     void SkipBlanks() { at_ = std::min(line_.find_first_not_of(kBlanks, at_), line_.size()); }
-    void SkipTo() {
-        at_ = std::min(line_.find_first_not_of(" \t\r\n;", at_), line_.size());
-    }
+    void SkipTo() { at_ = std::min(line_.find_first_not_of(" \t\r\n;", at_), line_.size()); }
 
     Step ReadStep() {
         const std::size_t begin = at_++;
@@ -98,13 +96,13 @@ TextArgument ParseText(std::string_view argument) {
         }
         if (++i == text.size()) break;
         switch (text[i]) {
-        case 't': parsed.text += '\t'; break;
-        case 'n': parsed.text += '\n'; break;
-        case 'r': parsed.text += '\r'; break;
-        case '"':
-        case '\\':
-        case '/': parsed.text += text[i]; break;
-        default: throw LexError(std::string("\\") + text[i] + " means nothing in a \"…\"");
+            case 't': parsed.text += '\t'; break;
+            case 'n': parsed.text += '\n'; break;
+            case 'r': parsed.text += '\r'; break;
+            case '"':
+            case '\\':
+            case '/': parsed.text += text[i]; break;
+            default: throw LexError(std::string("\\") + text[i] + " means nothing in a \"…\"");
         }
     }
     throw LexError("a text in \"…\" does not end");

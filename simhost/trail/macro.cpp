@@ -1,9 +1,9 @@
 // Runs macros. A dialog that a macro opens is used by the macro's next steps first.
 #include "simhost/trail/macro.h"
 
-#include <deque>
-
 #include <fmt/format.h>
+
+#include <deque>
 
 #include "simhost/host.h"
 #include "simhost/trail/steps.h"
@@ -20,9 +20,7 @@ void Perform(const Step& step) {
 
 class MacroUser : public User {
 public:
-    explicit MacroUser(std::deque<Step> steps) : steps_(std::move(steps)) {
-        TheHost().user = this;
-    }
+    explicit MacroUser(std::deque<Step> steps) : steps_(std::move(steps)) { TheHost().user = this; }
     ~MacroUser() override { TheHost().user = person_; }
     MacroUser(const MacroUser&) = delete;
     MacroUser& operator=(const MacroUser&) = delete;

@@ -1,11 +1,11 @@
 // Finds components and items by the paths of scripts.
 #include "simhost/trail/picks.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -20,9 +20,14 @@ struct ItemKind {
     ProType type;
 };
 constexpr ItemKind kItemKinds[] = {
-    {"surface", PRO_SURFACE}, {"feature", PRO_FEATURE}, {"edge", PRO_EDGE},
-    {"csys", PRO_CSYS},       {"quilt", PRO_QUILT},     {"curve", PRO_CURVE},
-    {"composite", PRO_COMP_CURVE}, {"body", PRO_BODY},
+    {"surface", PRO_SURFACE},
+    {"feature", PRO_FEATURE},
+    {"edge", PRO_EDGE},
+    {"csys", PRO_CSYS},
+    {"quilt", PRO_QUILT},
+    {"curve", PRO_CURVE},
+    {"composite", PRO_COMP_CURVE},
+    {"body", PRO_BODY},
 };
 
 std::optional<ProType> KindOfWord(const std::string& word) {

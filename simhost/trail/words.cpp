@@ -1,9 +1,9 @@
 // The table of the @ words.
 #include "simhost/trail/words.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
+
+#include <algorithm>
 
 #include "simhost/core/text.h"
 #include "simhost/trail/hooks.h"
@@ -13,7 +13,7 @@
 namespace simhost {
 namespace {
 
-constexpr bool kMain = true, kAny = false;    // Word::mainWindow
+constexpr bool kMain = true, kAny = false;      // Word::mainWindow
 constexpr bool kKeeps = true, kLeaves = false;  // Word::keepsPopup
 
 // The text begins with the word, and with nothing that would make it another word.
@@ -82,8 +82,8 @@ void PerformWord(Trail& trail, const std::string& text) {
     std::string rest;
     if (const Word* word = FindWord(text, &rest)) {
         if (*word->arguments == '\0' && !rest.empty()) {
-            trail.Fail(fmt::format("nothing belongs behind {}, but there is \"{}\"", word->name,
-                                   rest));
+            trail.Fail(
+                fmt::format("nothing belongs behind {}, but there is \"{}\"", word->name, rest));
             return;
         }
         word->perform(trail, rest);
@@ -131,8 +131,8 @@ void Help(Trail& trail, const std::string&) {
 
 void HelpWords(Trail& trail, const std::string&) {
     for (const Word& word : Words()) {
-        trail.Say(fmt::format("@ {:<32} {}", std::string(word.name) + " " + word.arguments,
-                              word.help));
+        trail.Say(
+            fmt::format("@ {:<32} {}", std::string(word.name) + " " + word.arguments, word.help));
     }
     std::string verbs = "~ Command `NAME`   and on dialogs:";
     for (const std::string& verb : VerbNames()) verbs += " ~ " + verb;

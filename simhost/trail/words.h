@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "hostapi/host.h"
 #include "simhost/trail/lexer.h"
 
 namespace simhost {
@@ -65,6 +66,7 @@ void ExpectNoButton(Trail& trail, const std::string& rest);
 
 void Show(Trail& trail, const std::string& rest);
 const std::vector<std::string>& ShowTopics();
+std::string ColourWords(const ProdbSurfaceProps& props);  // "255.128.0": red, green, blue
 void Note(Trail& trail, const std::string& rest);
 void Help(Trail& trail, const std::string& rest);
 void HelpWords(Trail& trail, const std::string& rest);

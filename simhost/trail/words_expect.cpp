@@ -1,9 +1,8 @@
 // The @ words that say what must be so.
-#include <array>
-#include <charconv>
-#include <cmath>
-
 #include <fmt/format.h>
+
+#include <charconv>
+#include <optional>
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
@@ -16,8 +15,7 @@ namespace {
 // A quoted text is the whole; another is a piece of it.
 bool Says(const WideText& text, const TextArgument& expected) {
     const std::string utf8 = Utf8(text);
-    return expected.quoted ? utf8 == expected.text
-                           : utf8.find(expected.text) != std::string::npos;
+    return expected.quoted ? utf8 == expected.text : utf8.find(expected.text) != std::string::npos;
 }
 
 // A text with its tabs and line ends visible.
@@ -55,8 +53,8 @@ void ExpectAccess(Trail& trail, const std::string& rest, bool available) {
     const std::string name = ParseText(rest).text;
     const auto state = commands.Access(name);
     if (!state) {
-        return trail.Fail(fmt::format("there is no command {}{}", name,
-                                      DidYouMean(name, commands.Names())));
+        return trail.Fail(
+            fmt::format("there is no command {}{}", name, DidYouMean(name, commands.Names())));
     }
     if ((*state == ACCESS_AVAILABLE) != available) {
         trail.Fail(fmt::format("{} is {} (its access rule answers {})", name, AccessWord(*state),
@@ -81,17 +79,11 @@ Model* FindModel(const std::string& name) {
     return nullptr;
 }
 
-std::string ColourText(const ProdbSurfaceProps& props) {
-    std::array<long, 3> parts{};
-    for (std::size_t i = 0; i < 3; ++i) parts[i] = std::lround(props.colour[i] * 255);
-    return fmt::format("{}.{}.{}", parts[0], parts[1], parts[2]);
-}
-
 // The colour of a model or one of its surfaces as text, "none" without one of its own.
 std::string ColourOf(const Model& model, std::optional<int> surface) {
-    if (!surface) return model.appearance ? ColourText(*model.appearance) : "none";
+    if (!surface) return model.appearance ? ColourWords(*model.appearance) : "none";
     const auto found = model.surfaceAppearances.find(*surface);
-    return found == model.surfaceAppearances.end() ? "none" : ColourText(found->second);
+    return found == model.surfaceAppearances.end() ? "none" : ColourWords(found->second);
 }
 
 }  // namespace
@@ -160,16 +152,16 @@ void ExpectColour(Trail& trail, const std::string& rest) {
     if (!model) {
         std::vector<std::string> names;
         for (const Model* each : TheHost().session.All()) names.push_back(each->FileName());
-        return trail.Fail(fmt::format("the model {} is not in memory{}", name,
-                                      DidYouMean(name, names)));
+        return trail.Fail(
+            fmt::format("the model {} is not in memory{}", name, DidYouMean(name, names)));
     }
     if (surface && !model->HasSurface(*surface)) {
         return trail.Fail(fmt::format("{} has no surface {}", model->FileName(), *surface));
     }
     const std::string colour = ColourOf(*model, surface);
     if (colour != expected) {
-        trail.Fail(fmt::format("the colour of {} is {}, not {}", model->FileName(), colour,
-                               expected));
+        trail.Fail(
+            fmt::format("the colour of {} is {}, not {}", model->FileName(), colour, expected));
     }
 }
 

@@ -1,9 +1,9 @@
 // The @ words about models, windows, folders, settings and the plug-in itself.
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 #include <filesystem>
-
-#include <fmt/format.h>
 
 #include "hostapi/windows.h"
 #include "simhost/core/text.h"
@@ -70,8 +70,8 @@ void OpenModel(Trail& trail, const std::string& rest) {
     Session& session = TheHost().session;
     Model* model = session.Retrieve(file);
     if (!model) {
-        return trail.Fail(fmt::format("there is no {} in {}", file,
-                                      Utf8(session.workingDirectory)));
+        return trail.Fail(
+            fmt::format("there is no {} in {}", file, Utf8(session.workingDirectory)));
     }
     for (const std::string& missing : session.TakeMissing()) {
         trail.Say(fmt::format("missing: {}", missing));

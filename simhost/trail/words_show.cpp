@@ -1,7 +1,7 @@
 // The @ word show: what the session, the menu and the windows look like now.
-#include <cmath>
-
 #include <fmt/format.h>
+
+#include <cmath>
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
@@ -14,11 +14,11 @@ namespace {
 
 std::string KindOf(const Model& model) {
     switch (model.type) {
-    case PRO_MDL_ASSEMBLY: return "assembly";
-    case PRO_MDL_DRAWING: return "drawing";
-    case PRO_MDL_DWGFORM: return "format";
-    case PRO_MDL_MFG: return "manufacturing";
-    default: break;
+        case PRO_MDL_ASSEMBLY: return "assembly";
+        case PRO_MDL_DRAWING: return "drawing";
+        case PRO_MDL_DWGFORM: return "format";
+        case PRO_MDL_MFG: return "manufacturing";
+        default: break;
     }
     if (model.skeleton) return "skeleton";
     return model.subtype == PROMDLSTYPE_PART_SHEETMETAL ? "sheet metal" : "part";
@@ -93,13 +93,10 @@ void ShowSelection(Trail& trail) {
     trail.Say(fmt::format("{} selected", session.buffer.size()));
 }
 
-std::string ColourText(const ProdbSurfaceProps& props) {
-    std::string text;
-    for (const double part : props.colour) {
-        text += fmt::format("{}{}", text.empty() ? "" : ".", std::lround(part * 255));
-    }
-    if (props.transparency > 0) text += fmt::format(" transparency {:g}", props.transparency);
-    return text;
+std::string ColourAndTransparency(const ProdbSurfaceProps& props) {
+    const std::string text = ColourWords(props);
+    if (props.transparency <= 0) return text;
+    return fmt::format("{} transparency {:g}", text, props.transparency);
 }
 
 void ShowColours(Trail& trail) {
@@ -108,12 +105,11 @@ void ShowColours(Trail& trail) {
         if (model->appearance) {
             ++coloured;
             trail.Say(fmt::format("{} {}", Padded(model->FileName(), 28),
-                                  ColourText(*model->appearance)));
+                                  ColourAndTransparency(*model->appearance)));
         }
         for (const auto& [id, props] : model->surfaceAppearances) {
-            trail.Say(fmt::format("{} {}",
-                                  Padded(fmt::format("{}#{}", model->FileName(), id), 28),
-                                  ColourText(props)));
+            trail.Say(fmt::format("{} {}", Padded(fmt::format("{}#{}", model->FileName(), id), 28),
+                                  ColourAndTransparency(props)));
         }
     }
     trail.Say(fmt::format("{} models have a colour of their own", coloured));
@@ -135,12 +131,18 @@ struct Topic {
     void (*show)(Trail&);
 };
 constexpr Topic kTopics[] = {
-    {"models", ShowModels},     {"menu", ShowMenu},     {"commands", ShowCommands},
-    {"dialog", ShowDialog},     {"popup", ShowPopup},   {"selection", ShowSelection},
-    {"colours", ShowColours},   {"messages", ShowMessages},
+    {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
+    {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
+    {"colours", ShowColours}, {"messages", ShowMessages},
 };
 
 }  // namespace
+
+std::string ColourWords(const ProdbSurfaceProps& props) {
+    const double* part = props.colour;
+    return fmt::format("{}.{}.{}", std::lround(part[0] * 255), std::lround(part[1] * 255),
+                       std::lround(part[2] * 255));
+}
 
 const std::vector<std::string>& ShowTopics() {
     static const std::vector<std::string> topics = [] {

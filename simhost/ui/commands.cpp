@@ -2,10 +2,10 @@
 // the button was added with, as a name can be registered more than once.
 #include "simhost/ui/commands.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
-
-#include <fmt/format.h>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
@@ -25,6 +25,7 @@ struct BuiltInMenu {
     const WideChar* title;
     bool onBar;
 };
+// clang-format off
 constexpr BuiltInMenu kBuiltInMenus[] = {
     {"File",         WIDE("文件"),     true},
     {"Edit",         WIDE("编辑"),     true},
@@ -38,6 +39,7 @@ constexpr BuiltInMenu kBuiltInMenus[] = {
     {"Help",         WIDE("帮助"),     true},
     {"ActionMenu",   WIDE("操作"),     false},
 };
+// clang-format on
 
 std::string FromDoor(const char* name) {
     return Utf8(FromSystemCodePage(name));
@@ -53,9 +55,9 @@ auto ByName(Items& items, std::string_view name) {
 
 const char* AccessWord(uiCmdAccessState state) {
     switch (state) {
-    case ACCESS_AVAILABLE: return "available";
-    case ACCESS_UNAVAILABLE: return "greyed";
-    default: return "not shown";
+        case ACCESS_AVAILABLE: return "available";
+        case ACCESS_UNAVAILABLE: return "greyed";
+        default: return "not shown";
     }
 }
 
@@ -211,21 +213,22 @@ std::optional<uiCmdAccessState> Commands::Access(const std::string& name) {
 Pressed Commands::Run(Command& command, uiCmdAccessState state) {
     if (state == ACCESS_AVAILABLE) return RunAction(command);
     const bool noModel = TheHost().session.CurrentModel() == nullptr;
-    return {false, fmt::format("{} is {} {} (its access rule answers {})", command.name,
-                               AccessWord(state),
-                               noModel ? "while no model is open" : "in the present window",
-                               static_cast<int>(state))};
+    return {false,
+            fmt::format("{} is {} {} (its access rule answers {})", command.name, AccessWord(state),
+                        noModel ? "while no model is open" : "in the present window",
+                        static_cast<int>(state))};
 }
 
 Pressed Commands::RunAction(Command& command) {
     ClosePopup();
     Pressed pressed{true, {}, 0};
+    const HolderScope holder(TheHost().arrays, "command " + command.name);
     ++running_;
     try {
         if (command.action) pressed.result = command.action(command.id, nullptr, nullptr);
     } catch (const std::exception& error) {
-        TheHost().Complain(fmt::format("the action of {} let an exception out: {}", command.name,
-                                       error.what()));
+        TheHost().Complain(
+            fmt::format("the action of {} let an exception out: {}", command.name, error.what()));
     }
     --running_;
     RunMacros();

@@ -1,5 +1,5 @@
-// Commands, the menu bar and the popup menus: what the plug-in registers with the host, and what the
-// user sees of it and presses.
+// Commands, the menu bar and the popup menus: what the plug-in registers with the host, and what
+// the user sees of it and presses.
 #pragma once
 
 #include <deque>
@@ -47,7 +47,7 @@ struct PopupEntry {
     Command* command = nullptr;  // null for the host's own entries
     ProPopupmenuAccessFn access = nullptr;
     ProAppData data = nullptr;
-    void (*own)() = nullptr;  // what an entry of the host's own does
+    void (*own)() = nullptr;                    // what an entry of the host's own does
     uiCmdAccessState state = ACCESS_AVAILABLE;  // as its access function answered
 };
 
@@ -74,7 +74,6 @@ public:
     // --- The plug-in's side; failures are refusals ---
     Command& Add(const char* name, uiCmdCmdActFn action, uiCmdPriority priority,
                  uiCmdAccessFn access);
-    Command* Find(const void* id) const { return ids_.Find(id); }
     Command& Require(uiCmdCmdId id) const;  // a complaint for an id that was never given
     Command& RequireName(const char* name) const;
     void AddMenu(const char* name, WideText title, const char* neighbour, bool after);

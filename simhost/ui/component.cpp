@@ -8,8 +8,8 @@
 namespace simhost {
 namespace {
 
-constexpr const char* kVerbNames[] = {"Activate", "Select",   "Input", "FocusIn",
-                                      "FocusOut", "Open",     "Close", "Update"};
+constexpr const char* kVerbNames[] = {"Activate", "Select", "Input", "FocusIn",
+                                      "FocusOut", "Open",   "Close", "Update"};
 
 bool Says(const std::vector<std::string>* values, std::string_view word) {
     return values && values->size() == 1 && Lower((*values)[0]) == word;

@@ -2,13 +2,13 @@
 // other kinds (labels, separators, layouts) are only there to be seen.
 #pragma once
 
+#include <fmt/format.h>
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <fmt/format.h>
 
 #include "hostapi/host.h"
 #include "simhost/core/operation.h"
@@ -80,9 +80,9 @@ template <class Kind>
 Kind& RequireKind(Component& component, const std::string& dialog) {
     auto* kind = dynamic_cast<Kind*>(&component);
     if (!kind) {
-        Complain(PRO_TK_BAD_INPUTS, fmt::format("{} of dialog {} is a {}, not a {}",
-                                                component.name(), dialog, component.kind(),
-                                                Kind::kKind));
+        Complain(PRO_TK_BAD_INPUTS,
+                 fmt::format("{} of dialog {} is a {}, not a {}", component.name(), dialog,
+                             component.kind(), Kind::kKind));
     }
     return *kind;
 }

@@ -1,10 +1,10 @@
 // Making, showing and ending of dialogs.
 #include "simhost/ui/dialogs.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -90,8 +90,8 @@ void Dialog::RunAction(const DialogAction& action, const std::string& component)
     try {
         action.function(dialogName.data(), componentName.data(), action.data);
     } catch (const std::exception& error) {
-        TheHost().Complain(fmt::format("an action of dialog {} let an exception out: {}", name_,
-                                       error.what()));
+        TheHost().Complain(
+            fmt::format("an action of dialog {} let an exception out: {}", name_, error.what()));
     }
     --runningActions_;
 }

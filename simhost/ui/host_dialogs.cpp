@@ -2,10 +2,10 @@
 // gallery, its drop-down, the entry, and yes to the question.
 #include "simhost/ui/host_dialogs.h"
 
+#include <fmt/format.h>
+
 #include <set>
 #include <vector>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -38,8 +38,7 @@ void ClearAllAppearances(Model& top) {
 
 std::string NoComponent(const std::string& component, const char* dialog,
                         const std::vector<std::string>& names) {
-    return fmt::format("no component {} in {}{}", component, dialog,
-                       DidYouMean(component, names));
+    return fmt::format("no component {} in {}{}", component, dialog, DidYouMean(component, names));
 }
 
 std::string CannotDo(Verb verb, const std::string& component) {

@@ -68,20 +68,20 @@ WideText Real(const Place& place, double value) {
 // The next argument of the call as text. Only here is its real type known.
 WideText Take(const Place& place, std::va_list* arguments) {
     switch (place.kind) {
-    case 'w': {
-        const WideChar* text = va_arg(*arguments, WideChar*);
-        return text ? WideText(text) : WideText();
-    }
-    case 's': {
-        const char* text = va_arg(*arguments, char*);
-        return text ? FromSystemCodePage(text) : WideText();
-    }
-    case 'd': {
-        char buffer[1024];
-        std::snprintf(buffer, sizeof buffer, "%*d", place.width, va_arg(*arguments, int));
-        return Wide(buffer);
-    }
-    default: return Real(place, va_arg(*arguments, double));
+        case 'w': {
+            const WideChar* text = va_arg(*arguments, WideChar*);
+            return text ? WideText(text) : WideText();
+        }
+        case 's': {
+            const char* text = va_arg(*arguments, char*);
+            return text ? FromSystemCodePage(text) : WideText();
+        }
+        case 'd': {
+            char buffer[1024];
+            std::snprintf(buffer, sizeof buffer, "%*d", place.width, va_arg(*arguments, int));
+            return Wide(buffer);
+        }
+        default: return Real(place, va_arg(*arguments, double));
     }
 }
 

@@ -1,10 +1,10 @@
 // Reading of message files: four lines a message (key, original, translation, a line with #).
 #include "simhost/ui/messages.h"
 
+#include <fmt/format.h>
+
 #include <system_error>
 #include <vector>
-
-#include <fmt/format.h>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"

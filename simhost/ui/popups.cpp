@@ -1,10 +1,10 @@
 // Popup menus. A popup is made afresh at every right click, the plug-in may add its entries while
 // the host tells it of the making, and it is gone when an entry is pressed or the user leaves it.
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstring>
 #include <exception>
-
-#include <fmt/format.h>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
@@ -61,6 +61,7 @@ struct OwnEntry {
     void (*own)();
 };
 // The popups of the host and what they hold before any plug-in comes.
+// clang-format off
 constexpr OwnEntry kOwnEntries[] = {
     {"Sel Obj Menu",      "Open",    WIDE("打开"),     OpenSelected},
     {"Sel Obj Menu",      "Hide",    WIDE("隐藏"),     HideSelected},
@@ -71,6 +72,7 @@ constexpr OwnEntry kOwnEntries[] = {
     {"Model Tree Menu",   "Hide",    WIDE("隐藏"),     HideSelected},
     {"Model Tree Menu",   "Unhide",  WIDE("取消隐藏"), UnhideSelected},
 };
+// clang-format on
 
 bool IsShown(const PopupEntry& entry) {
     return entry.state == ACCESS_AVAILABLE || entry.state == ACCESS_UNAVAILABLE;
@@ -131,6 +133,7 @@ const Popup* Commands::OpenPopup(const std::string& name) {
         }
     }
     const SelectionArgument selections;
+    const HolderScope holder(TheHost().arrays, "popup access");
     for (PopupEntry& entry : popup_->entries) {
         if (entry.access) {
             entry.state = entry.access(entry.command->id, entry.data, selections.get());
@@ -162,9 +165,8 @@ Pressed Commands::PressPopup(const std::string& label) {
     const WideText wanted = Wide(label);
     std::vector<std::string> labels;
     for (const PopupEntry& entry : popup_->entries) labels.push_back(Utf8(entry.label));
-    const auto found =
-        std::find_if(popup_->entries.begin(), popup_->entries.end(),
-                     [&](const PopupEntry& entry) { return entry.label == wanted; });
+    const auto found = std::find_if(popup_->entries.begin(), popup_->entries.end(),
+                                    [&](const PopupEntry& entry) { return entry.label == wanted; });
     if (found == popup_->entries.end()) {
         return {false, fmt::format("the popup {} has no button {}{}", popup_->name, label,
                                    DidYouMean(label, labels))};

@@ -1,10 +1,10 @@
 // The parser of dialog resources: first lists of words and lists, then their meaning.
 #include "simhost/ui/resource.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <charconv>
-
-#include <fmt/format.h>
 
 namespace simhost {
 namespace {

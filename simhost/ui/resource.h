@@ -1,4 +1,5 @@
-// Dialog resources: the text files that say which components a dialog has and how they are laid out.
+// Dialog resources: the text files that say which components a dialog has and how they are laid
+// out.
 //
 //     (Dialog Greeting
 //         (Components (Label Title) (PushButton OK))

@@ -30,13 +30,19 @@ int Deliver(const std::basic_string<Char>& text, Char* place, int size) {
     return length <= size ? length : 0;
 }
 
-std::string Encode(WideView wide, const char* defaultChar, BOOL* usedDefault) {
+// In code page 936, up to `room` bytes and no halved character; *whole tells if that was all.
+std::string Encode(WideView wide, std::size_t room, const char* defaultChar, BOOL* usedDefault,
+                   bool* whole) {
     std::string bytes;
     for (const WideChar& unit : wide) {
-        const std::string one = ToSystemCodePage(WideView(&unit, 1));
-        const bool hasPlace = one != "?" || unit == u'?';
-        bytes += hasPlace || !defaultChar ? one : std::string(defaultChar);
-        if (!hasPlace && usedDefault) *usedDefault = TRUE;
+        std::string one = ToSystemCodePage(WideView(&unit, 1));
+        if (one == "?" && unit != u'?') {
+            if (usedDefault) *usedDefault = TRUE;
+            if (defaultChar) one = defaultChar;
+        }
+        *whole = bytes.size() + one.size() <= room;
+        if (!*whole) break;
+        bytes += one;
     }
     return bytes;
 }
@@ -59,7 +65,11 @@ int ToNarrow(UINT codePage, WideView wide, char* narrow, int narrowSize, const c
     }
     if (!IsSystemCodePage(codePage)) return 0;
     if (usedDefault) *usedDefault = FALSE;
-    return Deliver(Encode(wide, defaultChar, usedDefault), narrow, narrowSize);
+    const std::size_t room = narrowSize == 0 ? WideText::npos : std::size_t(narrowSize);
+    bool whole = false;
+    const std::string bytes = Encode(wide, room, defaultChar, usedDefault, &whole);
+    const int written = Deliver(bytes, narrow, narrowSize);
+    return whole ? written : 0;
 }
 
 // The name that a locale is remembered by; nothing for one that this system has not.

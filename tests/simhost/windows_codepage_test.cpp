@@ -8,15 +8,6 @@ namespace {
 constexpr UINT kChinese = 936;
 constexpr UINT kUtf8 = 65001;
 
-template <std::size_t n>
-std::string Bytes(const char (&literal)[n]) {
-    return std::string(literal, n - 1);
-}
-template <std::size_t n>
-WideText Units(const WideChar (&literal)[n]) {
-    return WideText(literal, n - 1);
-}
-
 struct Widening {
     const char* name;
     UINT codePage;
@@ -41,9 +32,9 @@ TEST_P(ToWide, GivesTheText) {
 
 const Widening kWidenings[] = {
     {"AsciiStays", CP_ACP, "abc", WIDE("abc")},
-    {"ALengthOfMinusOneTakesTheTerminator", CP_ACP, "ab", Units(WIDE("ab\0")), -1},
-    {"AnEmptyTextWithItsTerminatorIsOneUnit", CP_ACP, "", Units(WIDE("\0")), -1},
-    {"AGivenLengthGoesBeyondANullByte", CP_ACP, Bytes("a\0b"), Units(WIDE("a\0b"))},
+    {"ALengthOfMinusOneTakesTheTerminator", CP_ACP, "ab", UnitsOf(WIDE("ab\0")), -1},
+    {"AnEmptyTextWithItsTerminatorIsOneUnit", CP_ACP, "", UnitsOf(WIDE("\0")), -1},
+    {"AGivenLengthGoesBeyondANullByte", CP_ACP, BytesOf("a\0b"), UnitsOf(WIDE("a\0b"))},
     {"ChineseIsTwoBytesToACharacter", kChinese, "\xD6\xD0\xCE\xC4", WIDE("\u4e2d\u6587")},
     {"ChineseAndAsciiMix", kChinese, "a\xD6\xD0z", WIDE("a\u4e2dz")},
     {"TheEuroSignIsOneByte", kChinese, "\x80z", WIDE("\u20acz")},
@@ -51,15 +42,14 @@ const Widening kWidenings[] = {
     {"AUserDefinedCharacterHasAPrivatePlace", kChinese, "\xAA\xA1\xFE\xFE", WIDE("\ue000\ue4c5")},
     {"AnotherUserDefinedZoneFollows", kChinese, "\xA1\x40\xA7\xA0", WIDE("\ue4c6\ue765")},
     {"AFirstByteAtTheEndIsAQuestionMark", kChinese, "a\xD6", WIDE("a?")},
-    {"AFirstByteBeforeTheTerminatorLeavesIt", kChinese, "\xD6", Units(WIDE("?\0")), -1},
+    {"AFirstByteBeforeTheTerminatorLeavesIt", kChinese, "\xD6", UnitsOf(WIDE("?\0")), -1},
     {"AnImpossiblePairIsOneQuestionMark", kChinese, "\xD6 z", WIDE("?z")},
     {"Utf8IsKnown", kUtf8, "\xE4\xB8\xAD", WIDE("\u4e2d")},
-    {"Utf8BeyondTheBasicPlaneIsTwoUnits", kUtf8, "\xF0\x9F\x98\x80", Units(WIDE("\U0001F600"))},
+    {"Utf8BeyondTheBasicPlaneIsTwoUnits", kUtf8, "\xF0\x9F\x98\x80", UnitsOf(WIDE("\U0001F600"))},
     {"AnUnfinishedUtf8SequenceIsOneReplacement", kUtf8, "a\xE4\xB8", WIDE("a\uFFFD")},
     {"AnImpossibleUtf8ByteIsOneReplacement", kUtf8, "a\xFFz", WIDE("a\uFFFDz")},
 };
-INSTANTIATE_TEST_SUITE_P(Table, ToWide, testing::ValuesIn(kWidenings),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Table, ToWide, testing::ValuesIn(kWidenings), NameOfRow());
 
 struct Narrowing {
     const char* name;
@@ -88,12 +78,13 @@ TEST_P(ToNarrow, GivesTheBytes) {
     std::string narrow(row.expected.size() + 1, '#');
     EXPECT_EQ(convert(narrow.data(), needed), needed);
     EXPECT_EQ(narrow, row.expected + '#');
-    if (usedDefault) EXPECT_EQ(used, row.usedDefault);
+    EXPECT_EQ(used, usedDefault ? row.usedDefault : BOOL{2});
 }
 
 const Narrowing kNarrowings[] = {
     {"AsciiStays", CP_ACP, WIDE("abc"), "abc"},
-    {"ALengthOfMinusOneTakesTheTerminator", CP_ACP, WIDE("ab"), Bytes("ab\0"), FALSE, nullptr, -1},
+    {"ALengthOfMinusOneTakesTheTerminator", CP_ACP, WIDE("ab"), BytesOf("ab\0"), FALSE, nullptr,
+     -1},
     {"ChineseIsTwoBytesToACharacter", kChinese, WIDE("\u4e2d\u6587"), "\xD6\xD0\xCE\xC4"},
     {"TheEuroSignIsOneByte", kChinese, WIDE("\u20ac"), "\x80"},
     {"APrivateCharacterGoesBack", kChinese, WIDE("\ue000\ue4c5\ue4c6\ue765"),
@@ -101,14 +92,13 @@ const Narrowing kNarrowings[] = {
     {"AQuestionMarkIsNoDefault", kChinese, WIDE("?"), "?"},
     {"WhatHasNoPlaceIsAQuestionMark", kChinese, WIDE("a\u0e01z"), "a?z", TRUE},
     {"WhatHasNoPlaceIsTheDefaultCharacter", kChinese, WIDE("a\u0e01z"), "a#z", TRUE, "#"},
-    {"ACharacterBeyondTheBasicPlaneIsTwoDefaults", kChinese, Units(WIDE("\U0001F600z")), "??z",
+    {"ACharacterBeyondTheBasicPlaneIsTwoDefaults", kChinese, UnitsOf(WIDE("\U0001F600z")), "??z",
      TRUE},
     {"Utf8IsKnown", kUtf8, WIDE("\u4e2d"), "\xE4\xB8\xAD"},
-    {"Utf8BeyondTheBasicPlaneIsFourBytes", kUtf8, Units(WIDE("\U0001F600")), "\xF0\x9F\x98\x80"},
+    {"Utf8BeyondTheBasicPlaneIsFourBytes", kUtf8, UnitsOf(WIDE("\U0001F600")), "\xF0\x9F\x98\x80"},
     {"ALoneSurrogateIsAReplacement", kUtf8, {WideChar(0xD800), WideChar('z')}, "\xEF\xBF\xBDz"},
 };
-INSTANTIATE_TEST_SUITE_P(Table, ToNarrow, testing::ValuesIn(kNarrowings),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Table, ToNarrow, testing::ValuesIn(kNarrowings), NameOfRow());
 
 TEST(CodePages, ABufferThatIsTooSmallGivesZero) {
     WideChar wide[2] = {};

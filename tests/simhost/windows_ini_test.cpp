@@ -8,17 +8,6 @@ namespace {
 
 constexpr std::size_t kBuffer = 64;
 
-// Bytes with null bytes in them, as a literal.
-template <std::size_t n>
-std::string Bytes(const char (&literal)[n]) {
-    return std::string(literal, n - 1);
-}
-// The same for a wide literal.
-template <std::size_t n>
-WideText Units(const WideChar (&literal)[n]) {
-    return WideText(literal, n - 1);
-}
-
 struct Reading {
     const char* name;
     std::string bytes;
@@ -49,8 +38,6 @@ TEST_P(IniReading, GivesTheText) {
 const Reading kReadings[] = {
     // Names and blanks
     {"NamesAreComparedIgnoringCase", "[Abc]\r\nKey=v\r\n", WIDE("aBC"), WIDE("kEY"), WIDE("v")},
-    {"NamesOfOtherScriptsIgnoreCaseToo", "[A]\r\n\xA6\xA1=v\r\n", WIDE("A"), WIDE("\u03b1"),
-     WIDE("v")},  // A6A1 is the capital letter alpha
     {"BlanksAroundKeyAndValueDoNotCount", "[A]\r\n \tk \t=\t v w \t\r\n", WIDE("A"), WIDE("k"),
      WIDE("v w")},
     {"BlanksAroundAHeaderDoNotCount", " \t[ A ] \r\nk=v\r\n", WIDE("A"), WIDE("k"), WIDE("v")},
@@ -101,7 +88,7 @@ const Reading kReadings[] = {
     {"LinesMayEndWithACarriageReturn", "[A]\rk=v\rj=w\r", WIDE("A"), WIDE("k"), WIDE("v")},
     {"TheLastLineNeedsNoEnd", "[A]\r\nk=v", WIDE("A"), WIDE("k"), WIDE("v")},
     {"AnEndOfFileMarkDoesNotCount", "[A]\r\nk=v\x1A", WIDE("A"), WIDE("k"), WIDE("v")},
-    {"AValueEndsAtANullByte", Bytes("[A]\r\nk=v\0w\r\n"), WIDE("A"), WIDE("k"), WIDE("v")},
+    {"AValueEndsAtANullByte", BytesOf("[A]\r\nk=v\0w\r\n"), WIDE("A"), WIDE("k"), WIDE("v")},
 
     // Encodings
     {"AFileWithoutMarkIsInCodePage936", "[\xD6\xD0]\r\n\xCE\xC4=\xBA\xC3\x80\r\n", WIDE("\u4e2d"),
@@ -110,11 +97,11 @@ const Reading kReadings[] = {
      WIDE("v")},
     {"ABracketAsSecondByteIsPartOfAName", "[\x81\x5D]\r\nk=v\r\n", WIDE("\u4e5a"), WIDE("k"),
      WIDE("v")},
-    {"AFileWithTheMarkIsUtf16", Bytes("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x2D\x4E\r\0\n\0"),
+    {"AFileWithTheMarkIsUtf16", BytesOf("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x2D\x4E\r\0\n\0"),
      WIDE("A"), WIDE("k"), WIDE("\u4e2d")},
-    {"Utf16MayEndWithoutLineEnd", Bytes("\xFF\xFE[\0A\0]\0\n\0k\0=\0a\0b\0"), WIDE("A"),
+    {"Utf16MayEndWithoutLineEnd", BytesOf("\xFF\xFE[\0A\0]\0\n\0k\0=\0a\0b\0"), WIDE("A"),
      WIDE("k"), WIDE("ab")},
-    {"Utf16WithoutTheMarkIsNotRead", Bytes("[\0A\0]\0\r\0\n\0k\0=\0v\0\r\0\n\0"), WIDE("A"),
+    {"Utf16WithoutTheMarkIsNotRead", BytesOf("[\0A\0]\0\r\0\n\0k\0=\0v\0\r\0\n\0"), WIDE("A"),
      WIDE("k"), WIDE("none")},
     {"Utf8WithoutMarkIsGarbled", "[A]\r\nk=\xC2\xB0\r\n", WIDE("A"), WIDE("k"),
      WIDE("\u63b3")},  // the degree sign's two bytes are one Chinese character
@@ -134,8 +121,7 @@ const Reading kReadings[] = {
     {"ABufferOfOneHoldsTheTerminator", "[A]\r\nk=abc\r\n", WIDE("A"), WIDE("k"), WIDE(""),
      WIDE("fallback"), 1},
 };
-INSTANTIATE_TEST_SUITE_P(Table, IniReading, testing::ValuesIn(kReadings),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Table, IniReading, testing::ValuesIn(kReadings), NameOfRow());
 
 struct Listing {
     const char* name;
@@ -165,30 +151,29 @@ const char* const kTwoSections = "[Abc]\r\n[Bcd]\r\n";
 const char* const kTwoKeys = "[A]\r\nBcd=1\r\n;c=0\r\nabc=2\r\n[B]\r\nj=1\r\n";
 
 const Listing kListings[] = {
-    {"SectionsComeInTheFilesOrder", kTwoSections, nullptr, 10, Units(WIDE("Abc\0Bcd\0\0")), 8},
+    {"SectionsComeInTheFilesOrder", kTwoSections, nullptr, 10, UnitsOf(WIDE("Abc\0Bcd\0\0")), 8},
     {"RepeatedSectionsComeRepeatedly", "[A]\r\n[B]\r\n[A]\r\n", nullptr, kBuffer,
-     Units(WIDE("A\0B\0A\0\0")), 6},
+     UnitsOf(WIDE("A\0B\0A\0\0")), 6},
     {"AListThatFillsTheBufferCountsAsCut", kTwoSections, nullptr, 9,
-     Units(WIDE("Abc\0Bcd\0\0")), 7},
-    {"AListIsCutInsideAName", kTwoSections, nullptr, 7, Units(WIDE("Abc\0B\0\0")), 5},
-    {"AListIsCutBehindAName", kTwoSections, nullptr, 5, Units(WIDE("Abc\0\0")), 3},
-    {"ABufferOfTwoHoldsTheTerminators", kTwoSections, nullptr, 2, Units(WIDE("\0\0")), 0},
-    {"ABufferOfOneHoldsOneTerminator", kTwoSections, nullptr, 1, Units(WIDE("\0")), 0},
-    {"AFileWithoutSectionsGivesAnEmptyList", "k=v\r\n", nullptr, kBuffer, Units(WIDE("\0")), 0},
+     UnitsOf(WIDE("Abc\0Bcd\0\0")), 7},
+    {"AListIsCutInsideAName", kTwoSections, nullptr, 7, UnitsOf(WIDE("Abc\0B\0\0")), 5},
+    {"AListIsCutBehindAName", kTwoSections, nullptr, 5, UnitsOf(WIDE("Abc\0\0")), 3},
+    {"ABufferOfTwoHoldsTheTerminators", kTwoSections, nullptr, 2, UnitsOf(WIDE("\0\0")), 0},
+    {"ABufferOfOneHoldsOneTerminator", kTwoSections, nullptr, 1, UnitsOf(WIDE("\0")), 0},
+    {"AFileWithoutSectionsGivesAnEmptyList", "k=v\r\n", nullptr, kBuffer, UnitsOf(WIDE("\0")), 0},
     {"KeysComeAsWrittenWithoutComments", kTwoKeys, WIDE("a"), kBuffer,
-     Units(WIDE("Bcd\0abc\0\0")), 8},
-    {"AListOfKeysIsCut", kTwoKeys, WIDE("A"), 7, Units(WIDE("Bcd\0a\0\0")), 5},
+     UnitsOf(WIDE("Bcd\0abc\0\0")), 8},
+    {"AListOfKeysIsCut", kTwoKeys, WIDE("A"), 7, UnitsOf(WIDE("Bcd\0a\0\0")), 5},
     {"RepeatedKeysComeRepeatedly", "[A]\r\nb=1\r\nb=2\r\nx\r\n", WIDE("A"), kBuffer,
-     Units(WIDE("b\0b\0\0")), 4},
+     UnitsOf(WIDE("b\0b\0\0")), 4},
     {"KeysOfASecondSectionOfTheNameAreNotSeen", "[A]\r\nb=1\r\n[A]\r\nc=2\r\n", WIDE("A"),
-     kBuffer, Units(WIDE("b\0\0")), 2},
+     kBuffer, UnitsOf(WIDE("b\0\0")), 2},
     {"ASectionWithoutKeysGivesTheFallback", "[A]\r\n[B]\r\n", WIDE("A"), kBuffer,
-     Units(WIDE("fb\0")), 2},
+     UnitsOf(WIDE("fb\0")), 2},
     {"AMissingSectionGivesTheFallback", "[A]\r\nk=v\r\n", WIDE("B"), kBuffer,
-     Units(WIDE("fb\0")), 2},
+     UnitsOf(WIDE("fb\0")), 2},
 };
-INSTANTIATE_TEST_SUITE_P(Table, IniListing, testing::ValuesIn(kListings),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Table, IniListing, testing::ValuesIn(kListings), NameOfRow());
 
 struct Writing {
     const char* name;
@@ -253,11 +238,10 @@ const Writing kWritings[] = {
      WIDE("A"), nullptr, nullptr, "[B]\r\nj=1\r\n[A]\r\nk=2\r\n"},
     {"CodePage936Stays", "[\xD6\xD0]\r\nk=\xCE\xC4\r\n", WIDE("\u4e2d"), WIDE("j"),
      WIDE("\u597d\u20ac"), "[\xD6\xD0]\r\nk=\xCE\xC4\r\nj=\xBA\xC3\x80\r\n"},
-    {"Utf16Stays", Bytes("\xFF\xFE[\0A\0]\0\r\0\n\0"), WIDE("A"), WIDE("k"), WIDE("\u4e2d"),
-     Bytes("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x2D\x4E\r\0\n\0")},
+    {"Utf16Stays", BytesOf("\xFF\xFE[\0A\0]\0\r\0\n\0"), WIDE("A"), WIDE("k"), WIDE("\u4e2d"),
+     BytesOf("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x2D\x4E\r\0\n\0")},
 };
-INSTANTIATE_TEST_SUITE_P(Table, IniWriting, testing::ValuesIn(kWritings),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Table, IniWriting, testing::ValuesIn(kWritings), NameOfRow());
 
 class IniFile : public WindowsPlace {
 protected:

@@ -10,13 +10,35 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "hostapi/wide.h"
 #include "hostapi/windows.h"
 
 #ifndef _WIN32
 #include "simhost/host.h"
 #include "simhost/windows/windows.h"
 #endif
+
+// Literals with null bytes or null units in them.
+template <std::size_t n>
+std::string BytesOf(const char (&literal)[n]) {
+    return std::string(literal, n - 1);
+}
+template <std::size_t n>
+WideText UnitsOf(const WideChar (&literal)[n]) {
+    return WideText(literal, n - 1);
+}
+
+// Names the test of a table's row by the row's own name.
+struct NameOfRow {
+    template <class Info>
+    std::string operator()(const Info& row) const {
+        return row.param.name;
+    }
+};
 
 class WindowsPlace : public testing::Test {
 protected:

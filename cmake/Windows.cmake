@@ -18,3 +18,7 @@ endforeach()
 # Programs find the DLLs beside themselves.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 set_target_properties(simhost PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+# Wine shows this machine's own folders as drive Z.
+if(CMAKE_CROSSCOMPILING)
+    set(VX_DRIVE "Z:")
+endif()

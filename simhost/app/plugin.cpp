@@ -6,12 +6,10 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 
-#ifdef _WIN32
-#include "hostapi/windows.h"
-#else
-#include <dlfcn.h>
-
 #include "simhost/windows/windows.h"
+
+#ifndef _WIN32
+#include <dlfcn.h>
 #endif
 
 namespace simhost {
@@ -26,13 +24,30 @@ WideText FileNameOf(const WideText& path) {
 }
 
 #ifdef _WIN32
+// The errors that somebody can do something about.
+std::string ReasonOf(DWORD error) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND: return "it is not there";
+        case ERROR_MOD_NOT_FOUND: return "it is not there, or a library that it needs is missing";
+        case ERROR_PROC_NOT_FOUND: return "the host lacks an operation that it calls";
+        case ERROR_BAD_EXE_FORMAT: return "it is no module for 64-bit Windows";
+        default: return "Windows error " + std::to_string(error);
+    }
+}
+
 void* Open(const std::filesystem::path& file) {
     HMODULE module = LoadLibraryW(file.c_str());
-    if (module) return reinterpret_cast<void*>(module);
-    throw std::runtime_error("the module cannot be loaded (Windows error " +
-                             std::to_string(GetLastError()) + ")");
+    const DWORD error = GetLastError();
+    if (!module) {
+        throw std::runtime_error("the module " + Utf8(file.native()) +
+                                 " cannot be loaded: " + ReasonOf(error));
+    }
+    WatchCalls(module);
+    return reinterpret_cast<void*>(module);
 }
 void Close(void* module) {
+    TheWindows().StopTimers();
     FreeLibrary(reinterpret_cast<HMODULE>(module));
 }
 void* Find(void* module, const char* name) {

@@ -1,0 +1,91 @@
+// Drive C of the tests.
+#include "tests/support/desk.h"
+
+#ifdef _WIN32
+
+#include <cstdio>
+#include <cstdlib>
+#include <set>
+
+#include "hostapi/windows.h"
+#include "simhost/core/text.h"
+
+namespace fs = std::filesystem;
+
+namespace workbench {
+
+namespace {
+
+const fs::path kDrive = L"C:\\";
+const fs::path kPrograms = L"C:\\Program Files";
+
+bool IsForTests() {
+    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+    if (system && GetProcAddress(system, "wine_get_version")) return true;
+    return std::getenv("VX_TEST_COMPUTER") != nullptr;
+}
+
+std::set<fs::path> Entries() {
+    std::set<fs::path> entries;
+    for (const fs::path& folder : {kDrive, kPrograms}) {
+        std::error_code error;
+        for (const auto& entry : fs::directory_iterator(folder, error)) {
+            entries.insert(entry.path());
+        }
+    }
+    return entries;
+}
+
+// What was there when the program began.
+const std::set<fs::path>& EntriesAtFirst() {
+    static const std::set<fs::path> entries = Entries();
+    return entries;
+}
+
+// Read-only files can be removed only when they are not so any more.
+void MakeWritable(const fs::path& place) {
+    std::error_code error;
+    fs::permissions(place, fs::perms::owner_write, fs::perm_options::add, error);
+    for (fs::recursive_directory_iterator at(place, error), end; !error && at != end;
+         at.increment(error)) {
+        std::error_code ignored;
+        fs::permissions(at->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+}
+
+}  // namespace
+
+fs::path DriveOfTests() {
+    if (!IsForTests()) {
+        std::fputs("These tests write to C:\\ and clear it: run them with ./vx windows, or set "
+                   "VX_TEST_COMPUTER=1 on a computer that is only for tests\n", stderr);
+        std::exit(2);
+    }
+    EntriesAtFirst();
+    return kDrive;
+}
+
+std::vector<std::string> ClearDrive() {
+    std::vector<std::string> left;
+    for (const fs::path& place : Entries()) {
+        if (EntriesAtFirst().count(place) > 0) continue;
+        MakeWritable(place);
+        std::error_code error;
+        fs::remove_all(place, error);
+        if (error) left.push_back(simhost::Utf8(place.native()));
+    }
+    return left;
+}
+
+}  // namespace workbench
+
+#else
+
+namespace workbench {
+
+std::filesystem::path DriveOfTests() { return {}; }
+std::vector<std::string> ClearDrive() { return {}; }
+
+}  // namespace workbench
+
+#endif

@@ -21,8 +21,10 @@ MEASURED = "*Measure*"  # bench.cpp: what is measured runs in this function
 
 def run_once(bench, job, size):
     """One plain run: a dictionary of its figures."""
-    text = subprocess.run([bench, job, str(size)], check=True, capture_output=True, text=True).stdout
-    figures = re.search(rf"{job}: calls=(\d+) seconds=([\d.]+) bytes=(\d+) peak_rss_kib=(\d+)", text)
+    run = subprocess.run([bench, job, str(size)], check=True, capture_output=True, text=True)
+    text = run.stdout
+    figures = re.search(
+        rf"{job}: calls=(\d+) seconds=([\d.]+) bytes=(\d+) peak_rss_kib=(\d+)", text)
     if not figures:
         sys.exit(f"bench: no figures in {text!r}")
     calls, seconds, size_of_new, peak = figures.groups()
@@ -40,7 +42,7 @@ def count_instructions(bench, job, size):
 
 
 def read_callgrind(text):
-    """Sums the self cost by object: (plug-in, all). Lines after `calls=` are inclusive and left out."""
+    """Sums the self cost by object: (plug-in, all). Lines after `calls=` are inclusive: left out."""
     names, plugin, total = {}, 0, 0
     current, skip = "", False
     for line in text.splitlines():
@@ -66,7 +68,7 @@ def read_callgrind(text):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--bench", default="build/release/bench", help="the program to run")
+    parser.add_argument("--bench", default="build/release/vorlatix_bench", help="the program to run")
     parser.add_argument("--jobs", nargs="*", default=JOBS)
     options = parser.parse_args()
     print(f"{'job':<12}{'occurrences':>12}{'calls':>12}{'calls/occ':>11}{'seconds':>9}"

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "simhost/app/picture.h"
+#include "simhost/app/picture_file.h"
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"

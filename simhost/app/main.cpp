@@ -14,7 +14,7 @@
 #include "simhost/app/demo.h"
 #include "simhost/app/faults.h"
 #include "simhost/app/generate.h"
-#include "simhost/app/picture.h"
+#include "simhost/app/picture_file.h"
 #include "simhost/app/prompt.h"
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"

@@ -1,8 +1,8 @@
-// Lets time pass: on the simulated clock, or on Windows by really waiting, with the thread's
-// message loop running, as that is where timers fire.
-#include "simhost/user/clock.h"
-
+// Time on a real Windows: it passes by waiting, with the thread's message loop running, as that is
+// where timers fire. Elsewhere the simulated Windows has a clock of its own.
 #ifdef _WIN32
+
+#include "simhost/user/clock.h"
 
 #include "hostapi/windows.h"
 
@@ -18,18 +18,6 @@ void AdvanceClock(unsigned milliseconds) {
             DispatchMessageW(&message);
         }
     }
-}
-
-}  // namespace simhost
-
-#else
-
-#include "simhost/windows/windows.h"
-
-namespace simhost {
-
-void AdvanceClock(unsigned milliseconds) {
-    TheWindows().AdvanceClock(milliseconds);
 }
 
 }  // namespace simhost

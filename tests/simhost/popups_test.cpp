@@ -16,7 +16,7 @@ uiCmdAccessState answer = ACCESS_AVAILABLE;
 int selectionsSeen = -1;
 int dataSeen = 0;
 
-int Run(uiCmdCmdId, uiCmdValue*, void*) {
+int CountRun(uiCmdCmdId, uiCmdValue*, void*) {
     return ++runs;
 }
 uiCmdAccessState Answer(uiCmdCmdId, ProAppData data, void* selections) {
@@ -55,7 +55,7 @@ protected:
         idStatus = 1;
         answer = ACCESS_AVAILABLE;
         uiCmdCmdId id = nullptr;
-        ProCmdActionAdd(const_cast<char*>("Go"), Run, 5, nullptr, PRO_B_FALSE, PRO_B_FALSE, &id);
+        ProCmdActionAdd(const_cast<char*>("Go"), CountRun, 5, nullptr, PRO_B_FALSE, PRO_B_FALSE, &id);
     }
     static std::string Labels(const Popup* popup) {
         std::string labels;

@@ -3,6 +3,8 @@
 
 #ifndef _WIN32
 
+#include <ctime>
+
 #include "simhost/core/text.h"
 
 using namespace simhost;
@@ -84,20 +86,21 @@ TEST_F(DiskPath, NoticesAFileThatComesAfterTheFolderWasLearntByHeart) {
 }
 
 TEST_F(DiskPath, IsFoundQuicklyAmongManyFiles) {
-    for (int i = 0; i < 20000; ++i) {
+    constexpr int kFiles = 10000;
+    for (int i = 0; i < kFiles; ++i) {
         std::ofstream file(folder() / ("part_" + std::to_string(i) + ".prt"));
     }
     const auto past = std::filesystem::file_time_type::clock::now() - std::chrono::seconds(5);
     std::filesystem::last_write_time(folder(), past);
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < 20000; i += 2) {
+    const std::clock_t start = std::clock();
+    for (int i = 0; i < kFiles; ++i) {
         const std::string number = std::to_string(i);
         EXPECT_EQ(Real(Wide("C:\\part_" + number + ".prt")), "part_" + number + ".prt");
         EXPECT_EQ(Real(Wide("C:\\PART_" + number + ".PRT")), "part_" + number + ".prt");
         EXPECT_EQ(Real(Wide("C:\\none_" + number + ".prt")), "none_" + number + ".prt");
     }
-    // A walk through the folder for each of the names would take minutes.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    // A walk through the folder for each of the names would take ten times as long.
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 5);
 }
 
 TEST_F(DiskPath, GoesBackToAWindowsPath) {

@@ -4,6 +4,8 @@
 
 #ifndef _WIN32
 
+#include <ctime>
+
 #include "simhost/windows/ini_text.h"
 
 using namespace simhost;
@@ -116,10 +118,10 @@ TEST_F(SimulatedIni, IsReadOftenAndQuickly) {
     for (int i = 0; i < 5000; ++i) palette += "[" + std::to_string(i) + "]\r\nvalue=1.2.3\r\n";
     Put("a.ini", palette + "[A]\r\nk=v\r\n");
     MakeOld();
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     for (int i = 0; i < 20000; ++i) EXPECT_EQ(Read(), WIDE("v"));
     // Reading the file's 10 000 lines each time would take minutes.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 10);
 }
 
 TEST_F(SimulatedIni, AFallbackOfBlanksIsEmpty) {

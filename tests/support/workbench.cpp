@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "simhost/core/disk.h"
+#include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
@@ -54,6 +55,29 @@ void Workbench::Play(const std::string& lines) {
     const auto failures =
         RunScript(lines, [&](const std::string& line) { transcript += line + '\n'; });
     EXPECT_EQ(failures, std::vector<std::string>{}) << transcript;
+}
+
+void Workbench::PlayDuring(const std::function<void()>& action, const std::string& lines) {
+    TheHooks().start = [&action] {
+        action();
+        return std::string();
+    };
+    Play("@ start\n" + lines);
+    TheHooks().start = {};
+}
+
+void Workbench::Fail(const std::string& operation, int status, bool forGood) {
+    Operation::Fail({operation, 1, forGood, status});
+}
+
+std::vector<std::string> Workbench::Calls() const {
+    std::vector<std::string> calls;
+    for (const std::string& line : TheHost().journal.lines()) {
+        const std::string name = line.substr(0, line.find('('));
+        if (name == "ProStringToWstring" || name == "ProWstringToString") continue;
+        calls.push_back(line);
+    }
+    return calls;
 }
 
 void Workbench::Setting(const std::string& section, const std::string& value) {

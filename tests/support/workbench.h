@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +36,17 @@ protected:
     void Play(const std::string& lines);
     // Presses a command of the menu and nothing else: a box, dialog or prompt fails.
     void Press(const std::string& command) { Play("~ Command `" + command + "`"); }
+
+    // Does something while a user plays these lines: what it asks, they answer.
+    void PlayDuring(const std::function<void()>& action, const std::string& lines);
+
+    // --- Calls through the door ---
+    // Makes the next call, or each one from now on, fail.
+    void Fail(const std::string& operation, int status = PRO_TK_GENERAL_ERROR,
+              bool forGood = false);
+    // The calls since host().journal.Start() without conversions of text, of which a step makes
+    // as many as it likes.
+    std::vector<std::string> Calls() const;
 
     // --- Settings and files, by their real bytes ---
     void Setting(const std::string& section, const std::string& value);  // beside the module

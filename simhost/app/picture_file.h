@@ -1,0 +1,12 @@
+// Saving the picture of the current model.
+#pragma once
+
+#include <string>
+
+namespace simhost {
+
+// Draws the current model into an SVG file (a path of this system, UTF-8) and makes its folder where
+// missing. Empty, or the reason why it could not be done.
+std::string SavePicture(const std::string& file);
+
+}  // namespace simhost

@@ -1,0 +1,456 @@
+// The working directory from one run of the host to the next: the file that the end of a run writes,
+// and the timer that reads it two seconds after the next start.
+#include <algorithm>
+#include <clocale>
+
+#include "simhost/host.h"
+#include "simhost/user/clock.h"
+#include "simhost/windows/windows.h"
+#include "tests/support/workbench.h"
+
+namespace {
+
+using namespace simhost;
+using workbench::Workbench;
+using Lines = std::vector<std::string>;
+
+const WideText kFile = workbench::kModuleFolder + WIDE("\\VXconfig\\vorlatix.ini");
+const WideText kSettings = workbench::kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini");
+
+class LastDirectory : public Workbench {
+protected:
+    void MakeFolder(const WideText& folder) {
+        std::filesystem::create_directories(host().disk.Real(folder));
+    }
+    std::string WorkingDirectory() { return Utf8(host().session.workingDirectory); }
+
+    // A run with the setting on and this LastDirFile, up to the timer.
+    void RestoreFrom(const std::string& bytes) {
+        Setting("SetLastDir", "1");
+        Write(kFile, bytes);
+        StartAndWait();
+    }
+    void StartAndWait() {
+        Start();
+        host().journal.Clear();
+        host().journal.Start();
+        AdvanceClock(2000);
+        host().journal.Stop();
+    }
+    long CallsOf(const std::string& operation) {
+        const Lines names = host().journal.Names();
+        return std::count(names.begin(), names.end(), operation);
+    }
+    void ExpectNothingRestored() {
+        EXPECT_EQ(WorkingDirectory(), "C:\\Work");
+        EXPECT_EQ(Boxes(), Lines{});
+    }
+    // What the end of a run leaves in the file.
+    std::string SavedBytes() {
+        bool found = false;
+        const std::string bytes = Read(kFile, &found);
+        EXPECT_TRUE(found);
+        return bytes;
+    }
+};
+
+// --- The timer ---
+
+TEST_F(LastDirectory, IsRestoredAfterTwoSecondsAndNotBefore) {
+    MakeFolder(WIDE("C:\\Projects"));
+    Setting("SetLastDir", "1");
+    Write(kFile, "C:\\Projects");
+    Start();
+    AdvanceClock(1999);
+    EXPECT_EQ(WorkingDirectory(), "C:\\Work");
+    AdvanceClock(1);
+    EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
+    EXPECT_EQ(Boxes(), Lines{});
+}
+
+TEST_F(LastDirectory, IsRestoredByTheStepsInTheirOrder) {
+    MakeFolder(WIDE("C:\\Projects"));
+    RestoreFrom("C:\\Projects");
+    const Lines wanted = {"KillTimer",   "GetModuleHandleW", "GetModuleFileNameW",
+                          "GetPrivateProfileStringW", "CreateFileW", "GetFileSizeEx",
+                          "ReadFile",    "CloseHandle",      "MultiByteToWideChar",
+                          "ProDirectoryChange"};
+    EXPECT_EQ(host().journal.Names(), wanted);
+    const Lines calls = Calls();
+    EXPECT_EQ(calls[0], "KillTimer(id=32767) = 1");
+    EXPECT_EQ(calls[3],
+              R"(GetPrivateProfileStringW(section="SetLastDir", key="value", fallback="", )"
+              R"(value="1", size=255, path="C:\Plug-in\VXconfig\VxConfig.ini") = 1)");
+    EXPECT_EQ(calls.back(), R"(ProDirectoryChange(directory="C:\Projects") = 0)");
+}
+
+TEST_F(LastDirectory, TheTimerIsKilledByTheIdThatItReceives) {
+    // Timers that others run already shift the ids: this one gets 32765 instead of the 1 it asks
+    // for.
+    TheWindows().StartTimer(0, 100000, nullptr);
+    TheWindows().StartTimer(0, 100000, nullptr);
+    StartAndWait();
+    ASSERT_FALSE(Calls().empty());
+    EXPECT_EQ(Calls().front(), "KillTimer(id=32765) = 1");
+    EXPECT_EQ(TheWindows().timers().size(), 2u);
+}
+
+TEST_F(LastDirectory, TheTimerFiresOnce) {
+    RestoreFrom("C:\\Projects");
+    EXPECT_TRUE(TheWindows().timers().empty());
+    MakeFolder(WIDE("C:\\Projects"));
+    AdvanceClock(600000);
+    EXPECT_EQ(WorkingDirectory(), "C:\\Work");
+}
+
+TEST_F(LastDirectory, TheTimerFiresOnceAlsoWithTheSettingOff) {
+    Setting("SetLastDir", "0");
+    StartAndWait();
+    EXPECT_TRUE(TheWindows().timers().empty());
+    EXPECT_EQ(CallsOf("CreateFileW"), 0);
+}
+
+TEST_F(LastDirectory, IsRestoredAlsoWhenTheTimerCannotBeKilled) {
+    MakeFolder(WIDE("C:\\Projects"));
+    Fail("KillTimer");
+    RestoreFrom("C:\\Projects");
+    EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
+}
+
+// --- The setting ---
+
+TEST_F(LastDirectory, IsRestoredForOneWithBlanksToo) {
+    MakeFolder(WIDE("C:\\Projects"));
+    for (const char* value : {"1", " 1 ", "\" 1 \"", "\"1 \""}) {
+        host().session.workingDirectory = WIDE("C:\\Work");
+        Setting("SetLastDir", value);
+        Write(kFile, "C:\\Projects");
+        StartAndWait();
+        EXPECT_EQ(WorkingDirectory(), "C:\\Projects") << value;
+        workplace_->StopPlugin();
+    }
+}
+
+TEST_F(LastDirectory, IsNotRestoredForAnyOtherValue) {
+    MakeFolder(WIDE("C:\\Projects"));
+    for (const char* value : {"0", " 0 ", "2", "", "11", "1 1", "01", "1a", "true", "１", "-1"}) {
+        Setting("SetLastDir", value);
+        Write(kFile, "C:\\Projects");
+        StartAndWait();
+        ExpectNothingRestored();
+        EXPECT_EQ(CallsOf("CreateFileW"), 0) << value;
+        workplace_->StopPlugin();
+    }
+}
+
+TEST_F(LastDirectory, IsNotRestoredWithoutTheSettingsFile) {
+    MakeFolder(WIDE("C:\\Projects"));
+    Write(kFile, "C:\\Projects");
+    std::filesystem::remove(host().disk.Real(kSettings));
+    TextFolderSetting("SetLastDir", "1");
+    StartAndWait();
+    ExpectNothingRestored();
+    EXPECT_FALSE(std::filesystem::exists(host().disk.Real(kSettings)));
+}
+
+TEST_F(LastDirectory, IsNotRestoredWithoutTheSectionOrTheKey) {
+    MakeFolder(WIDE("C:\\Projects"));
+    for (const char* bytes : {"[RmbDisable]\r\nvalue=1\r\n", "[SetLastDir]\r\npath=1\r\n", ""}) {
+        Write(kFile, "C:\\Projects");
+        Write(kSettings, bytes);
+        StartAndWait();
+        ExpectNothingRestored();
+        workplace_->StopPlugin();
+    }
+}
+
+TEST_F(LastDirectory, FollowsTheFolderOfTheModuleAndNotTheTextFolder) {
+    MakeFolder(WIDE("C:\\Projects"));
+    MakeFolder(WIDE("C:\\Others"));
+    TextFolderSetting("SetLastDir", "0");
+    Write(workbench::kTextFolder + WIDE("\\VXconfig\\vorlatix.ini"), "C:\\Others");
+    RestoreFrom("C:\\Projects");
+    EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
+    workplace_->StopPlugin();
+    host().session.workingDirectory = WIDE("C:\\Work");
+    Setting("SetLastDir", "0");
+    TextFolderSetting("SetLastDir", "1");
+    StartAndWait();
+    ExpectNothingRestored();
+}
+
+// --- The file that is read ---
+
+TEST_F(LastDirectory, StaysWhenTheFileIsMissingWhichReadingDoesNotMake) {
+    Setting("SetLastDir", "1");
+    StartAndWait();
+    ExpectNothingRestored();
+    EXPECT_EQ(CallsOf("CreateFileW"), 1);
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 0);
+    EXPECT_FALSE(std::filesystem::exists(host().disk.Real(kFile)));
+}
+
+TEST_F(LastDirectory, StaysWhenTheFileIsEmpty) {
+    RestoreFrom("");
+    ExpectNothingRestored();
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 0);
+    EXPECT_EQ(Read(kFile), "");
+}
+
+TEST_F(LastDirectory, StaysWhenTheFileHoldsOneByte) {
+    for (const char* byte : {"C", "\\", "\x81", "\xFF", " "}) {
+        RestoreFrom(byte);
+        ExpectNothingRestored();
+        EXPECT_EQ(Read(kFile), byte);
+        workplace_->StopPlugin();
+    }
+}
+
+TEST_F(LastDirectory, StaysWhenTheFileBeginsWithANullByte) {
+    RestoreFrom(std::string("\0C:\\Projects", 12));
+    ExpectNothingRestored();
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 0);
+}
+
+TEST_F(LastDirectory, StaysWhenTheBytesAreNoTextOfTheCodePage) {
+    // Lead bytes without a second one, and second bytes that none has.
+    for (const char* bytes : {"\xFF\xFF\xFF\xFF", "C:\\\x81", "\x81\x20\x81\x20", "\x80\xFE\x7F"}) {
+        RestoreFrom(bytes);
+        ExpectNothingRestored();
+        workplace_->StopPlugin();
+    }
+}
+
+TEST_F(LastDirectory, StaysWhenTheFileIsHuge) {
+    const std::string huge = "C:\\" + std::string(3'000'000, 'a');
+    RestoreFrom(huge);
+    ExpectNothingRestored();
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 0);
+    EXPECT_TRUE(Read(kFile) == huge);
+}
+
+TEST_F(LastDirectory, IsAskedForWithAtMost259Characters) {
+    // A path has room for 259 characters and the terminator.
+    RestoreFrom("C:\\" + std::string(256, 'a'));
+    ExpectNothingRestored();
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 1);
+    workplace_->StopPlugin();
+    for (const std::size_t letters : {257u, 300u, 1000u, 5000u}) {
+        RestoreFrom("C:\\" + std::string(letters, 'a'));
+        ExpectNothingRestored();
+        EXPECT_EQ(CallsOf("ProDirectoryChange"), 0) << letters;
+        workplace_->StopPlugin();
+    }
+}
+
+TEST_F(LastDirectory, CountsCharactersAndNotBytes) {
+    std::string chinese = "C:\\";
+    for (int i = 0; i < 256; ++i) chinese += "\xCF\xEE";  // 515 bytes for 259 characters
+    RestoreFrom(chinese);
+    ExpectNothingRestored();
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 1);
+    workplace_->StopPlugin();
+    RestoreFrom(chinese + "\xCF\xEE");
+    EXPECT_EQ(CallsOf("ProDirectoryChange"), 0);
+}
+
+TEST_F(LastDirectory, OfThreeHundredCharactersIsNotReachedEvenIfItExists) {
+    const WideText part(98, WideChar{'d'});
+    const WideText folder = WIDE("C:\\") + part + WIDE("\\") + part + WIDE("\\") + part;  // 299
+    MakeFolder(folder);
+    RestoreFrom(Utf8(folder));
+    ExpectNothingRestored();
+}
+
+TEST_F(LastDirectory, StaysWhenTheFolderIsGone) {
+    RestoreFrom("C:\\Gone");
+    ExpectNothingRestored();
+    EXPECT_EQ(Calls().back(), R"(ProDirectoryChange(directory="C:\Gone") = -15)");
+}
+
+TEST_F(LastDirectory, StaysWhenTheLineHasAnEnd) {
+    MakeFolder(WIDE("C:\\Projects"));
+    RestoreFrom("C:\\Projects\r\n");
+    ExpectNothingRestored();
+}
+
+TEST_F(LastDirectory, EndsAtANullByte) {
+    MakeFolder(WIDE("C:\\Projects"));
+    RestoreFrom(std::string("C:\\Projects\0rest of an older line", 34));
+    EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
+}
+
+TEST_F(LastDirectory, WithAChineseNameIsReadInTheSystemCodePage) {
+    MakeFolder(WIDE("C:\\项目"));
+    RestoreFrom("C:\\\xCF\xEE\xC4\xBF");
+    EXPECT_EQ(WorkingDirectory(), "C:\\项目");
+}
+
+TEST_F(LastDirectory, InUtf8IsAnotherFolder) {
+    MakeFolder(WIDE("C:\\项目"));
+    RestoreFrom("C:\\项目");
+    ExpectNothingRestored();
+}
+
+TEST_F(LastDirectory, LeavesTheFileAsItWasAfterReading) {
+    MakeFolder(WIDE("C:\\Projects"));
+    RestoreFrom("C:\\Projects");
+    EXPECT_EQ(Read(kFile), "C:\\Projects");
+}
+
+TEST_F(LastDirectory, StaysWhenTheFileMayNotBeWritten) {
+    // It is opened for reading and writing.
+    MakeFolder(WIDE("C:\\Projects"));
+    Setting("SetLastDir", "1");
+    Write(kFile, "C:\\Projects");
+    std::filesystem::permissions(host().disk.Real(kFile), std::filesystem::perms::owner_read);
+    StartAndWait();
+    ExpectNothingRestored();
+}
+
+TEST_F(LastDirectory, StaysWhenAnotherProgramHoldsTheFile) {
+    MakeFolder(WIDE("C:\\Projects"));
+    Setting("SetLastDir", "1");
+    Write(kFile, "C:\\Projects");
+    TheWindows().Hold(kFile);
+    StartAndWait();
+    ExpectNothingRestored();
+}
+
+TEST_F(LastDirectory, StaysWhenTheFileCannotBeRead) {
+    MakeFolder(WIDE("C:\\Projects"));
+    for (const char* operation : {"GetFileSizeEx", "ReadFile", "MultiByteToWideChar"}) {
+        Fail(operation);
+        RestoreFrom("C:\\Projects");
+        ExpectNothingRestored();
+        EXPECT_EQ(CallsOf("ProDirectoryChange"), 0) << operation;
+        workplace_->StopPlugin();
+    }
+}
+
+// --- The end of a run ---
+
+TEST_F(LastDirectory, IsWrittenAtTheEndOfARunWithoutALineEnd) {
+    Start();
+    host().session.workingDirectory = WIDE("C:\\Projects\\Pump");
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\Projects\\Pump\\");  // the host puts a separator at its end
+}
+
+TEST_F(LastDirectory, IsWrittenByTheStepsInTheirOrder) {
+    Start();
+    host().journal.Start();
+    workplace_->StopPlugin();
+    host().journal.Stop();
+    const Lines wanted = {"ProDirectoryCurrentGet", "GetModuleHandleW",    "GetModuleFileNameW",
+                          "_wsetlocale",            "WideCharToMultiByte", "CreateFileW",
+                          "WriteFile",              "CloseHandle"};
+    EXPECT_EQ(host().journal.Names(), wanted);
+}
+
+TEST_F(LastDirectory, IsWrittenWhateverTheSettingSays) {
+    for (const char* value : {"0", "1", "2", ""}) {
+        Setting("SetLastDir", value);
+        std::filesystem::remove(host().disk.Real(kFile));
+        Start();
+        workplace_->StopPlugin();
+        EXPECT_EQ(SavedBytes(), "C:\\Work\\") << value;
+    }
+}
+
+TEST_F(LastDirectory, IsWrittenBesideTheModuleAndNotIntoTheTextFolder) {
+    Start();
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\Work\\");
+    bool found = true;
+    Read(workbench::kTextFolder + WIDE("\\VXconfig\\vorlatix.ini"), &found);
+    EXPECT_FALSE(found);
+}
+
+TEST_F(LastDirectory, IsWrittenOverALongerLine) {
+    Write(kFile, "C:\\" + std::string(500, 'x') + "\r\nmore");
+    Start();
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\Work\\");
+}
+
+TEST_F(LastDirectory, WithAChineseNameIsWrittenInTheSystemCodePage) {
+    Start();
+    host().session.workingDirectory = WIDE("C:\\项目");
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\\xCF\xEE\xC4\xBF\\");
+}
+
+TEST_F(LastDirectory, SetsTheLocaleOfCharactersToChineseAndLeavesItSo) {
+    Start();
+    EXPECT_EQ(TheWindows().locale.count(LC_CTYPE), 0u);
+    workplace_->StopPlugin();
+    EXPECT_EQ(TheWindows().locale[LC_CTYPE], WIDE("chs"));
+    EXPECT_EQ(TheWindows().locale.count(LC_NUMERIC), 0u);
+}
+
+TEST_F(LastDirectory, IsWrittenAlsoWhereThereIsNoChineseLocale) {
+    Start();
+    host().session.workingDirectory = WIDE("C:\\项目");
+    Fail("_wsetlocale");
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\\xCF\xEE\xC4\xBF\\");
+}
+
+TEST_F(LastDirectory, IsWrittenAlsoAfterAStartThatFailed) {
+    Fail("ProUIDialogCreate");
+    PlayDuring([this] { StartAsNewUser(); }, "@ ok");
+    ASSERT_NE(startStatus_, 0);
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\Work\\");
+}
+
+TEST_F(LastDirectory, IsLostQuietlyWhenTheFileMayNotBeWritten) {
+    Write(kFile, "C:\\Before");
+    std::filesystem::permissions(host().disk.Real(kFile), std::filesystem::perms::owner_read);
+    Start();
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\Before");
+    EXPECT_EQ(Boxes(), Lines{});
+}
+
+TEST_F(LastDirectory, IsLostQuietlyWhenAnotherProgramHoldsTheFile) {
+    Write(kFile, "C:\\Before");
+    Start();
+    TheWindows().Hold(kFile);
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\Before");
+    EXPECT_EQ(Boxes(), Lines{});
+}
+
+TEST_F(LastDirectory, IsLostQuietlyWithoutTheFolderOfTheSettings) {
+    std::filesystem::remove_all(
+        host().disk.Real(workbench::kModuleFolder + WIDE("\\VXconfig")));
+    Start();
+    workplace_->StopPlugin();
+    EXPECT_FALSE(std::filesystem::exists(host().disk.Real(kFile)));
+    EXPECT_EQ(Boxes(), Lines{});
+}
+
+TEST_F(LastDirectory, ThatTheHostDoesNotTellLeavesAnEmptyFileAndTheNextRunAlone) {
+    Start();
+    Fail("ProDirectoryCurrentGet");
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "");
+    Setting("SetLastDir", "1");
+    StartAndWait();
+    ExpectNothingRestored();
+}
+
+TEST_F(LastDirectory, ComesBackInTheNextRun) {
+    MakeFolder(WIDE("C:\\项目\\水泵 2"));
+    Setting("SetLastDir", "1");
+    Start();
+    host().session.workingDirectory = WIDE("C:\\项目\\水泵 2");
+    workplace_->StopPlugin();
+    host().session.workingDirectory = WIDE("C:\\Work");
+    StartAndWait();
+    EXPECT_EQ(WorkingDirectory(), "C:\\项目\\水泵 2");
+}
+
+}  // namespace

@@ -36,6 +36,16 @@ std::string ReasonOf(DWORD error) {
     }
 }
 
+// The path of the copy if one was made.
+std::filesystem::path Install(const std::filesystem::path& file, const WideText& windowsPath) {
+    const std::filesystem::path place = windowsPath;
+    std::error_code error;
+    if (std::filesystem::equivalent(file, place, error)) return {};
+    std::filesystem::create_directories(place.parent_path());
+    std::filesystem::copy_file(file, place, std::filesystem::copy_options::overwrite_existing);
+    return place;
+}
+
 void* Open(const std::filesystem::path& file) {
     HMODULE module = LoadLibraryW(file.c_str());
     const DWORD error = GetLastError();
@@ -56,6 +66,9 @@ void* Find(void* module, const char* name) {
 void Announce(const WideText&, const WideText&) {}
 void Withdraw(const WideText&) {}
 #else
+std::filesystem::path Install(const std::filesystem::path&, const WideText&) {
+    return {};
+}
 void* Open(const std::filesystem::path& file) {
     void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module) return module;
@@ -78,7 +91,9 @@ void Withdraw(const WideText& name) {
 }  // namespace
 
 Plugin::Plugin(const std::filesystem::path& file, const WideText& windowsPath)
-    : module_(Open(file)), name_(FileNameOf(windowsPath)) {
+    : name_(FileNameOf(windowsPath)),
+      copy_(Install(file, windowsPath)),
+      module_(Open(copy_.empty() ? file : copy_)) {
     Announce(name_, windowsPath);
 }
 
@@ -86,6 +101,8 @@ Plugin::~Plugin() {
     TheHost().commands.Clear();
     Withdraw(name_);
     Close(module_);
+    std::error_code ignored;
+    if (!copy_.empty()) std::filesystem::remove(copy_, ignored);
 }
 
 void* Plugin::Symbol(const char* name) const {

@@ -30,22 +30,12 @@ WideText Placed(const WideText& path, const fs::path& drive) {
     if (drive.relative_path().empty()) return path;
     return (drive / path.substr(std::size(L"C:\\") - 1)).make_preferred().wstring();
 }
-// The module really lies where the plug-in is installed.
-fs::path Installed(const fs::path& module, const fs::path& folder) {
-    const fs::path place = folder / "vorlatix5.1.dll";
-    fs::create_directories(folder);
-    fs::copy_file(module, place, fs::copy_options::overwrite_existing);
-    return place;
-}
 #else
 int ProcessId() {
     return int(getpid());
 }
 WideText Placed(const WideText& path, const fs::path&) {
     return path;
-}
-fs::path Installed(const fs::path& module, const fs::path&) {
-    return module;
 }
 #endif
 
@@ -109,7 +99,7 @@ fs::path Workplace::Real(const WideText& windowsPath) const {
 }
 
 int Workplace::StartPlugin() {
-    plugin_ = std::make_unique<Plugin>(Installed(options_.module, Real(options_.moduleFolder)),
+    plugin_ = std::make_unique<Plugin>(options_.module,
                                        options_.moduleFolder + WIDE("\\vorlatix5.1.dll"));
     return plugin_->Initialize();
 }

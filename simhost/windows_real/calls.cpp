@@ -77,9 +77,8 @@ UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPRO
     return op.CallOr(
         [](int) { return UINT_PTR{0}; },
         [&] {
-            const UINT_PTR timer = SetTimer(window, id, milliseconds, procedure);
-            if (timer != 0 && !window) TheWindows().timers.insert(timer);
-            return timer;
+            return window ? SetTimer(window, id, milliseconds, procedure)
+                          : TheWindows().StartTimer(id, milliseconds, procedure);
         },
         "id", id, "milliseconds", milliseconds, "procedure", procedure);
 }
@@ -88,11 +87,8 @@ BOOL WINAPI StopTimer(HWND window, UINT_PTR id) {
     static Operation op("KillTimer");
     return op.CallOr(
         False,
-        [&] {
-            if (!window) TheWindows().timers.erase(id);
-            return KillTimer(window, id);
-        },
-        "id", id);
+        [&] { return window ? KillTimer(window, id) : BOOL{TheWindows().StopTimer(id)}; }, "id",
+        id);
 }
 
 // --- Registry ---
@@ -250,8 +246,12 @@ int WINAPI ToNarrow(UINT codePage, DWORD flags, const WideChar* wide, int length
 WideChar* SetLocale(int category, const WideChar* locale) {
     static Operation op("_wsetlocale");
     return op.CallOr([](int) -> WideChar* { return nullptr; },
-                     [&] { return _wsetlocale(category, locale); }, "category", category, "locale",
-                     locale);
+                     [&] {
+                         WideChar* set = _wsetlocale(category, locale);
+                         if (set && locale) TheWindows().locale[category] = locale;
+                         return set;
+                     },
+                     "category", category, "locale", locale);
 }
 
 struct Watched {

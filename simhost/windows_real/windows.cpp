@@ -4,11 +4,11 @@
 #include "simhost/windows_real/windows.h"
 
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 
 #include "simhost/core/text.h"
-#include "simhost/user/clock.h"
 
 namespace simhost {
 
@@ -17,6 +17,12 @@ namespace {
 std::unique_ptr<RealWindows>& Instance() {
     static std::unique_ptr<RealWindows> windows;
     return windows;
+}
+
+WideText PathOf(HMODULE module) {
+    WideText path(0x8000, L'\0');
+    path.resize(GetModuleFileNameW(module, path.data(), 0x8000));
+    return path;
 }
 
 }  // namespace
@@ -35,7 +41,8 @@ void RestartWindows() {
 }
 
 RealWindows::RealWindows()
-    : rootPath_(L"Software\\Vorlatix tests\\" + std::to_wstring(GetCurrentProcessId())) {
+    : executablePath(PathOf(nullptr)),
+      rootPath_(L"Software\\Vorlatix tests\\" + std::to_wstring(GetCurrentProcessId())) {
     RegDeleteTreeW(HKEY_CURRENT_USER, rootPath_.c_str());
     const LSTATUS made = RegCreateKeyExW(HKEY_CURRENT_USER, rootPath_.c_str(), 0, nullptr, 0,
                                          KEY_ALL_ACCESS, nullptr, &root_, nullptr);
@@ -49,15 +56,62 @@ RealWindows::~RealWindows() {
     StopTimers();
     for (const auto& [key, path] : keys) RegCloseKey(key);
     for (const auto& [file, path] : files) CloseHandle(file);
+    for (const auto& [path, file] : held_) CloseHandle(file);
+    for (const auto& [name, module] : modules_) FreeLibrary(module);
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
     RegCloseKey(root_);
     RegDeleteTreeW(HKEY_CURRENT_USER, rootPath_.c_str());
     RegDeleteKeyW(HKEY_CURRENT_USER, rootPath_.c_str());
 }
 
-void RealWindows::StopTimers() {
-    for (const UINT_PTR timer : timers) KillTimer(nullptr, timer);
-    timers.clear();
+// --- Modules ---
+
+void RealWindows::AddModule(WideView name, WideView windowsPath) {
+    // Any small library will do; this one needs nothing but Windows.
+    const WideText path(windowsPath);
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    CopyFileW(PathOf(GetModuleHandleW(L"libwinpthread-1.dll")).c_str(), path.c_str(), FALSE);
+    const HMODULE module = LoadLibraryW(path.c_str());
+    if (!module) throw std::runtime_error("no library can be loaded as " + Utf8(path));
+    modules_[WideText(name)] = module;
+}
+
+void RealWindows::RemoveModule(WideView name) {
+    const auto module = modules_.find(WideText(name));
+    if (module == modules_.end()) return;
+    FreeLibrary(module->second);
+    modules_.erase(module);
+}
+
+// --- Registry ---
+
+void RealWindows::MakeKey(WideView path) {
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, WideText(path).c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                    nullptr, &key, nullptr);
+    RegCloseKey(key);
+}
+
+const RegistryKey* RealWindows::FindKey(WideView path) const {
+    HKEY key = nullptr;
+    const WideText text(path);
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, text.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
+        return nullptr;
+    }
+    found_.values.clear();
+    for (DWORD at = 0;; ++at) {
+        WideChar name[256] = {};
+        DWORD nameLength = 256, type = 0, size = 0x10000;
+        std::string bytes(size, '\0');
+        if (RegEnumValueW(key, at, name, &nameLength, nullptr, &type,
+                          reinterpret_cast<BYTE*>(bytes.data()), &size) != ERROR_SUCCESS) {
+            break;
+        }
+        bytes.resize(size);
+        found_.values[name] = {name, type, std::move(bytes)};
+    }
+    RegCloseKey(key);
+    return &found_;
 }
 
 void RealWindows::SetRegistry(WideView path, WideView name, DWORD type, std::string bytes) {
@@ -100,8 +154,19 @@ bool RealWindows::HasRegistry(WideView path) const {
     return true;
 }
 
-void RealWindows::AdvanceClock(unsigned milliseconds) {
-    simhost::AdvanceClock(milliseconds);
+// --- Files ---
+
+void RealWindows::Hold(WideView windowsPath) {
+    const WideText path(windowsPath);
+    held_[path] = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+void RealWindows::Release(WideView windowsPath) {
+    const auto file = held_.find(WideText(windowsPath));
+    if (file == held_.end()) return;
+    CloseHandle(file->second);
+    held_.erase(file);
 }
 
 std::vector<std::string> RealWindows::OpenHandles() const {

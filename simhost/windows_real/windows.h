@@ -2,15 +2,34 @@
 // as a real one can be turned. Everything that the plug-in calls is answered by Windows itself.
 #pragma once
 
+#include <cstdint>
+#include <list>
+#include <map>
 #include <optional>
-#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "hostapi/wide.h"
 #include "hostapi/windows.h"
 
 namespace simhost {
+
+struct RegistryValue {
+    WideText name;
+    DWORD type = 0;
+    std::string bytes;
+};
+struct RegistryKey {
+    std::map<WideText, RegistryValue> values;  // by their names
+};
+
+struct Timer {
+    UINT_PTR id = 0;
+    UINT milliseconds = 0;
+    TIMERPROC procedure = nullptr;
+    std::uint64_t due = 0;
+};
 
 class RealWindows {
 public:
@@ -19,6 +38,12 @@ public:
     RealWindows(const RealWindows&) = delete;
     RealWindows& operator=(const RealWindows&) = delete;
 
+    // --- Modules ---
+    // Really loads some library under this name, where no module of the plug-in's is at hand.
+    void AddModule(WideView name, WideView windowsPath);
+    void RemoveModule(WideView name);
+    WideText executablePath;  // of this very process
+
     // --- Registry of the current user; a part of it that belongs to this process alone ---
     void SetRegistry(WideView path, WideView name, DWORD type, std::string bytes);
     void SetRegistry(WideView path, WideView name, WideView text);  // a terminated REG_SZ
@@ -26,23 +51,43 @@ public:
     std::optional<WideText> RegistryText(WideView path, WideView name) const;
     void RemoveRegistry(WideView path);  // with everything below it
     bool HasRegistry(WideView path) const;
+    // The values of a key as they are now, good until the next call; null if there is none.
+    const RegistryKey* FindKey(WideView path) const;
+    void MakeKey(WideView path);
 
-    // --- Clock: time really passes, with the thread's message loop running ---
+    // --- Timers ---
+    // Lets time pass that nobody waits for: timers that fall due in it are set anew with the
+    // shortest interval, and fire from the thread's message loop, in order of their times.
     void AdvanceClock(unsigned milliseconds);
-
-    // --- What the plug-in did ---
-    std::vector<WideText> programs;        // command lines that were to run; they are never run
-    std::vector<std::string> OpenHandles() const;  // "key Software\PTC", "file C:\Work\a.txt"
-
-    // --- For the watch over the plug-in's calls ---
-    std::set<UINT_PTR> timers;
-    std::vector<std::pair<HKEY, WideText>> keys;
-    std::vector<std::pair<HANDLE, WideText>> files;
+    const std::list<Timer>& timers() const { return timers_; }
+    UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
+    bool StopTimer(UINT_PTR id);
     void StopTimers();  // those of a module that is about to leave memory
 
+    // --- Files ---
+    // Holds the file open and shares it with nobody.
+    void Hold(WideView windowsPath);
+    void Release(WideView windowsPath);
+
+    // --- What the plug-in did ---
+    std::vector<WideText> programs;   // command lines that were to run; they are never run
+    std::map<int, WideText> locale;   // what was set, by category
+    std::vector<std::string> OpenHandles() const;  // "key Software\\PTC", "file C:\\Work\\a.txt"
+
+    // For the watch over the plug-in's calls.
+    std::vector<std::pair<HKEY, WideText>> keys;
+    std::vector<std::pair<HANDLE, WideText>> files;
+
 private:
+    bool Fire(const Timer& timer);
+
     HKEY root_ = nullptr;  // what HKEY_CURRENT_USER means to this process
     WideText rootPath_;
+    mutable RegistryKey found_;
+    std::list<Timer> timers_;
+    std::uint64_t tick_ = 0;
+    std::map<WideText, HANDLE> held_;
+    std::map<WideText, HMODULE> modules_;
 };
 
 // The Windows of this process.

@@ -42,7 +42,7 @@ def count_instructions(bench, job, size):
 
 
 def read_callgrind(text):
-    """Sums the self cost by object: (plug-in, all). Lines after `calls=` are inclusive: left out."""
+    """Sums the self cost by object: (plug-in, all). Lines after `calls=` are inclusive."""
     names, plugin, total = {}, 0, 0
     current, skip = "", False
     for line in text.splitlines():
@@ -68,7 +68,7 @@ def read_callgrind(text):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--bench", default="build/release/vorlatix_bench", help="the program to run")
+    parser.add_argument("--bench", default="build/release/vorlatix_bench", help="what to run")
     parser.add_argument("--jobs", nargs="*", default=JOBS)
     options = parser.parse_args()
     print(f"{'job':<12}{'occurrences':>12}{'calls':>12}{'calls/occ':>11}{'seconds':>9}"

@@ -438,7 +438,8 @@ def base_group():
         for y in (-132, 132):
             rows += [use("washer_12.prt", [x, y, Z_FLOOR]),
                      use("bolt_m12x50.prt", [x, y, Z_FLOOR + 2.5])]
-    assembly("base_plate", "Base with channels, feet and the bolts of the gearbox.", "底座组件", rows)
+    assembly("base_plate", "Base with channels, feet and the bolts of the gearbox.", "底座组件",
+             rows)
 
 
 def top_models():
@@ -451,7 +452,8 @@ def top_models():
          [slab([-250, -750, -350], [600, 350, 450])], clear=0.8)
     part("transport_lock", "Holds the output shaft on the way to the customer; suppressed.",
          "运输锁", ORANGE, [tube(90, 60, 0, 30), slab([-12, -180, 0], [12, -44, 12])], "917 917 911")
-    assembly("gearbox", "Two-stage spur gear reducer with motor on a common base.", "二级减速箱", [
+    assembly("gearbox", "Two-stage spur gear reducer with motor on a common base.",
+             "二级减速箱", [
         use("gearbox_skel.prt"), use("base_plate.asm"), use("箱体组件.asm"),
         use("输入轴组件.asm", [0, 0, 0], ALONG_Y), use("中间轴组件.asm", [X_MID, 0, 0], ALONG_Y),
         use("output_shaft.asm", [X_OUT, 0, 0], ALONG_Y),

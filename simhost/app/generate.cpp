@@ -62,8 +62,10 @@ void Check(int occurrences, int models, int depth) {
                std::to_string(occurrences));
     }
     if (depth > models) {
-        refuse(std::to_string(depth) + " levels need at least as many models (an assembly for each "
-               "but the last), not " + std::to_string(models));
+        refuse(std::to_string(depth) +
+               " levels need at least as many models (an assembly for each "
+               "but the last), not " +
+               std::to_string(models));
     }
 }
 
@@ -84,10 +86,9 @@ void CountOccurrences(Plan* plan) {
 // The indices of the assemblies of one level, first and behind the last.
 std::pair<std::size_t, std::size_t> LevelRange(const Plan& plan, int level) {
     const auto& all = plan.assemblies;
-    const auto range = std::equal_range(all.begin(), all.end(), Assembly{level, {}, {}, 0, 0},
-                                        [](const Assembly& a, const Assembly& b) {
-                                            return a.level < b.level;
-                                        });
+    const auto range =
+        std::equal_range(all.begin(), all.end(), Assembly{level, {}, {}, 0, 0},
+                         [](const Assembly& a, const Assembly& b) { return a.level < b.level; });
     return {std::size_t(range.first - all.begin()), std::size_t(range.second - all.begin())};
 }
 
@@ -188,8 +189,14 @@ Feature Datum() {
     return datum;
 }
 
-// A block or a turned piece. Returns the side of the square that it stands on.
-double WritePart(const std::filesystem::path& folder, std::size_t number, Dice* dice) {
+// A model's file and the rectangle that it stands on.
+struct Child {
+    std::string file;
+    double width = 0, depth = 0;
+};
+
+// A block or a turned piece.
+Child WritePart(const std::filesystem::path& folder, std::size_t number, Dice* dice) {
     Model part;
     part.type = PRO_MDL_PART;
     part.subtype = PROMDLSTYPE_PART_SOLID;
@@ -211,29 +218,30 @@ double WritePart(const std::filesystem::path& folder, std::size_t number, Dice* 
     }
     part.solids.push_back(solid);
     part.AddFeature(Datum());
-    Write(folder, FileOf("part", number + 1, "prt"), part);
-    return side;
+    const std::string file = FileOf("part", number + 1, "prt");
+    Write(folder, file, part);
+    return {file, side, side};
 }
 
-struct Child {
-    std::string file;
-    double side;
-};
-
-// The children side by side in rows, roughly in a square. Returns its side.
-double WriteAssembly(const std::filesystem::path& folder, const std::string& fileName,
-                     const std::string& title, const std::vector<Child>& children) {
+// The children in rows, roughly in a square; the deepest first, so that rows are well filled.
+Child WriteAssembly(const std::filesystem::path& folder, const std::string& fileName,
+                    const std::string& title, std::vector<Child> children) {
     constexpr double kGap = 5;
-    double area = 0;
-    for (const Child& child : children) area += (child.side + kGap) * (child.side + kGap);
-    const double wanted = std::sqrt(area);
+    std::stable_sort(children.begin(), children.end(),
+                     [](const Child& a, const Child& b) { return a.depth > b.depth; });
+    double area = 0, wanted = 0;
+    for (const Child& child : children) {
+        area += (child.width + kGap) * (child.depth + kGap);
+        wanted = std::max(wanted, child.width);
+    }
+    wanted = std::max(wanted, std::sqrt(area));
     Model model;
     model.type = PRO_MDL_ASSEMBLY;
     model.title = title;
     model.AddFeature(Datum());
     double x = 0, y = 0, row = 0, width = 0;
     for (const Child& child : children) {
-        if (x > 0 && x + child.side > wanted) {
+        if (x > 0 && x + child.width > wanted) {
             y += row;
             x = row = 0;
         }
@@ -243,18 +251,18 @@ double WriteAssembly(const std::filesystem::path& folder, const std::string& fil
         feature.file = child.file;
         feature.placement.origin = {x, y, 0};
         model.AddFeature(feature);
-        x += child.side + kGap;
-        row = std::max(row, child.side + kGap);
+        x += child.width + kGap;
+        row = std::max(row, child.depth + kGap);
         width = std::max(width, x);
     }
     Write(folder, fileName, model);
-    return std::max(width, y + row);
+    return {fileName, width - kGap, y + row - kGap};
 }
 
 void WriteModels(const std::filesystem::path& folder, const Plan& plan, Dice* dice) {
     std::vector<Child> parts, units(plan.assemblies.size());
     for (std::size_t i = 0; i < plan.partCount; ++i) {
-        parts.push_back({FileOf("part", i + 1, "prt"), WritePart(folder, i, dice)});
+        parts.push_back(WritePart(folder, i, dice));
     }
     for (std::size_t i = plan.assemblies.size(); i-- > 0;) {
         const Assembly& assembly = plan.assemblies[i];
@@ -263,7 +271,7 @@ void WriteModels(const std::filesystem::path& folder, const Plan& plan, Dice* di
         for (const std::size_t part : assembly.parts) children.push_back(parts[part]);
         const std::string file = i == 0 ? "large.asm" : FileOf("unit", i, "asm");
         const std::string title = i == 0 ? "Large assembly" : "Unit " + std::to_string(i);
-        units[i] = {file, WriteAssembly(folder, file, title, children)};
+        units[i] = WriteAssembly(folder, file, title, std::move(children));
     }
 }
 

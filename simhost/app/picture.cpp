@@ -22,13 +22,13 @@ namespace simhost {
 namespace {
 
 // Lengths in the view are pixels: x to the right, y up, z towards the viewer.
-constexpr double kNoArea = 1e-4;    // what is smaller cannot be seen
-constexpr double kNoDepth = 1e-3;   // facets that are closer than this touch
-constexpr double kCellSize = 24;    // of the grid that finds facets near each other
+constexpr double kNoArea = 1e-4;   // what is smaller cannot be seen
+constexpr double kNoDepth = 1e-3;  // facets that are closer than this touch
+constexpr double kCellSize = 24;   // of the grid that finds facets near each other
 constexpr double kMargin = 24;
 constexpr double kCaptionHeight = 64;
-constexpr double kTallest = 1.25;   // height of the model's picture to its width, at most
-constexpr double kSharp = 0.906;    // cosine of 25 degrees: edges sharper than this are drawn
+constexpr double kTallest = 1.25;    // height of the model's picture to its width, at most
+constexpr double kSharp = 0.906;     // cosine of 25 degrees: edges sharper than this are drawn
 constexpr double kInvisible = 0.02;  // opacity
 
 double Length(Vec3 v) {
@@ -159,11 +159,11 @@ struct Patch {
     Vec3 normal;              // towards the viewer
     std::size_t occurrence = 0;
     int surface = 0;
-    int sequence = 0;         // the order in which facets were made: neighbours lie close
+    int sequence = 0;  // the order in which facets were made: neighbours lie close
     std::string fill;
-    std::string ink;          // of its edges
+    std::string ink;  // of its edges
     double opacity = 1;
-    double area = 0;          // on the screen
+    double area = 0;  // on the screen
     double left = 0, right = 0, low = 0, high = 0;
 };
 
@@ -179,10 +179,10 @@ double AreaOf(const std::vector<Vec3>& corners) {
 
 void Measure(Patch* patch) {
     patch->area = AreaOf(patch->corners);
-    const auto [west, east] = std::minmax_element(
-        patch->corners.begin(), patch->corners.end(), [](Vec3 a, Vec3 b) { return a.x < b.x; });
-    const auto [south, north] = std::minmax_element(
-        patch->corners.begin(), patch->corners.end(), [](Vec3 a, Vec3 b) { return a.y < b.y; });
+    const auto [west, east] = std::minmax_element(patch->corners.begin(), patch->corners.end(),
+                                                  [](Vec3 a, Vec3 b) { return a.x < b.x; });
+    const auto [south, north] = std::minmax_element(patch->corners.begin(), patch->corners.end(),
+                                                    [](Vec3 a, Vec3 b) { return a.y < b.y; });
     patch->left = west->x;
     patch->right = east->x;
     patch->low = south->y;
@@ -256,8 +256,8 @@ void AddPatches(const Occurrence& occurrence, std::size_t index, const Skin& ski
 
 double DepthAt(const Patch& patch, Vec3 p) {
     const Vec3 from = patch.corners[0];
-    return from.z - (patch.normal.x * (p.x - from.x) + patch.normal.y * (p.y - from.y)) /
-                        patch.normal.z;
+    return from.z -
+           (patch.normal.x * (p.x - from.x) + patch.normal.y * (p.y - from.y)) / patch.normal.z;
 }
 
 // What two patches share on the screen: the first one cut along the sides of the other.

@@ -11,8 +11,8 @@ namespace simhost {
 // The model in an isometric view as an SVG text `widthPixels` wide (at least 160), z upwards. What
 // is suppressed, hidden or not in memory is left out, and so is what has no solids; a manufacturing
 // model shows its assembly. The same model always gives the same text. Each part tells its name and
-// title when pointed at. Below stand the name, the number of parts shown and the scale (at 96 pixels
-// to the inch; all three axes are foreshortened alike by 0.816).
+// title when pointed at. Below stand the name, the number of parts shown and the scale (at 96
+// pixels to the inch; all three axes are foreshortened alike by 0.816).
 std::string IsometricSvg(Session& session, Model& top, int widthPixels);
 
 // "63.102.241": red, green and blue of an appearance, each 0 to 255, rounded.

@@ -80,9 +80,8 @@ std::string FindIgnoringCase(const fs::path& folder, const std::string& name) {
             return ScanFor(folder, Lower(name));
         }
         FolderIndex fresh{changed, {}};
-        VisitNames(folder, [&](std::string_view entry) {
-            Keep(&fresh.names[Lower(entry)], entry);
-        });
+        VisitNames(folder,
+                   [&](std::string_view entry) { Keep(&fresh.names[Lower(entry)], entry); });
         if (indexes.size() >= kFoldersKept) indexes.clear();
         found = indexes.insert_or_assign(folder.string(), std::move(fresh)).first;
     }

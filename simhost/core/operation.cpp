@@ -165,8 +165,7 @@ std::string Describe(const void* handle) {
                 return "selection of " + Describe(selection->item);
             }
             break;
-        case HandleKind::Command:
-            return TheHost().commands.Describe(handle);
+        case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";
 }

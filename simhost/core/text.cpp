@@ -10,9 +10,8 @@
 #ifdef _WIN32
 #include "hostapi/windows.h"
 #else
-#include <iconv.h>
-
 #include <cstdio>
+#include <iconv.h>
 #endif
 
 namespace simhost {
@@ -20,8 +19,12 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+bool IsHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+bool IsLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
 
 template <class Text>
 bool IsAscii(const Text& text) {
@@ -118,8 +121,10 @@ public:
     SystemCodePage() {
         const iconv_t converter = iconv_open("UTF-16LE", "CP936");
         if (converter == reinterpret_cast<iconv_t>(-1)) {
-            std::fputs("simhost: this system cannot convert code page 936; "
-                       "text beyond ASCII becomes question marks\n", stderr);
+            std::fputs(
+                "simhost: this system cannot convert code page 936; "
+                "text beyond ASCII becomes question marks\n",
+                stderr);
             return;
         }
         for (unsigned byte = 0x80; byte < 0x100; ++byte) Map(converter, byte, 1);
@@ -261,9 +266,15 @@ WideText FromSystemCodePage(std::string_view bytes) {
 
 #endif
 
-std::string Lower(std::string_view text) { return Folded(std::string(text), /*toUpper=*/false); }
-WideText Lower(WideView text) { return Folded(WideText(text), /*toUpper=*/false); }
-WideText Upper(WideView text) { return Folded(WideText(text), /*toUpper=*/true); }
+std::string Lower(std::string_view text) {
+    return Folded(std::string(text), /*toUpper=*/false);
+}
+WideText Lower(WideView text) {
+    return Folded(WideText(text), /*toUpper=*/false);
+}
+WideText Upper(WideView text) {
+    return Folded(WideText(text), /*toUpper=*/true);
+}
 
 bool SameName(WideView a, WideView b) {
     const auto folded = [](WideChar c) {

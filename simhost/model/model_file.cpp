@@ -172,8 +172,8 @@ std::string Text(const toml::table& table, string_view key) {
 void Numbers(const toml::node& node, string_view key, double* values, std::size_t count) {
     const toml::array* list = node.as_array();
     if (!list || list->size() != count) {
-        Fail(node.source(), Quoted(key) + " must be a list of " + std::to_string(count) +
-                                " numbers");
+        Fail(node.source(),
+             Quoted(key) + " must be a list of " + std::to_string(count) + " numbers");
     }
     for (std::size_t i = 0; i < count; ++i) values[i] = NumberOf(*list->get(i), key);
 }
@@ -305,8 +305,8 @@ void ReadSizes(const toml::table& table, Solid* solid) {
 
     const auto check = [&](const toml::node& node, string_view key, double value, bool mayBeZero) {
         if (value > 0 || (value == 0 && mayBeZero)) return;
-        Fail(node.source(), Quoted(key) + (mayBeZero ? " must not be less than 0"
-                                                     : " must be more than 0"));
+        Fail(node.source(),
+             Quoted(key) + (mayBeZero ? " must not be less than 0" : " must be more than 0"));
     };
     for (const SizeKey& row : kSizeKeys) {
         const toml::node* node = row.shape == solid->shape ? table.get(row.key) : nullptr;

@@ -44,9 +44,9 @@ bool SimulatedWindows::StopTimer(UINT_PTR id) {
 void SimulatedWindows::AdvanceClock(std::uint32_t milliseconds) {
     const std::uint64_t until = tick_ + milliseconds;
     while (!timers_.empty()) {
-        const auto next = std::min_element(
-            timers_.begin(), timers_.end(),
-            [](const Timer& a, const Timer& b) { return a.due < b.due; });
+        const auto next =
+            std::min_element(timers_.begin(), timers_.end(),
+                             [](const Timer& a, const Timer& b) { return a.due < b.due; });
         if (next->due > until) break;
         tick_ = std::max(tick_, next->due);
         next->due += next->milliseconds;
@@ -68,40 +68,37 @@ void AdvanceClock(unsigned milliseconds) {
 
 int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT flags) {
     static Operation op("MessageBoxW");
-    return op.CallOr(
-        [](int) { return 0; },
-        [&] {
-            if (owner) Complain(0, "there is no such window");
-            Box box;
-            box.text = text ? text : WIDE("");
-            box.caption = caption ? caption : WIDE("");
-            box.hasCaption = caption != nullptr;
-            box.flags = flags;
-            return TheHost().ShowBox(box);
-        },
-        "text", text, "caption", caption, "flags", flags);
+    return op.CallOr([](int) { return 0; },
+                     [&] {
+                         if (owner) Complain(0, "there is no such window");
+                         Box box;
+                         box.text = text ? text : WIDE("");
+                         box.caption = caption ? caption : WIDE("");
+                         box.hasCaption = caption != nullptr;
+                         box.flags = flags;
+                         return TheHost().ShowBox(box);
+                     },
+                     "text", text, "caption", caption, "flags", flags);
 }
 
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
     static Operation op("SetTimer");
-    return op.CallOr(
-        [](int) { return UINT_PTR{0}; },
-        [&] {
-            if (window) Complain(0, "there is no such window");
-            return TheWindows().StartTimer(id, milliseconds, procedure);
-        },
-        "id", id, "milliseconds", milliseconds, "procedure", procedure);
+    return op.CallOr([](int) { return UINT_PTR{0}; },
+                     [&] {
+                         if (window) Complain(0, "there is no such window");
+                         return TheWindows().StartTimer(id, milliseconds, procedure);
+                     },
+                     "id", id, "milliseconds", milliseconds, "procedure", procedure);
 }
 
 BOOL KillTimer(HWND window, UINT_PTR id) {
     static Operation op("KillTimer");
-    return op.CallOr(
-        [](int) { return BOOL{FALSE}; },
-        [&] {
-            if (window) Complain(0, "there is no such window");
-            return BOOL{TheWindows().StopTimer(id)};
-        },
-        "id", id);
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&] {
+                         if (window) Complain(0, "there is no such window");
+                         return BOOL{TheWindows().StopTimer(id)};
+                     },
+                     "id", id);
 }
 
 #endif

@@ -18,7 +18,9 @@ namespace {
 
 constexpr UINT kChinese = 936, kUtf8 = 65001;
 
-bool IsSystemCodePage(UINT codePage) { return codePage == CP_ACP || codePage == kChinese; }
+bool IsSystemCodePage(UINT codePage) {
+    return codePage == CP_ACP || codePage == kChinese;
+}
 
 // What both conversions return for a result: its length, or 0 if the buffer is too small. As much
 // as has room is written all the same.
@@ -80,8 +82,7 @@ std::optional<WideText> LocaleName(WideView wanted) {
 }
 
 WideChar* SetLocale(int category, const WideChar* wanted) {
-    constexpr int kCategories[] = {LC_ALL,      LC_COLLATE, LC_CTYPE,
-                                   LC_MONETARY, LC_NUMERIC, LC_TIME};
+    constexpr int kCategories[] = {LC_ALL, LC_COLLATE, LC_CTYPE, LC_MONETARY, LC_NUMERIC, LC_TIME};
     if (std::find(std::begin(kCategories), std::end(kCategories), category) ==
         std::end(kCategories)) {
         return nullptr;
@@ -104,15 +105,14 @@ WideChar* SetLocale(int category, const WideChar* wanted) {
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* narrow, int narrowLength,
                         WideChar* wide, int wideSize) {
     static Operation op("MultiByteToWideChar");
-    return op.CallOr(
-        [](int) { return 0; },
-        [&] { return ToWide(codePage, narrow, narrowLength, wide, wideSize); },
-        "codePage", codePage, "flags", flags, "length", narrowLength, "size", wideSize);
+    return op.CallOr([](int) { return 0; },
+                     [&] { return ToWide(codePage, narrow, narrowLength, wide, wideSize); },
+                     "codePage", codePage, "flags", flags, "length", narrowLength, "size",
+                     wideSize);
 }
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, const WideChar* wide, int wideLength,
-                        char* narrow, int narrowSize, const char* defaultChar,
-                        BOOL* usedDefault) {
+                        char* narrow, int narrowSize, const char* defaultChar, BOOL* usedDefault) {
     static Operation op("WideCharToMultiByte");
     WideView text;
     if (wide) {

@@ -2,11 +2,11 @@
 // may open what while others have it open.
 #ifndef _WIN32
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
@@ -23,7 +23,9 @@ constexpr DWORD kCreateNew = 1, kOpenAlways = 4, kTruncate = 5;
 constexpr DWORD kShareRead = FILE_SHARE_READ, kShareWrite = 2;
 
 // One name for a file, in whatever letters it is asked for.
-std::string PlaceOf(const std::filesystem::path& real) { return Lower(real.string()); }
+std::string PlaceOf(const std::filesystem::path& real) {
+    return Lower(real.string());
+}
 
 // Whether each kind of access that one side wants is shared by the other.
 bool Shares(DWORD access, DWORD share) {
@@ -152,8 +154,8 @@ BOOL WriteAll(OpenFile& file, const void* data, DWORD size, DWORD* done) {
 
 }  // namespace simhost
 
-HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security,
-                   DWORD creation, DWORD attributes, HANDLE pattern) {
+HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security, DWORD creation,
+                   DWORD attributes, HANDLE pattern) {
     static Operation op("CreateFileW");
     return op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
                      [&] {
@@ -167,55 +169,52 @@ HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* securi
 BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
     static Operation op("GetFileSizeEx");
     std::int64_t bytes = 0;
-    return op.CallOr(
-        [](int) { return BOOL{FALSE}; },
-        [&]() -> BOOL {
-            Need(size, "the place for the size");
-            const OpenFile* open = TheWindows().Require(file);
-            struct stat now = {};
-            if (!open || fstat(open->descriptor, &now) != 0) return FALSE;
-            size->QuadPart = bytes = now.st_size;
-            return TRUE;
-        },
-        "size", Out(&bytes));
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&]() -> BOOL {
+                         Need(size, "the place for the size");
+                         const OpenFile* open = TheWindows().Require(file);
+                         struct stat now = {};
+                         if (!open || fstat(open->descriptor, &now) != 0) return FALSE;
+                         size->QuadPart = bytes = now.st_size;
+                         return TRUE;
+                     },
+                     "size", Out(&bytes));
 }
 
 BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* overlapped) {
     static Operation op("ReadFile");
     DWORD done = 0;
     if (read) *read = 0;
-    return op.CallOr(
-        [](int) { return BOOL{FALSE}; },
-        [&]() -> BOOL {
-            Need(read, "the place for the number of bytes");
-            if (overlapped) Complain(0, "no file is open for overlapped use");
-            OpenFile* open = TheWindows().Require(file);
-            if (!open) return FALSE;
-            if (size > 0) Need(data, "the buffer");
-            const BOOL ok = ReadAll(*open, data, size, &done);
-            *read = done;
-            return ok;
-        },
-        "size", size, "read", Out(&done));
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&]() -> BOOL {
+                         Need(read, "the place for the number of bytes");
+                         if (overlapped) Complain(0, "no file is open for overlapped use");
+                         OpenFile* open = TheWindows().Require(file);
+                         if (!open) return FALSE;
+                         if (size > 0) Need(data, "the buffer");
+                         const BOOL ok = ReadAll(*open, data, size, &done);
+                         *read = done;
+                         return ok;
+                     },
+                     "size", size, "read", Out(&done));
 }
 
 BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* overlapped) {
     static Operation op("WriteFile");
     DWORD done = 0;
     if (written) *written = 0;
-    return op.CallOr(
-        [](int) { return BOOL{FALSE}; },
-        [&]() -> BOOL {
-            Need(written, "the place for the number of bytes");
-            if (overlapped) Complain(0, "no file is open for overlapped use");
-            OpenFile* open = TheWindows().Require(file);
-            if (!open) return FALSE;
-            if (size > 0) Need(data, "the data");
-            const BOOL ok = WriteAll(*open, data, size, &done);
-            *written = done;
-            return ok;
-        },
-        "size", size, "written", Out(&done));
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&]() -> BOOL {
+                         Need(written, "the place for the number of bytes");
+                         if (overlapped) Complain(0, "no file is open for overlapped use");
+                         OpenFile* open = TheWindows().Require(file);
+                         if (!open) return FALSE;
+                         if (size > 0) Need(data, "the data");
+                         const BOOL ok = WriteAll(*open, data, size, &done);
+                         *written = done;
+                         return ok;
+                     },
+                     "size", size, "written", Out(&done));
 }
 
 BOOL CloseHandle(HANDLE handle) {

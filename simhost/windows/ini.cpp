@@ -144,16 +144,15 @@ DWORD GetPrivateProfileStringW(const WideChar* section, const WideChar* key,
         size, "path", path);
 }
 
-BOOL WritePrivateProfileStringW(const WideChar* section, const WideChar* key,
-                                const WideChar* value, const WideChar* path) {
+BOOL WritePrivateProfileStringW(const WideChar* section, const WideChar* key, const WideChar* value,
+                                const WideChar* path) {
     static Operation op("WritePrivateProfileStringW");
-    return op.CallOr(
-        [](int) { return BOOL{FALSE}; },
-        [&] {
-            if (!section || !path) return BOOL{FALSE};
-            return BOOL{WriteValue(section, key, value, path)};
-        },
-        "section", section, "key", key, "value", value, "path", path);
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&] {
+                         if (!section || !path) return BOOL{FALSE};
+                         return BOOL{WriteValue(section, key, value, path)};
+                     },
+                     "section", section, "key", key, "value", value, "path", path);
 }
 
 #endif

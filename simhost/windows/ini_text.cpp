@@ -14,7 +14,9 @@ namespace {
 
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
-bool IsBlank(WideChar c) { return (c >= 9 && c <= 13) || c == u' ' || c == 0x1A; }
+bool IsBlank(WideChar c) {
+    return (c >= 9 && c <= 13) || c == u' ' || c == 0x1A;
+}
 
 WideView Trim(WideView text) {
     while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
@@ -166,7 +168,9 @@ WideText KeyLine(WideView key, WideView value) {
 
 }  // namespace
 
-WideText FoldName(WideView name) { return FoldCase(Trim(name)); }
+WideText FoldName(WideView name) {
+    return FoldCase(Trim(name));
+}
 
 IniTable::IniTable(std::string_view bytes) {
     const IniLines lines(bytes);

@@ -15,7 +15,9 @@ namespace simhost {
 namespace {
 
 // The process's own module, which is always loaded.
-HMODULE Executable() { return reinterpret_cast<HMODULE>(std::uintptr_t{0x140000000u}); }
+HMODULE Executable() {
+    return reinterpret_cast<HMODULE>(std::uintptr_t{0x140000000u});
+}
 
 }  // namespace
 
@@ -62,27 +64,26 @@ const WideText& SimulatedWindows::ModulePath(HMODULE module) const {
 
 HMODULE GetModuleHandleW(const WideChar* name) {
     static Operation op("GetModuleHandleW");
-    return op.CallOr([](int) { return HMODULE{}; },
-                     [&] { return TheWindows().FindModule(name); }, "name", name);
+    return op.CallOr([](int) { return HMODULE{}; }, [&] { return TheWindows().FindModule(name); },
+                     "name", name);
 }
 
 DWORD GetModuleFileNameW(HMODULE module, WideChar* path, DWORD size) {
     static Operation op("GetModuleFileNameW");
     WideText whole;
-    return op.CallOr(
-        [](int) { return DWORD{0}; },
-        [&] {
-            Need(path, "the place for the path");
-            whole = TheWindows().ModulePath(module);
-            // A path that just fits without its terminator counts as cut, too.
-            if (whole.size() < size) {
-                CopyCut(whole, path, size);
-                return static_cast<DWORD>(whole.size());
-            }
-            std::copy_n(whole.data(), size, path);
-            return size;
-        },
-        "module", module, "path", TextThen{&whole}, "size", size);
+    return op.CallOr([](int) { return DWORD{0}; },
+                     [&] {
+                         Need(path, "the place for the path");
+                         whole = TheWindows().ModulePath(module);
+                         // A path that just fits without its terminator counts as cut, too.
+                         if (whole.size() < size) {
+                             CopyCut(whole, path, size);
+                             return static_cast<DWORD>(whole.size());
+                         }
+                         std::copy_n(whole.data(), size, path);
+                         return size;
+                     },
+                     "module", module, "path", TextThen{&whole}, "size", size);
 }
 
 #endif

@@ -106,7 +106,9 @@ bool SimulatedWindows::Close(HKEY key) {
 
 namespace {
 
-LSTATUS Denied(int status) { return status > 0 ? status : ERROR_ACCESS_DENIED; }
+LSTATUS Denied(int status) {
+    return status > 0 ? status : ERROR_ACCESS_DENIED;
+}
 
 // The key behind a handle, if the handle may do this to it.
 LSTATUS UseKey(HKEY handle, REGSAM need, RegistryKey** key) {
@@ -123,8 +125,7 @@ LSTATUS PathBelow(const OpenKey& parent, const WideChar* path, WideText* joined)
     return ERROR_SUCCESS;
 }
 
-LSTATUS CreateKey(HKEY parent, const WideChar* path, REGSAM access, HKEY* key,
-                  DWORD* disposition) {
+LSTATUS CreateKey(HKEY parent, const WideChar* path, REGSAM access, HKEY* key, DWORD* disposition) {
     Need(key, "the place for the key");
     Need(path, "the path");
     const OpenKey above = TheWindows().Require(parent);
@@ -194,8 +195,8 @@ LSTATUS RegCreateKeyExW(HKEY parent, const WideChar* path, DWORD reserved, WideC
             if (reserved != 0) return kInvalidParameter;
             return CreateKey(parent, path, access, key, disposition);
         },
-        "path", path, "class", keyClass, "options", options, "access", access, "security",
-        security, "disposition", Out(disposition));
+        "path", path, "class", keyClass, "options", options, "access", access, "security", security,
+        "disposition", Out(disposition));
 }
 
 LSTATUS RegQueryValueExW(HKEY key, const WideChar* name, DWORD* reserved, DWORD* type, BYTE* data,
@@ -210,8 +211,8 @@ LSTATUS RegQueryValueExW(HKEY key, const WideChar* name, DWORD* reserved, DWORD*
         "name", name, "type", Out(type), "size", Out(size));
 }
 
-LSTATUS RegSetValueExW(HKEY key, const WideChar* name, DWORD reserved, DWORD type,
-                       const BYTE* data, DWORD size) {
+LSTATUS RegSetValueExW(HKEY key, const WideChar* name, DWORD reserved, DWORD type, const BYTE* data,
+                       DWORD size) {
     static Operation op("RegSetValueExW");
     return op.CallOr(
         Denied,

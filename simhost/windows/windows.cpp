@@ -22,7 +22,9 @@ SimulatedWindows& TheWindows() {
     return *windows;
 }
 
-void RestartWindows() { Instance().reset(); }
+void RestartWindows() {
+    Instance().reset();
+}
 
 std::vector<std::string> SimulatedWindows::OpenHandles() const {
     std::vector<std::string> lines;

@@ -1,5 +1,5 @@
-// The menu as the user finds it after the start: its place, its 56 commands in their order, and what
-// belongs to each of them.
+// The menu as the user finds it after the start: its place, its 56 commands in their order, and
+// what belongs to each of them.
 #include <algorithm>
 
 #include "simhost/host.h"
@@ -119,11 +119,13 @@ TEST_F(CommandMenu, EveryKeyOfTheMessageLineIsInItsFileByteForByte) {
 }
 
 TEST_F(CommandMenu, MessagesWithAnArgumentShowItAndThePromptTakesItAsDefault) {
-    EXPECT_NE(host().messages.Find(WIDE("vxmsg_display.txt"), WIDE("Directory has changed to:%0w"))
+    EXPECT_NE(host()
+                  .messages.Find(WIDE("vxmsg_display.txt"), WIDE("Directory has changed to:%0w"))
                   .value_or(WIDE(""))
                   .find(WIDE("%0w")),
               WideText::npos);
-    EXPECT_NE(host().messages.Find(WIDE("vxmsg_display.txt"), WIDE("USER Enter a new name:|||%0w"))
+    EXPECT_NE(host()
+                  .messages.Find(WIDE("vxmsg_display.txt"), WIDE("USER Enter a new name:|||%0w"))
                   .value_or(WIDE(""))
                   .find(WIDE("|||%0w")),
               WideText::npos);

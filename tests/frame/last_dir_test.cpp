@@ -1,5 +1,5 @@
-// The working directory from one run of the host to the next: the file that the end of a run writes,
-// and the timer that reads it two seconds after the next start.
+// The working directory from one run of the host to the next: the file that the end of a run
+// writes, and the timer that reads it two seconds after the next start.
 #include <algorithm>
 #include <clocale>
 
@@ -71,9 +71,15 @@ TEST_F(LastDirectory, IsRestoredAfterTwoSecondsAndNotBefore) {
 TEST_F(LastDirectory, IsRestoredByTheStepsInTheirOrder) {
     MakeFolder(WIDE("C:\\Projects"));
     RestoreFrom("C:\\Projects");
-    const Lines wanted = {"KillTimer",   "GetModuleHandleW", "GetModuleFileNameW",
-                          "GetPrivateProfileStringW", "CreateFileW", "GetFileSizeEx",
-                          "ReadFile",    "CloseHandle",      "MultiByteToWideChar",
+    const Lines wanted = {"KillTimer",
+                          "GetModuleHandleW",
+                          "GetModuleFileNameW",
+                          "GetPrivateProfileStringW",
+                          "CreateFileW",
+                          "GetFileSizeEx",
+                          "ReadFile",
+                          "CloseHandle",
+                          "MultiByteToWideChar",
                           "ProDirectoryChange"};
     EXPECT_EQ(host().journal.Names(), wanted);
     const Lines calls = Calls();
@@ -342,9 +348,9 @@ TEST_F(LastDirectory, IsWrittenByTheStepsInTheirOrder) {
     host().journal.Start();
     workplace_->StopPlugin();
     host().journal.Stop();
-    const Lines wanted = {"ProDirectoryCurrentGet", "GetModuleHandleW",    "GetModuleFileNameW",
-                          "_wsetlocale",            "WideCharToMultiByte", "CreateFileW",
-                          "WriteFile",              "CloseHandle"};
+    const Lines wanted = {
+        "ProDirectoryCurrentGet", "GetModuleHandleW", "GetModuleFileNameW", "_wsetlocale",
+        "WideCharToMultiByte",    "CreateFileW",      "WriteFile",          "CloseHandle"};
     EXPECT_EQ(host().journal.Names(), wanted);
 }
 
@@ -424,8 +430,7 @@ TEST_F(LastDirectory, IsLostQuietlyWhenAnotherProgramHoldsTheFile) {
 }
 
 TEST_F(LastDirectory, IsLostQuietlyWithoutTheFolderOfTheSettings) {
-    std::filesystem::remove_all(
-        host().disk.Real(workbench::kModuleFolder + WIDE("\\VXconfig")));
+    std::filesystem::remove_all(host().disk.Real(workbench::kModuleFolder + WIDE("\\VXconfig")));
     Start();
     workplace_->StopPlugin();
     EXPECT_FALSE(std::filesystem::exists(host().disk.Real(kFile)));

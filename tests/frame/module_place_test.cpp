@@ -124,9 +124,11 @@ TEST_F(PlaceOfTheModule, OfExactly260CharactersIsReadWithoutATerminatorButNoFurt
     host().journal.Stop();
     // All 260 characters have been taken, and the file name in them replaced.
     const std::string path = Utf8(FolderOf(module)) + "\\VXconfig\\VxConfig.ini";
-    EXPECT_EQ(Calls().at(3),
-              R"(GetPrivateProfileStringW(section="SetLastDir", key="value", fallback="", value="", )"
-              "size=255, path=\"" + path + "\") = 0");
+    EXPECT_EQ(
+        Calls().at(3),
+        R"(GetPrivateProfileStringW(section="SetLastDir", key="value", fallback="", value="", )"
+        "size=255, path=\"" +
+            path + "\") = 0");
 }
 
 // --- Not found ---

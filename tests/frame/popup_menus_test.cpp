@@ -25,8 +25,8 @@ const PopupCommand kCommands[] = {
     {"VxIsolate", "\xB6\xC0\xC1\xA2\xCF\xD4\xCA\xBE", "独立显示(vx)", true},
     {"VxHideReverse", "\xB7\xB4\xCF\xF2\xD2\xFE\xB2\xD8", "反转显示(vx)", true},
     {"VxShowAllComp", "\xC8\xAB\xB2\xBF\xCF\xD4\xCA\xBE", "全部显示(vx)", true},
-    {"VxMdlNameCopy", "\xB8\xB4\xD6\xC6\xC4\xA3\xD0\xCD\xC3\xFB\xB3\xC6(vx)",
-     "复制模型名称(vx)", false},
+    {"VxMdlNameCopy", "\xB8\xB4\xD6\xC6\xC4\xA3\xD0\xCD\xC3\xFB\xB3\xC6(vx)", "复制模型名称(vx)",
+     false},
     {"VxMdlRename", "\xBF\xEC\xCB\xD9\xD6\xD8\xC3\xFC\xC3\xFB(vx)", "快速重命名(vx)", false},
 };
 
@@ -145,11 +145,12 @@ TEST_F(PopupMenus, TheFirstPopupRegistersFiveCommandsAndHandsOver) {
         const std::string button = Utf8(FromSystemCodePage(each.actionMenuBytes));
         wanted.push_back("ProCmdActionAdd(name=\"" + each.name +
                          "\", action=function, priority=5, access=function, inNonActiveWindow=0, "
-                         "inAccessoryWindow=0, command=command " + each.name + ") = 0");
+                         "inAccessoryWindow=0, command=command " +
+                         each.name + ") = 0");
         wanted.push_back("ProMenubarmenuPushbuttonAdd(menu=\"ActionMenu\", button=\"" + button +
                          "\", labelKey=\"" + each.name + "\", helpKey=\"" + each.name +
-                         "_Help\", neighbour=null, afterNeighbour=1, command=command " +
-                         each.name + ", messageFile=\"vxMenu.txt\") = 0");
+                         "_Help\", neighbour=null, afterNeighbour=1, command=command " + each.name +
+                         ", messageFile=\"vxMenu.txt\") = 0");
     }
     wanted.push_back("ProNotificationSet(type=72) = 0");
     EXPECT_EQ(CallsOfPopup(), wanted);
@@ -224,20 +225,22 @@ TEST_F(PopupMenus, ALaterPopupMakesItsCallsInTheirOrder) {
                          "\", label=\"" + each.label + "\", help=\"" + each.name + "_Help\", " +
                          command + ", access=function, data=null) = 0");
     }
-    wanted.insert(wanted.end(), {
-        "ProCmdActionAdd(name=\"VxOpenDrw\", action=function, priority=2, access=function, "
-        "inNonActiveWindow=0, inAccessoryWindow=0, command=command VxOpenDrw) = 0",
-        "ProMessageToBuffer(buffer=\"打开工程图(vx)\", messageFile=\"vxMenu.txt\", "
-        "key=\"VxOpenDrw\") = 0",
-        "ProMessageToBuffer(buffer=\"打开与所选模型同名的工程图。\", messageFile=\"vxMenu.txt\", "
-        "key=\"VxOpenDrw_Help\") = 0",
-        "ProPopupmenuButtonAdd(popup=2, position=-1, button=\"VxOpenDrw\", "
-        "label=\"打开工程图(vx)\", help=\"打开与所选模型同名的工程图。\", "
-        "command=command VxOpenDrw, access=function, data=null) = 0",
-        "ProMenubarmenuPushbuttonAdd(menu=\"ActionMenu\", button=\"VxOpenDrw\", "
-        "labelKey=\"VxOpenDrw\", helpKey=\"VxOpenDrw_Help\", neighbour=null, afterNeighbour=1, "
-        "command=command VxOpenDrw, messageFile=\"vxMenu.txt\") = 0",
-    });
+    wanted.insert(
+        wanted.end(),
+        {
+            "ProCmdActionAdd(name=\"VxOpenDrw\", action=function, priority=2, access=function, "
+            "inNonActiveWindow=0, inAccessoryWindow=0, command=command VxOpenDrw) = 0",
+            "ProMessageToBuffer(buffer=\"打开工程图(vx)\", messageFile=\"vxMenu.txt\", "
+            "key=\"VxOpenDrw\") = 0",
+            "ProMessageToBuffer(buffer=\"打开与所选模型同名的工程图。\", messageFile=\"vxMenu.txt\", "
+            "key=\"VxOpenDrw_Help\") = 0",
+            "ProPopupmenuButtonAdd(popup=2, position=-1, button=\"VxOpenDrw\", "
+            "label=\"打开工程图(vx)\", help=\"打开与所选模型同名的工程图。\", "
+            "command=command VxOpenDrw, access=function, data=null) = 0",
+            "ProMenubarmenuPushbuttonAdd(menu=\"ActionMenu\", button=\"VxOpenDrw\", "
+            "labelKey=\"VxOpenDrw\", helpKey=\"VxOpenDrw_Help\", neighbour=null, afterNeighbour=1, "
+            "command=command VxOpenDrw, messageFile=\"vxMenu.txt\") = 0",
+        });
     // Nothing is selected, so each rule asks once and learns that.
     wanted.insert(wanted.end(), 6, "ProSelbufferSelectionsGet() = -4");
     EXPECT_EQ(calls, wanted);

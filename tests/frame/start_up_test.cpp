@@ -1,5 +1,5 @@
-// The start of the plug-in as the host sees it: what it is called for, in which order and with which
-// arguments, and what becomes of the start when the host refuses a call.
+// The start of the plug-in as the host sees it: what it is called for, in which order and with
+// which arguments, and what becomes of the start when the host refuses a call.
 #include <algorithm>
 
 #include "simhost/host.h"
@@ -48,7 +48,8 @@ void AddRow(const expected::Row& row, Lines* lines) {
     const std::string command = "command=command " + name;
     lines->push_back("ProCmdActionAdd(name=\"" + name +
                      "\", action=function, priority=2, access=function, inNonActiveWindow=0, "
-                     "inAccessoryWindow=0, " + command + ") = 0");
+                     "inAccessoryWindow=0, " +
+                     command + ") = 0");
     lines->push_back("ProMenubarmenuPushbuttonAdd(menu=\"Menu\", button=\"" + name +
                      "\", labelKey=\"" + name + "\", helpKey=\"" + row.helpKey +
                      "\", neighbour=null, afterNeighbour=1, " + command +
@@ -71,13 +72,15 @@ TEST_F(StartUp, MakesItsCallsInTheirOrderWithTheirArguments) {
         R"(messageFile="vxMenu.txt") = 0)",
     };
     for (const expected::Row& row : expected::Rows()) AddRow(row, &wanted);
-    wanted.insert(wanted.end(), {
-        "SetTimer(id=1, milliseconds=2000, procedure=function) = 32767",
-        R"(ProToolkitApplTextPathGet(directory="C:\App Text") = 0)",
-        R"(GetPrivateProfileStringW(section="RmbDisable", key="value", fallback="", value="0", )"
-        R"(size=255, path="C:\App Text\VXconfig\VxConfig.ini") = 1)",
-        "ProNotificationSet(type=72) = 0",
-    });
+    wanted.insert(
+        wanted.end(),
+        {
+            "SetTimer(id=1, milliseconds=2000, procedure=function) = 32767",
+            R"(ProToolkitApplTextPathGet(directory="C:\App Text") = 0)",
+            R"(GetPrivateProfileStringW(section="RmbDisable", key="value", fallback="", value="0", )"
+            R"(size=255, path="C:\App Text\VXconfig\VxConfig.ini") = 1)",
+            "ProNotificationSet(type=72) = 0",
+        });
     EXPECT_EQ(Calls(), wanted);
     EXPECT_EQ(startStatus_, 0);
 }

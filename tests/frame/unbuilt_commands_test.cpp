@@ -133,8 +133,8 @@ TEST_F(UnbuiltCommands, AreThoseOfTheListAndNoOthers) {
 TEST_F(UnbuiltCommands, SayTheSameFromThePopupsAsFromTheMenu) {
     host().commands.OpenPopup("Sel Obj Menu");
     Open(*windows_[0]);
-    for (const char* button : {"独立显示", "反向隐藏", "全部显示", "复制模型名称(vx)",
-                               "快速重命名(vx)"}) {
+    for (const char* button :
+         {"独立显示", "反向隐藏", "全部显示", "复制模型名称(vx)", "快速重命名(vx)"}) {
         const MenuButton* found = host().commands.FindButton("ActionMenu", button);
         ASSERT_TRUE(found) << button;
         const std::string command = found->command->name;

@@ -1,6 +1,4 @@
 // Assemblies made to measure: the files are read back, the tree is expanded and counted here anew.
-#include "simhost/app/generate.h"
-
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,6 +9,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "simhost/app/generate.h"
 #include "simhost/model/model_file.h"
 
 using namespace simhost;

@@ -1,7 +1,5 @@
 // The shapes of parts: their skins must be closed and look outwards, their volumes must be those
 // of the textbook, and placements must turn as they are told.
-#include "simhost/model/geometry.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,6 +7,8 @@
 #include <numbers>
 #include <set>
 #include <tuple>
+
+#include "simhost/model/geometry.h"
 
 using namespace simhost;
 using std::numbers::pi;
@@ -75,13 +75,13 @@ Solid Prism(std::vector<std::array<double, 2>> outline, double height) {
 const std::vector<std::array<double, 2>> kTriangle{{0, 0}, {10, 0}, {0, 6}};
 const std::vector<std::array<double, 2>> kAngle{{0, 0}, {30, 0}, {30, 5}, {5, 5}, {5, 20}, {0, 20}};
 // A comb whose teeth have points on straight lines: hard on an ear clipper.
-const std::vector<std::array<double, 2>> kComb{{0, 0},  {10, 0}, {20, 0}, {30, 0}, {30, 20},
+const std::vector<std::array<double, 2>> kComb{{0, 0},   {10, 0}, {20, 0}, {30, 0}, {30, 20},
                                                {25, 20}, {25, 5}, {20, 5}, {15, 5}, {15, 20},
                                                {10, 20}, {10, 5}, {5, 5},  {5, 20}, {0, 20}};
 
 std::vector<Solid> OneOfEach() {
-    return {Box(10, 20, 30),   Cylinder(20, 50),     Tube(40, 30, 12),    Cone(20, 10, 15),
-            Cone(20, 0, 15),   Cone(0, 20, 15),      Gear(2, 25, 20, 14), Gear(3, 17, 10, 0),
+    return {Box(10, 20, 30),   Cylinder(20, 50),      Tube(40, 30, 12),    Cone(20, 10, 15),
+            Cone(20, 0, 15),   Cone(0, 20, 15),       Gear(2, 25, 20, 14), Gear(3, 17, 10, 0),
             Gear(2, 6, 10, 3), Gear(1.5, 80, 12, 30), Prism(kTriangle, 4), Prism(kAngle, 8),
             Prism(kComb, 3)};
 }
@@ -227,8 +227,8 @@ TEST(Geometry, VolumesStayWhenASolidIsMovedAndTurned) {
 }
 
 TEST(Geometry, AConvexSolidLooksOutwardsEverywhere) {
-    for (const Solid& solid : {Box(10, 20, 30), Cylinder(20, 50), Cone(20, 10, 15),
-                               Cone(0, 20, 15), Prism(kTriangle, 4)}) {
+    for (const Solid& solid : {Box(10, 20, 30), Cylinder(20, 50), Cone(20, 10, 15), Cone(0, 20, 15),
+                               Prism(kTriangle, 4)}) {
         const Extents box = ExtentsOf(solid);
         Vec3 inside = 0.5 * (box.low + box.high);
         if (solid.shape == Shape::Prism) inside = {3, 2, 2};

@@ -1,13 +1,12 @@
 // Model files: what is written reads back as the same model, and a slip of the pen is named with
 // its file and line.
-#include "simhost/model/model_file.h"
-
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cmath>
 
 #include "simhost/core/text.h"
+#include "simhost/model/model_file.h"
 
 using namespace simhost;
 

@@ -1,7 +1,5 @@
 // The picture: at every point the part that lies nearest to the viewer must be on top, what is
 // hidden must be missing, and the text must be sound XML.
-#include "simhost/app/picture.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,13 +8,14 @@
 #include <map>
 #include <set>
 
+#include "simhost/app/picture.h"
 #include "simhost/core/text.h"
 
 using namespace simhost;
 
 namespace {
 
-Solid Box(Vec3 size, Vec3 at = {}, Vec3 turn = {}) {
+Solid Block(Vec3 size, Vec3 at = {}, Vec3 turn = {}) {
     Solid solid;
     solid.id = 10;
     solid.shape = Shape::Box;
@@ -181,8 +180,7 @@ std::string NearestAt(const std::vector<Target>& targets, Point p) {
         }
         if (std::fabs(normal.z) < 1e-12) continue;
         const Vec3 o = target.corners[0];
-        const double depth =
-            o.z - (normal.x * (p.x - o.x) + normal.y * (p.y - o.y)) / normal.z;
+        const double depth = o.z - (normal.x * (p.x - o.x) + normal.y * (p.y - o.y)) / normal.z;
         if (depth <= nearest) continue;
         nearest = depth;
         part = target.part;
@@ -285,8 +283,8 @@ bool IsSoundXml(const std::string& text) {
 TEST(Picture, TheNearerOfTwoBoxesIsOnTop) {
     Session session;
     Model& top = session.Create(WIDE("top"), PRO_MDL_ASSEMBLY);
-    Model& front = NewPart(&session, "front", Box({20, 20, 20}));
-    Model& back = NewPart(&session, "back", Box({40, 20, 30}));
+    Model& front = NewPart(&session, "front", Block({20, 20, 20}));
+    Model& back = NewPart(&session, "back", Block({40, 20, 30}));
     Add(&top, &front, {0, -50, 0});
     Add(&top, &back);
     ExpectRightOrder(session, top);
@@ -300,7 +298,7 @@ TEST(Picture, BeamsThatCoverEachOtherInACircleAreCutOpen) {
     const Vec3 places[] = {{0, 0, 15}, {80, 0, 0}, {60, 20, 0}};
     for (int i = 0; i < 3; ++i) {
         const std::string name = "beam" + std::to_string(i);
-        Add(&top, &NewPart(&session, name.c_str(), Box(sizes[i])), places[i]);
+        Add(&top, &NewPart(&session, name.c_str(), Block(sizes[i])), places[i]);
     }
     ExpectRightOrder(session, top, 150);
     // The same in the view's own plane: three bars, each tilted over the next.
@@ -309,7 +307,7 @@ TEST(Picture, BeamsThatCoverEachOtherInACircleAreCutOpen) {
     const Placement view = Compose(PlacementFrom({}, {0, 0, 45}), face);
     for (int i = 0; i < 3; ++i) {
         const std::string name = "bar" + std::to_string(i);
-        Feature& bar = Add(&star, &NewPart(&session, name.c_str(), Box({100, 12, 4})));
+        Feature& bar = Add(&star, &NewPart(&session, name.c_str(), Block({100, 12, 4})));
         const Placement tilted = PlacementFrom({-30, -25, 0}, {0, 12, 0});
         bar.placement = Compose(view, Compose(PlacementFrom({}, {0, 0, i * 120.0}), tilted));
     }
@@ -319,9 +317,9 @@ TEST(Picture, BeamsThatCoverEachOtherInACircleAreCutOpen) {
 TEST(Picture, SolidsThatPassThroughEachOtherAreCutWhereTheyMeet) {
     Session session;
     Model& top = session.Create(WIDE("cross"), PRO_MDL_ASSEMBLY);
-    Add(&top, &NewPart(&session, "plate", Box({100, 100, 10}, {-50, -50, -5})));
-    Add(&top, &NewPart(&session, "bar", Box({12, 12, 120}, {-6, -6, -60})), {}, {25, 30, 10});
-    Add(&top, &NewPart(&session, "wall", Box({90, 8, 60}, {-45, 10, -30})), {}, {0, 10, 35});
+    Add(&top, &NewPart(&session, "plate", Block({100, 100, 10}, {-50, -50, -5})));
+    Add(&top, &NewPart(&session, "bar", Block({12, 12, 120}, {-6, -6, -60})), {}, {25, 30, 10});
+    Add(&top, &NewPart(&session, "wall", Block({90, 8, 60}, {-45, 10, -30})), {}, {0, 10, 35});
     ExpectRightOrder(session, top, 150);
 }
 
@@ -335,7 +333,7 @@ TEST(Picture, HeapsOfTurnedBoxesAreInOrder) {
             const Vec3 size{dice.Next(5, 60), dice.Next(5, 30), dice.Next(5, 30)};
             const Vec3 at{dice.Next(-60, 60), dice.Next(-60, 60), dice.Next(-60, 60)};
             const Vec3 turn{dice.Next(0, 360), dice.Next(-90, 90), dice.Next(0, 360)};
-            Add(&top, &NewPart(&session, name.c_str(), Box(size)), at, turn);
+            Add(&top, &NewPart(&session, name.c_str(), Block(size)), at, turn);
         }
         SCOPED_TRACE(seed);
         ExpectRightOrder(session, top);
@@ -358,7 +356,7 @@ TEST(Picture, LeavesOutWhatIsNotShown) {
     int number = 0;
     const auto add = [&]() -> Feature& {
         const std::string name = "part" + std::to_string(number++);
-        return Add(&top, &NewPart(&session, name.c_str(), Box({5, 5, 5})), {number * 10.0, 0, 0});
+        return Add(&top, &NewPart(&session, name.c_str(), Block({5, 5, 5})), {number * 10.0, 0, 0});
     };
     add();
     add().status = PRO_FEAT_SUPPRESSED;
@@ -388,7 +386,7 @@ TEST(Picture, PlacesPartsThroughSubAssembliesAndFindsThemByFile) {
     Session session;
     Model& top = session.Create(WIDE("top"), PRO_MDL_ASSEMBLY);
     Model& unit = session.Create(WIDE("unit"), PRO_MDL_ASSEMBLY);
-    Model& cube = NewPart(&session, "cube", Box({10, 10, 10}));
+    Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
     Add(&unit, &cube, {20, 0, 0}).model = nullptr;  // only its file name is known
     Add(&top, &unit, {0, 0, 50}, {0, 0, 90});
     Add(&top, &cube);
@@ -416,7 +414,7 @@ TEST(Picture, PlacesPartsThroughSubAssembliesAndFindsThemByFile) {
 
 TEST(Picture, ShowsThePartItselfAndAManufacturingModelsAssembly) {
     Session session;
-    Model& cube = NewPart(&session, "cube", Box({10, 10, 10}));
+    Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
     const std::string part = IsometricSvg(session, cube, 400);
     EXPECT_EQ(AreasOf(part).size(), 3u);
     EXPECT_NE(part.find(">1 part, scale "), std::string::npos);
@@ -441,13 +439,13 @@ TEST(Picture, AnAssemblyThatContainsItselfComesToAnEnd) {
     Session session;
     Model& top = session.Create(WIDE("loop"), PRO_MDL_ASSEMBLY);
     Add(&top, &top, {100, 0, 0});
-    Add(&top, &NewPart(&session, "cube", Box({10, 10, 10})));
+    Add(&top, &NewPart(&session, "cube", Block({10, 10, 10})));
     EXPECT_EQ(AreasOf(IsometricSvg(session, top, 400)).size(), 3u);
 }
 
 TEST(Picture, ASurfacesOwnColourComesBeforeThePartsAndThatBeforeTheUsualOne) {
     Session session;
-    Model& cube = NewPart(&session, "cube", Box({10, 10, 10}));
+    Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
     const auto channels = [&] {
         // What dominates in the three sides: +x is surface 12, -y is 13, +z is 16.
         std::multiset<char> result;
@@ -476,7 +474,7 @@ TEST(Picture, ASurfacesOwnColourComesBeforeThePartsAndThatBeforeTheUsualOne) {
 
 TEST(Picture, LightComesFromTheUpperLeft) {
     Session session;
-    Model& cube = NewPart(&session, "cube", Box({10, 10, 10}));
+    Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
     int left = 0, right = 0, upper = 0;
     for (const Area& area : AreasOf(IsometricSvg(session, cube, 400))) {
         double x = 0;  // of the middle
@@ -495,8 +493,8 @@ TEST(Picture, LightComesFromTheUpperLeft) {
 
 TEST(Picture, OneLooksThroughATransparentPart) {
     Session session;
-    Model& glass = NewPart(&session, "glass", Box({40, 40, 40}));
-    Model& core = NewPart(&session, "core", Box({10, 10, 10}, {15, 15, 15}));
+    Model& glass = NewPart(&session, "glass", Block({40, 40, 40}));
+    Model& core = NewPart(&session, "core", Block({10, 10, 10}, {15, 15, 15}));
     Model& top = session.Create(WIDE("top"), PRO_MDL_ASSEMBLY);
     Add(&top, &glass);
     Add(&top, &core);
@@ -518,7 +516,7 @@ TEST(Picture, OneLooksThroughATransparentPart) {
 
 TEST(Picture, NamesAreTooltipsAndSafeInXml) {
     Session session;
-    Model& part = NewPart(&session, "A&B", Box({10, 10, 10}));
+    Model& part = NewPart(&session, "A&B", Block({10, 10, 10}));
     part.title = "箱体 <\"1\"> \x02 & more";
     const std::string svg = IsometricSvg(session, part, 400);
     EXPECT_NE(svg.find("<title>A&amp;B – 箱体 &lt;&quot;1&quot;&gt;   &amp; more</title>"),
@@ -530,7 +528,7 @@ TEST(Picture, IsSoundXmlWithShortNumbersAndAlwaysTheSame) {
     Session session;
     Model& top = session.Create(WIDE("stage"), PRO_MDL_ASSEMBLY);
     Add(&top, &NewPart(&session, "wheel", Gear(2.5, 21, 7, 9)), {1, 2, 3}, {10, 20, 30});
-    Add(&top, &NewPart(&session, "plate", Box({71, 33, 3.3})), {-30, 0, 0}, {0, 17, 0});
+    Add(&top, &NewPart(&session, "plate", Block({71, 33, 3.3})), {-30, 0, 0}, {0, 17, 0});
     const std::string svg = IsometricSvg(session, top, 777);
     EXPECT_TRUE(IsSoundXml(svg));
     for (std::size_t at = svg.find('.'); at != std::string::npos; at = svg.find('.', at + 1)) {
@@ -544,7 +542,7 @@ TEST(Picture, IsSoundXmlWithShortNumbersAndAlwaysTheSame) {
 TEST(Picture, TheScaleIsTrueAndTheModelFillsTheWidth) {
     for (const double size : {0.02, 3.0, 40.0, 1234.5, 90000.0}) {
         Session session;
-        Model& cube = NewPart(&session, "cube", Box({size, size, size}));
+        Model& cube = NewPart(&session, "cube", Block({size, size, size}));
         const std::string svg = IsometricSvg(session, cube, 800);
         Range picture;
         for (const Area& area : AreasOf(svg)) {

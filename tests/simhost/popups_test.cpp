@@ -55,7 +55,8 @@ protected:
         idStatus = 1;
         answer = ACCESS_AVAILABLE;
         uiCmdCmdId id = nullptr;
-        ProCmdActionAdd(const_cast<char*>("Go"), CountRun, 5, nullptr, PRO_B_FALSE, PRO_B_FALSE, &id);
+        ProCmdActionAdd(const_cast<char*>("Go"), CountRun, 5, nullptr, PRO_B_FALSE, PRO_B_FALSE,
+                        &id);
     }
     static std::string Labels(const Popup* popup) {
         std::string labels;

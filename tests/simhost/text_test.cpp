@@ -1,11 +1,11 @@
 // Conversions between UTF-8, UTF-16 and code page 936, good input and bad, and names that differ
 // in the case of their letters.
-#include "simhost/core/text.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <iterator>
+
+#include "simhost/core/text.h"
 
 using namespace simhost;
 
@@ -27,14 +27,16 @@ TEST(Utf8Text, ReplacesLoneSurrogates) {
     const WideChar high = 0xD83D, low = 0xDE00;
     EXPECT_EQ(Utf8(WideText{high}), "\xEF\xBF\xBD");
     EXPECT_EQ(Utf8(WideText{low, high}), "\xEF\xBF\xBD\xEF\xBF\xBD");
-    EXPECT_EQ(Utf8(WideText{high, WideChar('a')}), "\xEF\xBF\xBD" "a");
+    EXPECT_EQ(Utf8(WideText{high, WideChar('a')}),
+              "\xEF\xBF\xBD"
+              "a");
 }
 
 TEST(Utf8Text, ReplacesABrokenSequenceOnceAndGoesOn) {
-    EXPECT_EQ(Wide("\xE4\xB8"), WIDE("\uFFFD"));            // unfinished at the end
-    EXPECT_EQ(Wide("\xE4\xB8z"), WIDE("\uFFFDz"));          // unfinished before a letter
+    EXPECT_EQ(Wide("\xE4\xB8"), WIDE("\uFFFD"));    // unfinished at the end
+    EXPECT_EQ(Wide("\xE4\xB8z"), WIDE("\uFFFDz"));  // unfinished before a letter
     EXPECT_EQ(Wide("\xE4\xE4\xB8\xAD"), WIDE("\uFFFD\u4e2d"));
-    EXPECT_EQ(Wide("\x80z"), WIDE("\uFFFDz"));              // a byte that begins nothing
+    EXPECT_EQ(Wide("\x80z"), WIDE("\uFFFDz"));  // a byte that begins nothing
 }
 
 TEST(Utf8Text, RefusesOverlongFormsSurrogatesAndWhatIsTooLarge) {

@@ -15,7 +15,9 @@ struct Widening {
     WideText expected;
     int length = 0;  // 0: as long as the text
 };
-void PrintTo(const Widening& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const Widening& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class ToWide : public testing::TestWithParam<Widening> {};
 
@@ -60,7 +62,9 @@ struct Narrowing {
     const char* defaultChar = nullptr;
     int length = 0;  // 0: as long as the text
 };
-void PrintTo(const Narrowing& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const Narrowing& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class ToNarrow : public testing::TestWithParam<Narrowing> {};
 

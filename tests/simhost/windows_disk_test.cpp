@@ -47,9 +47,9 @@ TEST_F(DiskPath, NeverLeadsOutOfTheDrive) {
 }
 
 TEST_F(DiskPath, OfAnotherDriveOrNoneIsEmpty) {
-    for (const WideView path : {WideView(WIDE("D:\\a.txt")), WideView(WIDE("a.txt")),
-                                WideView(WIDE("\\a.txt")), WideView(WIDE("\\\\server\\a")),
-                                WideView(WIDE("C:a.txt")), WideView()}) {
+    for (const WideView path :
+         {WideView(WIDE("D:\\a.txt")), WideView(WIDE("a.txt")), WideView(WIDE("\\a.txt")),
+          WideView(WIDE("\\\\server\\a")), WideView(WIDE("C:a.txt")), WideView()}) {
         EXPECT_EQ(Real(path), "none") << Utf8(path);
     }
 }

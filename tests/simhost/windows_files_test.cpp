@@ -15,8 +15,8 @@ class SimulatedFiles : public WindowsPlace {
 protected:
     static HANDLE Open(const WideChar* path, DWORD access = GENERIC_READ,
                        DWORD creation = OPEN_EXISTING) {
-        return CreateFileW(path, access, FILE_SHARE_READ, nullptr, creation,
-                           FILE_ATTRIBUTE_NORMAL, nullptr);
+        return CreateFileW(path, access, FILE_SHARE_READ, nullptr, creation, FILE_ATTRIBUTE_NORMAL,
+                           nullptr);
     }
 };
 

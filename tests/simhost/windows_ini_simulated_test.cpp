@@ -44,9 +44,9 @@ TEST(IniChange, PutsTheFirstKeyBelowItsHeader) {
 }
 
 TEST(IniChange, KeepsBytesThatNoEncodingKnows) {
-    EXPECT_EQ(WithIniKey("\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=1\r\n", WIDE("A"), WIDE("k"),
-                         WIDE("v")),
-              "\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=v\r\n");
+    EXPECT_EQ(
+        WithIniKey("\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v")),
+        "\xFF\x81 x\r\n[A]\r\nj=\xD6 \xFF\r\nk=v\r\n");
 }
 
 TEST(IniChange, KeepsTheEndsOfLines) {
@@ -154,12 +154,11 @@ TEST_F(SimulatedIni, ThatIsReadOnlyIsNotWritten) {
 }
 
 TEST_F(SimulatedIni, WithoutAPlaceForTheValueIsAComplaint) {
-    EXPECT_EQ(GetPrivateProfileStringW(WIDE("A"), WIDE("k"), WIDE("fb"), nullptr, 8,
-                                       WIDE("C:\\a.ini")),
-              0u);
-    EXPECT_EQ(TakeComplaints(),
-              std::vector<std::string>{
-                  "GetPrivateProfileStringW: the place for the value is null"});
+    EXPECT_EQ(
+        GetPrivateProfileStringW(WIDE("A"), WIDE("k"), WIDE("fb"), nullptr, 8, WIDE("C:\\a.ini")),
+        0u);
+    EXPECT_EQ(TakeComplaints(), std::vector<std::string>{
+                                    "GetPrivateProfileStringW: the place for the value is null"});
 }
 
 TEST_F(SimulatedIni, AReadThatIsToldToFailGivesTheFallback) {

@@ -17,7 +17,9 @@ struct Reading {
     const WideChar* fallback = WIDE("none");
     DWORD size = kBuffer;
 };
-void PrintTo(const Reading& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const Reading& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class IniReading : public WindowsPlace, public testing::WithParamInterface<Reading> {};
 
@@ -43,8 +45,7 @@ const Reading kReadings[] = {
     {"BlanksAroundAHeaderDoNotCount", " \t[ A ] \r\nk=v\r\n", WIDE("A"), WIDE("k"), WIDE("v")},
     {"BlanksAroundTheNamesAskedForDoNotCount", "[A]\r\nk=v\r\n", WIDE(" A "), WIDE(" k "),
      WIDE("v")},
-    {"AnIdeographicBlankIsText", "[A]\r\nk=\xA1\xA1v\r\n", WIDE("A"), WIDE("k"),
-     WIDE("\u3000v")},
+    {"AnIdeographicBlankIsText", "[A]\r\nk=\xA1\xA1v\r\n", WIDE("A"), WIDE("k"), WIDE("\u3000v")},
     {"EmptyLinesDoNotCount", "\r\n[A]\r\n\r\n \r\nk=v\r\n", WIDE("A"), WIDE("k"), WIDE("v")},
 
     // Values
@@ -66,8 +67,8 @@ const Reading kReadings[] = {
     {"ANumberSignBeginsNoComment", "[A]\r\n#k=v\r\n", WIDE("A"), WIDE("#k"), WIDE("v")},
 
     // Repeated names
-    {"AKeyInTheSecondSectionOfTheSameNameIsNotFound",
-     "[A]\r\nj=1\r\n[B]\r\nk=2\r\n[A]\r\nk=3\r\n", WIDE("A"), WIDE("k"), WIDE("none")},
+    {"AKeyInTheSecondSectionOfTheSameNameIsNotFound", "[A]\r\nj=1\r\n[B]\r\nk=2\r\n[A]\r\nk=3\r\n",
+     WIDE("A"), WIDE("k"), WIDE("none")},
     {"TheFirstOfTwoKeysOfTheSameNameIsRead", "[A]\r\nk=1\r\nK=2\r\n", WIDE("A"), WIDE("k"),
      WIDE("1")},
     {"AnEmptyFirstKeyHidesTheSecond", "[A]\r\nk=\r\nk=2\r\n", WIDE("A"), WIDE("k"), WIDE("")},
@@ -80,8 +81,7 @@ const Reading kReadings[] = {
     {"TextBehindAHeaderDoesNotCount", "[A] x\r\nk=v\r\n", WIDE("A"), WIDE("k"), WIDE("v")},
     {"AHeaderWithoutBracketAtItsEndIsNoLine", "[A]\r\n[B\r\nk=v\r\n", WIDE("A"), WIDE("k"),
      WIDE("v")},
-    {"KeysAboveTheFirstHeaderHaveNoSectionName", "k=v\r\n[A]\r\n", WIDE(""), WIDE("k"),
-     WIDE("v")},
+    {"KeysAboveTheFirstHeaderHaveNoSectionName", "k=v\r\n[A]\r\n", WIDE(""), WIDE("k"), WIDE("v")},
 
     // Ends of lines and of the file
     {"LinesMayEndWithALineFeed", "[A]\nk=v\nj=w\n", WIDE("A"), WIDE("k"), WIDE("v")},
@@ -113,8 +113,8 @@ const Reading kReadings[] = {
     {"NoFallbackIsTheEmptyText", "", WIDE("A"), WIDE("k"), WIDE(""), nullptr},
     {"AValueThatJustFitsIsWhole", "[A]\r\nk=abcdef\r\n", WIDE("A"), WIDE("k"), WIDE("abcdef"),
      WIDE(""), 7},
-    {"AValueOneTooLongIsCut", "[A]\r\nk=abcdef\r\n", WIDE("A"), WIDE("k"), WIDE("abcde"),
-     WIDE(""), 6},
+    {"AValueOneTooLongIsCut", "[A]\r\nk=abcdef\r\n", WIDE("A"), WIDE("k"), WIDE("abcde"), WIDE(""),
+     6},
     {"AQuotedValueIsCutWithoutItsQuotes", "[A]\r\nk=\"abcdef\"\r\n", WIDE("A"), WIDE("k"),
      WIDE("abc"), WIDE(""), 4},
     {"AFallbackIsCutToo", "", WIDE("A"), WIDE("k"), WIDE("fal"), WIDE("fallback"), 4},
@@ -131,7 +131,9 @@ struct Listing {
     WideText expected;  // with all terminators
     DWORD length;
 };
-void PrintTo(const Listing& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const Listing& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class IniListing : public WindowsPlace, public testing::WithParamInterface<Listing> {};
 
@@ -140,8 +142,8 @@ TEST_P(IniListing, GivesTheNames) {
     Put("a.ini", row.bytes);
     WideChar names[kBuffer + 1];
     std::fill(std::begin(names), std::end(names), WideChar('#'));
-    const DWORD length = GetPrivateProfileStringW(row.section, nullptr, WIDE("fb"), names,
-                                                  row.size, Path(WIDE("a.ini")).c_str());
+    const DWORD length = GetPrivateProfileStringW(row.section, nullptr, WIDE("fb"), names, row.size,
+                                                  Path(WIDE("a.ini")).c_str());
     EXPECT_EQ(length, row.length);
     EXPECT_EQ(WideText(names, row.expected.size()), row.expected);
     EXPECT_EQ(names[row.size], WideChar('#')) << "wrote beyond the buffer";
@@ -154,8 +156,8 @@ const Listing kListings[] = {
     {"SectionsComeInTheFilesOrder", kTwoSections, nullptr, 10, UnitsOf(WIDE("Abc\0Bcd\0\0")), 8},
     {"RepeatedSectionsComeRepeatedly", "[A]\r\n[B]\r\n[A]\r\n", nullptr, kBuffer,
      UnitsOf(WIDE("A\0B\0A\0\0")), 6},
-    {"AListThatFillsTheBufferCountsAsCut", kTwoSections, nullptr, 9,
-     UnitsOf(WIDE("Abc\0Bcd\0\0")), 7},
+    {"AListThatFillsTheBufferCountsAsCut", kTwoSections, nullptr, 9, UnitsOf(WIDE("Abc\0Bcd\0\0")),
+     7},
     {"AListIsCutInsideAName", kTwoSections, nullptr, 7, UnitsOf(WIDE("Abc\0B\0\0")), 5},
     {"AListIsCutBehindAName", kTwoSections, nullptr, 5, UnitsOf(WIDE("Abc\0\0")), 3},
     {"ABufferOfTwoHoldsTheTerminators", kTwoSections, nullptr, 2, UnitsOf(WIDE("\0\0")), 0},
@@ -166,12 +168,12 @@ const Listing kListings[] = {
     {"AListOfKeysIsCut", kTwoKeys, WIDE("A"), 7, UnitsOf(WIDE("Bcd\0a\0\0")), 5},
     {"RepeatedKeysComeRepeatedly", "[A]\r\nb=1\r\nb=2\r\nx\r\n", WIDE("A"), kBuffer,
      UnitsOf(WIDE("b\0b\0\0")), 4},
-    {"KeysOfASecondSectionOfTheNameAreNotSeen", "[A]\r\nb=1\r\n[A]\r\nc=2\r\n", WIDE("A"),
-     kBuffer, UnitsOf(WIDE("b\0\0")), 2},
+    {"KeysOfASecondSectionOfTheNameAreNotSeen", "[A]\r\nb=1\r\n[A]\r\nc=2\r\n", WIDE("A"), kBuffer,
+     UnitsOf(WIDE("b\0\0")), 2},
     {"ASectionWithoutKeysGivesTheFallback", "[A]\r\n[B]\r\n", WIDE("A"), kBuffer,
      UnitsOf(WIDE("fb\0")), 2},
-    {"AMissingSectionGivesTheFallback", "[A]\r\nk=v\r\n", WIDE("B"), kBuffer,
-     UnitsOf(WIDE("fb\0")), 2},
+    {"AMissingSectionGivesTheFallback", "[A]\r\nk=v\r\n", WIDE("B"), kBuffer, UnitsOf(WIDE("fb\0")),
+     2},
 };
 INSTANTIATE_TEST_SUITE_P(Table, IniListing, testing::ValuesIn(kListings), NameOfRow());
 
@@ -183,15 +185,17 @@ struct Writing {
     const WideChar* value;
     std::string after;
 };
-void PrintTo(const Writing& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const Writing& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class IniWriting : public WindowsPlace, public testing::WithParamInterface<Writing> {};
 
 TEST_P(IniWriting, ChangesTheFile) {
     const Writing& row = GetParam();
     Put("a.ini", row.before);
-    EXPECT_TRUE(WritePrivateProfileStringW(row.section, row.key, row.value,
-                                           Path(WIDE("a.ini")).c_str()));
+    EXPECT_TRUE(
+        WritePrivateProfileStringW(row.section, row.key, row.value, Path(WIDE("a.ini")).c_str()));
     EXPECT_EQ(Bytes("a.ini"), row.after);
 }
 
@@ -202,8 +206,8 @@ const Writing kWritings[] = {
      "[A]\r\nk=v\r\n"},
     {"OnlyTheFirstOfTwoKeysChanges", "[A]\r\nk=1\r\nk=2\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
      "[A]\r\nk=v\r\nk=2\r\n"},
-    {"ANewKeyGoesToTheSectionsEnd", "[A]\r\nk=1\r\n[B]\r\nj=1\r\n", WIDE("A"), WIDE("n"),
-     WIDE("v"), "[A]\r\nk=1\r\nn=v\r\n[B]\r\nj=1\r\n"},
+    {"ANewKeyGoesToTheSectionsEnd", "[A]\r\nk=1\r\n[B]\r\nj=1\r\n", WIDE("A"), WIDE("n"), WIDE("v"),
+     "[A]\r\nk=1\r\nn=v\r\n[B]\r\nj=1\r\n"},
     {"ANewSectionGoesToTheFilesEnd", "[A]\r\nk=1\r\n", WIDE("B"), WIDE("n"), WIDE("v"),
      "[A]\r\nk=1\r\n[B]\r\nn=v\r\n"},
     {"ALastLineWithoutEndGetsOne", "[A]\r\nk=1", WIDE("A"), WIDE("n"), WIDE("v"),
@@ -213,8 +217,8 @@ const Writing kWritings[] = {
     {"AnEmptyFileGetsTheSection", "", WIDE("A"), WIDE("k"), WIDE("v"), "[A]\r\nk=v\r\n"},
     {"CommentsAndOtherLinesStay", "; c\r\n[A]\r\n; d\r\nk=1\r\nplain\r\n", WIDE("A"), WIDE("k"),
      WIDE("v"), "; c\r\n[A]\r\n; d\r\nk=v\r\nplain\r\n"},
-    {"AKeyAboveTheFirstHeaderIsNotOfTheSection", "k=1\r\n[A]\r\n", WIDE("A"), WIDE("k"),
-     WIDE("v"), "k=1\r\n[A]\r\nk=v\r\n"},
+    {"AKeyAboveTheFirstHeaderIsNotOfTheSection", "k=1\r\n[A]\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
+     "k=1\r\n[A]\r\nk=v\r\n"},
     {"AnEmptyValueIsWritten", "[A]\r\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE(""), "[A]\r\nk=\r\n"},
     {"QuotesAreWrittenAsTheyAre", "[A]\r\n", WIDE("A"), WIDE("k"), WIDE("\" v \""),
      "[A]\r\nk=\" v \"\r\n"},
@@ -257,7 +261,9 @@ protected:
     }
 };
 
-TEST_F(IniFile, AMissingFileGivesTheFallback) { EXPECT_EQ(Read(WIDE("a.ini")), WIDE("none")); }
+TEST_F(IniFile, AMissingFileGivesTheFallback) {
+    EXPECT_EQ(Read(WIDE("a.ini")), WIDE("none"));
+}
 
 TEST_F(IniFile, AMissingFileGivesNoSections) {
     WideChar names[kBuffer] = {};

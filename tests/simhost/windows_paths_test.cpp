@@ -10,7 +10,9 @@ WideText ExecutablePath() {
     return WideText(path, GetModuleFileNameW(nullptr, path, kLong));
 }
 
-WideText FileOf(const WideText& path) { return path.substr(path.find_last_of(WideChar('\\')) + 1); }
+WideText FileOf(const WideText& path) {
+    return path.substr(path.find_last_of(WideChar('\\')) + 1);
+}
 
 TEST(ModulePath, IsAWholeWindowsPathWithItsTerminator) {
     WideChar path[kLong];
@@ -259,6 +261,8 @@ TEST(NoFile, FailsQuietlyInEveryOperation) {
     EXPECT_FALSE(CloseHandle(nullptr));
 }
 
-TEST(NoFile, ClosesAsTheProcessItselfWould) { EXPECT_TRUE(CloseHandle(INVALID_HANDLE_VALUE)); }
+TEST(NoFile, ClosesAsTheProcessItselfWould) {
+    EXPECT_TRUE(CloseHandle(INVALID_HANDLE_VALUE));
+}
 
 }  // namespace

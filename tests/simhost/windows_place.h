@@ -65,7 +65,9 @@ protected:
         std::filesystem::remove_all(folder_, error);
     }
 
-    const std::filesystem::path& folder() const { return folder_; }
+    const std::filesystem::path& folder() const {
+        return folder_;
+    }
 
     // The Windows path of a file of this test.
     WideText Path(WideView name) const {
@@ -82,7 +84,9 @@ protected:
         std::ofstream file(folder_ / name, std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
-    bool Exists(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
+    bool Exists(const std::string& name) const {
+        return std::filesystem::exists(folder_ / name);
+    }
     std::string Bytes(const std::string& name) const {
         std::ifstream file(folder_ / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

@@ -46,9 +46,9 @@ TEST_F(Registry, IsReadIgnoringCase) {
     const HKEY key = Open(KEY_READ, WIDE("SOFTWARE\\ptc\\creo_PARAMETRIC\\"));
     WideChar text[100] = {};
     DWORD type = 0, size = sizeof text;
-    EXPECT_EQ(RegQueryValueExW(key, WIDE("vxREG"), nullptr, &type, reinterpret_cast<BYTE*>(text),
-                               &size),
-              ERROR_SUCCESS);
+    EXPECT_EQ(
+        RegQueryValueExW(key, WIDE("vxREG"), nullptr, &type, reinterpret_cast<BYTE*>(text), &size),
+        ERROR_SUCCESS);
     EXPECT_EQ(type, REG_SZ);
     EXPECT_EQ(size, 10u);  // four digits and the terminator
     EXPECT_EQ(WideText(text), WIDE("5110"));
@@ -107,9 +107,9 @@ TEST_F(Registry, KeepsBytesAndTypes) {
     const HKEY key = Open(KEY_READ);
     char bytes[8] = "#######";
     DWORD type = 0, size = sizeof bytes;
-    EXPECT_EQ(RegQueryValueExW(key, WIDE("Bytes"), nullptr, &type,
-                               reinterpret_cast<BYTE*>(bytes), &size),
-              ERROR_SUCCESS);
+    EXPECT_EQ(
+        RegQueryValueExW(key, WIDE("Bytes"), nullptr, &type, reinterpret_cast<BYTE*>(bytes), &size),
+        ERROR_SUCCESS);
     EXPECT_EQ(type, kBinary);
     EXPECT_EQ(std::string(bytes, 8), std::string("a\0b####\0", 8));
     EXPECT_EQ(size, 3u);
@@ -213,8 +213,8 @@ TEST_F(Registry, ComplainsAboutMissingPlaces) {
 
 TEST_F(Registry, DeniesAccessWhenToldToFail) {
     TheWindows().SetRegistry(kPath, WIDE("VxReg"), WIDE("5110"));
-    for (const char* operation : {"RegOpenKeyExW", "RegCreateKeyExW", "RegQueryValueExW",
-                                  "RegSetValueExW"}) {
+    for (const char* operation :
+         {"RegOpenKeyExW", "RegCreateKeyExW", "RegQueryValueExW", "RegSetValueExW"}) {
         Operation::Fail({operation, 1, /*forGood=*/true});
     }
     HKEY key = nullptr;

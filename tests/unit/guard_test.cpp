@@ -1,9 +1,8 @@
 // The guards around everything that the host or Windows calls: whatever is thrown, nothing leaves.
-#include "frame/guard.h"
-
 #include <new>
 #include <stdexcept>
 
+#include "frame/guard.h"
 #include "tests/support/workbench.h"
 
 namespace {

@@ -1,7 +1,6 @@
-// The three kinds of boxes, down to the code of each character: digits and marks in the caption and in
-// the tail of a completion look alike but are not.
+// The three kinds of boxes, down to the code of each character: digits and marks in the caption and
+// in the tail of a completion look alike but are not.
 #include "frame/messages.h"
-
 #include "tests/support/workbench.h"
 
 namespace {
@@ -18,11 +17,9 @@ protected:
 };
 
 // 岚枢工具By墨川听雨 with a plain comma before QQ and a plain colon.
-const WideText kCaption =
-    WIDE("\u5C9A\u67A2\u5DE5\u5177By\u58A8\u5DDD\u542C\u96E8,QQ:100200300");
+const WideText kCaption = WIDE("\u5C9A\u67A2\u5DE5\u5177By\u58A8\u5DDD\u542C\u96E8,QQ:100200300");
 // 岚枢QQ②群 and ①群, plain colons, a full-width comma between them, eight and nine digits, a tab.
-const WideText kTail =
-    WIDE("|\u5C9A\u67A2QQ\u2461\u7FA4:100200301\uFF0C\u2460\u7FA4:10020030\t");
+const WideText kTail = WIDE("|\u5C9A\u67A2QQ\u2461\u7FA4:100200301\uFF0C\u2460\u7FA4:10020030\t");
 
 TEST_F(Messages, HaveTheirLiteralsCharacterByCharacter) {
     EXPECT_EQ(CaptionText, kCaption);
@@ -64,8 +61,8 @@ TEST_F(Messages, AreShownByOneCallWithoutAnOwner) {
             host().journal.Stop();
         },
         "@ ok");
-    EXPECT_EQ(Calls(), std::vector<std::string>{
-                           R"(MessageBoxW(text="text", caption=null, flags=0) = 1)"});
+    EXPECT_EQ(Calls(),
+              std::vector<std::string>{R"(MessageBoxW(text="text", caption=null, flags=0) = 1)"});
 }
 
 TEST_F(Messages, ComeFromTheirOwnFile) {

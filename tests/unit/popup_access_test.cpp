@@ -1,6 +1,6 @@
-// What the two rules of popup buttons answer exactly; from outside, "not shown" is all that one sees.
+// What the two rules of popup buttons answer exactly; from outside, "not shown" is all that one
+// sees.
 #include "frame/access.h"
-
 #include "tests/support/workbench.h"
 
 namespace {

@@ -1,6 +1,5 @@
 // Values of INI files: where they end, what is deleted in them, and that nothing is ever assumed.
 #include "frame/settings.h"
-
 #include "simhost/windows/windows.h"
 #include "tests/support/workbench.h"
 
@@ -14,8 +13,8 @@ const WideText kFile = WIDE("C:\\Work\\a.ini");
 class Settings : public Workbench {
 protected:
     Settings() {
-        TheWindows().AddModule(WIDE("vorlatix5.1.dll"), workbench::kModuleFolder +
-                                                            WIDE("\\vorlatix5.1.dll"));
+        TheWindows().AddModule(WIDE("vorlatix5.1.dll"),
+                               workbench::kModuleFolder + WIDE("\\vorlatix5.1.dll"));
     }
 };
 

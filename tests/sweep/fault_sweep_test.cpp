@@ -1,0 +1,205 @@
+// The fault sweep: whatever of the host or of Windows fails, once or for good, the plug-in does not
+// crash, hang, leak or hand nonsense to the host, it can be unloaded, and the session goes on.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "simhost/core/text.h"
+#include "tests/sweep/sweep.h"
+
+namespace {
+
+using sweep::Forced;
+using sweep::Scenes;
+using sweep::Story;
+using sweep::Sweep;
+using sweep::World;
+
+// Registering examines no status, by rule: what follows on a failed step is done with the id as it
+// is, and the host refuses it. A name without its text file would be no help either.
+const Forced kNoId[] = {
+    {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd: a command id that the host did not give",
+     "buttons are added with the id as it came"},
+    {"ProCmdActionAdd", "ProCmdIconSet: a command id that the host did not give",
+     "icons are set with the id as it came"},
+    {"ProCmdActionAdd", "ProCmdDesignate: a command id that the host did not give",
+     "commands are designated with the id as it came"},
+};
+
+class FaultSweep : public ::testing::Test {
+protected:
+    static void TearDownTestSuite() {
+        std::printf("fault sweep: %d runs of %d stories\n", Sweep::runs, Sweep::stories);
+    }
+};
+
+// What a user does next, whatever became of the start.
+void GoOn(World& world) {
+    world.Wait();
+    Scenes()[1].build(world);
+    world.Press("Menu", "BatchColor");
+    world.RightClick();
+    world.RightClick();
+}
+
+void NewUser(World& world) {
+    world.Setting("RmbDisable", "0");
+}
+
+TEST_F(FaultSweep, Start) {
+    Sweep faults({kNoId[0], kNoId[1], kNoId[2]});
+    faults.Run({"the start for a new user",
+                NewUser,
+                [](World& w) { w.StartAsNewUser(); },
+                GoOn,
+                {"ProUIDialogActivate", "RegSetValueExW", "WinExec", "ProCmdDesignate", "SetTimer",
+                 "ProNotificationSet"}});
+    faults.Run({"the start for a known user",
+                NewUser,
+                [](World& w) { w.Start(); },
+                GoOn,
+                {"RegQueryValueExW", "ProMenubarMenuAdd"}});
+}
+
+TEST_F(FaultSweep, Timer) {
+    Sweep faults;
+    const auto prepare = [](World& world) {
+        world.Setting("SetLastDir", "1");
+        world.WriteLastDir("C:\\Work");
+        world.Start();
+    };
+    faults.Run(
+        {"the timer",
+         prepare,
+         [](World& w) { w.Wait(); },
+         {},
+         {"KillTimer", "ReadFile", "CloseHandle", "MultiByteToWideChar", "ProDirectoryChange"}});
+}
+
+TEST_F(FaultSweep, End) {
+    Sweep faults;
+    faults.Run({"the end",
+                [](World& w) { w.Start(); },
+                [](World& w) { w.Stop(); },
+                {},
+                {"ProDirectoryCurrentGet", "CreateFileW", "WriteFile", "CloseHandle"}});
+}
+
+// --- Popups ------------------------------------------------------------------------------------
+
+void StartWithPopups(World& world) {
+    world.Setting("RmbDisable", "0");
+    world.Start();
+}
+
+void StartBehindFirstPopup(World& world) {
+    StartWithPopups(world);
+    sweep::BuildSelection(world);
+    world.RightClick();
+}
+
+void OpenPopup(World& world) {
+    world.RightClick();
+}
+
+TEST_F(FaultSweep, Popups) {
+    Sweep faults({
+        kNoId[0],
+        {"ProCmdActionAdd", "ProPopupmenuButtonAdd: a command id that the host did not give",
+         "the button of the drawing is added with the id as it came"},
+        {"ProCmdCmdIdFind", "ProPopupmenuButtonAdd: a command id that the host did not give",
+         "popup buttons are added with the id as it came"},
+        {"ProPopupmenuIdGet", "ProPopupmenuButtonAdd: no popup of the id 0",
+         "popup buttons are added with the id as it came"},
+    });
+    faults.Run({"the first popup",
+                StartWithPopups,
+                OpenPopup,
+                {},
+                {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd", "ProNotificationSet"}});
+    faults.Run({"a later popup",
+                StartBehindFirstPopup,
+                OpenPopup,
+                {},
+                {"ProPopupmenuIdGet", "ProPopupmenuButtonAdd", "ProMessageToBuffer",
+                 "ProSelbufferSelectionsGet", "ProArraySizeGet", "ProSelectionModelitemGet"}});
+    const auto nothingSelected = [](World& world) {
+        StartBehindFirstPopup(world);
+        world.host().session.buffer.clear();
+    };
+    faults.Run({"a later popup without a selection",
+                nothingSelected,
+                OpenPopup,
+                {},
+                {"ProSelbufferSelectionsGet"}});
+    const auto twoSelected = [](World& world) {
+        StartBehindFirstPopup(world);
+        auto& buffer = world.host().session.buffer;
+        buffer.push_back(buffer.front());
+    };
+    faults.Run({"a later popup with two selections", twoSelected, OpenPopup, {}, {}});
+}
+
+TEST_F(FaultSweep, PopupButtons) {
+    std::vector<std::string> labels;
+    {
+        World world;
+        StartBehindFirstPopup(world);
+        world.RightClick();
+        ASSERT_NE(world.host().commands.popup(), nullptr);
+        for (const auto& entry : world.host().commands.popup()->entries) {
+            if (entry.command) labels.push_back(simhost::Utf8(entry.label));
+        }
+        world.Stop();
+    }
+    ASSERT_EQ(labels.size(), 6u);
+    Sweep faults;
+    for (const std::string& label : labels) {
+        const auto prepare = [](World& world) {
+            StartBehindFirstPopup(world);
+            world.RightClick();
+        };
+        faults.Run({"the popup button " + label,
+                    prepare,
+                    [label](World& world) { world.PressPopup(label); },
+                    {},
+                    {}});
+    }
+}
+
+// --- Commands ----------------------------------------------------------------------------------
+
+// Every button of both menus, so that commands that are built later join by themselves.
+TEST_F(FaultSweep, Commands) {
+    std::vector<std::pair<std::string, std::string>> buttons;
+    {
+        World world;
+        StartWithPopups(world);
+        world.RightClick();
+        for (const char* menu : {"Menu", "ActionMenu"}) {
+            ASSERT_NE(world.host().commands.FindMenu(menu), nullptr) << menu;
+            for (const auto& button : world.host().commands.FindMenu(menu)->buttons) {
+                buttons.emplace_back(menu, button.name);
+            }
+        }
+        world.Stop();
+    }
+    ASSERT_GE(buttons.size(), 56u + 5u);
+    for (const auto& [menu, button] : buttons) {
+        // The same command in a scene that makes no difference to it is left out.
+        Sweep faults;
+        for (const sweep::Scene& scene : Scenes()) {
+            const auto prepare = [&scene](World& world) {
+                StartWithPopups(world);
+                world.RightClick();
+                scene.build(world);
+            };
+            const auto act = [menu = menu, button = button](World& world) {
+                world.Press(menu, button);
+            };
+            faults.Run({menu + "/" + button + " with " + scene.name, prepare, act, {}, {}});
+        }
+    }
+}
+
+}  // namespace

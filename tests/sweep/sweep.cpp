@@ -1,0 +1,147 @@
+// The fault sweep itself.
+#include "tests/sweep/sweep.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "simhost/core/operation.h"
+#include "tests/sweep/crash_note.h"
+
+namespace sweep {
+
+using namespace simhost;
+
+int Sweep::runs = 0;
+int Sweep::stories = 0;
+
+namespace {
+
+// Up to this many calls of an operation in a story every one fails in its turn. Beyond that (the 56
+// rows of the menu, the features of a walk) the calls repeat each other, and the first ones, one in
+// the middle and the last ones stand for all.
+constexpr int kAllUpTo = 8;
+
+std::vector<int> CallsToFail(int calls) {
+    std::vector<int> chosen;
+    if (calls > kAllUpTo) return {1, 2, 3, calls / 2, calls - 1, calls};
+    for (int n = 1; n <= calls; ++n) chosen.push_back(n);
+    return chosen;
+}
+
+// No exception may leave the plug-in.
+void Do(const std::function<void(World&)>& act, World& world, const std::string& run) {
+    try {
+        act(world);
+    } catch (const std::exception& error) {
+        ADD_FAILURE() << run << ": an exception came through the door: " << error.what();
+    } catch (...) {
+        ADD_FAILURE() << run << ": an exception came through the door";
+    }
+}
+
+void CheckUnloaded(World& world, const std::string& run) {
+    Do([](World& w) { w.Stop(); }, world, run);
+    EXPECT_FALSE(World::ModuleIsInMemory()) << run << ": the module stays in memory";
+}
+
+bool StartsWith(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+}  // namespace
+
+Sweep::~Sweep() {
+    if (::testing::Test::HasFailure()) return;
+    for (const Forced& row : forced_) {
+        EXPECT_TRUE(needed_.count(&row))
+            << "no run needs this exception any more, so strike it: " << row.failed << ", "
+            << row.complaint;
+    }
+}
+
+void Sweep::CheckComplaints(World& world, const std::string& failed, const std::string& run) {
+    for (const std::string& complaint : std::exchange(world.host().complaints, {})) {
+        const auto row = std::find_if(forced_.begin(), forced_.end(), [&](const Forced& each) {
+            return failed == each.failed && StartsWith(complaint, each.complaint);
+        });
+        if (row != forced_.end()) {
+            needed_.insert(&*row);
+        } else {
+            ADD_FAILURE() << run << ": the host complains: " << complaint;
+        }
+    }
+}
+
+Sweep::Recording Sweep::Record(const Story& story) {
+    NoteRun(story.name);
+    World world;
+    Do(story.prepare, world, story.name);
+    Journal& journal = world.host().journal;
+    journal.Start();
+    Do(story.act, world, story.name);
+    journal.Stop();
+    CheckComplaints(world, "nothing", story.name);
+    const Recording recording = {journal.Text(), journal.Names()};
+    for (const std::string& operation : story.mustCall) {
+        EXPECT_TRUE(std::count(recording.names.begin(), recording.names.end(), operation))
+            << story.name << " never calls " << operation << ":\n"
+            << recording.text;
+    }
+    CheckUnloaded(world, story.name);
+    EXPECT_EQ(world.LeftOpen(), std::vector<std::string>{}) << story.name;
+    EndNote();
+    return recording;
+}
+
+int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool forGood) {
+    const std::string run = story.name + ", " + operation + " failing at call " +
+                            std::to_string(n) + (forGood ? " and from then on" : "");
+    NoteRun(run);
+    ++runs;
+    World world;
+    Do(story.prepare, world, run);
+    Operation::ResetCounts();
+    Operation::Fail({operation, std::uint64_t(n), forGood, PRO_TK_GENERAL_ERROR});
+    Do(story.act, world, run);
+    const auto fired = Operation::FiredFaults();
+    Operation::ForgetFaults();
+    const int calls = int(Operation::All().at(operation)->calls());
+    EXPECT_GE(fired, 1u) << run << ": that call was never made";
+    CheckComplaints(world, operation, run);
+
+    // The session goes on.
+    Do(story.after ? story.after : story.act, world, run);
+    CheckComplaints(world, operation, run + ", then without faults");
+    CheckUnloaded(world, run);
+    CheckComplaints(world, operation, run + ", then the end");
+    // An array that could not be freed is nobody's any more.
+    std::vector<std::string> left = world.LeftOpen();
+    if (operation == "ProArrayFree" && left.size() <= fired) left.clear();
+    EXPECT_EQ(left, std::vector<std::string>{}) << run;
+    EndNote();
+    return calls;
+}
+
+void Sweep::FailOperation(const Story& story, const std::string& operation, int calls) {
+    for (const int n : CallsToFail(calls)) {
+        const int made = RunWith(story, operation, n, /*forGood=*/false);
+        // Where the failed call was the last one of its kind, failing for good is the same run.
+        if (made > n) RunWith(story, operation, n, /*forGood=*/true);
+    }
+}
+
+void Sweep::Run(const Story& story) {
+    const Recording first = Record(story);
+    if (first.names.empty() || !records_.insert(first.text).second) return;
+    ++stories;
+    std::map<std::string, int> calls;
+    for (const std::string& name : first.names) ++calls[name];
+    for (const auto& [operation, count] : calls) FailOperation(story, operation, count);
+    // Nothing of all that has stayed in the process.
+    EXPECT_EQ(Record(story).names, first.names) << story.name << " goes another way afterwards";
+}
+
+}  // namespace sweep

@@ -1,0 +1,65 @@
+// Running a story again and again, each time with another call through the door failing, once and
+// for good.
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/sweep/world.h"
+
+namespace sweep {
+
+// What is done in a fresh world. Faults go into `act`; `after` says what must still go, without
+// faults; where it is empty `act` is done once more.
+struct Story {
+    std::string name;
+    std::function<void(World&)> prepare;
+    std::function<void(World&)> act;
+    std::function<void(World&)> after;
+    // Operations that the story is about: one that it never calls is a failure of the sweep.
+    std::vector<std::string> mustCall;
+};
+
+// A complaint that a prescribed sequence forces once an operation has failed.
+struct Forced {
+    const char* failed;
+    const char* complaint;  // how it begins
+    const char* reason;
+};
+
+class Sweep {
+public:
+    explicit Sweep(std::vector<Forced> forced = {}) : forced_(std::move(forced)) {}
+    // Every row of the forced complaints must have been needed; a failure else.
+    ~Sweep();
+    Sweep(const Sweep&) = delete;
+    Sweep& operator=(const Sweep&) = delete;
+
+    // Records the story, then runs it with faults. A story whose record is that of an earlier one
+    // of this sweep is left out: the plug-in would see and do the same.
+    void Run(const Story& story);
+
+    // Of all sweeps of the process.
+    static int runs;
+    static int stories;
+
+private:
+    // The journal of a run without faults: its text and the names of its calls.
+    struct Recording {
+        std::string text;
+        std::vector<std::string> names;
+    };
+    Recording Record(const Story& story);
+    void FailOperation(const Story& story, const std::string& operation, int calls);
+    // How often the operation was called in `act`.
+    int RunWith(const Story& story, const std::string& operation, int n, bool forGood);
+    void CheckComplaints(World& world, const std::string& failed, const std::string& run);
+
+    std::vector<Forced> forced_;
+    std::set<const Forced*> needed_;
+    std::set<std::string> records_;
+};
+
+}  // namespace sweep

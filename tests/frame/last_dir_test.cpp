@@ -37,7 +37,7 @@ protected:
         AdvanceClock(2000);
         host().journal.Stop();
     }
-    long CallsOf(const std::string& operation) {
+    std::ptrdiff_t CallsOf(const std::string& operation) {
         const Lines names = host().journal.Names();
         return std::count(names.begin(), names.end(), operation);
     }

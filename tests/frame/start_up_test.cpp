@@ -24,7 +24,7 @@ protected:
     }
 
     // How often an operation has been called during the start.
-    long Count(const std::string& operation) {
+    std::ptrdiff_t Count(const std::string& operation) {
         const Lines names = host().journal.Names();
         return std::count(names.begin(), names.end(), operation);
     }

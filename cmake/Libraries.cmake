@@ -16,11 +16,15 @@ foreach(library fmt CLI toml++)
     endif()
     file(CREATE_LINK /usr/include/${library} ${VX_HEADERS}/${library} SYMBOLIC)
 endforeach()
-foreach(target fmt::fmt CLI11::CLI11 vx_headers)
+foreach(target fmt_headers CLI11::CLI11 vx_headers)
     add_library(${target} INTERFACE IMPORTED)
     target_include_directories(${target} SYSTEM INTERFACE ${VX_HEADERS})
 endforeach()
-target_compile_definitions(fmt::fmt INTERFACE FMT_HEADER_ONLY=1)
+
+# The formatting library's own code, so that it is not compiled again in each file that uses it.
+add_library(fmt_library STATIC cmake/fmt_library.cpp)
+target_link_libraries(fmt_library PUBLIC fmt_headers)
+add_library(fmt::fmt ALIAS fmt_library)
 
 set(VX_GOOGLETEST /usr/src/googletest/googletest)
 if(NOT EXISTS ${VX_GOOGLETEST}/CMakeLists.txt)

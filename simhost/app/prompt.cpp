@@ -210,7 +210,7 @@ char* NextCompletion(const char*, int state) {
         next = 0;
         const std::string line(rl_line_buffer, static_cast<std::size_t>(rl_point));
         const bool quoted = std::count(line.begin(), line.end(), '`') % 2 == 1;
-        rl_completion_append_character = quoted ? '`' : ' ';
+        rl_completion_append_character = quoted ? int{'`'} : int{' '};
     }
     return next < words.size() ? strdup(words[next++].c_str()) : nullptr;
 }

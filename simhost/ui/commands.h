@@ -82,6 +82,11 @@ public:
     Popup& RequirePopup(const char* name);  // only a popup that is being shown exists
     void AddPopupEntry(ProPopupMenuId popup, int position, PopupEntry entry);
     void SetNotification(ProNotifyType type, ProFunction handler) { handlers_[type] = handler; }
+    // The handler of an event, null if there is none.
+    ProFunction Notification(ProNotifyType type) const {
+        const auto found = handlers_.find(type);
+        return found == handlers_.end() ? nullptr : found->second;
+    }
 
     // Forgets all that a plug-in registered: its functions are gone once it is unloaded.
     void Clear();
@@ -97,10 +102,10 @@ public:
 
     // Presses the command's button on the menu bar, or the newest registration of a command that
     // has none there. Macros that the action queued have run when the outermost press returns.
-    Pressed Press(const std::string& command);
+    Pressed Press(const std::string& name);
     Pressed PressButton(const std::string& menu, const std::string& button);
     // What the access function of that registration answers now; nothing for an unknown name.
-    std::optional<uiCmdAccessState> Access(const std::string& command);
+    std::optional<uiCmdAccessState> Access(const std::string& name);
 
     // --- Popup menus ---
     // A right click: creates the popup, tells the handler of the event, and shows the entries.

@@ -70,6 +70,8 @@ std::string Component::Act(Verb verb, const std::vector<std::string>&) {
 
 std::vector<std::string> Component::Picture() const {
     if (kind_ == "Separator") return {"----"};
+    // Labels without a text only keep others apart; any other kind is there to be used.
+    if (label.empty() && kind_ != "Label") return {"<" + name_ + ">"};
     return TextLines(Utf8(label));
 }
 

@@ -31,7 +31,10 @@ std::string NearName(std::string_view name, const std::vector<std::string>& name
     std::string best;
     std::size_t least = std::max<std::size_t>(2, name.size() / 3) + 1;
     for (const std::string& candidate : names) {
-        const std::size_t distance = Distance(wanted, Lower(candidate));
+        const std::string whole = Lower(candidate);
+        // The user may have left the type of a file out.
+        const std::size_t distance =
+            std::min(Distance(wanted, whole), Distance(wanted, whole.substr(0, whole.rfind('.'))));
         if (distance < least) {
             least = distance;
             best = candidate;

@@ -1,5 +1,6 @@
 // BatchColor: which part gets which colour, from which source, and what is left alone.
-#include <cstring>
+#include <array>
+#include <bit>
 #include <ctime>
 
 #include "tests/display/colour_bench.h"
@@ -234,7 +235,8 @@ TEST_F(BatchColor, TheWholeRecordIsSetByteForByte) {
     // reflection; 51 and 102 of 255 are 0.2 and 0.4.
     const double expected[13] = {0.6, 0.9, 0.6, 0.6, 0.0, 0.0, 0.2, 0.4, 1.0, 1.0, 1.0, 1.0, 0.3};
     EXPECT_EQ(Numbers(*part.appearance), std::vector<double>(expected, expected + 13));
-    EXPECT_EQ(std::memcmp(&*part.appearance, expected, sizeof expected), 0);
+    using Bytes = std::array<unsigned char, sizeof expected>;
+    EXPECT_EQ(std::bit_cast<Bytes>(*part.appearance), std::bit_cast<Bytes>(expected));
 }
 
 // --- Which part gets the colour ----------------------------------------------------------------

@@ -63,7 +63,7 @@ protected:
     simhost::Model& AssemblyBefore(const simhost::Model& model);
 
     // Runs the command where its access rule would not let the user press it.
-    void RunAction(const std::string& command);
+    void RunAction(const std::string& name);
 
     // A colour of its own for every surface of the part.
     static void ColourSurfaces(simhost::Model& part);

@@ -282,7 +282,7 @@ TEST_F(LastDirectory, StaysWhenTheLineHasAnEnd) {
 
 TEST_F(LastDirectory, EndsAtANullByte) {
     MakeFolder(WIDE("C:\\Projects"));
-    RestoreFrom(std::string("C:\\Projects\0rest of an older line", 34));
+    RestoreFrom(std::string("C:\\Projects\0rest of an older line", 33));
     EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
 }
 

@@ -102,9 +102,9 @@ TEST_F(DialogsOfTheHost, ADialogOfTheSameNameIsRefusedUntilTheFirstIsDestroyed) 
 TEST_F(DialogsOfTheHost, ABrokenResourceIsComplainedAboutWithItsLine) {
     Write(workbench::kTextFolder + WIDE("\\text\\resource\\Broken.res"), "\n(Dialog Broken");
     EXPECT_EQ(Create("Broken", "Broken"), PRO_TK_INVALID_FILE);
-    EXPECT_EQ(
-        Complaints(),
-        (std::vector<std::string>{"Broken.res:2: the list that begins here is never closed"}));
+    EXPECT_EQ(Complaints(),
+              (std::vector<std::string>{
+                  "ProUIDialogCreate: Broken.res:2: the list that begins here is never closed"}));
     EXPECT_TRUE(host().dialogs.Existing().empty());
 }
 
@@ -306,9 +306,9 @@ TEST_F(DialogsOfTheHost, ADialogAsTextShowsItsLayoutWithGreyedButtonsInParenthes
     Create();
     const auto lines = DialogText(*host().dialogs.Find("Settings"));
     const std::vector<std::string> expected = {
-        "+- 设置! -------------------------+", "| 设置 \"A\"                        |",
-        "| second line                    |",  "| ----                           |",
-        "| [ 应用 ]  ( 帮助 )  [ 确定 ]   |",  "+--------------------------------+"};
+        "+- 设置! ----------------------+", "| 设置 \"A\"     <Name>          |",
+        "| second line                  |", "| ----                         |",
+        "| [ 应用 ]  ( 帮助 )  [ 确定 ] |", "+------------------------------+"};
     EXPECT_EQ(lines, expected);
 }
 
@@ -317,6 +317,7 @@ TEST_F(DialogsOfTheHost, AComponentThatIsNotShownTakesNoRoom) {
     Dialog* dialog = host().dialogs.Find("Settings");
     dialog->Find("Line")->visible = false;
     dialog->Find("Title")->visible = false;
+    dialog->Find("Name")->visible = false;
     EXPECT_EQ(DialogText(*dialog).size(), 3u);  // the frame and the buttons
 }
 

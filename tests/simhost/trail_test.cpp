@@ -1,6 +1,7 @@
 // Scripts: how lines are read, how they answer what waits, and how what fails is told.
 #include <algorithm>
 #include <deque>
+#include <filesystem>
 #include <string>
 
 #include "hostapi/host.h"
@@ -525,7 +526,7 @@ TEST_F(ModelScripts, WindowsAreChangedByTheirModel) {
 TEST_F(ModelScripts, AFileOrAFolderThatIsNotThereFails) {
     EXPECT_EQ(Failure("@ open nowhere.prt"), "line 1: there is no nowhere.prt in C:\\Work");
     EXPECT_EQ(Failure("@ directory C:\\Nowhere"), "line 1: there is no folder C:\\Nowhere");
-    Write(WIDE("C:\\Other\\x.txt"), "");
+    std::filesystem::create_directories(host().disk.Real(WIDE("C:\\Other")));
     EXPECT_EQ(Run("@ directory C:\\Other\\"), Failures{});
     EXPECT_EQ(host().session.workingDirectory, WIDE("C:\\Other"));
 }
@@ -543,7 +544,8 @@ TEST_F(ModelScripts, ColoursAreExpectedAsRedGreenBlue) {
     EXPECT_EQ(Failure("@ expect colour 箱体 0.0.0"),
               "line 1: the colour of 箱体.asm is none, not 0.0.0");
     EXPECT_EQ(Failure("@ expect colour shaft#999 none"), "line 1: shaft.prt has no surface 999");
-    EXPECT_EQ(Failure("@ expect colour shat none"), "line 1: the model shat is not in memory");
+    EXPECT_EQ(Failure("@ expect colour shat none"),
+              "line 1: the model shat is not in memory; did you mean shaft.prt?");
 }
 
 TEST_F(ModelScripts, AvailabilityIsExpected) {

@@ -195,8 +195,8 @@ TEST_F(Timers, FireAgainUntilTheyAreKilled) {
 }
 
 TEST_F(Timers, FireInTheOrderOfTheirTimes) {
-    const UINT_PTR slow = SetTimer(nullptr, 1, 300, Note);
     const UINT_PTR quick = SetTimer(nullptr, 1, 200, Note);
+    const UINT_PTR slow = SetTimer(nullptr, 1, 300, Note);
     TheWindows().AdvanceClock(600);
     // At 600 both are due, and the one whose turn was longer ago comes first.
     EXPECT_EQ(firings, (std::vector<Firing>{

@@ -1,19 +1,18 @@
-// Models as text that a designer can read, write by hand and keep under version control. Whoever
-// mistypes something learns in which file and line, and what was expected.
-#include "simhost/model/model_file.h"
-
+// Reading models from the text that a designer wrote or keeps under version control. What is there
+// must be of the right kind, and nothing else may be there: whoever mistypes something learns in
+// which file and line, and what was expected.
 #include <toml++/toml.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <climits>
 #include <cmath>
-#include <initializer_list>
 #include <string_view>
 #include <unordered_set>
 
 #include "simhost/core/text.h"
+#include "simhost/model/model_file.h"
+#include "simhost/model/model_file_keys.h"
 
 namespace simhost {
 
@@ -21,65 +20,7 @@ namespace {
 
 using std::string_view;
 
-// --- The words and keys of the format, for reading and writing ---
-
-struct TypeWord {
-    const char* word;
-    ProMdlType type;
-};
-constexpr TypeWord kTypes[] = {
-    {"part", PRO_MDL_PART},       {"assembly", PRO_MDL_ASSEMBLY}, {"manufacturing", PRO_MDL_MFG},
-    {"drawing", PRO_MDL_DRAWING}, {"format", PRO_MDL_DWGFORM},
-};
-
-// The numbers of an appearance; the two colours follow them.
-struct AppearanceKey {
-    const char* key;
-    double ProdbSurfaceProps::*value;
-};
-constexpr AppearanceKey kAppearanceKeys[] = {
-    {"ambient", &ProdbSurfaceProps::ambient},
-    {"diffuse", &ProdbSurfaceProps::diffuse},
-    {"highlight", &ProdbSurfaceProps::highlight},
-    {"shininess", &ProdbSurfaceProps::shininess},
-    {"reserved", &ProdbSurfaceProps::reserved},
-    {"transparency", &ProdbSurfaceProps::transparency},
-    {"reflection", &ProdbSurfaceProps::reflection},
-};
-
-// The plain sizes of each shape. `mayBeZero`: the shape still makes sense without it.
-struct SizeKey {
-    Shape shape;
-    const char* key;
-    double Solid::*value;
-    bool mayBeZero;
-};
-constexpr SizeKey kSizeKeys[] = {
-    {Shape::Cylinder, "diameter", &Solid::diameter, false},
-    {Shape::Cylinder, "length", &Solid::length, false},
-    {Shape::Tube, "outer", &Solid::outer, false},
-    {Shape::Tube, "inner", &Solid::inner, false},
-    {Shape::Tube, "length", &Solid::length, false},
-    {Shape::Cone, "diameter", &Solid::diameter, true},
-    {Shape::Cone, "top", &Solid::top, true},
-    {Shape::Cone, "length", &Solid::length, false},
-    {Shape::Gear, "module", &Solid::module, false},
-    {Shape::Gear, "width", &Solid::width, false},
-    {Shape::Gear, "bore", &Solid::bore, true},
-    {Shape::Prism, "height", &Solid::height, false},
-};
-
-// Fewer teeth leave no root circle; more are surely a slip.
-constexpr int kFewestTeeth = 3;
-constexpr int kMostTeeth = 10000;
-
-bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
-    return std::any_of(solids.begin(), solids.end(), [id](const Solid& solid) {
-        return id > solid.id && id <= solid.id + SurfaceCount(solid);
-    });
-}
-
-// --- Reading: what is there must be of the right kind, and nothing else may be there ---
+// --- Values of the right kind ---
 
 using Keys = std::vector<string_view>;
 
@@ -293,6 +234,16 @@ void ReadOutline(const toml::table& table, Solid* solid) {
 
 // --- Solids, surfaces and features ---
 
+// Fewer teeth leave no root circle; more are surely a slip.
+constexpr int kFewestTeeth = 3;
+constexpr int kMostTeeth = 10000;
+
+bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
+    return std::any_of(solids.begin(), solids.end(), [id](const Solid& solid) {
+        return id > solid.id && id <= solid.id + SurfaceCount(solid);
+    });
+}
+
 void ReadSizes(const toml::table& table, Solid* solid) {
     Keys keys{"id", "shape", "at", "turn"};
     if (solid->shape == Shape::Box) keys.push_back("size");
@@ -443,129 +394,6 @@ void ReadRoot(const toml::table& root, const std::string& fileName, Model* model
     }
 }
 
-// --- Writing: keys in the order that readers expect, and only what is not as usual ---
-
-// The shortest text that reads back as the same number.
-std::string NumberText(double value) {
-    if (value == 0) return "0";
-    char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-    std::string text(buffer, end);
-    // Digits alone are a whole number in the format, and those end at 64 bits.
-    if (std::fabs(value) >= 1e15 && text.find_first_of(".e") == std::string::npos) text += ".0";
-    return text;
-}
-
-std::string ListText(std::initializer_list<double> values) {
-    std::string text;
-    for (const double value : values) text += (text.empty() ? "[" : ", ") + NumberText(value);
-    return text + ']';
-}
-
-std::string ListText(const double* colour) {
-    return ListText({colour[0], colour[1], colour[2]});
-}
-
-std::string TextText(string_view text) {
-    std::string result = "\"";
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            result += '\\';
-            result += c;
-        } else if (code < 0x20 || code == 0x7f) {
-            constexpr char kDigits[] = "0123456789ABCDEF";
-            result += "\\u00";
-            result += kDigits[code >> 4];
-            result += kDigits[code & 15];
-        } else {
-            result += c;
-        }
-    }
-    return result + '"';
-}
-
-void Line(std::string* text, const char* key, const std::string& value) {
-    *text += key;
-    *text += " = ";
-    *text += value;
-    *text += '\n';
-}
-
-void AddVector(std::string* text, const char* key, Vec3 v) {
-    if (v.x == 0 && v.y == 0 && v.z == 0) return;
-    Line(text, key, ListText({v.x, v.y, v.z}));
-}
-
-// Angles come back from a placement with the last digits blurred: ten decimals say all.
-double TidyAngle(double degrees) {
-    return std::round(degrees * 1e10) / 1e10;
-}
-
-void AddAppearance(std::string* text, const ProdbSurfaceProps& props) {
-    const ProdbSurfaceProps usual = DefaultAppearance();
-    for (const AppearanceKey& row : kAppearanceKeys) {
-        const double value = props.*row.value;
-        if (value != usual.*row.value) Line(text, row.key, NumberText(value));
-    }
-    if (!std::equal(props.colour, props.colour + 3, usual.colour)) {
-        Line(text, "color", ListText(props.colour));
-    }
-    if (!std::equal(props.highlightColour, props.highlightColour + 3, usual.highlightColour)) {
-        Line(text, "highlight_color", ListText(props.highlightColour));
-    }
-}
-
-void AddModel(std::string* text, const Model& model) {
-    *text += "[model]\n";
-    for (const TypeWord& row : kTypes) {
-        if (row.type == model.type) Line(text, "type", TextText(row.word));
-    }
-    if (model.subtype == PROMDLSTYPE_PART_SHEETMETAL) Line(text, "subtype", "\"sheetmetal\"");
-    if (model.skeleton) Line(text, "skeleton", "true");
-    if (!model.title.empty()) Line(text, "title", TextText(model.title));
-}
-
-void AddSolid(std::string* text, const Solid& solid) {
-    *text += "\n[[solid]]\n";
-    Line(text, "id", std::to_string(solid.id));
-    Line(text, "shape", TextText(ShapeName(solid.shape)));
-    if (solid.shape == Shape::Box) AddVector(text, "size", solid.size);
-    if (solid.shape == Shape::Gear) Line(text, "teeth", std::to_string(solid.teeth));
-    if (solid.shape == Shape::Prism) {
-        std::string list;
-        for (const Point2& p : solid.outline) {
-            list += (list.empty() ? "[" : ", ") + ListText({p[0], p[1]});
-        }
-        Line(text, "outline", list + ']');
-    }
-    for (const SizeKey& row : kSizeKeys) {
-        if (row.shape != solid.shape || (row.mayBeZero && solid.*row.value == 0)) continue;
-        Line(text, row.key, NumberText(solid.*row.value));
-    }
-    AddVector(text, "at", solid.at);
-    AddVector(text, "turn", solid.turn);
-}
-
-void AddFeature(std::string* text, const Feature& feature) {
-    *text += "\n[[feature]]\n";
-    Line(text, "id", std::to_string(feature.id));
-    Line(text, "type", std::to_string(feature.type));
-    if (!feature.name.empty()) Line(text, "name", TextText(Utf8(feature.name)));
-    if (feature.status != PRO_FEAT_ACTIVE) {
-        Line(text, "status", TextText(StatusName(feature.status)));
-    }
-    if (feature.flags != 0) Line(text, "flags", std::to_string(feature.flags));
-    if (!feature.visible) Line(text, "visible", "false");
-    if (feature.hidden) Line(text, "hidden", "true");
-    if (feature.type != PRO_FEAT_COMPONENT) return;
-    // A model in memory may have another name by now.
-    Line(text, "model", TextText(feature.model ? feature.model->FileName() : feature.file));
-    AddVector(text, "at", feature.placement.origin);
-    const Vec3 turn = TurnOf(feature.placement);
-    AddVector(text, "turn", {TidyAngle(turn.x), TidyAngle(turn.y), TidyAngle(turn.z)});
-}
-
 }  // namespace
 
 void ReadModelText(const std::string& text, const std::string& fileName, Model* model) {
@@ -574,29 +402,6 @@ void ReadModelText(const std::string& text, const std::string& fileName, Model* 
     } catch (const toml::parse_error& error) {
         Fail(error.source(), std::string(error.description()));
     }
-}
-
-std::string ModelText(const Model& model) {
-    std::string text;
-    AddModel(&text, model);
-    const Model* assembly = model.manufactured;
-    const std::string work = assembly ? assembly->FileName() : model.manufacturedFile;
-    if (!work.empty()) {
-        text += "\n[manufacturing]\n";
-        Line(&text, "assembly", TextText(work));
-    }
-    if (model.appearance) {
-        text += "\n[appearance]\n";
-        AddAppearance(&text, *model.appearance);
-    }
-    for (const Solid& solid : model.solids) AddSolid(&text, solid);
-    for (const auto& [id, props] : model.surfaceAppearances) {
-        text += "\n[[surface]]\n";
-        Line(&text, "id", std::to_string(id));
-        AddAppearance(&text, props);
-    }
-    for (const Feature& feature : model.features()) AddFeature(&text, feature);
-    return text;
 }
 
 }  // namespace simhost

@@ -47,6 +47,10 @@ bool IsDone(const Wait& wait) {
 
 Trail::Trail(Source& source, Print print) : source_(source), print_(std::move(print)) {}
 
+void Trail::Begin(const std::string& line) {
+    for (Step& step : LexLine(line)) pending_.push_back(std::move(step));
+}
+
 bool Trail::Run() {
     Host& host = TheHost();
     User* before = host.user;
@@ -156,7 +160,8 @@ bool Trail::Serve(Wait& wait) {
     while (!IsDone(wait)) {
         auto step = NextStep();
         if (!step) {
-            Fail(Describe(wait) + " and the script is at its end");
+            // By hand the end of input is a way out like any other.
+            if (!patient()) Fail(Describe(wait) + " and the script is at its end");
             served = false;
             break;
         }

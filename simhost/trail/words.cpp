@@ -117,7 +117,7 @@ void Help(Trail& trail, const std::string&) {
         "You sit before a simulated CAD host with the plug-in in it. Type one line at a time:",
         "  open gearbox.asm          open a model of the working folder",
         "  BatchColor                press a command by its name (show menu lists them)",
-        "  select 箱体, 输入轴/GEAR:2  select components down the tree",
+        "  select motor, 箱体组件/housing   select components down the tree",
         "  right-click, choose LABEL open the popup menu of what is selected, press in it",
         "  ok                        press OK when a box is open",
         "  answer TEXT, or quit      at a prompt",

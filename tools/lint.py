@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
-"""Checks the house rules that no compiler knows, and runs clang-tidy on what has changed.
+"""Checks the house rules that no compiler knows: one small function for each rule.
 
-    tools/lint.py               the house rules, one small function for each
-    tools/lint.py --tidy DIR    clang-tidy over the compile_commands.json in DIR
+    tools/lint.py
 
 Every finding is a line "file:line: what is wrong (why)". The exit status is 1 if there is any.
 Each rule has its test in tests/tools/lint_test.py.
@@ -10,13 +9,9 @@ Each rule has its test in tests/tools/lint_test.py.
 
 import argparse
 import collections
-import concurrent.futures
 import functools
-import hashlib
-import json
 import os
 import re
-import subprocess
 import sys
 import unicodedata
 from pathlib import Path
@@ -422,78 +417,9 @@ def check_rules(root):
     return 1 if findings else 0
 
 
-# --- clang-tidy -----------------------------------------------------------------------------------
-
-class Tidy:
-    """Runs clang-tidy on each source of ours, and remembers what was found clean: by the contents
-    of the file and of all our headers that it includes, its compile command and the checks."""
-
-    def __init__(self, root, folder):
-        self.root, self.folder = Path(root).resolve(), Path(folder).resolve()
-        self.cache = self.folder.parent / "lint-cache"
-        version = subprocess.check_output(["clang-tidy", "--version"], text=True)
-        self.base = version + (self.root / ".clang-tidy").read_text(encoding="utf-8")
-
-    @functools.lru_cache(maxsize=None)
-    def read(self, path):
-        """Contents, and the files of ours that they include."""
-        data = path.read_bytes()
-        names = re.findall(rb'^\s*#\s*include\s*"([^"]+)"', data, re.MULTILINE)
-        places = [base / os.fsdecode(name) for name in names for base in (self.root, path.parent)]
-        return data, [place.resolve() for place in places if place.is_file()]
-
-    def key(self, source, command):
-        digest = hashlib.sha256((self.base + command).encode())
-        seen, waiting = set(), [source]
-        while waiting:
-            path = waiting.pop()
-            waiting += self.read(path)[1] if path not in seen else []
-            seen.add(path)
-        for path in sorted(seen):
-            digest.update(f"\n{path}\n".encode() + self.read(path)[0])
-        return digest.hexdigest()
-
-    def jobs(self):
-        """What has to be looked at: (source, place to remember it)."""
-        entries = json.loads((self.folder / "compile_commands.json").read_text(encoding="utf-8"))
-        for entry in {e["file"]: e for e in entries}.values():
-            source = Path(entry["directory"], entry["file"]).resolve()
-            if source.is_relative_to(self.root) and not source.is_relative_to(self.folder.parent):
-                stamp = self.cache / self.key(source, entry["command"])
-                if not stamp.exists():
-                    yield source, stamp
-
-    def look(self, job):
-        source, stamp = job
-        run = subprocess.run(["clang-tidy", "--quiet", "-p", str(self.folder), str(source)],
-                             capture_output=True, text=True, cwd=self.root)
-        if run.returncode == 0:
-            stamp.touch()
-            return ""
-        return run.stdout or run.stderr or f"{source}: clang-tidy ended with {run.returncode}"
-
-    def run(self):
-        self.cache.mkdir(parents=True, exist_ok=True)
-        jobs, shown = list(self.jobs()), set()
-        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-            for output in pool.map(self.look, jobs):
-                blocks = re.split(r"^(?=/[^\n]*:\d+:\d+: (?:error|warning))", output, flags=re.M)
-                # After an error of the compiler the rest is guesswork.
-                broken = [block for block in blocks if "[clang-diagnostic-error]" in block]
-                # A finding in a header comes once for every source that includes it.
-                for block in broken or blocks:
-                    if block.strip() and block not in shown:
-                        shown.add(block)
-                        print(block.replace(f"{self.root}/", "").rstrip())
-        return 1 if shown else 0
-
-
 def main():
-    parser = argparse.ArgumentParser(description="Checks the house rules of this project.")
-    parser.add_argument("--tidy", metavar="DIR", help="run clang-tidy for this build folder")
-    folder = parser.parse_args().tidy
-    root = Path(__file__).resolve().parent.parent
-    return Tidy(root, folder).run() if folder else check_rules(root)
+    argparse.ArgumentParser(description="Checks the house rules of this project.").parse_args()
+    return check_rules(Path(__file__).resolve().parent.parent)
 
 
 if __name__ == "__main__":

@@ -57,9 +57,8 @@ ProError ProAsmcompMdlGet(ProAsmcomp* component, ProMdl* model) {
         [&] {
             Need(model, "the place for the model");
             const Feature& feature = TheHost().session.RequireFeature(component);
-            if (feature.file.empty() && !feature.model) {
-                Complain(PRO_TK_BAD_INPUTS, "the feature is not a component");
-            }
+            // Some kinds of features stand in an assembly without being components.
+            if (feature.file.empty() && !feature.model) Refuse(PRO_TK_BAD_INPUTS);
             if (!feature.model) Refuse(PRO_TK_E_NOT_FOUND);
             *model = feature.model->handle;
             return PRO_TK_NO_ERROR;

@@ -82,6 +82,11 @@ public:
     Popup& RequirePopup(const char* name);  // only a popup that is being shown exists
     void AddPopupEntry(ProPopupMenuId popup, int position, PopupEntry entry);
     void SetNotification(ProNotifyType type, ProFunction handler) { handlers_[type] = handler; }
+    // The handler of an event, null if there is none.
+    ProFunction Notification(ProNotifyType type) const {
+        const auto found = handlers_.find(type);
+        return found == handlers_.end() ? nullptr : found->second;
+    }
 
     // Forgets all that a plug-in registered: its functions are gone once it is unloaded.
     void Clear();

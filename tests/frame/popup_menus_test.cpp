@@ -125,6 +125,23 @@ TEST_F(PopupMenus, OtherPopupsStayAsTheyWere) {
     EXPECT_EQ(OwnEntries(), kAllSix);
 }
 
+TEST_F(PopupMenus, TheNameOfThePopupIsComparedByteForByte) {
+    StartAfterTheFirstPopup();
+    using Handler = ProError (*)(char*);
+    // Through a type of its own: each event has a parameter list behind the one type of the door.
+    const auto handler =
+        reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(host().commands.Notification(72)));
+    ASSERT_TRUE(handler);
+    for (std::string name : {"sel obj menu", "Sel Obj Menu ", " Sel Obj Menu", "Sel Obj Men",
+                             "Sel Obj Menu2", "Sel  Obj Menu", "S", ""}) {
+        host().journal.Clear();
+        host().journal.Start();
+        EXPECT_EQ(handler(name.data()), PRO_TK_NO_ERROR);
+        host().journal.Stop();
+        EXPECT_EQ(Calls(), Lines{"ProPopupmenuIdGet(popup=\"" + name + "\") = -4"});
+    }
+}
+
 TEST_F(PopupMenus, TheButtonsStandBehindTheHostsOwn) {
     StartWithPopups();
     Select({PRO_PART});
@@ -232,7 +249,8 @@ TEST_F(PopupMenus, ALaterPopupMakesItsCallsInTheirOrder) {
             "inNonActiveWindow=0, inAccessoryWindow=0, command=command VxOpenDrw) = 0",
             "ProMessageToBuffer(buffer=\"打开工程图(vx)\", messageFile=\"vxMenu.txt\", "
             "key=\"VxOpenDrw\") = 0",
-            "ProMessageToBuffer(buffer=\"打开与所选模型同名的工程图。\", messageFile=\"vxMenu.txt\", "
+            "ProMessageToBuffer(buffer=\"打开与所选模型同名的工程图。\", "
+            "messageFile=\"vxMenu.txt\", "
             "key=\"VxOpenDrw_Help\") = 0",
             "ProPopupmenuButtonAdd(popup=2, position=-1, button=\"VxOpenDrw\", "
             "label=\"打开工程图(vx)\", help=\"打开与所选模型同名的工程图。\", "

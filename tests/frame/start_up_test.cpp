@@ -72,15 +72,14 @@ TEST_F(StartUp, MakesItsCallsInTheirOrderWithTheirArguments) {
         R"(messageFile="vxMenu.txt") = 0)",
     };
     for (const expected::Row& row : expected::Rows()) AddRow(row, &wanted);
-    wanted.insert(
-        wanted.end(),
-        {
-            "SetTimer(id=1, milliseconds=2000, procedure=function) = 32767",
-            R"(ProToolkitApplTextPathGet(directory="C:\App Text") = 0)",
-            R"(GetPrivateProfileStringW(section="RmbDisable", key="value", fallback="", value="0", )"
-            R"(size=255, path="C:\App Text\VXconfig\VxConfig.ini") = 1)",
-            "ProNotificationSet(type=72) = 0",
-        });
+    wanted.insert(wanted.end(),
+                  {
+                      "SetTimer(id=1, milliseconds=2000, procedure=function) = 32767",
+                      R"(ProToolkitApplTextPathGet(directory="C:\App Text") = 0)",
+                      R"(GetPrivateProfileStringW(section="RmbDisable", key="value", fallback="", )"
+                      R"(value="0", size=255, path="C:\App Text\VXconfig\VxConfig.ini") = 1)",
+                      "ProNotificationSet(type=72) = 0",
+                  });
     EXPECT_EQ(Calls(), wanted);
     EXPECT_EQ(startStatus_, 0);
 }

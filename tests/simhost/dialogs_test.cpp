@@ -306,9 +306,9 @@ TEST_F(DialogsOfTheHost, ADialogAsTextShowsItsLayoutWithGreyedButtonsInParenthes
     Create();
     const auto lines = DialogText(*host().dialogs.Find("Settings"));
     const std::vector<std::string> expected = {
-        "+- 设置! ----------------------+", "| 设置 \"A\"     <Name>          |",
-        "| second line                  |", "| ----                         |",
-        "| [ 应用 ]  ( 帮助 )  [ 确定 ] |", "+------------------------------+"};
+        "+- 设置! -----------------------------+", "| 设置 \"A\"     [____________________] |",
+        "| second line                         |", "| ----                                |",
+        "| [ 应用 ]  ( 帮助 )  [ 确定 ]        |", "+-------------------------------------+"};
     EXPECT_EQ(lines, expected);
 }
 

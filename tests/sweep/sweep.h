@@ -17,9 +17,11 @@ struct Story {
     std::string name;
     std::function<void(World&)> prepare;
     std::function<void(World&)> act;
-    std::function<void(World&)> after;
+    std::function<void(World&)> after = {};
     // Operations that the story is about: one that it never calls is a failure of the sweep.
-    std::vector<std::string> mustCall;
+    std::vector<std::string> mustCall = {};
+    // The name under which the story's command appears in its record; may be empty.
+    std::string command = {};
 };
 
 // A complaint that a prescribed sequence forces once an operation has failed.
@@ -38,7 +40,8 @@ public:
     Sweep& operator=(const Sweep&) = delete;
 
     // Records the story, then runs it with faults. A story whose record is that of an earlier one
-    // of this sweep is left out: the plug-in would see and do the same.
+    // of this sweep, but for the command's name, is left out: the plug-in sees and does the same,
+    // call by call.
     void Run(const Story& story);
 
     // Of all sweeps of the process.

@@ -1,6 +1,9 @@
 // A fresh host with models for each run.
 #include "tests/sweep/world.h"
 
+#include <filesystem>
+#include <random>
+
 #ifndef _WIN32
 #include <dlfcn.h>
 #endif
@@ -14,14 +17,63 @@
 namespace sweep {
 
 using namespace simhost;
+namespace fs = std::filesystem;
 
 namespace {
 
 const WideText kModuleFolder = WIDE("C:\\Plug-in");
 const WideText kTextFolder = WIDE("C:\\App Text");
 
+// One drive for all runs, since copying what nobody writes to would take most of their time. What
+// can be written, the settings and the working folder, is made anew for each run.
+class Drive {
+public:
+    Drive() : root_(fs::temp_directory_path() / ("vorlatix-sweep-" + std::to_string(Number()))) {
+        fs::remove_all(root_);
+        fs::create_directories(root_);
+    }
+    ~Drive() {
+        std::error_code ignored;
+        fs::remove_all(root_, ignored);
+    }
+    Drive(const Drive&) = delete;
+    Drive& operator=(const Drive&) = delete;
+
+    const fs::path& Tidied() {
+        for (const fs::path& place : Entries(root_)) {
+            const bool installed = place.filename() == "Plug-in" || place.filename() == "App Text";
+            if (!installed) fs::remove_all(place);
+        }
+        for (const char* folder : {"Plug-in", "App Text"}) {
+            for (const fs::path& place : Entries(root_ / folder)) {
+                const std::string name = place.filename().string();
+                if (name != "text" && name != "tp" && name != "vxudf") fs::remove_all(place);
+            }
+        }
+        return root_;
+    }
+
+private:
+    static std::uint64_t Number() { return std::random_device{}(); }
+    static std::vector<fs::path> Entries(const fs::path& folder) {
+        std::vector<fs::path> entries;
+        std::error_code none;
+        for (const auto& entry : fs::directory_iterator(folder, none)) {
+            entries.push_back(entry.path());
+        }
+        return entries;
+    }
+    fs::path root_;
+};
+
+const fs::path& TidiedDrive() {
+    static Drive drive;
+    return drive.Tidied();
+}
+
 WorkplaceOptions Options() {
     WorkplaceOptions options;
+    options.drive = TidiedDrive();
     options.newUser = true;
     options.installed = VX_SOURCE_DIR;
     options.module = VX_MODULE;

@@ -1,20 +1,19 @@
-// Models as text that a designer can read, write by hand and keep under version control. Whoever
-// mistypes something learns in which file and line, and what was expected.
-#include "simhost/model/model_file.h"
-
+// Reading models from the text that a designer wrote or keeps under version control. What is there
+// must be of the right kind, and nothing else may be there: whoever mistypes something learns in
+// which file and line, and what was expected.
 #include <toml++/toml.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <climits>
 #include <cmath>
-#include <initializer_list>
 #include <string_view>
 #include <unordered_set>
 
 #include "simhost/core/text.h"
+#include "simhost/model/model_file.h"
 #include "simhost/model/model_file_data.h"
+#include "simhost/model/model_file_keys.h"
 #include "simhost/model/model_text.h"
 
 namespace simhost {
@@ -25,54 +24,7 @@ namespace {
 
 using std::string_view;
 
-// --- The words and keys of the format, for reading and writing ---
-
-// The numbers of an appearance; the two colours follow them.
-struct AppearanceKey {
-    const char* key;
-    double ProdbSurfaceProps::*value;
-};
-constexpr AppearanceKey kAppearanceKeys[] = {
-    {"ambient", &ProdbSurfaceProps::ambient},
-    {"diffuse", &ProdbSurfaceProps::diffuse},
-    {"highlight", &ProdbSurfaceProps::highlight},
-    {"shininess", &ProdbSurfaceProps::shininess},
-    {"reserved", &ProdbSurfaceProps::reserved},
-    {"transparency", &ProdbSurfaceProps::transparency},
-    {"reflection", &ProdbSurfaceProps::reflection},
-};
-
-// The plain sizes of each shape. `mayBeZero`: the shape still makes sense without it.
-struct SizeKey {
-    Shape shape;
-    const char* key;
-    double Solid::*value;
-    bool mayBeZero;
-};
-constexpr SizeKey kSizeKeys[] = {
-    {Shape::Cylinder, "diameter", &Solid::diameter, false},
-    {Shape::Cylinder, "length", &Solid::length, false},
-    {Shape::Tube, "outer", &Solid::outer, false},
-    {Shape::Tube, "inner", &Solid::inner, false},
-    {Shape::Tube, "length", &Solid::length, false},
-    {Shape::Cone, "diameter", &Solid::diameter, true},
-    {Shape::Cone, "top", &Solid::top, true},
-    {Shape::Cone, "length", &Solid::length, false},
-    {Shape::Gear, "module", &Solid::module, false},
-    {Shape::Gear, "width", &Solid::width, false},
-    {Shape::Gear, "bore", &Solid::bore, true},
-    {Shape::Prism, "height", &Solid::height, false},
-};
-
-// Fewer teeth leave no root circle; more are surely a slip.
-constexpr int kFewestTeeth = 3;
-constexpr int kMostTeeth = 10000;
-
-bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
-    return std::any_of(solids.begin(), solids.end(), [id](const Solid& solid) {
-        return id > solid.id && id <= solid.id + SurfaceCount(solid);
-    });
-}
+// --- Appearances and the model itself ---
 
 // Values of an appearance, left as they are where the key is missing.
 void Share(const toml::table& table, string_view key, double* values, std::size_t count) {
@@ -182,6 +134,16 @@ void ReadOutline(const toml::table& table, Solid* solid) {
 }
 
 // --- Solids, surfaces and features ---
+
+// Fewer teeth leave no root circle; more are surely a slip.
+constexpr int kFewestTeeth = 3;
+constexpr int kMostTeeth = 10000;
+
+bool IsSurfaceOf(const std::vector<Solid>& solids, int id) {
+    return std::any_of(solids.begin(), solids.end(), [id](const Solid& solid) {
+        return id > solid.id && id <= solid.id + SurfaceCount(solid);
+    });
+}
 
 void ReadSizes(const toml::table& table, Solid* solid) {
     Keys keys{"id", "shape", "at", "turn"};
@@ -336,80 +298,6 @@ void ReadRoot(const toml::table& root, const std::string& fileName, Model* model
     ReadModelData(root, model);
 }
 
-// --- Writing: keys in the order that readers expect, and only what is not as usual ---
-
-std::string ColourList(const double* colour) {
-    return ListText({colour[0], colour[1], colour[2]});
-}
-
-// Angles come back from a placement with the last digits blurred: ten decimals say all.
-double TidyAngle(double degrees) {
-    return std::round(degrees * 1e10) / 1e10;
-}
-
-void AddAppearance(std::string* text, const ProdbSurfaceProps& props) {
-    const ProdbSurfaceProps usual = DefaultAppearance();
-    for (const AppearanceKey& row : kAppearanceKeys) {
-        const double value = props.*row.value;
-        if (value != usual.*row.value) Line(text, row.key, NumberText(value));
-    }
-    if (!std::equal(props.colour, props.colour + 3, usual.colour)) {
-        Line(text, "color", ColourList(props.colour));
-    }
-    if (!std::equal(props.highlightColour, props.highlightColour + 3, usual.highlightColour)) {
-        Line(text, "highlight_color", ColourList(props.highlightColour));
-    }
-}
-
-void AddModel(std::string* text, const Model& model) {
-    *text += "[model]\n";
-    Line(text, "type", TextText(WordOfModelType(model.type)));
-    if (model.subtype == PROMDLSTYPE_PART_SHEETMETAL) Line(text, "subtype", "\"sheetmetal\"");
-    if (model.skeleton) Line(text, "skeleton", "true");
-    if (!model.title.empty()) Line(text, "title", TextText(model.title));
-    if (model.readOnly) Line(text, "read_only", "true");
-}
-
-void AddSolid(std::string* text, const Solid& solid) {
-    *text += "\n[[solid]]\n";
-    Line(text, "id", std::to_string(solid.id));
-    Line(text, "shape", TextText(ShapeName(solid.shape)));
-    if (solid.shape == Shape::Box) AddVector(text, "size", solid.size);
-    if (solid.shape == Shape::Gear) Line(text, "teeth", std::to_string(solid.teeth));
-    if (solid.shape == Shape::Prism) {
-        std::string list;
-        for (const Point2& p : solid.outline) {
-            list += (list.empty() ? "[" : ", ") + ListText({p[0], p[1]});
-        }
-        Line(text, "outline", list + ']');
-    }
-    for (const SizeKey& row : kSizeKeys) {
-        if (row.shape != solid.shape || (row.mayBeZero && solid.*row.value == 0)) continue;
-        Line(text, row.key, NumberText(solid.*row.value));
-    }
-    AddVector(text, "at", solid.at);
-    AddVector(text, "turn", solid.turn);
-}
-
-void AddFeature(std::string* text, const Feature& feature) {
-    *text += "\n[[feature]]\n";
-    Line(text, "id", std::to_string(feature.id));
-    Line(text, "type", std::to_string(feature.type));
-    if (!feature.name.empty()) Line(text, "name", TextText(Utf8(feature.name)));
-    if (feature.status != PRO_FEAT_ACTIVE) {
-        Line(text, "status", TextText(StatusName(feature.status)));
-    }
-    if (feature.flags != 0) Line(text, "flags", std::to_string(feature.flags));
-    if (!feature.visible) Line(text, "visible", "false");
-    if (feature.hidden) Line(text, "hidden", "true");
-    if (feature.type != PRO_FEAT_COMPONENT) return;
-    // A model in memory may have another name by now.
-    Line(text, "model", TextText(feature.model ? feature.model->FileName() : feature.file));
-    AddVector(text, "at", feature.placement.origin);
-    const Vec3 turn = TurnOf(feature.placement);
-    AddVector(text, "turn", {TidyAngle(turn.x), TidyAngle(turn.y), TidyAngle(turn.z)});
-}
-
 }  // namespace
 
 void ReadModelText(const std::string& text, const std::string& fileName, Model* model) {
@@ -418,30 +306,6 @@ void ReadModelText(const std::string& text, const std::string& fileName, Model* 
     } catch (const toml::parse_error& error) {
         Fail(error.source(), std::string(error.description()));
     }
-}
-
-std::string ModelText(const Model& model) {
-    std::string text;
-    AddModel(&text, model);
-    const Model* assembly = model.manufactured;
-    const std::string work = assembly ? assembly->FileName() : model.manufacturedFile;
-    if (!work.empty()) {
-        text += "\n[manufacturing]\n";
-        Line(&text, "assembly", TextText(work));
-    }
-    if (model.appearance) {
-        text += "\n[appearance]\n";
-        AddAppearance(&text, *model.appearance);
-    }
-    AddModelData(&text, model);
-    for (const Solid& solid : model.solids) AddSolid(&text, solid);
-    for (const auto& [id, props] : model.surfaceAppearances) {
-        text += "\n[[surface]]\n";
-        Line(&text, "id", std::to_string(id));
-        AddAppearance(&text, props);
-    }
-    for (const Feature& feature : model.features()) AddFeature(&text, feature);
-    return text;
 }
 
 }  // namespace simhost

@@ -1,0 +1,240 @@
+// Finds the parts that can be seen, wraps each in facets, and gives every facet its place in the
+// view and its colour in the light.
+#include "simhost/app/picture_patches.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <tuple>
+#include <unordered_map>
+#include <utility>
+
+namespace simhost {
+
+namespace {
+
+constexpr double kSharp = 0.906;     // cosine of 25 degrees: edges sharper than this are drawn
+constexpr double kInvisible = 0.02;  // opacity
+
+double Length(Vec3 v) {
+    return std::sqrt(Dot(v, v));
+}
+Vec3 Unit(Vec3 v) {
+    const double length = Length(v);
+    return length > 0 ? 1 / length * v : Vec3{0, 0, 1};
+}
+
+// --- What there is to paint ---
+
+// The parts that can be seen below a model, in the order of the model tree.
+void Collect(Session& session, Model& model, const Placement& placement,
+             std::vector<const Model*>* above, std::vector<Occurrence>* found) {
+    if (model.type == PRO_MDL_PART && !model.solids.empty()) found->push_back({&model, placement});
+    if (std::find(above->begin(), above->end(), &model) != above->end()) return;
+    above->push_back(&model);
+    if (model.type == PRO_MDL_MFG && model.manufactured) {
+        Collect(session, *model.manufactured, placement, above, found);
+    }
+    for (const Feature& feature : model.features()) {
+        if (feature.type != PRO_FEAT_COMPONENT || feature.status != PRO_FEAT_ACTIVE) continue;
+        if (!feature.visible || feature.hidden) continue;
+        Model* below = feature.model ? feature.model : session.FindByFile(feature.file);
+        if (below) {
+            Collect(session, *below, Compose(placement, feature.placement), above, found);
+        }
+    }
+    above->pop_back();
+}
+
+const ProdbSurfaceProps& LookOf(const Model& part, int surface) {
+    static const ProdbSurfaceProps usual = DefaultAppearance();
+    const auto own = part.surfaceAppearances.find(surface);
+    if (own != part.surfaceAppearances.end()) return own->second;
+    return part.appearance ? *part.appearance : usual;
+}
+
+// One facet of a part with what lies beyond its edges: edge i runs from corner i to the next.
+struct SkinFacet {
+    std::vector<Vec3> corners;
+    Vec3 normal;
+    int surface = 0;
+    bool inside = false;  // the solid can be looked into
+    std::vector<std::size_t> beyond;
+};
+using Skin = std::vector<SkinFacet>;
+
+Vec3 NormalOf(const std::vector<Vec3>& corners) {
+    Vec3 sum;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        sum = sum + Cross(corners[i], corners[(i + 1) % corners.size()]);
+    }
+    return Unit(sum);
+}
+
+// Joins the facets of one solid, the last ones of the skin, along their edges.
+void JoinEdges(Skin* skin, std::size_t first) {
+    using Key = std::tuple<long long, long long, long long>;
+    const auto key = [](Vec3 p) {
+        return Key{std::llround(p.x * 1e5), std::llround(p.y * 1e5), std::llround(p.z * 1e5)};
+    };
+    std::map<std::pair<Key, Key>, std::size_t> owner;
+    for (std::size_t f = first; f < skin->size(); ++f) {
+        const auto& corners = (*skin)[f].corners;
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            owner[{key(corners[i]), key(corners[(i + 1) % corners.size()])}] = f;
+        }
+    }
+    for (std::size_t f = first; f < skin->size(); ++f) {
+        const auto& corners = (*skin)[f].corners;
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            const Vec3 next = corners[(i + 1) % corners.size()];
+            const auto found = owner.find({key(next), key(corners[i])});
+            (*skin)[f].beyond.push_back(found == owner.end() ? f : found->second);
+        }
+    }
+}
+
+// Round surfaces get as many facets as the eye needs at their size on the screen.
+int FinenessOf(const Solid& solid, double pixelsPerMm) {
+    const double diameter = std::max({solid.diameter, solid.top, solid.outer});
+    const int quarter = int(std::ceil(std::sqrt(diameter * pixelsPerMm) * 1.1));
+    return 4 * std::clamp(quarter, 3, 16);
+}
+
+Skin SkinOf(const Model& part, double pixelsPerMm) {
+    Skin skin;
+    for (const Solid& solid : part.solids) {
+        const std::size_t first = skin.size();
+        auto faces = Faces(solid, FinenessOf(solid, pixelsPerMm));
+        const bool inside = std::any_of(faces.begin(), faces.end(), [&](const SolidFace& face) {
+            return LookOf(part, face.surface).transparency > 0;
+        });
+        for (SolidFace& face : faces) {
+            for (Facet& facet : face.facets) {
+                const Vec3 normal = NormalOf(facet.corners);
+                skin.push_back({std::move(facet.corners), normal, face.surface, inside, {}});
+            }
+        }
+        JoinEdges(&skin, first);
+    }
+    return skin;
+}
+
+// --- The view ---
+
+// From the right, the front and above: x runs to the lower right, y to the upper right, z up.
+constexpr double kSqrt2 = 1.4142135623730951, kSqrt3 = 1.7320508075688772;
+constexpr Vec3 kRight{1 / kSqrt2, 1 / kSqrt2, 0};
+constexpr Vec3 kUp{-1 / (kSqrt2 * kSqrt3), 1 / (kSqrt2 * kSqrt3), 2 / (kSqrt2 * kSqrt3)};
+constexpr Vec3 kNear{1 / kSqrt3, -1 / kSqrt3, 1 / kSqrt3};
+
+std::string Hex(const double* colour, double factor, double added, const double* addedColour) {
+    std::string text = "#";
+    for (int i = 0; i < 3; ++i) {
+        const double value = colour[i] * factor + added * addedColour[i];
+        const int byte = int(std::lround(255 * std::clamp(value, 0.0, 1.0)));
+        constexpr char kDigits[] = "0123456789abcdef";
+        text += kDigits[byte >> 4];
+        text += kDigits[byte & 15];
+    }
+    return text;
+}
+
+// The light comes from the upper left. Faces turned away from it keep some colour.
+void Shade(const ProdbSurfaceProps& look, Vec3 normal, bool fromInside, Patch* patch) {
+    static const Vec3 light = Unit({-0.45, 0.75, 0.65});
+    static const Vec3 halfway = Unit(light + Vec3{0, 0, 1});
+    const double sum = std::max(look.ambient + look.diffuse, 1e-6);
+    const double even = look.ambient / sum;
+    const double lit = 0.5 + 0.5 * Dot(normal, light);
+    const double brightness = std::min(1.0, sum / 1.2) * (fromInside ? 0.85 : 1.0);
+    const double factor = brightness * (0.9 * even + 1.12 * (1 - even) * lit);
+    const double gloss = std::pow(std::max(0.0, Dot(normal, halfway)), 8 + 40 * look.shininess);
+    const double added = fromInside ? 0.0 : 0.35 * look.highlight * gloss;
+    patch->fill = Hex(look.colour, factor, added, look.highlightColour);
+    patch->ink = Hex(look.colour, 0.3 * brightness, 0.0, look.highlightColour);
+    patch->opacity = std::clamp(1 - look.transparency, 0.0, 1.0);
+}
+
+// The facets of one part that are turned to the viewer; all of them where it can be looked into.
+void AddPatches(const Occurrence& occurrence, std::size_t index, const Skin& skin,
+                double pixelsPerMm, std::vector<Patch>* patches) {
+    std::vector<Vec3> normals;
+    for (const SkinFacet& facet : skin) {
+        normals.push_back(InView(occurrence.placement.Direction(facet.normal)));
+    }
+    for (std::size_t f = 0; f < skin.size(); ++f) {
+        const SkinFacet& facet = skin[f];
+        const bool away = normals[f].z < 0;
+        if (away && !facet.inside) continue;
+        Patch patch;
+        patch.occurrence = index;
+        patch.surface = facet.surface;
+        patch.sequence = int(patches->size());
+        patch.normal = away ? -1 * normals[f] : normals[f];
+        Shade(LookOf(*occurrence.part, facet.surface), patch.normal, away, &patch);
+        if (patch.opacity < kInvisible) continue;
+        for (std::size_t i = 0; i < facet.corners.size(); ++i) {
+            const Vec3 p = occurrence.placement.Point(facet.corners[i]);
+            patch.corners.push_back(pixelsPerMm * InView(p));
+            const std::size_t other = facet.beyond[i];
+            const bool sharp = skin[other].surface != facet.surface &&
+                               Dot(skin[other].normal, facet.normal) < kSharp;
+            patch.drawn.push_back(other == f || sharp || (normals[other].z < 0) != away);
+        }
+        if (away) {
+            std::reverse(patch.corners.begin(), patch.corners.end());
+            std::reverse(patch.drawn.begin(), patch.drawn.end() - 1);
+        }
+        Measure(&patch);
+        if (patch.area > kNoArea) patches->push_back(std::move(patch));
+    }
+}
+
+}  // namespace
+
+Vec3 InView(Vec3 v) {
+    return {Dot(v, kRight), Dot(v, kUp), Dot(v, kNear)};
+}
+
+double AreaOf(const std::vector<Vec3>& corners) {
+    double sum = 0;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const Vec3 a = corners[i], b = corners[(i + 1) % corners.size()];
+        sum += (a.x - corners[0].x) * (b.y - corners[0].y) -
+               (b.x - corners[0].x) * (a.y - corners[0].y);
+    }
+    return sum / 2;
+}
+
+void Measure(Patch* patch) {
+    patch->area = AreaOf(patch->corners);
+    const auto [west, east] = std::minmax_element(patch->corners.begin(), patch->corners.end(),
+                                                  [](Vec3 a, Vec3 b) { return a.x < b.x; });
+    const auto [south, north] = std::minmax_element(patch->corners.begin(), patch->corners.end(),
+                                                    [](Vec3 a, Vec3 b) { return a.y < b.y; });
+    patch->left = west->x;
+    patch->right = east->x;
+    patch->low = south->y;
+    patch->high = north->y;
+}
+
+std::vector<Occurrence> VisibleParts(Session& session, Model& top) {
+    std::vector<Occurrence> occurrences;
+    std::vector<const Model*> above;
+    Collect(session, top, Placement(), &above, &occurrences);
+    return occurrences;
+}
+
+std::vector<Patch> PatchesOf(const std::vector<Occurrence>& occurrences, double pixelsPerMm) {
+    std::unordered_map<const Model*, Skin> skins;
+    std::vector<Patch> patches;
+    for (std::size_t i = 0; i < occurrences.size(); ++i) {
+        const auto [skin, isNew] = skins.try_emplace(occurrences[i].part);
+        if (isNew) skin->second = SkinOf(*occurrences[i].part, pixelsPerMm);
+        AddPatches(occurrences[i], i, skin->second, pixelsPerMm, &patches);
+    }
+    return patches;
+}
+
+}  // namespace simhost

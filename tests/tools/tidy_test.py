@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+"""Tests of tools/tidy.py: only what has changed is looked at again, and each finding is shown
+once."""
+
+import contextlib
+import importlib.util
+import io
+import json
+import os
+import stat
+import tempfile
+import unittest
+from pathlib import Path
+
+TIDY = Path(__file__).resolve().parents[2] / "tools" / "tidy.py"
+_module = importlib.util.spec_from_file_location("tidy", TIDY)
+tidy = importlib.util.module_from_spec(_module)
+_module.loader.exec_module(tidy)
+
+
+class ClangTidyRuns(unittest.TestCase):
+    """A stand-in for clang-tidy counts its runs, so that what is skipped can be told."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="tidy test ")
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name)
+        self.write("bin/clang-tidy", f"""#!/bin/sh
+case "$*" in *--version*) echo 14; exit;; esac
+for last; do :; done
+echo "$last" >> "{self.root}/runs"
+grep -q BAD "$last" && echo "{self.root}/frame/b.h:1:1: error: bad" && status=1
+grep -q BROKEN "$last" && echo "$last:1:1: error: bad [clang-diagnostic-error]" && status=1
+grep -q CRASH "$last" && status=139
+exit ${{status:-0}}
+""")
+        tool = self.root / "bin/clang-tidy"
+        tool.chmod(tool.stat().st_mode | stat.S_IXUSR)
+        path = os.environ["PATH"]
+        self.addCleanup(os.environ.__setitem__, "PATH", path)
+        os.environ["PATH"] = f"{self.root}/bin:{path}"
+        self.write(".clang-tidy", "Checks: x\n")
+        self.write("frame/a.cpp", '#include "frame/a.h"\n')
+        self.write("frame/a.h", '#include "b.h"\n')
+        self.write("frame/b.h", "int x;\n")
+        self.write("frame/c.cpp", "int y;\n")
+        files = [self.root / "frame/a.cpp", self.root / "frame/c.cpp", "/usr/include/z.cpp",
+                 self.root / "build/clang/generated.cpp"]
+        self.write("build/clang/generated.cpp", "")
+        self.write("build/clang/compile_commands.json", json.dumps(
+            [{"directory": "/", "file": str(f), "command": f"c++ {f}"} for f in files]))
+
+    def write(self, path, text):
+        place = self.root / path
+        place.parent.mkdir(parents=True, exist_ok=True)
+        place.write_text(text, encoding="utf-8")
+
+    def looked_at(self):
+        """Exit status, and the sources that were looked at; self.said is what was printed."""
+        runs = self.root / "runs"
+        runs.unlink(missing_ok=True)
+        with contextlib.redirect_stdout(io.StringIO()) as said:
+            status = tidy.Tidy(self.root, self.root / "build/clang").run()
+        self.said = said.getvalue()
+        names = runs.read_text(encoding="utf-8").split("\n") if runs.exists() else []
+        return status, sorted(Path(name).name for name in names if name)
+
+    def test_only_ours_and_only_what_has_changed_is_looked_at(self):
+        self.assertEqual(self.looked_at(), (0, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.looked_at(), (0, []))
+        self.write("frame/b.h", "int z;\n")
+        self.assertEqual(self.looked_at(), (0, ["a.cpp"]))
+        self.write(".clang-tidy", "Checks: y\n")
+        self.assertEqual(self.looked_at(), (0, ["a.cpp", "c.cpp"]))
+
+    def test_what_was_found_faulty_is_looked_at_again(self):
+        self.write("frame/c.cpp", "BAD\n")
+        self.assertEqual(self.looked_at(), (1, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.looked_at(), (1, ["c.cpp"]))
+        self.write("frame/c.cpp", "GOOD\n")
+        self.assertEqual(self.looked_at(), (0, ["c.cpp"]))
+
+    def test_a_finding_in_a_header_is_shown_once(self):
+        self.write("frame/a.cpp", "BAD\n")
+        self.write("frame/c.cpp", "BAD\n")
+        self.assertEqual(self.looked_at(), (1, ["a.cpp", "c.cpp"]))
+        self.assertEqual(self.said, "frame/b.h:1:1: error: bad\n")
+
+    def test_behind_an_error_of_the_compiler_nothing_else_is_shown(self):
+        self.write("frame/c.cpp", "BAD BROKEN\n")
+        self.assertEqual(self.looked_at()[0], 1)
+        self.assertEqual(self.said, "frame/c.cpp:1:1: error: bad [clang-diagnostic-error]\n")
+
+    def test_a_crash_without_a_word_is_a_finding(self):
+        self.write("frame/c.cpp", "CRASH\n")
+        self.assertEqual(self.looked_at()[0], 1)
+        self.assertEqual(self.said, "frame/c.cpp: clang-tidy ended with 139\n")
+
+
+if __name__ == "__main__":
+    unittest.main()

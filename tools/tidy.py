@@ -1,0 +1,97 @@
+#!/usr/bin/env python3
+"""Runs clang-tidy on what has changed since it was last found clean.
+
+    tools/tidy.py DIR    over the compile_commands.json in the build folder DIR
+
+Findings are shown as clang-tidy words them, each once. The exit status is 1 if there is any.
+Its test is tests/tools/tidy_test.py.
+"""
+
+import argparse
+import concurrent.futures
+import functools
+import hashlib
+import json
+import os
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+
+class Tidy:
+    """Runs clang-tidy on each source of ours, and remembers what was found clean: by the contents
+    of the file and of all our headers that it includes, its compile command and the checks."""
+
+    def __init__(self, root, folder):
+        self.root, self.folder = Path(root).resolve(), Path(folder).resolve()
+        self.cache = self.folder.parent / "lint-cache"
+        version = subprocess.check_output(["clang-tidy", "--version"], text=True)
+        self.base = version + (self.root / ".clang-tidy").read_text(encoding="utf-8")
+
+    @functools.lru_cache(maxsize=None)
+    def read(self, path):
+        """Contents, and the files of ours that they include."""
+        data = path.read_bytes()
+        names = re.findall(rb'^\s*#\s*include\s*"([^"]+)"', data, re.MULTILINE)
+        places = [base / os.fsdecode(name) for name in names for base in (self.root, path.parent)]
+        return data, [place.resolve() for place in places if place.is_file()]
+
+    def key(self, source, command):
+        digest = hashlib.sha256((self.base + command).encode())
+        seen, waiting = set(), [source]
+        while waiting:
+            path = waiting.pop()
+            waiting += self.read(path)[1] if path not in seen else []
+            seen.add(path)
+        for path in sorted(seen):
+            digest.update(f"\n{path}\n".encode() + self.read(path)[0])
+        return digest.hexdigest()
+
+    def jobs(self):
+        """What has to be looked at: (source, place to remember it). Tests are left to the
+        compilers: they are half of all sources, and clang-tidy is the slowest of the checks."""
+        entries = json.loads((self.folder / "compile_commands.json").read_text(encoding="utf-8"))
+        for entry in {e["file"]: e for e in entries}.values():
+            source = Path(entry["directory"], entry["file"]).resolve()
+            ours = source.is_relative_to(self.root)
+            left_out = (self.folder.parent, self.root / "tests")
+            if ours and not any(source.is_relative_to(folder) for folder in left_out):
+                stamp = self.cache / self.key(source, entry["command"])
+                if not stamp.exists():
+                    yield source, stamp
+
+    def look(self, job):
+        source, stamp = job
+        run = subprocess.run(["clang-tidy", "--quiet", "-p", str(self.folder), str(source)],
+                             capture_output=True, text=True, cwd=self.root)
+        if run.returncode == 0:
+            stamp.touch()
+            return ""
+        return run.stdout or run.stderr or f"{source}: clang-tidy ended with {run.returncode}"
+
+    def run(self):
+        self.cache.mkdir(parents=True, exist_ok=True)
+        jobs, shown = list(self.jobs()), set()
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+            for output in pool.map(self.look, jobs):
+                blocks = re.split(r"^(?=/[^\n]*:\d+:\d+: (?:error|warning))", output, flags=re.M)
+                # After an error of the compiler the rest is guesswork.
+                broken = [block for block in blocks if "[clang-diagnostic-error]" in block]
+                # A finding in a header comes once for every source that includes it.
+                for block in broken or blocks:
+                    if block.strip() and block not in shown:
+                        shown.add(block)
+                        print(block.replace(f"{self.root}/", "").rstrip())
+        return 1 if shown else 0
+
+
+def main():
+    parser = argparse.ArgumentParser(description="Runs clang-tidy on what has changed.")
+    parser.add_argument("folder", metavar="DIR", help="build folder with compile_commands.json")
+    root = Path(__file__).resolve().parent.parent
+    return Tidy(root, parser.parse_args().folder).run()
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -6,6 +6,10 @@
 #include "frame/access.h"
 #include "frame/guard.h"
 #include "frame/not_built.h"
+#include "frame/settings_dialog.h"
+#include "modeldata/model_count.h"
+#include "modeldata/params_dialog.h"
+#include "modeldata/relations.h"
 
 // clang-format off
 
@@ -29,8 +33,8 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxHideReverse",         "VxHideReverse_Help",         "VxHideReverse.png",         NotBuilt<"VxHideReverse">,         AccessAssemblyOrMfg, true},
     {"VxShowAllComp",         "VxShowAllComp_Help",         "VxShowAllComp.png",         NotBuilt<"VxShowAllComp">,         AccessAssemblyOrMfg, true},
     {"VxNormalView",          "VxNormalView_Help",          "VxNormalView.png",          NotBuilt<"VxNormalView">,          AccessAlways,        true},
-    {"VxParams",              "VxParams_Help",              "VxParams.png",              NotBuilt<"VxParams">,              AccessAssemblyOrMfg, true},
-    {"VxRelations",           "VxRelations_Help",           "VxRelations.png",           NotBuilt<"VxRelations">,           AccessAssemblyOrMfg, true},
+    {"VxParams",              "VxParams_Help",              "VxParams.png",              Command<VxParams>,                 AccessAssemblyOrMfg, true},
+    {"VxRelations",           "VxRelations_Help",           "VxRelations.png",           Command<VxRelations>,              AccessAssemblyOrMfg, true},
     {"SetUnit",               "SetUnit_Help",               "SetUnit.png",               NotBuilt<"SetUnit">,               AccessSolid,         true},
     {"CloneComp",             "CloneComp_Help",             "CloneComp.png",             NotBuilt<"CloneComp">,             AccessAssemblyOrMfg, true},
     {"CloneAndReplace",       "CloneAndReplace_Help",       "CloneAndReplace.png",       NotBuilt<"CloneAndReplace">,       AccessAssemblyOrMfg, true},
@@ -45,7 +49,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxRename",              "VxRename_Help",              "VxRename.png",              NotBuilt<"VxRename">,              AccessAssemblyOrMfg, true},
     {"VxRemoveCons",          "VxRemoveCons_Help",          "VxRemoveCons.png",          NotBuilt<"VxRemoveCons">,          AccessAssemblyOrMfg, true},
     {"VxExport",              "VxExport_Help",              "VxExport.png",              NotBuilt<"VxExport">,              AccessAlways,        true},
-    {"VxMdlCount",            "VxMdlCount_Help",            "VxMdlCount.png",            NotBuilt<"VxMdlCount">,            AccessAssemblyOrMfg, true},
+    {"VxMdlCount",            "VxMdlCount_Help",            "VxMdlCount.png",            Command<VxMdlCount>,               AccessAssemblyOrMfg, true},
     {"VxNewDrw",              "VxNewDrw_Help",              "VxNewDrw.png",              NotBuilt<"VxNewDrw">,              AccessAssemblyOrMfg, true},
     {"VxDimModify",           "VxDimModify_Help",           "VxDimModify.png",           NotBuilt<"VxDimModify">,           AccessDrawing,       true},
     {"VxFrmReplace",          "VxFrmReplace_Help",          "VxFrmReplace.png",          NotBuilt<"VxFrmReplace">,          AccessAlways,        true},
@@ -61,7 +65,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxUpdateMainViewScale", "VxUpdateMainViewScale_Help", "VxUpdateMainViewScale.png", NotBuilt<"VxUpdateMainViewScale">, AccessDrawing,       true},
     {"VxSingleDim",           "VxSingleDim_Help",           "VxSingleDim.png",           NotBuilt<"VxSingleDim">,           AccessDrawing,       true},
     {"VxSetDirectory",        "VxSetDirectory_Help",        "VxSetDirectory.png",        NotBuilt<"VxSetDirectory">,        AccessAlways,        true},
-    {"VxConfig",              "VxConfig_Help",              "VxConfig.png",              NotBuilt<"VxConfig">,              AccessAlways,        true},
+    {"VxConfig",              "VxConfig_Help",              "VxConfig.png",              Command<VxConfig>,                 AccessAlways,        true},
     {"ForTest",               "ForTest_Help",               "ForTest.png",               NotBuilt<"ForTest">,               AccessAlways,        true},
     {"VxVipAbout",            "VxVipAbout_Help",            "VxVipAbout.png",            NotBuilt<"VxVipAbout">,            AccessAlways,        false},
     {"VxQQGroup",             "VxQQGroup_Help",             "VxQQGroup.png",             NotBuilt<"VxQQGroup">,             AccessAlways,        false},

@@ -13,8 +13,9 @@ import subprocess
 import sys
 import tempfile
 
-JOBS = ["walk", "BatchColor"]
+JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount"]
 SIZES = [10_000, 100_000, 1_000_000]
+SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop"]  # without the largest size
 COUNTED_SIZES = SIZES[:2]
 MEASURED = "*Measure*"  # bench.cpp: what is measured runs in this function
 
@@ -75,7 +76,7 @@ def main():
           f"{'new B/occ':>11}{'peak MiB':>10}{'plug-in instr/occ':>19}{'share':>8}{'growth':>8}")
     for job in options.jobs:
         previous = None
-        for size in SIZES:
+        for size in SIZES[:2] if job in SMALLER else SIZES:
             plain = run_once(options.bench, job, size)
             row = (f"{job:<12}{size:>12}{plain['calls']:>12}{plain['calls'] / size:>11.2f}"
                    f"{plain['seconds']:>9.3f}{plain['bytes'] / size:>11.1f}"

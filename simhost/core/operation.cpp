@@ -2,6 +2,8 @@
 // journal.
 #include "simhost/core/operation.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include "simhost/core/handles.h"
@@ -173,6 +175,19 @@ std::string Describe(const void* handle) {
 std::string Describe(const ProModelitem& item) {
     return fmt::format("{} item {} of type {}", Describe(static_cast<const void*>(item.owner)),
                        item.id, int(item.type));
+}
+
+std::string Describe(const ProParameter& parameter) {
+    const WideChar* id = parameter.id;
+    const WideText name(id, std::find(id, id + PRO_NAME_SIZE, WideChar{}));
+    return fmt::format("{} of {}", Quoted(Utf8(name)), Describe(parameter.owner.owner));
+}
+
+std::string Describe(const ProParamvalue& value) {
+    Parameter parameter;
+    TakeValue(value, &parameter);
+    const std::string text = ValueText(parameter);
+    return parameter.type == PRO_PARAM_STRING ? Quoted(text) : text;
 }
 
 }  // namespace simhost

@@ -10,7 +10,11 @@
 #include <vector>
 
 #include "hostapi/host.h"
+#include "simhost/model/drawing_sheets.h"
+#include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
+#include "simhost/model/parameters.h"
+#include "simhost/model/relations.h"
 
 namespace simhost {
 
@@ -38,6 +42,8 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
+    ProSurfacedata box{};  // see Model::SurfaceData
+    ProGeomitemdata data{};
 };
 
 // What the host paints on what has no appearance of its own.
@@ -59,6 +65,12 @@ public:
     std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
     std::string manufacturedFile;                         // manufacturing models: their assembly
     Model* manufactured = nullptr;
+    Parameters parameters;  // its own
+    Relations relations;
+    FamilyTable family;
+    DrawingSheets sheets;   // drawings
+    bool readOnly = false;  // released: the host lets nobody change it
+    int treeRefreshes = 0;  // how often its tree was shown afresh
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one
@@ -67,6 +79,8 @@ public:
 
     const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
     bool HasSurface(int id);
+    // The record of the door for one of its surfaces; made at first use.
+    static ProGeomitemdata* SurfaceData(Surface& surface);
 
     // "gearbox.asm": the name in small letters and the type's suffix.
     std::string FileName() const;

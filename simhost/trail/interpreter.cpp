@@ -219,6 +219,23 @@ std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
     return wait.answer;
 }
 
+std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {
+    const WideText title = question.title + WIDE(" (") + question.filter + WIDE(") ") +
+                           question.folder;
+    const auto answer = AnswerPrompt(title, question.proposed);
+    if (!answer) return std::nullopt;
+    WideText path = *answer;
+    // A name alone lies in the folder that is shown; models on disk have a version behind them.
+    if (path.find(WIDE(":\\")) == WideText::npos) path = question.folder + WIDE("\\") + path;
+    bool found = false;
+    for (const WideText& file : {path, path + WIDE(".1")}) {
+        if (!found) ReadFile(TheHost().disk.Real(file), &found);
+    }
+    if (found) return path;
+    trail_.Fail("the file dialog has no file " + Utf8(path));
+    return std::nullopt;
+}
+
 // --- Doing -------------------------------------------------------------------------------------
 
 void Trail::Perform(const Step& step) {

@@ -59,6 +59,7 @@ private:
         void UseDialog(Dialog& dialog) override;
         std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                              const WideText& byDefault) override;
+        std::optional<WideText> AnswerFile(const FileQuestion& question) override;
 
     private:
         Trail& trail_;

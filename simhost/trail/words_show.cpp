@@ -64,7 +64,9 @@ void ShowDialog(Trail& trail) {
     if (!dialog) return trail.Say("no dialog is open");
     trail.SayAll(DialogText(*dialog));
     for (const auto& component : dialog->components()) {
-        trail.Say(fmt::format("{} {}", Padded(component->kind(), 14), component->name()));
+        const std::string state = component->State();
+        trail.Say(fmt::format("{} {}{}{}", Padded(component->kind(), 14), component->name(),
+                              state.empty() ? "" : " = ", state));
     }
 }
 
@@ -133,7 +135,8 @@ struct Topic {
 constexpr Topic kTopics[] = {
     {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
     {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
-    {"colours", ShowColours}, {"messages", ShowMessages},
+    {"colours", ShowColours}, {"parameters", ShowParameters}, {"relations", ShowRelations},
+    {"messages", ShowMessages},
 };
 
 }  // namespace

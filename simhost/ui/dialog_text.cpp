@@ -32,6 +32,13 @@ const Component* ShownComponent(const Dialog& dialog, const Grid& child) {
     return component && component->visible ? component : nullptr;
 }
 
+// A layout component with a label stands in a frame that bears it.
+constexpr std::size_t kFrameColumns = 4;
+bool HasFrame(const Dialog& dialog, const Grid& child) {
+    const Component* component = dialog.Find(child.component);
+    return component && !component->label.empty() && GridOf(dialog, child);
+}
+
 std::size_t NaturalWidth(const Dialog& dialog, const Grid& grid);
 
 // The widths of the grid's columns without any spare room.
@@ -42,7 +49,8 @@ std::vector<std::size_t> ColumnWidths(const Dialog& dialog, const Grid& grid) {
         const bool shown = child.component.empty() || ShownComponent(dialog, child);
         if (!shown) continue;
         const Grid* inner = GridOf(dialog, child);
-        const std::size_t width = inner ? NaturalWidth(dialog, *inner)
+        const std::size_t frame = HasFrame(dialog, child) ? kFrameColumns : 0;
+        const std::size_t width = inner ? NaturalWidth(dialog, *inner) + frame
                                         : WidthOf(ShownComponent(dialog, child)->Picture());
         widths[i % widths.size()] = std::max(widths[i % widths.size()], width);
     }
@@ -82,9 +90,13 @@ Block Draw(const Dialog& dialog, const Grid& grid, std::size_t width) {
         const Grid* inner = GridOf(dialog, child);
         if (!child.component.empty() && !component) {
             cells.emplace_back();
+        } else if (!inner) {
+            cells.push_back(component->Picture());
+        } else if (HasFrame(dialog, child)) {
+            const std::size_t room = std::max(widths[i % columns], kFrameColumns) - kFrameColumns;
+            cells.push_back(Framed(Utf8(component->label), Draw(dialog, *inner, room)));
         } else {
-            cells.push_back(inner ? Draw(dialog, *inner, widths[i % columns])
-                                  : component->Picture());
+            cells.push_back(Draw(dialog, *inner, widths[i % columns]));
         }
     }
     Block lines;

@@ -18,21 +18,23 @@ struct Sheet {
     const char* model;
     const char* drawing;
     const char* views;
+    const char* fromScreen;  // the setting: the main view as the screen shows the model
     int count;
     bool exported;
 };
 constexpr Sheet kSheets[] = {
-    {"housing.prt", "HOUSING-12", "six-nohidden", 7, false},
-    {"housing.prt", "HOUSING-12", "twelve", 14, false},
-    {"gearbox.asm", "GEARBOX-12", "six-nohidden", 7, false},
-    {"gearbox.asm", "GEARBOX-12", "twelve", 14, true},
+    {"housing.prt", "HOUSING-12", "six-nohidden", "1", 7, false},
+    {"housing.prt", "HOUSING-12", "twelve", "0", 14, false},
+    {"gearbox.asm", "GEARBOX-12", "six-nohidden", "1", 7, false},
+    {"gearbox.asm", "GEARBOX-12", "twelve", "0", 14, true},
 };
 
 std::string ScriptFor(const Sheet& sheet) {
     std::string script = fmt::format(
-        "@ open {}\n~ Command `TweViews`\n~ Select `TweViews` `DirectionRadio` 1 `main-h`\n"
+        "@ open {}\n@ setting TweViewsUseAutoMainView value {}\n~ Command `TweViews`\n"
+        "~ Select `TweViews` `DirectionRadio` 1 `main-h`\n"
         "~ Select `TweViews` `ViewsRadio` 1 `{}`\n",
-        sheet.model, sheet.views);
+        sheet.model, sheet.fromScreen, sheet.views);
     if (sheet.exported) script += "~ Activate `TweViews` `ExportCheckButton` 1\n";
     script += "~ Activate `TweViews` `ApplyBt`\n";
     if (sheet.exported) script += "@ expect box 已导出到桌面\n@ ok\n";

@@ -32,7 +32,7 @@ public:
         text_ += fmt::format("{:>3}\r\n{}\r\n", code, value);
     }
     void Pair(int code, int value) { Pair(code, std::to_string(value)); }
-    void Pair(int code, double value) { Pair(code, fmt::format("{:.6f}", value + 0.0)); }
+    void Pair(int code, double value) { Pair(code, fmt::format("{:.4f}", value + 0.0)); }
 
     void Begin(const char* section) {
         Pair(0, "SECTION");

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 namespace simhost {
 
 std::string SavePicture(const std::string& file) {
-    constexpr int kWidth = 1200, kSheetWidth = 1800;
+    constexpr int kWidth = 1200, kSheetWidth = 2400;
     Session& session = TheHost().session;
     Model* model = session.CurrentModel();
     if (!model) return "no model is open";

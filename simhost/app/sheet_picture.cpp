@@ -39,6 +39,9 @@ std::string Number(double value) {
     return fmt::format("{}", rounded + 0.0);
 }
 
+// Words that stand in a gap of 50 must not fill it.
+constexpr double kTallestWords = 22;
+
 class SheetPicture {
 public:
     SheetPicture(Model& drawing, int sheet)
@@ -54,7 +57,7 @@ public:
             all_.Add(view.outline.high);
         }
         const double wide = all_.high.x - all_.low.x, high = all_.high.y - all_.low.y;
-        unit_ = std::max(wide, high) / 130;
+        unit_ = std::max(wide, high) / 160;
         const double margin = 3 * unit_;
         all_.low = all_.low - Vec3{margin, margin + 5 * unit_, 0};
         all_.high = all_.high + Vec3{margin, margin, 0};
@@ -155,10 +158,11 @@ private:
     void AddView(const ViewOnSheet& view) {
         const Vec3 low = view.outline.low, high = view.outline.high;
         Rectangle(low.x, low.y, high.x, high.y, "none", kOutline, 0.12 * unit_, 0.7 * unit_);
-        Path(LinePath(view, /*hidden=*/true), kHidden, 0.09 * unit_, 0.5 * unit_);
-        Path(LinePath(view, /*hidden=*/false), kVisible, 0.14 * unit_);
+        Path(LinePath(view, /*hidden=*/true), kHidden, 0.07 * unit_, 0.5 * unit_);
+        Path(LinePath(view, /*hidden=*/false), kVisible, 0.12 * unit_);
         const std::string role = view.shows.empty() ? view.role : view.role + " – " + view.shows;
-        Words((low.x + high.x) / 2, low.y - 1.7 * unit_, 1.35 * unit_, "#1d5fa8", "middle", role);
+        const double size = std::min(1.5 * unit_, kTallestWords);
+        Words((low.x + high.x) / 2, low.y - 1.25 * size, size, "#1d5fa8", "middle", role);
     }
 
     const ViewOnSheet* ShownParent(const ViewOnSheet& view) const {
@@ -176,10 +180,13 @@ private:
         const Extents& b = parent->outline;
         const bool above = a.low.y >= b.high.y, below = a.high.y <= b.low.y;
         if (above || below) {
-            const double x = (std::max(a.low.x, b.low.x) + std::min(a.high.x, b.high.x)) / 2;
             const double from = above ? b.high.y : a.high.y, to = above ? a.low.y : b.low.y;
-            // Beside the name of the upper view.
-            AddMeasure({x + 14 * unit_, from, 0}, {x + 14 * unit_, to, 0}, to - from);
+            // Beside the views, so that the name of the upper one stays readable.
+            const double end = std::min(a.high.x, b.high.x), beside = end + 2 * unit_;
+            for (const double y : {from, to}) {
+                Path("M" + At(end, y) + "L" + At(beside + 0.5 * unit_, y), kMeasure, 0.08 * unit_);
+            }
+            AddMeasure({beside, from, 0}, {beside, to, 0}, to - from);
         } else {
             const bool right = a.low.x >= b.high.x;
             const double y = (std::max(a.low.y, b.low.y) + std::min(a.high.y, b.high.y)) / 2;
@@ -204,11 +211,11 @@ private:
         const Vec3 middle = 0.5 * (from + to);
         const bool upright = std::fabs(way.y) > std::fabs(way.x);
         const std::string text = fmt::format("{:.1f}", value);
+        const double size = std::min(1.3 * unit_, kTallestWords);
         if (upright) {
-            Words(middle.x + 0.5 * unit_, middle.y - 0.4 * unit_, 1.2 * unit_, kMeasure, "start",
-                  text);
+            Words(middle.x + 0.5 * unit_, middle.y - 0.35 * size, size, kMeasure, "start", text);
         } else {
-            Words(middle.x, middle.y + 0.5 * unit_, 1.2 * unit_, kMeasure, "middle", text);
+            Words(middle.x, middle.y + 0.4 * size, size, kMeasure, "middle", text);
         }
     }
 

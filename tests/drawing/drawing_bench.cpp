@@ -11,6 +11,11 @@ namespace workbench {
 
 using namespace simhost;
 
+void DrawingBench::SetUp() {
+    Start();
+    TextFolderSetting("TweViewsUseAutoMainView", "0");
+}
+
 Model& DrawingBench::BoxPart(const std::string& name, double x, double y, double z) {
     Model& model = Part(name);
     model.solids[0].size = {x, y, z};

@@ -18,6 +18,9 @@ struct TwelveViewsAnswer {
 
 class DrawingBench : public Workbench {
 protected:
+    // Starts the plug-in. The model's extents say how the main view is turned, not the screen.
+    void SetUp() override;
+
     // A part of one box from the origin to this corner.
     simhost::Model& BoxPart(const std::string& name, double x, double y, double z);
 

@@ -9,8 +9,6 @@ using workbench::DrawingBench;
 
 class NormalView : public DrawingBench {
 protected:
-    void SetUp() override { Start(); }
-
     // Turns what a model shows, with a scale and a place as a zoomed screen has them.
     static void TurnScreen(Model& model, Vec3 turn) {
         SetMatrix(PlacementFrom({}, turn), 2.5, {500, 400, 0}, ScreenOf(model).matrix);

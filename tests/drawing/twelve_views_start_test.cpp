@@ -8,8 +8,6 @@ using workbench::DrawingBench;
 
 class TwelveViewsStart : public DrawingBench {
 protected:
-    void SetUp() override { Start(); }
-
     Model& OpenBox(const std::string& name) {
         Model& box = BoxPart(name, 100, 60, 40);
         Open(box);

@@ -15,7 +15,7 @@ using workbench::DrawingBench;
 class TwelveViews : public DrawingBench {
 protected:
     void SetUp() override {
-        Start();
+        DrawingBench::SetUp();
         box_ = &BoxPart("BOX", 100, 60, 40);
         Open(*box_);
     }
@@ -226,9 +226,14 @@ TEST_F(TwelveViews, WithTheSettingTheScreenSaysHowTheMainViewIsTurned) {
 
 TEST_F(TwelveViews, TheSettingIsReadBelowTheTextFolderAndOnlyOneCounts) {
     Setting("TweViewsUseAutoMainView", "1");  // beside the module: not looked at
-    TextFolderSetting("TweViewsUseAutoMainView", "0");
-    MakeViews({"main-h", "six-hidden"});
-    EXPECT_EQ(AxesText(Views("BOX-12")[0]->orientation), "100 010 001");
+    int number = 0;
+    for (const char* value : {"0", "", "11", "on"}) {
+        TextFolderSetting("TweViewsUseAutoMainView", value);
+        const std::string name = fmt::format("BOX{}", ++number);
+        Open(BoxPart(name, 100, 60, 40));
+        MakeViews({"main-h", "six-hidden"});
+        EXPECT_EQ(AxesText(Views(name + "-12")[0]->orientation), "100 010 001") << value;
+    }
 }
 
 // --- The order of the calls ---

@@ -141,7 +141,7 @@ TEST_F(TwelveViewsStart, ADrawingInTheWorkingFolderIsFetched) {
     ASSERT_EQ(Views("BOX-12").size(), 7u);
     // As it was: see kFirstSet of the layout's tests.
     EXPECT_EQ(OutlineText(*Views("BOX-12")[5]), "390 570 490 630");
-    EXPECT_EQ(OutlineText(*Views("BOX-12")[6]), "325.251 350.552 424.246 456.482");
+    EXPECT_EQ(OutlineText(*Views("BOX-12")[6]), "325.251 350.552 424.246 456.483");
 }
 
 // --- The dialog ---

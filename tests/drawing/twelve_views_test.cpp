@@ -44,15 +44,15 @@ protected:
 // rear:   100 wide, 50 right of 340      390 .. 490
 // isometric, turned by -45 and 35 degrees: 140 * cos 45 = 98.995 wide and 60 * cos 35 + 140 *
 // sin 45 * sin 35 = 105.930 high. Made around (250, 480), it reaches to 299.497 and 532.965; it is
-// moved by (299.497 - 150) / 2 + 50 = 124.749 and -(532.965 - 480) / 2 - 50 = -76.483, which
-// brings its middle to (374.749, 403.517).
+// moved by (299.4975 - 150) / 2 + 50 = 124.7487 and -(532.9651 - 480) / 2 - 50 = -76.4826, which
+// brings its middle to (374.7487, 403.5174).
 const std::vector<std::string> kFirstSet = {"150 570 250 630",
                                             "150 480 250 520",
                                             "150 680 250 720",
                                             "60 570 100 630",
                                             "300 570 340 630",
                                             "390 570 490 630",
-                                            "325.251 350.552 424.246 456.482"};
+                                            "325.251 350.552 424.246 456.483"};
 
 TEST_F(TwelveViews, SixViewsAndAnIsometricOneStandFiftyApart) {
     MakeViews({"main-h", "six-nohidden"});
@@ -104,7 +104,7 @@ TEST_F(TwelveViews, TheSecondSetStandsTwoHundredBeyondTheFirst) {
                                              "640 570 680 630",
                                              "880 570 920 630",
                                              "970 570 1070 630",
-                                             "905.251 350.552 1004.246 456.482"};
+                                             "905.251 350.552 1004.246 456.483"};
     EXPECT_EQ(std::vector<std::string>(outlines.begin() + 7, outlines.end()), second);
 }
 

@@ -110,6 +110,9 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Input `VxParams` `InputKeyWords2` `unit`\n"
      "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
     {"VxMdlCount", "~ Command `VxMdlCount`\n@ ok"},
+    {"TweViews",
+     "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
+     "~ Activate `TweViews` `ApplyBt`"},
 };
 
 // The steps of a job; a command that has no entry is just pressed.
@@ -134,6 +137,18 @@ void Walk(const fs::path& module) {
     std::printf("%d components, %d models; ", components, models);
 }
 
+// The size that stands for one part: there is no assembly of fewer components to measure.
+constexpr int kPartAlone = 50;
+
+void OpenSomePart(Session* session) {
+    for (Model* model : session->All()) {
+        if (model->type == PRO_MDL_PART) {
+            session->Open(*model);
+            return;
+        }
+    }
+}
+
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
     WorkplaceOptions options;
     options.installed = VX_SOURCE_DIR;
@@ -143,6 +158,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
+    if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
     const Figures figures = Measure([&] {
         if (job == "walk") {
             Walk(modules / "walk_module.so");

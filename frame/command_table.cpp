@@ -3,6 +3,8 @@
 
 #include "display/batch_color.h"
 #include "display/clear_all_color.h"
+#include "drawing/normal_view.h"
+#include "drawing/twelve_views.h"
 #include "frame/access.h"
 #include "frame/guard.h"
 #include "frame/not_built.h"
@@ -32,7 +34,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxIsolate",             "VxIsolate_Help",             "VxIsolate.png",             NotBuilt<"VxIsolate">,             AccessAssemblyOrMfg, true},
     {"VxHideReverse",         "VxHideReverse_Help",         "VxHideReverse.png",         NotBuilt<"VxHideReverse">,         AccessAssemblyOrMfg, true},
     {"VxShowAllComp",         "VxShowAllComp_Help",         "VxShowAllComp.png",         NotBuilt<"VxShowAllComp">,         AccessAssemblyOrMfg, true},
-    {"VxNormalView",          "VxNormalView_Help",          "VxNormalView.png",          NotBuilt<"VxNormalView">,          AccessAlways,        true},
+    {"VxNormalView",          "VxNormalView_Help",          "VxNormalView.png",          Command<VxNormalView>,             AccessAlways,        true},
     {"VxParams",              "VxParams_Help",              "VxParams.png",              Command<VxParams>,                 AccessAssemblyOrMfg, true},
     {"VxRelations",           "VxRelations_Help",           "VxRelations.png",           Command<VxRelations>,              AccessAssemblyOrMfg, true},
     {"SetUnit",               "SetUnit_Help",               "SetUnit.png",               NotBuilt<"SetUnit">,               AccessSolid,         true},
@@ -40,7 +42,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"CloneAndReplace",       "CloneAndReplace_Help",       "CloneAndReplace.png",       NotBuilt<"CloneAndReplace">,       AccessAssemblyOrMfg, true},
     {"VxMerge",               "VxMerge_Help",               "VxMerge.png",               NotBuilt<"VxMerge">,               AccessAssemblyOrMfg, true},
     {"VxMergeTo",             "VxMergeTo_Help",             "VxMergeTo.png",             NotBuilt<"VxMergeTo">,             AccessAssemblyOrMfg, true},
-    {"TweViews",              "TweViews_Help",              "TweViews.png",              NotBuilt<"TweViews">,              AccessSolidOrMfg,    true},
+    {"TweViews",              "TweViews_Help",              "TweViews.png",              Command<TweViews>,                 AccessSolidOrMfg,    true},
     {"NewDraw",               "NewDraw_Help",               "NewDraw.png",               NotBuilt<"NewDraw">,               AccessSolidOrMfg,    true},
     {"VxExStp",               "VxExStp_Help",               "VxExStp.png",               NotBuilt<"VxExStp">,               AccessAssemblyOrMfg, true},
     {"VxExIgs",               "VxExIgs_Help",               "VxExIgs.png",               NotBuilt<"VxExIgs">,               AccessAssemblyOrMfg, true},

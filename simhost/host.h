@@ -32,8 +32,8 @@ public:
     WideText textFolder;  // what ProToolkitApplTextPathGet reports; no separator at its end
     ConfigOptions configOptions;
     std::deque<WideText> lentTexts;  // texts that operations handed out for good
-    std::vector<WideText> macros;  // queued by ProMacroLoad, run when the command has returned
-    User* user = nullptr;          // none: every question is a complaint
+    std::vector<WideText> macros;    // queued by ProMacroLoad, run when the command has returned
+    User* user = nullptr;            // none: every question is a complaint
 
     std::vector<Shown> shown;
     std::vector<std::string> complaints;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simhost/app/demo_data.h"
+#include "simhost/app/demo_views.h"
 #include "simhost/app/picture.h"
 #include "simhost/app/picture_file.h"
 #include "simhost/core/disk.h"
@@ -59,6 +60,7 @@ public:
         }
         ShowColours();
         if (!RunDataDemo(print_)) failed_ = true;
+        if (!RunViewsDemo(out_, print_)) failed_ = true;
         Save();
         return failed_ ? 1 : 0;
     }

@@ -2,13 +2,14 @@
 // journal.
 #include "simhost/core/operation.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
+
+#include <algorithm>
 
 #include "simhost/core/handles.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/drawing.h"
 
 namespace simhost {
 
@@ -167,6 +168,7 @@ std::string Describe(const void* handle) {
                 return "selection of " + Describe(selection->item);
             }
             break;
+        case HandleKind::View: return DescribeView(handle);
         case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";

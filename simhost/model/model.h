@@ -19,6 +19,8 @@
 namespace simhost {
 
 class Model;
+class Drawing;
+struct ScreenView;
 
 // The states of ProFeatureStatusGet, and their words in model files.
 const char* StatusName(ProFeatStatus status);
@@ -68,9 +70,11 @@ public:
     Parameters parameters;  // its own
     Relations relations;
     FamilyTable family;
-    DrawingSheets sheets;   // drawings
-    bool readOnly = false;  // released: the host lets nobody change it
-    int treeRefreshes = 0;  // how often its tree was shown afresh
+    DrawingSheets sheets;                // drawings
+    std::shared_ptr<Drawing> drawing;    // drawings: their views; see DrawingOf
+    std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
+    bool readOnly = false;               // released: the host lets nobody change it
+    int treeRefreshes = 0;               // how often its tree was shown afresh
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one

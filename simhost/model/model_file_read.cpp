@@ -13,6 +13,7 @@
 #include "simhost/core/text.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/model_file_data.h"
+#include "simhost/model/model_file_drawing.h"
 #include "simhost/model/model_file_keys.h"
 #include "simhost/model/model_text.h"
 
@@ -273,6 +274,7 @@ void ReadFeature(const toml::table& table, std::unordered_set<int>* ids, Model* 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {
     Keys keys{"model", "appearance", "solid", "surface", "feature", "manufacturing"};
     for (const string_view key : ModelDataKeys()) keys.push_back(key);
+    for (const string_view key : DrawingKeys()) keys.push_back(key);
     Allow(root, keys);
     const toml::table* about = Table(root, "model");
     if (!about) throw ModelFileError(fileName + ":1: the table [model] is missing");
@@ -296,6 +298,7 @@ void ReadRoot(const toml::table& root, const std::string& fileName, Model* model
         if (model->manufacturedFile.empty()) Fail(file.source(), "\"assembly\" must not be empty");
     }
     ReadModelData(root, model);
+    ReadDrawing(root, model);
 }
 
 }  // namespace

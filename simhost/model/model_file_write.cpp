@@ -9,6 +9,7 @@
 #include "simhost/core/text.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/model_file_data.h"
+#include "simhost/model/model_file_drawing.h"
 #include "simhost/model/model_file_keys.h"
 #include "simhost/model/model_text.h"
 
@@ -108,6 +109,7 @@ std::string ModelText(const Model& model) {
         AddAppearance(&text, *model.appearance);
     }
     AddModelData(&text, model);
+    AddDrawing(&text, model);
     for (const Solid& solid : model.solids) AddSolid(&text, solid);
     for (const auto& [id, props] : model.surfaceAppearances) {
         text += "\n[[surface]]\n";

@@ -220,8 +220,8 @@ std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
 }
 
 std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {
-    const WideText title = question.title + WIDE(" (") + question.filter + WIDE(") ") +
-                           question.folder;
+    const WideText title =
+        question.title + WIDE(" (") + question.filter + WIDE(") ") + question.folder;
     const auto answer = AnswerPrompt(title, question.proposed);
     if (!answer) return std::nullopt;
     WideText path = *answer;

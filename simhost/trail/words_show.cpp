@@ -133,9 +133,11 @@ struct Topic {
     void (*show)(Trail&);
 };
 constexpr Topic kTopics[] = {
-    {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
-    {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
-    {"colours", ShowColours}, {"parameters", ShowParameters}, {"relations", ShowRelations},
+    {"models", ShowModels},       {"menu", ShowMenu},
+    {"commands", ShowCommands},   {"dialog", ShowDialog},
+    {"popup", ShowPopup},         {"selection", ShowSelection},
+    {"colours", ShowColours},     {"parameters", ShowParameters},
+    {"relations", ShowRelations}, {"views", ShowViews},
     {"messages", ShowMessages},
 };
 

@@ -30,12 +30,9 @@ struct KindRow {
 };
 // A kind that gets operations of its own joins here.
 constexpr KindRow kKinds[] = {
-    {CheckButton::kKind, Make<CheckButton>},
-    {InputPanel::kKind, Make<InputPanel>},
-    {OptionMenu::kKind, Make<OptionMenu>},
-    {PushButton::kKind, Make<PushButton>},
-    {RadioGroup::kKind, Make<RadioGroup>},
-    {TextArea::kKind, Make<TextArea>},
+    {CheckButton::kKind, Make<CheckButton>}, {InputPanel::kKind, Make<InputPanel>},
+    {OptionMenu::kKind, Make<OptionMenu>},   {PushButton::kKind, Make<PushButton>},
+    {RadioGroup::kKind, Make<RadioGroup>},   {TextArea::kKind, Make<TextArea>},
 };
 
 }  // namespace

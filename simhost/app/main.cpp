@@ -56,23 +56,6 @@ void SetHooks(Workplace& workplace) {
     TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
 }
 
-// The lines of a source, with the start of the plug-in in front.
-class StartFirst : public Source {
-public:
-    StartFirst(Source& source, bool start) : source_(source), start_(start) {}
-    std::optional<std::string> Next(const std::string& waiting) override {
-        if (std::exchange(start_, false)) return "@ start";
-        return source_.Next(waiting);
-    }
-    std::string name() const override { return source_.name(); }
-    bool patient() const override { return source_.patient(); }
-    bool takesPlainWords() const override { return source_.takesPlainWords(); }
-
-private:
-    Source& source_;
-    bool start_;
-};
-
 // Runs the lines of `source` at a workplace; 0 if nothing failed.
 int RunTrail(const Options& options, Source& source) {
     std::vector<Fault> faults;
@@ -83,8 +66,8 @@ int RunTrail(const Options& options, Source& source) {
     if (!options.journal.empty()) host.journal.Start();
     for (const Fault& fault : faults) Operation::Fail(fault);
 
-    StartFirst lines(source, !options.noPlugin);
-    Trail trail(lines, PrintLine);
+    Trail trail(source, PrintLine);
+    if (!options.noPlugin) trail.Begin("@ start");
     const bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);

@@ -119,7 +119,8 @@ int main(int argc, char* argv[]) {
     CLI::App* run = app.add_subcommand("run", "Run a trail script and print a transcript");
     run->add_option("script", options.script, "The script")->required();
     AddWorkplaceOptions(run, &options);
-    CLI::App* demo = app.add_subcommand("demo", "Colour the sample gearbox and show what happened");
+    CLI::App* demo = app.add_subcommand(
+        "demo", "Work on the sample gearbox as a designer would, and show what happened");
     demo->add_option("--out", options.out, "Folder for the results");
     CLI::App* generate = app.add_subcommand("generate", "Write the files of a large assembly");
     generate->add_option("--out", options.out, "Folder for the files")->required();

@@ -49,6 +49,14 @@ Model& Session::RequireSolid(const void* handle) const {
     return model;
 }
 
+Model& Session::RequireDrawing(ProMdl handle) const {
+    Model& model = Require(handle);
+    if (model.type != PRO_MDL_DRAWING) {
+        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a drawing");
+    }
+    return model;
+}
+
 Feature& Session::RequireFeature(const ProModelitem* item) const {
     Need(item, "the feature");
     Model& owner = Require(item->owner);
@@ -81,6 +89,7 @@ void Session::Erase(Model& model) {
             if (feature.model == &model) feature.model = nullptr;
         }
         if (other->manufactured == &model) other->manufactured = nullptr;
+        if (other->family.generic == &model) other->family.generic = nullptr;
     }
     for (Window& window : windows_) {
         if (window.model == &model) window.model = nullptr;
@@ -175,6 +184,9 @@ Model* Session::Retrieve(const std::string& name) {
         }
         if (!model->manufacturedFile.empty() && !model->manufactured) {
             model->manufactured = bring(model->manufacturedFile);
+        }
+        if (!model->family.genericFile.empty() && !model->family.generic) {
+            model->family.generic = bring(model->family.genericFile);
         }
     }
     return top;

@@ -50,10 +50,14 @@ public:
 
     // How it looks on a terminal: lines of text.
     virtual std::vector<std::string> Picture() const;
+    // What it holds, and what else could be chosen, in one line; empty where it holds nothing.
+    virtual std::string State() const { return {}; }
 
 protected:
     // For the kinds: everything but the focus. The component is shown and not greyed.
     virtual std::string Act(Verb verb, const std::vector<std::string>& arguments);
+    // The answer to a step that this kind does not know.
+    std::string NothingTo(Verb verb) const;
 
 private:
     Dialog& dialog_;

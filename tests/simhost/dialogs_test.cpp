@@ -305,11 +305,30 @@ TEST_F(DialogsOfTheHost, WithoutAUserADialogEndsWithItsCloseActionOrMinusOne) {
 TEST_F(DialogsOfTheHost, ADialogAsTextShowsItsLayoutWithGreyedButtonsInParentheses) {
     Create();
     const auto lines = DialogText(*host().dialogs.Find("Settings"));
-    const std::vector<std::string> expected = {
-        "+- 设置! ----------------------+", "| 设置 \"A\"     <Name>          |",
-        "| second line                  |", "| ----                         |",
-        "| [ 应用 ]  ( 帮助 )  [ 确定 ] |", "+------------------------------+"};
+    // The upper rows are 11 + 2 + 22 wide, the row of buttons 3 * 8 + 2 * 2: of the 7 columns that
+    // are left its three columns get 2, 2 and 3.
+    const std::vector<std::string> expected = {"+- 设置! -----------------------------+",  //
+                                               "| 设置 \"A\"     [____________________] |",
+                                               "| second line                         |",  //
+                                               "| ----                                |",  //
+                                               "| [ 应用 ]    ( 帮助 )    [ 确定 ]    |",  //
+                                               "+-------------------------------------+"};
     EXPECT_EQ(lines, expected);
+}
+
+TEST_F(DialogsOfTheHost, SpareRoomGoesToTheColumnsThatWantIt) {
+    Write(workbench::kTextFolder + WIDE("\\text\\resource\\Middle.res"),
+          "(Dialog Middle (Components (Label Text) (Label L) (Label R) (PushButton OK))"
+          "(Resources (Text.Label \"0123456789012345\") (.Label \"T\")"
+          "(.Layout (Grid (Rows 1 1) (Cols 1) Text"
+          " (Grid (Rows 1) (Cols 1 0 1) L OK R)))))");
+    Create("Middle", "Middle");
+    // The text is 16 wide, the button 6 and two gaps 4: of the 6 columns left, 3 go to each side.
+    const std::vector<std::string> expected = {"+- T --------------+",  //
+                                               "| 0123456789012345 |",  //
+                                               "|      [ OK ]      |",  //
+                                               "+------------------+"};
+    EXPECT_EQ(DialogText(*host().dialogs.Find("Middle")), expected);
 }
 
 TEST_F(DialogsOfTheHost, AComponentThatIsNotShownTakesNoRoom) {

@@ -3,6 +3,7 @@
 // callgrind for the instructions.
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>

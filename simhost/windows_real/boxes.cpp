@@ -13,6 +13,7 @@ namespace simhost {
 namespace {
 
 constexpr int kTextId = 0xFFFF;  // the control that holds a message box's text
+constexpr UINT_PTR kAnswerTimer = 0x7A31;
 
 // Buttons of a message box by its flags; a box is known again by those it has.
 struct Buttons {
@@ -84,6 +85,16 @@ UINT IconFlags(HWND box) {
 bool probing = false;
 WideText systemCaption;
 
+// Wine 8 does not raise a box with MB_TOPMOST (one with MB_SYSTEMMODAL it does), so that there the
+// flag of the call has to be believed.
+bool IsTopmost(HWND box) {
+    static const bool isWine =
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    const bool raised = GetWindowLongW(box, GWL_EXSTYLE) & WS_EX_TOPMOST;
+    const std::vector<UINT>& asked = TheWindows().boxFlags;
+    return raised || (isWine && !asked.empty() && (asked.back() & MB_TOPMOST));
+}
+
 Box ReadBox(HWND window) {
     Box box;
     box.text = TextOf(GetDlgItem(window, kTextId));
@@ -91,7 +102,7 @@ Box ReadBox(HWND window) {
     box.hasCaption = box.caption != systemCaption;
     if (!box.hasCaption) box.caption.clear();
     box.flags = ButtonFlags(window) | IconFlags(window);
-    if (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) box.flags |= MB_TOPMOST;
+    if (IsTopmost(window)) box.flags |= MB_TOPMOST;
     return box;
 }
 
@@ -100,17 +111,23 @@ void Press(HWND box, int button) {
                  reinterpret_cast<LPARAM>(GetDlgItem(box, button)));
 }
 
-// Only when WM_INITDIALOG has been dealt with does a topmost box have its text.
+// A box gets its text after its window, and its place above others after that: it is read when its
+// own message loop runs.
+void CALLBACK Answer(HWND box, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(box, timer);
+    if (probing) {
+        systemCaption = TextOf(box);
+        Press(box, IDOK);
+    } else {
+        Press(box, TheHost().ShowBox(ReadBox(box)));
+    }
+}
+
 LRESULT CALLBACK AfterMessage(int code, WPARAM wParam, LPARAM lParam) {
     const auto* message = reinterpret_cast<const CWPRETSTRUCT*>(lParam);
     if (code == HC_ACTION && message->message == WM_INITDIALOG &&
         GetDlgItem(message->hwnd, kTextId)) {
-        if (probing) {
-            systemCaption = TextOf(message->hwnd);
-            Press(message->hwnd, IDOK);
-        } else {
-            Press(message->hwnd, TheHost().ShowBox(ReadBox(message->hwnd)));
-        }
+        SetTimer(message->hwnd, kAnswerTimer, USER_TIMER_MINIMUM, Answer);
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }

@@ -68,8 +68,13 @@ BOOL WINAPI WriteProfile(const WideChar* section, const WideChar* key, const Wid
 int WINAPI ShowMessageBox(HWND owner, const WideChar* text, const WideChar* caption, UINT flags) {
     static Operation op("MessageBoxW");
     return op.CallOr([](int) { return 0; },
-                     [&] { return MessageBoxW(owner, text, caption, flags); }, "text", text,
-                     "caption", caption, "flags", flags);
+                     [&] {
+                         TheWindows().boxFlags.push_back(flags);
+                         const int answer = MessageBoxW(owner, text, caption, flags);
+                         TheWindows().boxFlags.pop_back();
+                         return answer;
+                     },
+                     "text", text, "caption", caption, "flags", flags);
 }
 
 UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {

@@ -75,6 +75,7 @@ public:
     std::vector<std::string> OpenHandles() const;  // "key Software\\PTC", "file C:\\Work\\a.txt"
 
     // For the watch over the plug-in's calls.
+    std::vector<UINT> boxFlags;  // of the boxes that are open
     std::vector<std::pair<HKEY, WideText>> keys;
     std::vector<std::pair<HANDLE, WideText>> files;
 

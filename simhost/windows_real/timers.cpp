@@ -1,5 +1,6 @@
-// Timers of a real Windows on a clock that the user moves: when one falls due it is set anew with the
-// shortest interval, and fires from the thread's message loop as ever.
+// Timers of a real Windows on a clock that the user moves: one that is set does not run out by itself,
+// or it would fire in the message loop of any box on a slow machine. When it falls due it is set anew
+// with the shortest interval, and fires from the thread's message loop as ever.
 #ifdef _WIN32
 
 #include <algorithm>
@@ -16,7 +17,8 @@ constexpr ULONGLONG kPatience = 5000;  // milliseconds for a timer that should f
 }  // namespace
 
 UINT_PTR RealWindows::StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
-    const UINT_PTR timer = SetTimer(nullptr, id, milliseconds, procedure);
+    const UINT interval = onWallClock ? milliseconds : USER_TIMER_MAXIMUM;
+    const UINT_PTR timer = SetTimer(nullptr, id, interval, procedure);
     if (timer == 0) return 0;
     timers_.remove_if([timer](const Timer& each) { return each.id == timer; });
     timers_.push_back({timer, milliseconds, procedure, tick_ + milliseconds});
@@ -39,12 +41,9 @@ bool RealWindows::Fire(const Timer& timer) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, USER_TIMER_MINIMUM, QS_ALLINPUT);
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            const bool isTimer = message.message == WM_TIMER && !message.hwnd;
-            // Others may have run out while nobody looked, but are not due by our clock.
-            if (isTimer && message.wParam != timer.id) continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
-            if (isTimer) return true;
+            if (message.message == WM_TIMER && message.wParam == timer.id) return true;
         }
     }
     return false;
@@ -67,7 +66,7 @@ void RealWindows::AdvanceClock(unsigned milliseconds) {
         }
         const auto is = [&due](const Timer& each) { return each.id == due.id; };
         if (std::any_of(timers_.begin(), timers_.end(), is)) {
-            SetTimer(nullptr, due.id, due.milliseconds, due.procedure);
+            SetTimer(nullptr, due.id, USER_TIMER_MAXIMUM, due.procedure);
         }
     }
     tick_ = std::max(tick_, until);

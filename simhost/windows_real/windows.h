@@ -58,6 +58,7 @@ public:
     // --- Timers ---
     // Lets time pass that nobody waits for: timers that fall due in it are set anew with the
     // shortest interval, and fire from the thread's message loop, in order of their times.
+    bool onWallClock = false;  // true: timers run out by themselves, as they are asked for
     void AdvanceClock(unsigned milliseconds);
     const std::list<Timer>& timers() const { return timers_; }
     UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure);

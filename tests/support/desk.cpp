@@ -37,8 +37,8 @@ std::set<fs::path> Entries() {
 }
 
 // What was there when the program began.
-const std::set<fs::path>& EntriesAtFirst() {
-    static const std::set<fs::path> entries = Entries();
+std::set<fs::path>& EntriesAtFirst() {
+    static std::set<fs::path> entries = Entries();
     return entries;
 }
 
@@ -77,9 +77,19 @@ std::vector<std::string> ClearDrive() {
         MakeWritable(place);
         std::error_code error;
         fs::remove_all(place, error);
-        if (error) left.push_back(simhost::Utf8(place.native()));
+        if (!error) continue;
+        left.push_back(simhost::Utf8(place.native()));
+        EntriesAtFirst().insert(place);  // told once
     }
     return left;
+}
+
+std::vector<fs::path> PlacesOnDrive(const fs::path&) {
+    std::vector<fs::path> places;
+    for (const fs::path& place : Entries()) {
+        if (EntriesAtFirst().count(place) == 0) places.push_back(place);
+    }
+    return places;
 }
 
 }  // namespace workbench
@@ -90,6 +100,14 @@ namespace workbench {
 
 std::filesystem::path DriveOfTests() { return {}; }
 std::vector<std::string> ClearDrive() { return {}; }
+
+std::vector<std::filesystem::path> PlacesOnDrive(const std::filesystem::path& drive) {
+    std::vector<std::filesystem::path> places;
+    for (const auto& entry : std::filesystem::directory_iterator(drive)) {
+        places.push_back(entry.path());
+    }
+    return places;
+}
 
 }  // namespace workbench
 

@@ -16,4 +16,7 @@ std::filesystem::path DriveOfTests();
 // still open. Temporary drives go by themselves.
 std::vector<std::string> ClearDrive();
 
+// What a test has put into the root of its drive, without what belongs to Windows.
+std::vector<std::filesystem::path> PlacesOnDrive(const std::filesystem::path& drive);
+
 }  // namespace workbench

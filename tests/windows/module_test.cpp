@@ -51,6 +51,7 @@ TEST_F(RealModule, RestoresTheLastDirectoryAfterTwoSecondsOfTheMessageLoop) {
     std::filesystem::create_directories(L"C:\\项目\\泵 2");
     Write(kLastDirFile, "C:\\\xCF\xEE\xC4\xBF\\\xB1\xC3 2");
     Setting("SetLastDir", "1");
+    TheWindows().onWallClock = true;
     Start();
     const ULONGLONG started = GetTickCount64();
     RunMessageLoop(1000);

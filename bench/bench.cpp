@@ -14,6 +14,7 @@
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
 #include "simhost/host.h"
+#include "simhost/trail/interpreter.h"
 
 namespace {
 
@@ -86,6 +87,46 @@ template <class Work>
     return {Operation::TotalCalls(), taken.count(), peakBytes - before};
 }
 
+// Jobs that are done in a dialog: what the user does there. Keywords leave out what is not
+// measured.
+struct DialogJob {
+    const char* name;
+    const char* script;
+};
+constexpr DialogJob kDialogJobs[] = {
+    {"CoverRels",
+     "~ Command `VxRelations`\n~ Input `Relations` `RelTxtarea` `x = 1`\n"
+     "~ Select `Relations` `OptionRadio` 1 `after`\n"
+     "~ Activate `Relations` `CoverRels`\n@ ok\n~ Activate `Relations` `Close`"},
+    {"Add",
+     "~ Command `VxParams`\n~ Input `VxParams` `ParaName` `P`\n"
+     "~ Input `VxParams` `ParaValue` `1`\n~ Activate `VxParams` `Add`\n"
+     "~ Activate `VxParams` `Close`"},
+    {"OutlineParts",
+     "~ Command `VxParams`\n~ Select `VxParams` `TypeRadio2` 1 `Part`\n"
+     "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
+    {"OutlineTop",
+     "~ Command `VxParams`\n~ Select `VxParams` `TypeRadio2` 1 `Asm`\n"
+     "~ Input `VxParams` `InputKeyWords2` `unit`\n"
+     "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
+    {"VxMdlCount", "~ Command `VxMdlCount`\n@ ok"},
+    {"TweViews",
+     "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
+     "~ Activate `TweViews` `ApplyBt`"},
+};
+
+// The steps of a job; a command that has no entry is just pressed.
+void Do(const std::string& job) {
+    for (const DialogJob& row : kDialogJobs) {
+        if (job != row.name) continue;
+        for (const std::string& failure : RunScript(row.script)) {
+            throw std::runtime_error(failure);
+        }
+        return;
+    }
+    TheHost().commands.Press(job);
+}
+
 // The walk alone, from its own module.
 void Walk(const fs::path& module) {
     void* loaded = dlopen(module.c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -94,6 +135,18 @@ void Walk(const fs::path& module) {
     int components = 0;
     const int models = walk(&components);
     std::printf("%d components, %d models; ", components, models);
+}
+
+// The size that stands for one part: there is no assembly of fewer components to measure.
+constexpr int kPartAlone = 50;
+
+void OpenSomePart(Session* session) {
+    for (Model* model : session->All()) {
+        if (model->type == PRO_MDL_PART) {
+            session->Open(*model);
+            return;
+        }
+    }
 }
 
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
@@ -105,11 +158,12 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
+    if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
     const Figures figures = Measure([&] {
         if (job == "walk") {
             Walk(modules / "walk_module.so");
         } else {
-            TheHost().commands.Press(job);
+            Do(job);
         }
     });
     rusage usage{};

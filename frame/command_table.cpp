@@ -3,9 +3,15 @@
 
 #include "display/batch_color.h"
 #include "display/clear_all_color.h"
+#include "drawing/normal_view.h"
+#include "drawing/twelve_views.h"
 #include "frame/access.h"
 #include "frame/guard.h"
 #include "frame/not_built.h"
+#include "frame/settings_dialog.h"
+#include "modeldata/model_count.h"
+#include "modeldata/params_dialog.h"
+#include "modeldata/relations.h"
 
 // clang-format off
 
@@ -28,15 +34,15 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxIsolate",             "VxIsolate_Help",             "VxIsolate.png",             NotBuilt<"VxIsolate">,             AccessAssemblyOrMfg, true},
     {"VxHideReverse",         "VxHideReverse_Help",         "VxHideReverse.png",         NotBuilt<"VxHideReverse">,         AccessAssemblyOrMfg, true},
     {"VxShowAllComp",         "VxShowAllComp_Help",         "VxShowAllComp.png",         NotBuilt<"VxShowAllComp">,         AccessAssemblyOrMfg, true},
-    {"VxNormalView",          "VxNormalView_Help",          "VxNormalView.png",          NotBuilt<"VxNormalView">,          AccessAlways,        true},
-    {"VxParams",              "VxParams_Help",              "VxParams.png",              NotBuilt<"VxParams">,              AccessAssemblyOrMfg, true},
-    {"VxRelations",           "VxRelations_Help",           "VxRelations.png",           NotBuilt<"VxRelations">,           AccessAssemblyOrMfg, true},
+    {"VxNormalView",          "VxNormalView_Help",          "VxNormalView.png",          Command<VxNormalView>,             AccessAlways,        true},
+    {"VxParams",              "VxParams_Help",              "VxParams.png",              Command<VxParams>,                 AccessAssemblyOrMfg, true},
+    {"VxRelations",           "VxRelations_Help",           "VxRelations.png",           Command<VxRelations>,              AccessAssemblyOrMfg, true},
     {"SetUnit",               "SetUnit_Help",               "SetUnit.png",               NotBuilt<"SetUnit">,               AccessSolid,         true},
     {"CloneComp",             "CloneComp_Help",             "CloneComp.png",             NotBuilt<"CloneComp">,             AccessAssemblyOrMfg, true},
     {"CloneAndReplace",       "CloneAndReplace_Help",       "CloneAndReplace.png",       NotBuilt<"CloneAndReplace">,       AccessAssemblyOrMfg, true},
     {"VxMerge",               "VxMerge_Help",               "VxMerge.png",               NotBuilt<"VxMerge">,               AccessAssemblyOrMfg, true},
     {"VxMergeTo",             "VxMergeTo_Help",             "VxMergeTo.png",             NotBuilt<"VxMergeTo">,             AccessAssemblyOrMfg, true},
-    {"TweViews",              "TweViews_Help",              "TweViews.png",              NotBuilt<"TweViews">,              AccessSolidOrMfg,    true},
+    {"TweViews",              "TweViews_Help",              "TweViews.png",              Command<TweViews>,                 AccessSolidOrMfg,    true},
     {"NewDraw",               "NewDraw_Help",               "NewDraw.png",               NotBuilt<"NewDraw">,               AccessSolidOrMfg,    true},
     {"VxExStp",               "VxExStp_Help",               "VxExStp.png",               NotBuilt<"VxExStp">,               AccessAssemblyOrMfg, true},
     {"VxExIgs",               "VxExIgs_Help",               "VxExIgs.png",               NotBuilt<"VxExIgs">,               AccessAssemblyOrMfg, true},
@@ -45,7 +51,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxRename",              "VxRename_Help",              "VxRename.png",              NotBuilt<"VxRename">,              AccessAssemblyOrMfg, true},
     {"VxRemoveCons",          "VxRemoveCons_Help",          "VxRemoveCons.png",          NotBuilt<"VxRemoveCons">,          AccessAssemblyOrMfg, true},
     {"VxExport",              "VxExport_Help",              "VxExport.png",              NotBuilt<"VxExport">,              AccessAlways,        true},
-    {"VxMdlCount",            "VxMdlCount_Help",            "VxMdlCount.png",            NotBuilt<"VxMdlCount">,            AccessAssemblyOrMfg, true},
+    {"VxMdlCount",            "VxMdlCount_Help",            "VxMdlCount.png",            Command<VxMdlCount>,               AccessAssemblyOrMfg, true},
     {"VxNewDrw",              "VxNewDrw_Help",              "VxNewDrw.png",              NotBuilt<"VxNewDrw">,              AccessAssemblyOrMfg, true},
     {"VxDimModify",           "VxDimModify_Help",           "VxDimModify.png",           NotBuilt<"VxDimModify">,           AccessDrawing,       true},
     {"VxFrmReplace",          "VxFrmReplace_Help",          "VxFrmReplace.png",          NotBuilt<"VxFrmReplace">,          AccessAlways,        true},
@@ -61,7 +67,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxUpdateMainViewScale", "VxUpdateMainViewScale_Help", "VxUpdateMainViewScale.png", NotBuilt<"VxUpdateMainViewScale">, AccessDrawing,       true},
     {"VxSingleDim",           "VxSingleDim_Help",           "VxSingleDim.png",           NotBuilt<"VxSingleDim">,           AccessDrawing,       true},
     {"VxSetDirectory",        "VxSetDirectory_Help",        "VxSetDirectory.png",        NotBuilt<"VxSetDirectory">,        AccessAlways,        true},
-    {"VxConfig",              "VxConfig_Help",              "VxConfig.png",              NotBuilt<"VxConfig">,              AccessAlways,        true},
+    {"VxConfig",              "VxConfig_Help",              "VxConfig.png",              Command<VxConfig>,                 AccessAlways,        true},
     {"ForTest",               "ForTest_Help",               "ForTest.png",               NotBuilt<"ForTest">,               AccessAlways,        true},
     {"VxVipAbout",            "VxVipAbout_Help",            "VxVipAbout.png",            NotBuilt<"VxVipAbout">,            AccessAlways,        false},
     {"VxQQGroup",             "VxQQGroup_Help",             "VxQQGroup.png",             NotBuilt<"VxQQGroup">,             AccessAlways,        false},

@@ -33,6 +33,9 @@ public:
     // The first element. Moves when the array grows.
     T* data() const { return static_cast<T*>(array_); }
 
+    // Takes over an array that the host made, or this one from a place to which it has moved.
+    void Adopt(T* array) { array_ = array; }
+
     // What a visit hands on to the action that appends: the place of the array, not the array,
     // because the array may move.
     ProAppData Place() { return &array_; }

@@ -10,6 +10,7 @@
 #endif
 #include <windows.h>
 #include <locale.h>
+#include <shlobj.h>
 #include <wchar.h>
 
 // Windows' macros that would rename functions of ours.
@@ -152,6 +153,14 @@ HOST_API BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* o
 HOST_API BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written,
                         void* overlapped);
 HOST_API BOOL CloseHandle(HANDLE handle);
+
+// --- Folders of the user ----------------------------------------------------------------------
+
+#define CSIDL_DESKTOPDIRECTORY 0x10
+
+// Receives the full path of one of the system's folders, without a separator at its end, into
+// MAX_PATH characters. FALSE on failure.
+HOST_API BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create);
 
 // --- Code pages and locale --------------------------------------------------------------------
 

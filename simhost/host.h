@@ -1,6 +1,7 @@
 // The simulated host as one thing: what it is made of, and how it is started afresh.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/journal.h"
 #include "simhost/core/operation.h"
+#include "simhost/model/config_options.h"
 #include "simhost/model/session.h"
 #include "simhost/ui/commands.h"
 #include "simhost/ui/dialogs.h"
@@ -28,8 +30,10 @@ public:
     Messages messages;
 
     WideText textFolder;  // what ProToolkitApplTextPathGet reports; no separator at its end
-    std::vector<WideText> macros;  // queued by ProMacroLoad, run when the command has returned
-    User* user = nullptr;          // none: every question is a complaint
+    ConfigOptions configOptions;
+    std::deque<WideText> lentTexts;  // texts that operations handed out for good
+    std::vector<WideText> macros;    // queued by ProMacroLoad, run when the command has returned
+    User* user = nullptr;            // none: every question is a complaint
 
     std::vector<Shown> shown;
     std::vector<std::string> complaints;

@@ -8,13 +8,15 @@ Every model becomes one file of the simulated host's model format, and README.md
     tools/gearbox.py --check      compare the folder with what would be written, write nothing;
                                   exit status 1 when a file differs, is missing or is too many
 
-gearbox_models.py describes the gearbox; this program turns the description into files.
+gearbox_models.py describes the gearbox, gearbox_data.py what its models say about themselves; this
+program turns the descriptions into files.
 """
 
 import argparse
 import sys
 from pathlib import Path
 
+from gearbox_data import add_model_data
 from gearbox_modelling import models
 from gearbox_models import M1, M2, X_MID, X_OUT, Z1, Z2, Z3, Z4, define_all
 
@@ -52,8 +54,24 @@ def solid_lines(solids):
     return lines
 
 
+def data_lines(model):
+    """Parameters, relations, family table and sheets, as far as the model has them."""
+    lines = []
+    for key, value in model.get("parameters", []):
+        value = f"{value:.1f}" if isinstance(value, float) else toml(value)
+        lines += ["", "[[parameter]]", f"name = {toml(key)}", f"value = {value}"]
+    if "relations" in model:
+        lines += ["", "[relations]", f"initial = {toml(model['relations'])}"]
+    if "generic" in model:
+        lines += ["", "[family]", f"generic = {toml(model['generic'])}"]
+    if "sizes" in model:
+        lines += ["", "[sheets]", f"sizes = {toml(model['sizes'])}"]
+    return lines
+
+
 def model_text(name, model):
-    kind = {"prt": "part", "asm": "assembly", "mfg": "manufacturing"}[name[-3:]]
+    kinds = {"prt": "part", "asm": "assembly", "mfg": "manufacturing", "drw": "drawing"}
+    kind = kinds[name[-3:]]
     lines = ["# " + model["note"], "[model]", f'type = "{kind}"']
     lines += [f"{key} = {toml(value)}" for key, value in model.get("flags", {}).items()]
     lines.append(f'title = "{model["title"]}"')
@@ -63,6 +81,7 @@ def model_text(name, model):
         lines += ["", "[appearance]",
                   "color = [" + ", ".join(f"{c:.2f}" for c in model["colour"]) + "]",
                   f"transparency = {model['clear']:.1f}"]
+    lines += data_lines(model)
     lines += solid_lines(model.get("solids", []))
     for row in model["features"]:
         lines += ["", "[[feature]]"] + [f"{key} = {toml(value)}" for key, value in row.items()]
@@ -110,8 +129,8 @@ centred on its own +x axis; the wheels are turned by half a pitch, so that the t
 
 ## Tree
 
-{files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model. Below `gearbox.asm`
-stand {places} components in {levels} levels, the top included.
+{files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model, {drawings} drawings.
+Below `gearbox.asm` stand {places} components in {levels} levels, the top included.
 
 ```
 {tree}
@@ -128,6 +147,11 @@ stand {places} components in {levels} levels, the top included.
 - Suppressed: `transport_lock.prt`. Hidden: `空间包络.prt`. Both stand in `gearbox.asm`.
 - Skeleton without solids: `gearbox_skel.prt`. Sheet metal: `防护罩.prt`.
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
+- Parameters: 代号 and 名称 everywhere, 材料 on parts. Relations decide 重量 of `housing.prt` and
+  数量 of `washer_12.prt`, so nobody else can change these two.
+- Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it stands in no assembly.
+- Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
+  more yet than the sizes of their sheets.
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.
 - Names are partly Chinese, partly English, as they are in real projects.
 - Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there) and
@@ -144,6 +168,7 @@ def readme_text():
         a2=X_OUT - X_MID, i=Z2 / Z1 * Z4 / Z3, files=len(models),
         asms=sum(n.endswith(".asm") for n in models),
         parts=sum(n.endswith(".prt") for n in models),
+        drawings=sum(n.endswith(".drw") for n in models),
         places=sum(total.values()), tree="\n".join(tree),
         levels=1 + max((len(t) - len(t.lstrip())) // 4 for t in tree),
         often=", ".join(f"`{n}` ({total[n]})" for n in names))
@@ -156,6 +181,7 @@ def main():
     parser.add_argument("--check", action="store_true", help="compare, write nothing")
     options = parser.parse_args()
     define_all()
+    add_model_data()
     files = {f"{name}.1": model_text(name, model) for name, model in models.items()}
     files["README.md"] = readme_text()
     wanted = {name: text.encode("utf-8") for name, text in files.items()}

@@ -27,7 +27,8 @@ DOOR = {f"hostapi/{name}.h" for name in ("host", "windows", "wide", "excel", "ex
 TIES = {}
 
 # Where the door meets the real Windows and the vendor's own headers.
-SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "wchar.h", "locale.h"}}
+SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "shlobj.h", "wchar.h",
+                                                      "locale.h"}}
 VENDOR_DOOR = "hostapi/vendor.h"
 
 STANDARD_HEADERS = set("""

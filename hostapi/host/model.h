@@ -21,11 +21,33 @@ typedef enum {
 // The model of the current window. PRO_TK_BAD_CONTEXT: there is none.
 HOST_API ProError ProMdlCurrentGet(ProMdl* model);
 
+// The kind of a model as text: "PRT", "ASM", "DRW" and so on.
+#define PRO_TYPE_SIZE 4
+typedef struct VxModelData {
+    ProPath path;
+    ProName name;
+    WideChar type[PRO_TYPE_SIZE];
+    int version;
+} ProMdldata;
+
+// Receives the model's name, its kind as text, and where it came from.
+HOST_API ProError ProMdlDataGet(ProMdl model, ProMdldata* data);
+
+// The model of this name and type, from memory or from the working folder.
+// PRO_TK_E_NOT_FOUND: there is none.
+HOST_API ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model);
+
+// Whether the model may be changed. `checkAll`: also asks what a release or a workspace says.
+HOST_API ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable);
+
 // Receives the model's name, without its type, in capitals as far as it is ASCII.
 HOST_API ProError ProMdlNameGet(ProMdl model, ProName name);
 
 HOST_API ProError ProMdlTypeGet(ProMdl model, ProMdlType* type);
 HOST_API ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype);
+
+// The model as an item, as which it owns parameters and relations.
+HOST_API ProError ProMdlToModelitem(ProMdl model, ProModelitem* item);
 
 // The assembly that a manufacturing model works on. PRO_TK_BAD_INPUTS: not such a model.
 HOST_API ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly);

@@ -56,7 +56,13 @@ typedef enum {
     PRO_TK_MSG_FMT_ERROR = -30,
     PRO_TK_MSG_USER_QUIT = -31,
     PRO_TK_MSG_TOO_LONG = -32,
-    PRO_TK_CANT_ACCESS = -33
+    PRO_TK_CANT_ACCESS = -33,
+    PRO_TK_CRE_VIEW_BAD_SHEET = -50,
+    PRO_TK_CRE_VIEW_BAD_MODEL = -51,
+    PRO_TK_CRE_VIEW_BAD_PARENT = -52,
+    PRO_TK_CRE_VIEW_BAD_EXPLODE = -54,
+    PRO_TK_DWGCREATE_ERRORS = -57,
+    PRO_TK_NO_PERMISSION = -59
 } ProError;
 
 // Kinds of items, as far as the plug-in meets them. ProMdlType uses the same numbers for models.

@@ -7,3 +7,20 @@
 
 // Draws a window afresh; PRO_VALUE_UNUSED (-1) is the current window.
 HOST_API ProError ProWindowRepaint(int window);
+
+// Opens a window for the model of this name and kind, from memory or from the working folder, or
+// finds the one that shows it. Receives its id. The current window stays the current one.
+// PRO_TK_E_NOT_FOUND: no such model.
+HOST_API ProError ProObjectwindowCreate(ProName name, ProType type, int* window);
+
+// Makes a window the one that commands work on. PRO_TK_BAD_INPUTS: no such window.
+HOST_API ProError ProWindowCurrentSet(int window);
+
+// Brings a window to the front and gives it the user's attention; it is then the current one.
+HOST_API ProError ProWindowActivate(int window);
+
+// Draws a model in its window. PRO_TK_E_NOT_FOUND: it has none.
+HOST_API ProError ProMdlDisplay(ProMdl model);
+
+// The window that shows a model. PRO_TK_E_NOT_FOUND: none does.
+HOST_API ProError ProMdlWindowGet(ProMdl model, int* window);

@@ -1,4 +1,5 @@
-// The demonstration: the gearbox is coloured in each of the three modes.
+// The demonstration: the gearbox is coloured in each of the three modes, and data is written into
+// its models.
 #include "simhost/app/demo.h"
 
 #include <fmt/format.h>
@@ -7,6 +8,8 @@
 #include <map>
 #include <vector>
 
+#include "simhost/app/demo_data.h"
+#include "simhost/app/demo_views.h"
 #include "simhost/app/picture.h"
 #include "simhost/app/picture_file.h"
 #include "simhost/core/disk.h"
@@ -56,6 +59,8 @@ public:
             NoteColours();
         }
         ShowColours();
+        if (!RunDataDemo(print_)) failed_ = true;
+        if (!RunViewsDemo(out_, print_)) failed_ = true;
         Save();
         return failed_ ? 1 : 0;
     }
@@ -117,7 +122,7 @@ private:
             failed_ = true;
             print_(wrong);
         }
-        print_("coloured project: " + workplace_.Real(host.session.workingDirectory).string());
+        print_("changed project:  " + workplace_.Real(host.session.workingDirectory).string());
         print_("picture:          " + picture.string());
     }
 

@@ -9,8 +9,9 @@
 
 namespace simhost {
 
-// Loads the plug-in, opens the sample gearbox, colours it in each of the three modes, tells what
-// happened, and saves the coloured project and a picture below `out`. 0 if all went well.
+// Loads the plug-in, opens the sample gearbox, colours it in each of the three modes, writes
+// data into its models, tells what happened, and saves the changed project and a picture below
+// `out`. 0 if all went well.
 int RunDemo(WorkplaceOptions options, const std::filesystem::path& out,
             const std::function<void(const std::string&)>& print);
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "simhost/app/demo.h"
+#include "simhost/app/dialog_picture.h"
 #include "simhost/app/faults.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/picture_file.h"
@@ -143,6 +144,8 @@ int main(int argc, char* argv[]) {
     generate->add_option("--models", options.models, "Different models below the top");
     generate->add_option("--depth", options.depth, "Levels");
     generate->add_option("--seed", options.seed, "Start of the random numbers");
+    CLI::App* dialogs = app.add_subcommand("dialogs", "Draw every dialog of the plug-in");
+    dialogs->add_option("--out", options.out, "Folder for the pictures")->required();
     CLI11_PARSE(app, argc, argv);
 
     try {
@@ -152,6 +155,13 @@ int main(int argc, char* argv[]) {
             GenerateAssembly(options.out, options.occurrences, options.models, options.depth,
                              options.seed);
             PrintLine("written: " + options.out + "/large.asm.1");
+            return 0;
+        }
+        if (dialogs->parsed()) {
+            const fs::path resources = fs::path(VX_SOURCE_DIR) / "text" / "resource";
+            for (const fs::path& picture : DrawDialogs(resources, options.out)) {
+                PrintLine("drawn: " + picture.string());
+            }
             return 0;
         }
         return RunPrompt(options);

@@ -19,6 +19,13 @@ struct HeldOnPurpose {
 };
 extern const std::vector<HeldOnPurpose> kHeldOnPurpose;
 
+// A caller that frees a null array and ignores the answer.
+struct NullFreedOnPurpose {
+    const char* holder;
+    const char* why;
+};
+extern const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose;
+
 class ArrayLedger {
 public:
     ~ArrayLedger();

@@ -15,6 +15,7 @@ enum class HandleKind : std::uint8_t {
     Selection = 0x23,
     Command = 0x24,
     Object = 0x25,
+    View = 0x26,
 };
 
 inline HandleKind KindOf(const void* handle) {

@@ -4,9 +4,12 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "simhost/core/handles.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/drawing.h"
 
 namespace simhost {
 
@@ -165,6 +168,7 @@ std::string Describe(const void* handle) {
                 return "selection of " + Describe(selection->item);
             }
             break;
+        case HandleKind::View: return DescribeView(handle);
         case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";
@@ -173,6 +177,19 @@ std::string Describe(const void* handle) {
 std::string Describe(const ProModelitem& item) {
     return fmt::format("{} item {} of type {}", Describe(static_cast<const void*>(item.owner)),
                        item.id, int(item.type));
+}
+
+std::string Describe(const ProParameter& parameter) {
+    const WideChar* id = parameter.id;
+    const WideText name(id, std::find(id, id + PRO_NAME_SIZE, WideChar{}));
+    return fmt::format("{} of {}", Quoted(Utf8(name)), Describe(parameter.owner.owner));
+}
+
+std::string Describe(const ProParamvalue& value) {
+    Parameter parameter;
+    TakeValue(value, &parameter);
+    const std::string text = ValueText(parameter);
+    return parameter.type == PRO_PARAM_STRING ? Quoted(text) : text;
 }
 
 }  // namespace simhost

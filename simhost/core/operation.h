@@ -19,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "hostapi/host/parameter.h"
 #include "hostapi/host/types.h"
 
 namespace simhost {
@@ -61,6 +62,8 @@ std::string Describe(const char* text);
 std::string Describe(const WideChar* text);
 std::string Describe(const void* handle);  // a model's name and so on, else "handle" or "null"
 std::string Describe(const ProModelitem& item);
+std::string Describe(const ProParameter& parameter);
+std::string Describe(const ProParamvalue& value);
 inline std::string Describe(char* text) {
     return Describe(static_cast<const char*>(text));
 }
@@ -80,7 +83,9 @@ std::string DescribeAny(const T& value) {
     } else if constexpr (std::is_pointer_v<T> &&
                          !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, char> &&
                          !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, WideChar>) {
-        if constexpr (std::is_convertible_v<T, const ProModelitem*>) {
+        if constexpr (std::is_convertible_v<T, const ProModelitem*> ||
+                      std::is_convertible_v<T, const ProParameter*> ||
+                      std::is_convertible_v<T, const ProParamvalue*>) {
             return value ? Describe(*value) : "null";
         } else {
             return Describe(static_cast<const void*>(value));

@@ -3,6 +3,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/model_file.h"
 
 using namespace simhost;
 
@@ -50,6 +51,64 @@ ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype) {
             return PRO_TK_NO_ERROR;
         },
         "model", model, "subtype", Out(subtype));
+}
+
+ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
+    static Operation op("ProMdlDataGet");
+    return op.Call(
+        [&] {
+            Need(data, "the place for the data");
+            const Model& found = TheHost().session.Require(model);
+            *data = {};
+            CopyCut(TheHost().session.workingDirectory, data->path, PRO_PATH_SIZE);
+            CopyCut(found.name, data->name, PRO_NAME_SIZE);
+            CopyCut(Upper(Wide(SuffixOf(found.type))), data->type, PRO_TYPE_SIZE);
+            data->version = found.version;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model);
+}
+
+ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
+    static Operation op("ProMdlRetrieve");
+    return op.Call(
+        [&] {
+            Need(name, "the name");
+            Need(model, "the place for the model");
+            const std::string file = Utf8(Lower(WideView(name))) + '.' + SuffixOf(type);
+            try {
+                const Model* found = TheHost().session.Retrieve(file);
+                if (!found) Refuse(PRO_TK_E_NOT_FOUND);
+                *model = found->handle;
+            } catch (const ModelFileError& error) {
+                Complain(PRO_TK_INVALID_FILE, error.what());
+            }
+            return PRO_TK_NO_ERROR;
+        },
+        "name", name, "type", type, "model", Out(model));
+}
+
+ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable) {
+    static Operation op("ProMdlIsModifiable");
+    return op.Call(
+        [&] {
+            Need(modifiable, "the place for the answer");
+            *modifiable = TheHost().session.Require(model).readOnly ? PRO_B_FALSE : PRO_B_TRUE;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "checkAll", checkAll, "modifiable", Out(modifiable));
+}
+
+ProError ProMdlToModelitem(ProMdl model, ProModelitem* item) {
+    static Operation op("ProMdlToModelitem");
+    return op.Call(
+        [&] {
+            Need(item, "the place for the item");
+            const Model& found = TheHost().session.Require(model);
+            *item = {ProType(found.type), -1, found.handle};
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "item", Out(item));
 }
 
 ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {

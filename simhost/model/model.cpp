@@ -101,12 +101,37 @@ const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
         surfacesMade_ = true;
         for (const Solid& solid : solids) {
             for (int i = 1; i <= SurfaceCount(solid); ++i) {
-                surfaces_.push_back(std::make_unique<Surface>(Surface{this, solid.id + i, {}}));
+                surfaces_.push_back(
+                    std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}, {}}));
                 TheHost().session.Register(surfaces_.back().get());
             }
         }
     }
     return surfaces_;
+}
+
+ProGeomitemdata* Model::SurfaceData(Surface& surface) {
+    if (surface.data.data.p_surface_data) return &surface.data;
+    Extents extents;
+    for (const Solid& solid : surface.part->solids) {
+        if (surface.id <= solid.id || surface.id > solid.id + SurfaceCount(solid)) continue;
+        for (const SolidFace& face : Faces(solid)) {
+            if (face.surface != surface.id) continue;
+            for (const Facet& facet : face.facets) {
+                for (const Vec3 corner : facet.corners) extents.Add(corner);
+            }
+        }
+    }
+    const auto fill = [](Vec3 v, Pro3dPnt point) {
+        point[0] = v.x;
+        point[1] = v.y;
+        point[2] = v.z;
+    };
+    fill(extents.low, surface.box.xyz_min);
+    fill(extents.high, surface.box.xyz_max);
+    surface.data.obj_type = PRO_SURFACE;
+    surface.data.data.p_surface_data = &surface.box;
+    return &surface.data;
 }
 
 bool Model::HasSurface(int id) {

@@ -10,11 +10,17 @@
 #include <vector>
 
 #include "hostapi/host.h"
+#include "simhost/model/drawing_sheets.h"
+#include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
+#include "simhost/model/parameters.h"
+#include "simhost/model/relations.h"
 
 namespace simhost {
 
 class Model;
+class Drawing;
+struct ScreenView;
 
 // The states of ProFeatureStatusGet, and their words in model files.
 const char* StatusName(ProFeatStatus status);
@@ -38,6 +44,8 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
+    ProSurfacedata box{};  // see Model::SurfaceData
+    ProGeomitemdata data{};
 };
 
 // What the host paints on what has no appearance of its own.
@@ -59,6 +67,14 @@ public:
     std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
     std::string manufacturedFile;                         // manufacturing models: their assembly
     Model* manufactured = nullptr;
+    Parameters parameters;  // its own
+    Relations relations;
+    FamilyTable family;
+    DrawingSheets sheets;                // drawings
+    std::shared_ptr<Drawing> drawing;    // drawings: their views; see DrawingOf
+    std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
+    bool readOnly = false;               // released: the host lets nobody change it
+    int treeRefreshes = 0;               // how often its tree was shown afresh
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one
@@ -67,6 +83,8 @@ public:
 
     const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
     bool HasSurface(int id);
+    // The record of the door for one of its surfaces; made at first use.
+    static ProGeomitemdata* SurfaceData(Surface& surface);
 
     // "gearbox.asm": the name in small letters and the type's suffix.
     std::string FileName() const;

@@ -5,16 +5,6 @@
 
 namespace simhost {
 
-// The types of models that have files.
-struct TypeWord {
-    const char* word;
-    ProMdlType type;
-};
-inline constexpr TypeWord kTypes[] = {
-    {"part", PRO_MDL_PART},       {"assembly", PRO_MDL_ASSEMBLY}, {"manufacturing", PRO_MDL_MFG},
-    {"drawing", PRO_MDL_DRAWING}, {"format", PRO_MDL_DWGFORM},
-};
-
 // The numbers of an appearance; the two colours follow them.
 struct AppearanceKey {
     const char* key;

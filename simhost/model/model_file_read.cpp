@@ -12,119 +12,20 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/model_file.h"
+#include "simhost/model/model_file_data.h"
+#include "simhost/model/model_file_drawing.h"
 #include "simhost/model/model_file_keys.h"
+#include "simhost/model/model_text.h"
 
 namespace simhost {
+
+using namespace model_text;
 
 namespace {
 
 using std::string_view;
 
-// --- Values of the right kind ---
-
-using Keys = std::vector<string_view>;
-
-[[noreturn]] void Fail(const toml::source_region& where, const std::string& what) {
-    const std::string file = where.path ? *where.path : std::string("model");
-    throw ModelFileError(file + ':' + std::to_string(where.begin.line) + ": " + what);
-}
-
-std::string Quoted(string_view word) {
-    return '"' + std::string(word) + '"';
-}
-
-void Allow(const toml::table& table, const Keys& keys) {
-    for (const auto& [key, value] : table) {
-        if (std::find(keys.begin(), keys.end(), key.str()) != keys.end()) continue;
-        Fail(key.source(), "unknown key " + Quoted(key.str()));
-    }
-}
-
-void OnlyIn(const Model& model, ProMdlType type, const toml::node* node, string_view key) {
-    if (!node || model.type == type) return;
-    for (const TypeWord& row : kTypes) {
-        if (row.type != type) continue;
-        Fail(node->source(), Quoted(key) + " belongs only in a model of type " + Quoted(row.word));
-    }
-}
-
-const toml::node& Require(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    if (!node) Fail(table.source(), Quoted(key) + " is missing");
-    return *node;
-}
-
-const toml::table* Table(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    if (!node) return nullptr;
-    if (!node->is_table()) {
-        Fail(node->source(), Quoted(key) + " must be a table: [" + std::string(key) + "]");
-    }
-    return node->as_table();
-}
-
-template <class Each>
-void EachTable(const toml::table& root, string_view key, Each each) {
-    const toml::node* node = root.get(key);
-    if (!node) return;
-    const std::string name(key);
-    const std::string what = Quoted(key) + " must be a list of tables: [[" + name + "]]";
-    if (!node->is_array()) Fail(node->source(), what);
-    for (const toml::node& one : *node->as_array()) {
-        if (!one.is_table()) Fail(one.source(), what);
-        each(*one.as_table());
-    }
-}
-
-double NumberOf(const toml::node& node, string_view key) {
-    const auto number = node.is_number() ? node.value<double>() : std::nullopt;
-    if (!number || !std::isfinite(*number)) {
-        Fail(node.source(), Quoted(key) + " must be a number");
-    }
-    return *number;
-}
-
-int Integer(const toml::node& node, string_view key, int least) {
-    const auto* whole = node.as_integer();
-    if (!whole || whole->get() < least || whole->get() > INT_MAX) {
-        Fail(node.source(), Quoted(key) + " must be a whole number" +
-                                (least > INT_MIN ? ", at least " + std::to_string(least) : ""));
-    }
-    return int(whole->get());
-}
-
-bool Flag(const toml::table& table, string_view key, bool byDefault) {
-    const toml::node* node = table.get(key);
-    if (!node) return byDefault;
-    if (!node->is_boolean()) Fail(node->source(), Quoted(key) + " must be true or false");
-    return node->as_boolean()->get();
-}
-
-std::string Text(const toml::node& node, string_view key) {
-    if (!node.is_string()) Fail(node.source(), Quoted(key) + " must be a text in quotes");
-    return node.as_string()->get();
-}
-
-std::string Text(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    return node ? Text(*node, key) : std::string();
-}
-
-void Numbers(const toml::node& node, string_view key, double* values, std::size_t count) {
-    const toml::array* list = node.as_array();
-    if (!list || list->size() != count) {
-        Fail(node.source(),
-             Quoted(key) + " must be a list of " + std::to_string(count) + " numbers");
-    }
-    for (std::size_t i = 0; i < count; ++i) values[i] = NumberOf(*list->get(i), key);
-}
-
-Vec3 Vector(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    std::array<double, 3> v{};
-    if (node) Numbers(*node, key, v.data(), v.size());
-    return {v[0], v[1], v[2]};
-}
+// --- Appearances and the model itself ---
 
 // Values of an appearance, left as they are where the key is missing.
 void Share(const toml::table& table, string_view key, double* values, std::size_t count) {
@@ -141,14 +42,14 @@ void Share(const toml::table& table, string_view key, double* values, std::size_
 }
 
 void ReadModel(const toml::table& table, Model* model) {
-    Allow(table, {"type", "subtype", "skeleton", "title"});
+    Allow(table, {"type", "subtype", "skeleton", "title", "read_only"});
     const toml::node& typeNode = Require(table, "type");
     const std::string word = Text(typeNode, "type");
-    const auto row = std::find_if(std::begin(kTypes), std::end(kTypes),
-                                  [&](const TypeWord& one) { return one.word == word; });
-    if (row == std::end(kTypes)) Fail(typeNode.source(), "unknown model type " + Quoted(word));
-    model->type = row->type;
-    model->subtype = row->type == PRO_MDL_PART ? PROMDLSTYPE_PART_SOLID : PROMDLSTYPE_NONE;
+    model->type = ModelTypeOfWord(word);
+    if (model->type == PRO_MDL_UNUSED) {
+        Fail(typeNode.source(), "unknown model type " + Quoted(word));
+    }
+    model->subtype = model->type == PRO_MDL_PART ? PROMDLSTYPE_PART_SOLID : PROMDLSTYPE_NONE;
 
     OnlyIn(*model, PRO_MDL_PART, table.get("subtype"), "subtype");
     OnlyIn(*model, PRO_MDL_PART, table.get("skeleton"), "skeleton");
@@ -161,6 +62,7 @@ void ReadModel(const toml::table& table, Model* model) {
     }
     model->skeleton = Flag(table, "skeleton", false);
     model->title = Text(table, "title");
+    model->readOnly = Flag(table, "read_only", false);
 }
 
 Keys AppearanceKeys() {
@@ -370,7 +272,10 @@ void ReadFeature(const toml::table& table, std::unordered_set<int>* ids, Model* 
 }
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {
-    Allow(root, {"model", "appearance", "solid", "surface", "feature", "manufacturing"});
+    Keys keys{"model", "appearance", "solid", "surface", "feature", "manufacturing"};
+    for (const string_view key : ModelDataKeys()) keys.push_back(key);
+    for (const string_view key : DrawingKeys()) keys.push_back(key);
+    Allow(root, keys);
     const toml::table* about = Table(root, "model");
     if (!about) throw ModelFileError(fileName + ":1: the table [model] is missing");
     ReadModel(*about, model);
@@ -392,6 +297,8 @@ void ReadRoot(const toml::table& root, const std::string& fileName, Model* model
         model->manufacturedFile = Text(file, "assembly");
         if (model->manufacturedFile.empty()) Fail(file.source(), "\"assembly\" must not be empty");
     }
+    ReadModelData(root, model);
+    ReadDrawing(root, model);
 }
 
 }  // namespace

@@ -8,64 +8,21 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/model_file.h"
+#include "simhost/model/model_file_data.h"
+#include "simhost/model/model_file_drawing.h"
 #include "simhost/model/model_file_keys.h"
+#include "simhost/model/model_text.h"
 
 namespace simhost {
+
+using namespace model_text;
 
 namespace {
 
 using std::string_view;
 
-// The shortest text that reads back as the same number.
-std::string NumberText(double value) {
-    if (value == 0) return "0";
-    char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-    std::string text(buffer, end);
-    // Digits alone are a whole number in the format, and those end at 64 bits.
-    if (std::fabs(value) >= 1e15 && text.find_first_of(".e") == std::string::npos) text += ".0";
-    return text;
-}
-
-std::string ListText(std::initializer_list<double> values) {
-    std::string text;
-    for (const double value : values) text += (text.empty() ? "[" : ", ") + NumberText(value);
-    return text + ']';
-}
-
-std::string ListText(const double* colour) {
+std::string ColourList(const double* colour) {
     return ListText({colour[0], colour[1], colour[2]});
-}
-
-std::string TextText(string_view text) {
-    std::string result = "\"";
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            result += '\\';
-            result += c;
-        } else if (code < 0x20 || code == 0x7f) {
-            constexpr char kDigits[] = "0123456789ABCDEF";
-            result += "\\u00";
-            result += kDigits[code >> 4];
-            result += kDigits[code & 15];
-        } else {
-            result += c;
-        }
-    }
-    return result + '"';
-}
-
-void Line(std::string* text, const char* key, const std::string& value) {
-    *text += key;
-    *text += " = ";
-    *text += value;
-    *text += '\n';
-}
-
-void AddVector(std::string* text, const char* key, Vec3 v) {
-    if (v.x == 0 && v.y == 0 && v.z == 0) return;
-    Line(text, key, ListText({v.x, v.y, v.z}));
 }
 
 // Angles come back from a placement with the last digits blurred: ten decimals say all.
@@ -80,21 +37,20 @@ void AddAppearance(std::string* text, const ProdbSurfaceProps& props) {
         if (value != usual.*row.value) Line(text, row.key, NumberText(value));
     }
     if (!std::equal(props.colour, props.colour + 3, usual.colour)) {
-        Line(text, "color", ListText(props.colour));
+        Line(text, "color", ColourList(props.colour));
     }
     if (!std::equal(props.highlightColour, props.highlightColour + 3, usual.highlightColour)) {
-        Line(text, "highlight_color", ListText(props.highlightColour));
+        Line(text, "highlight_color", ColourList(props.highlightColour));
     }
 }
 
 void AddModel(std::string* text, const Model& model) {
     *text += "[model]\n";
-    for (const TypeWord& row : kTypes) {
-        if (row.type == model.type) Line(text, "type", TextText(row.word));
-    }
+    Line(text, "type", TextText(WordOfModelType(model.type)));
     if (model.subtype == PROMDLSTYPE_PART_SHEETMETAL) Line(text, "subtype", "\"sheetmetal\"");
     if (model.skeleton) Line(text, "skeleton", "true");
     if (!model.title.empty()) Line(text, "title", TextText(model.title));
+    if (model.readOnly) Line(text, "read_only", "true");
 }
 
 void AddSolid(std::string* text, const Solid& solid) {
@@ -152,6 +108,8 @@ std::string ModelText(const Model& model) {
         text += "\n[appearance]\n";
         AddAppearance(&text, *model.appearance);
     }
+    AddModelData(&text, model);
+    AddDrawing(&text, model);
     for (const Solid& solid : model.solids) AddSolid(&text, solid);
     for (const auto& [id, props] : model.surfaceAppearances) {
         text += "\n[[surface]]\n";

@@ -81,6 +81,7 @@ void Session::Erase(Model& model) {
             if (feature.model == &model) feature.model = nullptr;
         }
         if (other->manufactured == &model) other->manufactured = nullptr;
+        if (other->family.generic == &model) other->family.generic = nullptr;
     }
     for (Window& window : windows_) {
         if (window.model == &model) window.model = nullptr;
@@ -175,6 +176,9 @@ Model* Session::Retrieve(const std::string& name) {
         }
         if (!model->manufacturedFile.empty() && !model->manufactured) {
             model->manufactured = bring(model->manufacturedFile);
+        }
+        if (!model->family.genericFile.empty() && !model->family.generic) {
+            model->family.generic = bring(model->family.genericFile);
         }
     }
     return top;

@@ -47,6 +47,10 @@ bool IsDone(const Wait& wait) {
 
 Trail::Trail(Source& source, Print print) : source_(source), print_(std::move(print)) {}
 
+void Trail::Begin(const std::string& line) {
+    for (Step& step : LexLine(line)) pending_.push_back(std::move(step));
+}
+
 bool Trail::Run() {
     Host& host = TheHost();
     User* before = host.user;
@@ -156,7 +160,8 @@ bool Trail::Serve(Wait& wait) {
     while (!IsDone(wait)) {
         auto step = NextStep();
         if (!step) {
-            Fail(Describe(wait) + " and the script is at its end");
+            // By hand the end of input is a way out like any other.
+            if (!patient()) Fail(Describe(wait) + " and the script is at its end");
             served = false;
             break;
         }
@@ -212,6 +217,23 @@ std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
     wait.prompt = prompt;
     if (!trail_.Serve(wait)) trail_.Say("(the prompt is left)");
     return wait.answer;
+}
+
+std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {
+    const WideText title =
+        question.title + WIDE(" (") + question.filter + WIDE(") ") + question.folder;
+    const auto answer = AnswerPrompt(title, question.proposed);
+    if (!answer) return std::nullopt;
+    WideText path = *answer;
+    // A name alone lies in the folder that is shown; models on disk have a version behind them.
+    if (path.find(WIDE(":\\")) == WideText::npos) path = question.folder + WIDE("\\") + path;
+    bool found = false;
+    for (const WideText& file : {path, path + WIDE(".1")}) {
+        if (!found) ReadFile(TheHost().disk.Real(file), &found);
+    }
+    if (found) return path;
+    trail_.Fail("the file dialog has no file " + Utf8(path));
+    return std::nullopt;
 }
 
 // --- Doing -------------------------------------------------------------------------------------

@@ -33,6 +33,8 @@ public:
     Trail(const Trail&) = delete;
     Trail& operator=(const Trail&) = delete;
 
+    // Does this line before the first one of the source; it does not count as a line of it.
+    void Begin(const std::string& line);
     // Runs to the end; true if nothing failed. While it runs, it is the host's user.
     bool Run();
     // What failed, each with its place in the script.
@@ -57,6 +59,7 @@ private:
         void UseDialog(Dialog& dialog) override;
         std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                              const WideText& byDefault) override;
+        std::optional<WideText> AnswerFile(const FileQuestion& question) override;
 
     private:
         Trail& trail_;

@@ -64,6 +64,15 @@ void ExpectAvailable(Trail& trail, const std::string& rest);
 void ExpectButton(Trail& trail, const std::string& rest);
 void ExpectNoButton(Trail& trail, const std::string& rest);
 
+void ExpectParameter(Trail& trail, const std::string& rest);
+void ExpectRelations(Trail& trail, const std::string& rest);
+void ExpectViews(Trail& trail, const std::string& rest);
+void SetParameter(Trail& trail, const std::string& rest);
+void SetOption(Trail& trail, const std::string& rest);
+void ShowParameters(Trail& trail);
+void ShowRelations(Trail& trail);
+void ShowViews(Trail& trail);
+
 void Show(Trail& trail, const std::string& rest);
 const std::vector<std::string>& ShowTopics();
 std::string ColourWords(const ProdbSurfaceProps& props);  // "255.128.0": red, green, blue

@@ -64,7 +64,9 @@ void ShowDialog(Trail& trail) {
     if (!dialog) return trail.Say("no dialog is open");
     trail.SayAll(DialogText(*dialog));
     for (const auto& component : dialog->components()) {
-        trail.Say(fmt::format("{} {}", Padded(component->kind(), 14), component->name()));
+        const std::string state = component->State();
+        trail.Say(fmt::format("{} {}{}{}", Padded(component->kind(), 14), component->name(),
+                              state.empty() ? "" : " = ", state));
     }
 }
 
@@ -131,9 +133,12 @@ struct Topic {
     void (*show)(Trail&);
 };
 constexpr Topic kTopics[] = {
-    {"models", ShowModels},   {"menu", ShowMenu},         {"commands", ShowCommands},
-    {"dialog", ShowDialog},   {"popup", ShowPopup},       {"selection", ShowSelection},
-    {"colours", ShowColours}, {"messages", ShowMessages},
+    {"models", ShowModels},       {"menu", ShowMenu},
+    {"commands", ShowCommands},   {"dialog", ShowDialog},
+    {"popup", ShowPopup},         {"selection", ShowSelection},
+    {"colours", ShowColours},     {"parameters", ShowParameters},
+    {"relations", ShowRelations}, {"views", ShowViews},
+    {"messages", ShowMessages},
 };
 
 }  // namespace

@@ -2,8 +2,11 @@
 #include "simhost/ui/component.h"
 
 #include "simhost/core/text.h"
+#include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
+#include "simhost/ui/radiogroup.h"
 #include "simhost/ui/text_frame.h"
+#include "simhost/ui/textfield.h"
 
 namespace simhost {
 namespace {
@@ -27,7 +30,9 @@ struct KindRow {
 };
 // A kind that gets operations of its own joins here.
 constexpr KindRow kKinds[] = {
-    {PushButton::kKind, Make<PushButton>},
+    {CheckButton::kKind, Make<CheckButton>}, {InputPanel::kKind, Make<InputPanel>},
+    {OptionMenu::kKind, Make<OptionMenu>},   {PushButton::kKind, Make<PushButton>},
+    {RadioGroup::kKind, Make<RadioGroup>},   {TextArea::kKind, Make<TextArea>},
 };
 
 }  // namespace

@@ -50,6 +50,8 @@ public:
 
     // How it looks on a terminal: lines of text.
     virtual std::vector<std::string> Picture() const;
+    // What it holds, and what else could be chosen, in one line; empty where it holds nothing.
+    virtual std::string State() const { return {}; }
 
 protected:
     // For the kinds: everything but the focus. The component is shown and not greyed.

@@ -9,6 +9,7 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/ui/textfield.h"
 
 namespace simhost {
 namespace {
@@ -181,7 +182,8 @@ std::string Dialogs::Use(Verb verb, const std::string& dialog, const std::string
         return fmt::format("dialog {} is open and has to be used first, not {}", Active()->name(),
                            dialog);
     }
-    if (verb == Verb::Close) {
+    // The window itself, unless it is a menu's list that is closed.
+    if (verb == Verb::Close && !dynamic_cast<OptionMenu*>(Active()->Find(component))) {
         Active()->CloseWindow();
         return {};
     }

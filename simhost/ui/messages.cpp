@@ -44,9 +44,11 @@ const Messages::File* Messages::Load(WideView file) {
     const auto written = std::filesystem::last_write_time(real, error);
     const auto size = error ? 0 : std::filesystem::file_size(real, error);
     if (real.empty() || error) return nullptr;
-    File& known = files_[real];
-    if (!known.texts.empty() && known.written == written && known.size == size) return &known;
-    known = {written, size, {}};
+    const auto old = files_.find(real);
+    if (old != files_.end() && old->second.written == written && old->second.size == size) {
+        return &old->second;
+    }
+    File& known = files_[real] = {written, size, {}};
     const std::vector<WideText> lines = Lines(ReadFile(real));
     for (std::size_t at = 0; at < lines.size(); at += 4) {
         if (lines[at].empty() && at + 1 == lines.size()) break;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <set>
 
 namespace simhost {
 namespace {
@@ -222,6 +223,10 @@ private:
                 if (!Declared(item.word)) {
                     reader_.Fail(item.line, fmt::format("no component {} is declared", item.word));
                 }
+                // Once only: layouts that hold each other would have no end.
+                if (!laidOut_.insert(item.word).second) {
+                    reader_.Fail(item.line, fmt::format("{} is laid out twice", item.word));
+                }
                 grid.children.emplace_back().component = item.word;
             }
         }
@@ -237,6 +242,7 @@ private:
 
     const Reader& reader_;
     DialogResource resource_;
+    std::set<std::string> laidOut_;
 };
 
 }  // namespace

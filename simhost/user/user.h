@@ -21,6 +21,14 @@ struct Box {
     unsigned flags = 0;
 };
 
+// What a file dialog asks.
+struct FileQuestion {
+    WideText title;
+    WideText filter;  // "*.drw"
+    WideText folder;  // where it opens
+    WideText proposed;
+};
+
 class User {
 public:
     virtual ~User() = default;
@@ -34,6 +42,9 @@ public:
     // The message line waits for a text; nothing is "the user quit the prompt".
     virtual std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                                  const WideText& byDefault) = 0;
+
+    // A file dialog is open: the full path of a file that is there; nothing leaves the dialog.
+    virtual std::optional<WideText> AnswerFile(const FileQuestion&) { return std::nullopt; }
 };
 
 // What the user has been shown, in order.

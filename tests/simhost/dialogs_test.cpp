@@ -312,6 +312,21 @@ TEST_F(DialogsOfTheHost, ADialogAsTextShowsItsLayoutWithGreyedButtonsInParenthes
     EXPECT_EQ(lines, expected);
 }
 
+TEST_F(DialogsOfTheHost, SpareRoomGoesToTheColumnsThatWantIt) {
+    Write(workbench::kTextFolder + WIDE("\\text\\resource\\Middle.res"),
+          "(Dialog Middle (Components (Label Text) (Label L) (Label R) (PushButton OK))"
+          "(Resources (Text.Label \"0123456789012345\") (.Label \"T\")"
+          "(.Layout (Grid (Rows 1 1) (Cols 1) Text"
+          " (Grid (Rows 1) (Cols 1 0 1) L OK R)))))");
+    Create("Middle", "Middle");
+    // The text is 16 wide, the button 6 and two gaps 4: of the 6 columns left, 3 go to each side.
+    const std::vector<std::string> expected = {"+- T --------------+",  //
+                                               "| 0123456789012345 |",  //
+                                               "|      [ OK ]      |",  //
+                                               "+------------------+"};
+    EXPECT_EQ(DialogText(*host().dialogs.Find("Middle")), expected);
+}
+
 TEST_F(DialogsOfTheHost, AComponentThatIsNotShownTakesNoRoom) {
     Create();
     Dialog* dialog = host().dialogs.Find("Settings");

@@ -84,7 +84,9 @@ TEST_F(MessagesOfTheHost, AFileWhoseFourthLineIsNoEndMarkIsComplainedAboutWithIt
     EXPECT_EQ(Text("A"), WIDE("A!"));
     const auto complaints = Complaints();
     ASSERT_EQ(complaints.size(), 1u);
-    EXPECT_EQ(complaints[0].substr(0, 8), "m.txt:5:");
+    EXPECT_NE(complaints[0].find("m.txt:5:"), std::string::npos);
+    EXPECT_EQ(Text("A"), WIDE("A!"));
+    EXPECT_TRUE(Complaints().empty());  // once is enough
 }
 
 TEST_F(MessagesOfTheHost, AFileThatHasChangedIsReadAgain) {

@@ -112,8 +112,9 @@ TEST(DialogResources, WhatIsWrongIsToldWithFileAndLine) {
 TEST(DialogResources, ALayoutThatCannotBeIsToldWithItsLine) {
     EXPECT_EQ(Problem(With("(.Layout (Grid (Rows 1) (Cols 1)\n\nTitle))")),
               "x.res:4: no component Title is declared");
-    EXPECT_EQ(Problem(With("(.Layout (Grid (Rows 1) (Cols 1) OK OK))")),
+    EXPECT_EQ(Problem(With("(.Layout (Grid (Rows 1) (Cols 1) OK (Grid)))")),
               "x.res:2: 2 children in a grid of 1 rows and 1 columns");
+    EXPECT_EQ(Problem(With("(.Layout (Grid (Cols 1 1) OK\nOK))")), "x.res:3: OK is laid out twice");
     EXPECT_EQ(Problem(With("(.Layout (Grid (Rows one)))")),
               "x.res:2: rows and columns are whole numbers");
     EXPECT_EQ(Problem(With("(.Layout OK)")), "x.res:2: a layout is one (Grid (Rows …) (Cols …) …)");

@@ -1,0 +1,8 @@
+// The host's configuration options.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// A new array with all values of an option. The caller frees the array.
+// PRO_TK_E_NOT_FOUND: the option is not set.
+HOST_API ProError ProConfigoptArrayGet(WideChar* option, ProPath** values);

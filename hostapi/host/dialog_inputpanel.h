@@ -1,0 +1,9 @@
+// Input panels of dialogs: one line of text that the user can change.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// Receives the text; it is the host's and lives as long as the dialog. May be null for no text.
+HOST_API ProError ProUIInputpanelValueGet(char* dialog, char* component, WideChar** value);
+
+HOST_API ProError ProUIInputpanelValueSet(char* dialog, char* component, WideChar* value);

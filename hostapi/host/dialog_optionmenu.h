@@ -1,0 +1,11 @@
+// Option menus of dialogs: a text that the user chooses from a list.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// Receives the text that is shown; it is the host's and lives as long as the dialog. May be null
+// for no text.
+HOST_API ProError ProUIOptionmenuValueGet(char* dialog, char* component, WideChar** value);
+
+// Shows this text, whether it is in the list or not. A status if the component is no option menu.
+HOST_API ProError ProUIOptionmenuValueSet(char* dialog, char* component, WideChar* value);

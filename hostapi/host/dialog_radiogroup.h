@@ -1,0 +1,14 @@
+// Radio groups of dialogs: one of several names is selected.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// Receives how many names are selected and an array of them, null if there are none. The array and
+// its texts are the host's, and live as long as the dialog.
+HOST_API ProError ProUIRadiogroupSelectednamesGet(char* dialog, char* component, int* count,
+                                                  char*** names);
+
+// Selects the one name of `names`. PRO_TK_BAD_INPUTS: the group has no such name; its selection
+// stays.
+HOST_API ProError ProUIRadiogroupSelectednamesSet(char* dialog, char* component, int count,
+                                                  char** names);

@@ -1,0 +1,27 @@
+// New drawings, made from a template.
+#pragma once
+
+#include "hostapi/host/drawing.h"
+#include "hostapi/host/model.h"
+#include "hostapi/host/types.h"
+
+// The model that a new drawing shows: its name, and its kind as text.
+typedef struct VxModelName {
+    ProName name;
+    WideChar type[PRO_TYPE_SIZE];
+} ProModel;
+
+typedef int ProDwgcreateOptions;
+#define PRODWGCREATE_DISPLAY_DRAWING 1
+
+// What could not be made as the template wants it. An array of the host's.
+typedef struct VxHostDrawingErrors* ProDwgcreateErrs;
+
+// Makes a drawing of this name from a template in the working folder ("vx.drw"), with the
+// template's sheets, format and settings. Its views have to be added.
+// PRO_TK_E_FOUND: there is a drawing of this name. PRO_TK_E_NOT_FOUND: no such template, or the
+// model is not in memory. PRO_TK_DWGCREATE_ERRORS: the template is not as it should be.
+// PRO_TK_NO_PERMISSION: the user may not make drawings here.
+HOST_API ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProModel* model,
+                                            ProDwgcreateOptions options, ProDrawing* drawing,
+                                            ProDwgcreateErrs* errors);

@@ -1,0 +1,74 @@
+// Views of a drawing. Positions and lengths are those of the sheet; z is always 0.
+// All calls refuse a view that is not one of the drawing's with PRO_TK_BAD_INPUTS.
+#pragma once
+
+#include "hostapi/host/drawing.h"
+#include "hostapi/host/geometry.h"
+#include "hostapi/host/selection.h"
+#include "hostapi/host/types.h"
+#include "hostapi/host/view.h"
+
+// How the edges of a view are shown.
+typedef enum {
+    PRO_DISPSTYLE_DEFAULT = 0,
+    PRO_DISPSTYLE_WIREFRAME = 1,
+    PRO_DISPSTYLE_HIDDEN_LINE = 2,  // hidden edges in a weaker line
+    PRO_DISPSTYLE_NO_HIDDEN = 3     // hidden edges left out
+} ProDisplayStyle;
+
+// How edges between surfaces that run into each other without a bend are shown.
+typedef int ProTanedgeDisplay;
+typedef int ProCableDisplay;
+
+typedef struct VxDrawingViewDisplay {
+    ProDisplayStyle style;
+    ProBoolean quilt_hlr;
+    ProTanedgeDisplay tangent_edge_display;
+    ProCableDisplay cable_display;
+    ProBoolean concept_model;
+    ProBoolean weld_xsec;
+} ProDrawingViewDisplay;
+
+// Puts a view of the solid on a sheet, with the middle of the solid at `position`. The rows 0 to 2
+// of `orientation` say where the solid's axes point on the sheet (x right, y up, z to the viewer).
+// PRO_TK_BAD_INPUTS: the orientation is no rotation, or the scale is not more than 0.
+// PRO_TK_CRE_VIEW_BAD_SHEET, _BAD_MODEL, _BAD_EXPLODE: no such sheet; not a part or an assembly;
+// exploded, and the solid has no exploded state.
+HOST_API ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int sheet,
+                                              ProBoolean exploded, Pro3dPnt position, double scale,
+                                              ProMatrix orientation, ProView* view);
+
+// Puts a projection of the parent view beside it. Which side of the parent `position` lies on says
+// what the projection shows, by the drawing's first-angle or third-angle rule; it stays in line
+// with its parent. PRO_TK_CRE_VIEW_BAD_PARENT: the position lies on no side of the parent.
+HOST_API ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent,
+                                                ProBoolean exploded, Pro3dPnt position,
+                                                ProView* view);
+
+// Receives the lower left and the upper right corner of the view, as last regenerated.
+HOST_API ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt outline[2]);
+
+// Moves the view, with the projections that hang on it. A projection only moves away from its
+// parent or towards it. The outline follows when the view is regenerated.
+HOST_API ProError ProDrawingViewMove(ProDrawing drawing, ProView view, ProVector by);
+
+HOST_API ProError ProDrawingViewRegenerate(ProDrawing drawing, ProView view);
+
+HOST_API ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
+                                           ProDrawingViewDisplay* display);
+
+// Receives the transform from the solid to the sheet; with PRO_B_FALSE its inverse.
+HOST_API ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean toSheet,
+                                             ProMatrix transform);
+
+// A new array with all views of the drawing, in the order of their making. The caller frees it.
+// PRO_TK_E_NOT_FOUND: the drawing has none.
+HOST_API ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views);
+
+// Turns a general view by an angle in degrees: "Normal" about the direction to the viewer,
+// "Vertical" and "Horizontal" about those of the sheet, "Edge/Axis" about `axis` (else null).
+// The outline follows when the view is regenerated.
+// PRO_TK_BAD_INPUTS: a projected view, or another reference.
+HOST_API ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view,
+                                                        char* reference, ProSelection axis,
+                                                        double angle);

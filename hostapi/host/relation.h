@@ -1,0 +1,27 @@
+// Relations of models: lines of text in two sets, one worked off before the model regenerates and
+// one after it.
+#pragma once
+
+#include "hostapi/host/types.h"
+
+// Names a relation set: the item that owns it, and which of the two it is.
+typedef struct VxRelset {
+    ProModelitem owner;
+    int afterRegeneration;
+} ProRelset;
+
+// Receives the item's initial relation set. PRO_TK_E_NOT_FOUND: it has none.
+HOST_API ProError ProModelitemToRelset(ProModelitem* item, ProRelset* set);
+
+// Receives the relation set that is worked off after the regeneration of a part or an assembly.
+HOST_API ProError ProRelsetPostregenerationInit(ProMdl model, ProRelset* set);
+
+// Makes an empty initial relation set. PRO_TK_E_FOUND: there is one already.
+HOST_API ProError ProRelsetCreate(ProModelitem* item, ProRelset* set);
+
+// Adds the set's lines at the end of `lines`, a host array of pointers to text; it may move. The
+// texts are the host's, and live until the session ends.
+HOST_API ProError ProRelsetRelationsGet(ProRelset* set, WideChar*** lines);
+
+// Replaces all lines of the set by the first `count` of the array. The host copies the texts.
+HOST_API ProError ProRelsetRelationsSet(ProRelset* set, WideChar** lines, int count);

@@ -1,0 +1,27 @@
+// A listing of all components below an assembly, as text: one line for each component in the order
+// of the tree, "HOUSING.PRT:41:1\n" – model name, kind, component id, depth.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "hostapi/host.h"
+
+// Program-wide while a listing is made: empty and 0 between uses.
+extern WideText ComponentTreeText;
+extern int ComponentTreeDepth;
+
+// The visit's action: adds lines to ComponentTreeText and the components to the host array whose
+// place is `data`. Starts from the present depth.
+ProError ComponentTreeVisitor(ProFeature* feature, ProError status, ProAppData data);
+
+// The whole listing below an assembly, and the program-wide values back as they were. Nothing if
+// the host has no array for it.
+std::optional<WideText> ListComponents(ProMdl assembly);
+
+// A line of the listing, as far as paths need it.
+struct TreeLine {
+    int id = 0;
+    int depth = 0;
+};
+std::vector<TreeLine> ParseTree(const WideText& listing);

@@ -1,0 +1,155 @@
+// VxMdlCount: how often each model occurs in the current assembly, as an integer parameter of the
+// model. Instances of family tables join in if the settings say so.
+#include "modeldata/model_count.h"
+
+#include <unordered_map>
+#include <vector>
+
+#include "frame/services.h"
+#include "modeldata/batch_targets.h"
+#include "modeldata/fixed_text.h"
+#include "modeldata/keyword_filter.h"
+
+namespace {
+
+constexpr WideView kParameterName = WIDE("数量");
+constexpr WideView kFailureHeader =
+    WIDE("以下模型“数量”参数创建/更新失败，请检查参数是否存在关系锁定等原因，需手动处理：\n");
+
+struct Count {
+    ProMdl model = nullptr;
+    WideText name;
+    int count = 0;
+};
+
+// Models count as one if name and type are equal, ignoring case, in the order in which they are
+// first met. Each handle's name is asked for once.
+class CountList {
+public:
+    void Add(ProMdl model) {
+        const auto known = byHandle_.find(model);
+        if (known != byHandle_.end()) {
+            ++counts_[known->second].count;
+            return;
+        }
+        const std::size_t place = PlaceOf(model);
+        byHandle_.emplace(model, place);
+        ++counts_[place].count;
+    }
+
+    const std::vector<Count>& counts() const { return counts_; }
+
+private:
+    std::size_t PlaceOf(ProMdl model) {
+        const WideText name = ModelName(model);
+        ProMdlType type = PRO_MDL_UNUSED;
+        ProMdlTypeGet(model, &type);
+        // A model that cannot be told by its name is counted by itself.
+        if (!name.empty()) {
+            const WideText key = FoldCase(name) + WideChar('.') + WideChar(int(type) + 1);
+            const auto [found, added] = byName_.emplace(key, counts_.size());
+            if (!added) return found->second;
+        }
+        counts_.push_back({model, name, 0});
+        return counts_.size() - 1;
+    }
+
+    std::vector<Count> counts_;
+    std::unordered_map<ProMdl, std::size_t> byHandle_;
+    std::unordered_map<WideText, std::size_t> byName_;
+};
+
+CountList CountModels(ProMdl top) {
+    CountList counts;
+    if (top) counts.Add(top);
+    const ComponentArray components = ComponentCollector(top, VisitAllComponents);
+    const int size = components.Size();
+    for (int i = 0; i < size; ++i) {
+        ProMdl model = nullptr;
+        if (ProAsmcompMdlGet(&components.data()[i], &model) == PRO_TK_NO_ERROR) counts.Add(model);
+    }
+    return counts;
+}
+
+ProParamvalue WholeValue(int number) {
+    ProParamvalue value = {};
+    value.type = PRO_PARAM_INTEGER;
+    value.value.i_val = number;
+    return value;
+}
+
+// False: the parameter has not got its value.
+bool WriteCount(const Count& count) {
+    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
+    if (ProMdlToModelitem(count.model, &item) != PRO_TK_NO_ERROR) return false;
+    ProParamvalue value = WholeValue(count.count);
+    ProName name = {};
+    PutText(kParameterName, name);
+    ProParameter parameter = {};
+    const ProError status = ProParameterCreate(&item, name, &value, &parameter);
+    if (status != PRO_TK_E_FOUND) return status == PRO_TK_NO_ERROR;
+    // The host may leave the handle of a parameter that is there already to be asked for.
+    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
+        return false;
+    }
+    return ProParameterValueSet(&parameter, &value) == PRO_TK_NO_ERROR;
+}
+
+// Makes the parameter a column of the generic's family table. Where it is one already the host
+// refuses, and nothing more is wanted.
+void AddColumn(ProMdl generic) {
+    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
+    if (ProMdlToModelitem(generic, &item) != PRO_TK_NO_ERROR) return;
+    ProName name = {};
+    PutText(kParameterName, name);
+    ProParamvalue value = WholeValue(0);
+    ProParameter parameter = {};
+    ProParameterCreate(&item, name, &value, &parameter);
+    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
+        return;
+    }
+    ProFamtable table = {PRO_TYPE_UNUSED, 0, nullptr};
+    ProFamtableItem column = {};
+    if (ProFamtableInit(generic, &table) != PRO_TK_NO_ERROR) return;
+    if (ProParameterToFamtableItem(&parameter, &column) != PRO_TK_NO_ERROR) return;
+    ProFamtableItemAdd(&table, &column);
+}
+
+// Whether the model gets its number. An instance does not, unless the settings and its generic
+// allow it.
+bool IsCounted(ProMdl model, bool forInstances) {
+    ProMdl generic = nullptr;
+    if (ProFaminstanceGenericGet(model, PRO_B_TRUE, &generic) != PRO_TK_NO_ERROR) return true;
+    ProBoolean modifiable = PRO_B_FALSE;
+    if (forInstances) ProMdlIsModifiable(generic, PRO_B_TRUE, &modifiable);
+    if (modifiable != PRO_B_TRUE) return false;
+    AddColumn(generic);
+    return true;
+}
+
+bool InstancesAreCounted() {
+    const WideText path = ConfigPathFor(WIDE("VxConfig.ini"));
+    const WideText value =
+        DeleteBlanks(ReadIniValue(path, WIDE("VxCountForInstance"), WIDE("value")));
+    return FoldCase(value) == WIDE("TRUE");
+}
+
+}  // namespace
+
+void VxMdlCount() {
+    const TopModel top = CurrentTopModel();
+    if (top.type != PRO_MDL_ASSEMBLY && top.type != PRO_MDL_MFG) {
+        ShowPlainError(WIDE("此功能仅组件/制造环境可用！"));
+        return;
+    }
+    const bool forInstances = InstancesAreCounted();
+    const CountList counts = CountModels(top.model);
+    WideText failures(kFailureHeader);
+    for (const Count& count : counts.counts()) {
+        if (!IsCounted(count.model, forInstances) || WriteCount(count)) continue;
+        failures += count.name + WIDE("\n");
+    }
+    if (top.model) ProTreetoolRefresh(top.model);
+    if (failures.size() > kFailureHeader.size()) ShowNotice(failures);
+    ShowNotice(WIDE("\t批量数量参数创建/更新完毕。\t"));
+}

@@ -1,0 +1,175 @@
+// Add, Update and Delete: one named parameter in many models. They end without a box.
+#include "modeldata/parameters.h"
+
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <string>
+#include <utility>
+
+#include "frame/dialog_values.h"
+#include "frame/services.h"
+#include "modeldata/batch_targets.h"
+#include "modeldata/fixed_text.h"
+#include "modeldata/keyword_filter.h"
+#include "modeldata/params_dialog.h"
+
+namespace {
+
+enum class Operation { Add, Update, Delete };
+
+struct TypeRow {
+    WideView label;
+    ProParamvalueType type;
+};
+constexpr TypeRow kTypes[] = {
+    {WIDE("整数"), PRO_PARAM_INTEGER},
+    {WIDE("实数"), PRO_PARAM_DOUBLE},
+    {WIDE("字符串"), PRO_PARAM_STRING},
+    {WIDE("是/否"), PRO_PARAM_BOOLEAN},
+};
+
+// A number's text as the reading functions take it; what is not ASCII ends the number anyway.
+std::string NumberBytes(WideView text) {
+    std::string bytes;
+    for (const WideChar c : text) bytes += c < 0x80 ? char(c) : '?';
+    bytes.erase(0, std::min(bytes.find_first_not_of(" \t\n\v\f\r"), bytes.size()));
+    if (bytes.size() > 1 && bytes[0] == '+' && bytes[1] != '-') bytes.erase(0, 1);
+    return bytes;
+}
+
+// "YES" however it is written, "NO" exactly, or nothing.
+bool IsBooleanText(const WideText& text) {
+    return FoldCase(text) == WIDE("YES") || text == WIDE("NO") || text.empty();
+}
+
+struct Request {
+    Operation operation = Operation::Add;
+    WideText name;
+    bool hasValue = false;  // false: no type was chosen, and nothing can be written
+    ProParamvalue value = {};
+};
+
+// The value that the dialog shows. False: it was refused, and the user knows.
+bool ReadValue(Operation operation, Request* request) {
+    const WideText text = InputPanelText(kParamsDialog, "ParaValue");
+    const WideText label = OptionMenuText(kParamsDialog, "PtypeOption");
+    for (const TypeRow& row : kTypes) {
+        if (label != row.label) continue;
+        request->hasValue = true;
+        request->value.type = row.type;
+    }
+    if (!request->hasValue) return true;
+    switch (request->value.type) {
+        case PRO_PARAM_INTEGER: request->value.value.i_val = WholeNumber(text); break;
+        case PRO_PARAM_DOUBLE: request->value.value.d_val = RealNumber(text); break;
+        case PRO_PARAM_STRING: request->value = TextValue(text); break;
+        default:
+            if (operation == Operation::Update) {
+                request->value.value.l_val = 1;  // an update knows only yes
+                break;
+            }
+            if (!IsBooleanText(text)) {
+                ShowPlainError(WIDE("布尔类型参数值只可为'YES'或'NO',请重新输入!"));
+                return false;
+            }
+            request->value.value.l_val = FoldCase(text) == WIDE("YES") ? 1 : 0;
+    }
+    return true;
+}
+
+// False: there is nothing to do, and the user knows why.
+bool ReadRequest(Operation operation, Request* request) {
+    request->operation = operation;
+    request->name = InputPanelText(kParamsDialog, "ParaName");
+    return operation == Operation::Delete || ReadValue(operation, request);
+}
+
+void Apply(Request* request, ProMdl model) {
+    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
+    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
+    ProName name = {};
+    PutText(request->name, name);
+    ProParameter parameter = {};
+    if (request->operation == Operation::Add) {
+        if (request->hasValue) ProParameterCreate(&item, name, &request->value, &parameter);
+        return;
+    }
+    if (ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) return;
+    if (request->operation == Operation::Delete) {
+        ProParameterDelete(&parameter);
+    } else if (request->hasValue) {
+        ProParameterValueSet(&parameter, &request->value);
+    }
+}
+
+void Run(Operation operation) {
+    SaveParamsSettings();
+    const TopModel top = CurrentTopModel();
+    const std::string scope = SelectedName(kParamsDialog, "TypeRadio");
+    Request request;
+    if (!ReadRequest(operation, &request)) return;
+    ComponentArray components = CollectByScope(top, scope);
+    if (!components && operation == Operation::Add) {
+        ShowPlainError(WIDE("ProArray Alloc error"));
+        return;
+    }
+    if (components.Size() == 0) {
+        ShowNoComponents();
+        return;
+    }
+    const ModelList targets = TargetsByScope(top, scope, std::move(components));
+    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords"));
+    for (const ProMdl model : targets) {
+        if (!filter.Excludes(ModelName(model))) Apply(&request, model);
+    }
+    RefreshCurrentTree();
+}
+
+}  // namespace
+
+int WholeNumber(WideView text) {
+    const std::string bytes = NumberBytes(text);
+    int number = 0;
+    const auto result = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
+    if (result.ec == std::errc::result_out_of_range) return bytes[0] == '-' ? INT_MIN : INT_MAX;
+    return result.ec == std::errc() ? number : 0;
+}
+
+double RealNumber(WideView text) {
+    const std::string bytes = NumberBytes(text);
+    double number = 0;
+    const auto result = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
+    return result.ec == std::errc() && std::isfinite(number) ? number : 0;
+}
+
+ProParamvalue TextValue(WideView text) {
+    ProParamvalue value = {};
+    value.type = PRO_PARAM_STRING;
+    PutText(text, value.value.s_val);
+    return value;
+}
+
+void WriteTextParameter(ProMdl model, ProName name, WideView text) {
+    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
+    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
+    ProParameter parameter = {};
+    const bool there = ProParameterInit(&item, name, &parameter) == PRO_TK_NO_ERROR;
+    ProParamvalue value = TextValue(text);
+    // A refused creation need not fill its handle: that of the parameter which is there is kept.
+    ProParameter created = {};
+    const ProError status = ProParameterCreate(&item, name, &value, &created);
+    if (status == PRO_TK_E_FOUND && there) ProParameterValueSet(&parameter, &value);
+}
+
+void OnAddParameter(char*, char*, ProAppData) {
+    Run(Operation::Add);
+}
+
+void OnUpdateParameter(char*, char*, ProAppData) {
+    Run(Operation::Update);
+}
+
+void OnDeleteParameter(char*, char*, ProAppData) {
+    Run(Operation::Delete);
+}

@@ -1,0 +1,69 @@
+// VxSheetSize: the sizes of the sheets of the drawing that bears a model's name.
+#include "modeldata/sheet_size.h"
+
+#include <utility>
+
+#include "frame/dialog_values.h"
+#include "frame/services.h"
+#include "modeldata/batch_targets.h"
+#include "modeldata/fixed_text.h"
+#include "modeldata/keyword_filter.h"
+#include "modeldata/parameters.h"
+#include "modeldata/params_dialog.h"
+
+namespace {
+
+std::vector<WideText> SheetSizes(ProMdl model) {
+    const auto drawing = static_cast<ProDrawing>(model);
+    int count = 0;
+    ProDrawingSheetsCount(drawing, &count);
+    std::vector<WideText> sizes;
+    for (int sheet = 1; sheet <= count; ++sheet) {
+        ProName size = {};
+        ProMatrix transform = {};
+        ProDrawingSheetTrfGet(drawing, sheet, size, transform);
+        sizes.push_back(TextIn(size));
+    }
+    return sizes;
+}
+
+// The drawing stays in memory.
+void WriteSheetSizes(ProMdl model, const WideText& modelName, const WideText& parameterName) {
+    ProMdl drawing = nullptr;
+    if (ProMdlRetrieve(HostText(modelName), PRO_MDL_DRAWING, &drawing) != PRO_TK_NO_ERROR) return;
+    const WideText text = SheetSizeText(SheetSizes(drawing));
+    ProName name = {};
+    PutText(parameterName, name);
+    WriteTextParameter(model, name, text);
+}
+
+}  // namespace
+
+WideText SheetSizeText(const std::vector<WideText>& sizes) {
+    WideText text;
+    for (const WideText& size : sizes) text += size + WIDE(",");
+    if (!text.empty()) text.pop_back();
+    return text;
+}
+
+void OnSheetSize(char*, char*, ProAppData) {
+    SaveParamsSettings();
+    const TopModel top = CurrentModel();
+    // The assembly of a manufacturing model is left alone, without a word.
+    if (top.type != PRO_MDL_ASSEMBLY) return;
+    const std::string scope = SelectedName(kParamsDialog, "TypeRadio2");
+    const WideText parameterName = InputPanelText(kParamsDialog, "shSizePname");
+    ComponentArray components = CollectByScope(top, scope);
+    if (components.Size() == 0) {
+        ShowNoComponents();
+        return;
+    }
+    const ModelList targets = TargetsByScope(top, scope, std::move(components));
+    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords2"));
+    for (const ProMdl model : targets) {
+        const WideText name = ModelName(model);
+        if (!filter.Excludes(name)) WriteSheetSizes(model, name, parameterName);
+    }
+    ShowCompletion(WIDE("\t图幅大小参数批量创建/更新完成"));
+    RefreshCurrentTree();
+}

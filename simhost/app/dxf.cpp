@@ -1,0 +1,167 @@
+// Sheets of drawings as drawing-exchange text: pairs of lines, a number that says what the next
+// line is, and that value.
+#include "simhost/app/dxf.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "simhost/app/sheet_lines.h"
+#include "simhost/core/text.h"
+
+namespace simhost {
+
+namespace {
+
+constexpr int kWhite = 7, kGrey = 8, kCyan = 4;  // colours by their number in the format
+
+struct Layer {
+    const char* name;
+    int colour;
+    const char* lineType;
+};
+constexpr Layer kLayers[] = {
+    {"0", kWhite, "CONTINUOUS"}, {"FRAME", kCyan, "CONTINUOUS"}, {"VISIBLE", kWhite, "CONTINUOUS"},
+    {"HIDDEN", kGrey, "HIDDEN"}, {"TEXT", kWhite, "CONTINUOUS"},
+};
+
+class Writer {
+public:
+    void Pair(int code, const std::string& value) {
+        text_ += fmt::format("{:>3}\r\n{}\r\n", code, value);
+    }
+    void Pair(int code, int value) { Pair(code, std::to_string(value)); }
+    void Pair(int code, double value) { Pair(code, fmt::format("{:.4f}", value + 0.0)); }
+
+    void Begin(const char* section) {
+        Pair(0, "SECTION");
+        Pair(2, section);
+    }
+    void BeginTable(const char* table, std::size_t entries) {
+        Pair(0, "TABLE");
+        Pair(2, table);
+        Pair(70, int(entries));
+    }
+    void Point(int code, double x, double y) {
+        Pair(code, x);
+        Pair(code + 10, y);
+    }
+    void Line(const char* layer, double x0, double y0, double x1, double y1) {
+        Pair(0, "LINE");
+        Pair(8, layer);
+        Point(10, x0, y0);
+        Point(11, x1, y1);
+    }
+    std::string& text() { return text_; }
+
+private:
+    std::string text_;
+};
+
+void AddHeader(const Extents& all, SheetSize size, Writer* out) {
+    out->Begin("HEADER");
+    const auto variable = [&](const char* name) { out->Pair(9, name); };
+    variable("$ACADVER");
+    out->Pair(1, "AC1009");
+    variable("$DWGCODEPAGE");
+    out->Pair(3, "ANSI_936");
+    variable("$EXTMIN");
+    out->Point(10, all.low.x, all.low.y);
+    variable("$EXTMAX");
+    out->Point(10, all.high.x, all.high.y);
+    variable("$LIMMIN");
+    out->Point(10, 0, 0);
+    variable("$LIMMAX");
+    out->Point(10, size.width, size.height);
+    out->Pair(0, "ENDSEC");
+}
+
+// A line type as the lengths of its dashes (more than 0) and gaps.
+void AddLineType(const char* name, const char* words, const std::vector<double>& pattern,
+                 Writer* out) {
+    double length = 0;
+    for (const double dash : pattern) length += dash < 0 ? -dash : dash;
+    out->Pair(0, "LTYPE");
+    out->Pair(2, name);
+    out->Pair(70, 0);
+    out->Pair(3, words);
+    out->Pair(72, 65);
+    out->Pair(73, int(pattern.size()));
+    out->Pair(40, length);
+    for (const double dash : pattern) out->Pair(49, dash);
+}
+
+void AddTables(Writer* out) {
+    out->Begin("TABLES");
+    out->BeginTable("LTYPE", 2);
+    AddLineType("CONTINUOUS", "Solid line", {}, out);
+    AddLineType("HIDDEN", "__ __ __", {4, -2}, out);
+    out->Pair(0, "ENDTAB");
+    out->BeginTable("LAYER", std::size(kLayers));
+    for (const Layer& layer : kLayers) {
+        out->Pair(0, "LAYER");
+        out->Pair(2, layer.name);
+        out->Pair(70, 0);
+        out->Pair(62, layer.colour);
+        out->Pair(6, layer.lineType);
+    }
+    out->Pair(0, "ENDTAB");
+    out->BeginTable("STYLE", 1);
+    out->Pair(0, "STYLE");
+    out->Pair(2, "STANDARD");
+    out->Pair(70, 0);
+    out->Pair(40, 0.0);
+    out->Pair(41, 1.0);
+    out->Pair(50, 0.0);
+    out->Pair(71, 0);
+    out->Pair(42, 2.5);
+    out->Pair(3, "txt");
+    out->Pair(4, "gbcbig");
+    out->Pair(0, "ENDTAB");
+    out->Pair(0, "ENDSEC");
+}
+
+void AddFrame(const Model& drawing, SheetSize size, Writer* out) {
+    const double w = size.width, h = size.height;
+    out->Line("FRAME", 0, 0, w, 0);
+    out->Line("FRAME", w, 0, w, h);
+    out->Line("FRAME", w, h, 0, h);
+    out->Line("FRAME", 0, h, 0, 0);
+    out->Pair(0, "TEXT");
+    out->Pair(8, "TEXT");
+    out->Point(10, 20, 20);
+    out->Pair(40, 7.0);
+    out->Pair(1, Utf8(drawing.name));
+}
+
+}  // namespace
+
+std::string SheetDxf(Model& drawing, int sheet) {
+    const auto& sizes = drawing.sheets.sizes;
+    const bool there = sheet >= 1 && std::size_t(sheet) <= sizes.size();
+    const SheetSize size = SizeOfSheet(there ? sizes[std::size_t(sheet - 1)] : WideText());
+    const std::vector<ViewOnSheet> views = ViewsOnSheet(drawing, sheet);
+    Extents all;
+    all.Add({});
+    all.Add({size.width, size.height, 0});
+    for (const ViewOnSheet& view : views) {
+        all.Add(view.outline.low);
+        all.Add(view.outline.high);
+    }
+    Writer out;
+    AddHeader(all, size, &out);
+    AddTables(&out);
+    out.Begin("ENTITIES");
+    AddFrame(drawing, size, &out);
+    for (const ViewOnSheet& view : views) {
+        for (const DrawnLine& line : view.lines) {
+            out.Line(line.hidden ? "HIDDEN" : "VISIBLE", line.x0, line.y0, line.x1, line.y1);
+        }
+    }
+    out.Pair(0, "ENDSEC");
+    out.Pair(0, "EOF");
+    return ToSystemCodePage(Wide(out.text()));
+}
+
+}  // namespace simhost

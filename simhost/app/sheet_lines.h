@@ -1,0 +1,24 @@
+// What stands on a sheet of a drawing, as lines: the common ground of the pictures and the files
+// that are made of sheets.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simhost/model/drawing.h"
+#include "simhost/model/projection.h"
+
+namespace simhost {
+
+struct ViewOnSheet {
+    const DrawingView* view;
+    Extents outline;
+    std::string role;              // "main", "below", "rear", "isometric" …
+    std::string shows;             // "from above"; empty where there is no short word for it
+    std::vector<DrawnLine> lines;  // on the sheet, as the view's display style wants them
+};
+
+// The views of a sheet in the order of their making. A view whose model is gone has no lines.
+std::vector<ViewOnSheet> ViewsOnSheet(Model& drawing, int sheet);
+
+}  // namespace simhost

@@ -1,0 +1,69 @@
+// Configuration options, file dialogs and the model tree at the door.
+#include "hostapi/host/config.h"
+
+#include "hostapi/host/file_dialog.h"
+#include "hostapi/host/treetool.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+using namespace simhost;
+
+namespace {
+
+struct PathRecord {
+    ProPath text;
+};
+
+}  // namespace
+
+ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
+    static Operation op("ProConfigoptArrayGet");
+    return op.Call(
+        [&] {
+            Need(option, "the option");
+            Need(values, "the place for the values");
+            Host& host = TheHost();
+            const auto found = host.configOptions.find(Lower(WideView(option)));
+            if (found == host.configOptions.end() || found->second.empty()) {
+                Refuse(PRO_TK_E_NOT_FOUND);
+            }
+            std::vector<PathRecord> records(found->second.size());
+            for (std::size_t i = 0; i < records.size(); ++i) {
+                CopyCut(found->second[i], records[i].text, PRO_PATH_SIZE);
+            }
+            *values = &host.arrays.Make(records, op.name())->text;
+            return PRO_TK_NO_ERROR;
+        },
+        "option", option);
+}
+
+ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
+                     ProFileName proposed, ProPath path) {
+    static Operation op("ProFileOpen");
+    return op.Call(
+        [&] {
+            Need(title, "the title");
+            Need(filter, "the filter");
+            Need(path, "the place for the path");
+            Host& host = TheHost();
+            FileQuestion question{title, filter, host.session.workingDirectory, {}};
+            if (folder && *folder) question.folder = folder;
+            if (proposed) question.proposed = proposed;
+            host.shown.push_back({Shown::Kind::Prompt, title, {}});
+            const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
+            if (!answer) Refuse(PRO_TK_USER_ABORT);
+            CopyCut(*answer, path, PRO_PATH_SIZE);
+            return PRO_TK_NO_ERROR;
+        },
+        "title", title, "filter", filter, "folder", folder, "path", Out(path));
+}
+
+ProError ProTreetoolRefresh(ProMdl model) {
+    static Operation op("ProTreetoolRefresh");
+    return op.Call(
+        [&] {
+            ++TheHost().session.Require(model).treeRefreshes;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model);
+}

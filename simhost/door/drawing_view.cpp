@@ -1,0 +1,229 @@
+// Views of drawings at the door.
+#include "hostapi/host/drawing_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "simhost/host.h"
+#include "simhost/model/drawing.h"
+#include "simhost/model/screen_view.h"
+
+using namespace simhost;
+
+namespace {
+
+Model& RequireDrawing(ProDrawing handle) {
+    Model& model = TheHost().session.Require(handle);
+    if (model.type != PRO_MDL_DRAWING) {
+        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a drawing");
+    }
+    return model;
+}
+
+DrawingView& RequireView(const Model& drawing, ProView handle) {
+    DrawingView* view = FindView(handle);
+    if (!handle) Complain(PRO_TK_BAD_INPUTS, "the view is null");
+    if (!view) Complain(PRO_TK_BAD_INPUTS, "not a live view");
+    if (view->drawing != &drawing) {
+        Complain(PRO_TK_BAD_INPUTS, "a view of " + view->drawing->FileName());
+    }
+    return *view;
+}
+
+Vec3 PlaceOf(const double point[3]) {
+    if (!std::isfinite(point[0]) || !std::isfinite(point[1]) || point[2] != 0) {
+        Complain(PRO_TK_BAD_INPUTS, "not a place on a sheet");
+    }
+    return {point[0], point[1], 0};
+}
+
+// Transforms of views keep angles: the inverse is the transpose, scaled back.
+void Invert(const Placement& frame, double scale, Vec3 place, ProMatrix matrix) {
+    Placement inverse;
+    for (std::size_t i = 0; i < 3; ++i) {
+        const auto part = [&](Vec3 v) { return i == 0 ? v.x : i == 1 ? v.y : v.z; };
+        inverse.axes[i] = {part(frame.axes[0]), part(frame.axes[1]), part(frame.axes[2])};
+    }
+    SetMatrix(inverse, 1 / scale, -1 / scale * inverse.Direction(place), matrix);
+}
+
+int AxisOf(const char* reference) {
+    const std::string_view word = reference;
+    if (word == "Horizontal") return 0;
+    if (word == "Vertical") return 1;
+    if (word == "Normal") return 2;
+    return -1;
+}
+
+}  // namespace
+
+ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int sheet,
+                                     ProBoolean exploded, Pro3dPnt position, double scale,
+                                     ProMatrix orientation, ProView* view) {
+    static Operation op("ProDrawingGeneralviewCreate");
+    return op.Call(
+        [&] {
+            Need(position, "the position");
+            Need(orientation, "the orientation");
+            Need(view, "the place for the view");
+            Model& model = RequireDrawing(drawing);
+            Model& shown = TheHost().session.Require(solid);
+            if (shown.type != PRO_MDL_PART && shown.type != PRO_MDL_ASSEMBLY) {
+                Refuse(PRO_TK_CRE_VIEW_BAD_MODEL);
+            }
+            if (sheet < 1 || std::size_t(sheet) > model.sheets.sizes.size()) {
+                Refuse(PRO_TK_CRE_VIEW_BAD_SHEET);
+            }
+            // Exploded states are not known here.
+            if (exploded) Refuse(PRO_TK_CRE_VIEW_BAD_EXPLODE);
+            Placement frame;
+            double length = 0;
+            if (!FrameOf(orientation, &frame, &length) || !(scale > 0)) Refuse(PRO_TK_BAD_INPUTS);
+            if (std::fabs(length - 1) > 1e-6) Refuse(PRO_TK_BAD_INPUTS);
+            const Vec3 at = PlaceOf(position);
+            *view = DrawingOf(model).AddGeneral(shown, sheet, at, scale, frame).handle;
+            model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "solid", static_cast<ProMdl>(solid), "sheet",
+        sheet, "exploded", exploded, "scale", scale, "view", Out(view));
+}
+
+ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent, ProBoolean exploded,
+                                       Pro3dPnt position, ProView* view) {
+    static Operation op("ProDrawingProjectedviewCreate");
+    return op.Call(
+        [&] {
+            Need(position, "the position");
+            Need(view, "the place for the view");
+            Model& model = RequireDrawing(drawing);
+            DrawingView& from = RequireView(model, parent);
+            if (exploded) Refuse(PRO_TK_CRE_VIEW_BAD_EXPLODE);
+            const DrawingView* made = DrawingOf(model).AddProjected(from, PlaceOf(position));
+            if (!made) Refuse(PRO_TK_CRE_VIEW_BAD_PARENT);
+            *view = made->handle;
+            model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "parent", parent, "exploded", exploded, "view",
+        Out(view));
+}
+
+ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt outline[2]) {
+    static Operation op("ProDrawingViewOutlineGet");
+    return op.Call(
+        [&] {
+            Need(outline, "the place for the outline");
+            Model& model = RequireDrawing(drawing);
+            const Extents& box = DrawingOf(model).OutlineOf(RequireView(model, view));
+            const Vec3 corners[] = {box.low, box.high};
+            for (std::size_t i = 0; i < 2; ++i) {
+                outline[i][0] = corners[i].x;
+                outline[i][1] = corners[i].y;
+                outline[i][2] = 0;
+            }
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "view", view);
+}
+
+ProError ProDrawingViewMove(ProDrawing drawing, ProView view, ProVector by) {
+    static Operation op("ProDrawingViewMove");
+    return op.Call(
+        [&] {
+            Need(by, "the way");
+            Model& model = RequireDrawing(drawing);
+            DrawingOf(model).Move(RequireView(model, view), PlaceOf(by));
+            model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "view", view, "x", by ? by[0] : 0, "y",
+        by ? by[1] : 0);
+}
+
+ProError ProDrawingViewRegenerate(ProDrawing drawing, ProView view) {
+    static Operation op("ProDrawingViewRegenerate");
+    return op.Call(
+        [&] {
+            Model& model = RequireDrawing(drawing);
+            DrawingOf(model).Regenerate(RequireView(model, view));
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "view", view);
+}
+
+ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
+                                  ProDrawingViewDisplay* display) {
+    static Operation op("ProDrawingViewDisplaySet");
+    return op.Call(
+        [&] {
+            Need(display, "the display");
+            Model& model = RequireDrawing(drawing);
+            if (display->style < PRO_DISPSTYLE_DEFAULT ||
+                display->style > PRO_DISPSTYLE_NO_HIDDEN) {
+                Complain(PRO_TK_BAD_INPUTS, "not a style that is known here");
+            }
+            RequireView(model, view).display = *display;
+            model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "view", view, "style",
+        display ? int(display->style) : -1);
+}
+
+ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean toSheet,
+                                    ProMatrix transform) {
+    static Operation op("ProDrawingViewTransformGet");
+    return op.Call(
+        [&] {
+            Need(transform, "the place for the transform");
+            Model& model = RequireDrawing(drawing);
+            const DrawingView& one = RequireView(model, view);
+            const Drawing& all = DrawingOf(model);
+            const Placement frame = all.FrameOf(one);
+            const double scale = Drawing::ScaleOf(one);
+            const Vec3 place = one.at + scale * frame.origin;
+            if (toSheet) {
+                SetMatrix(frame, scale, place, transform);
+            } else {
+                Invert(frame, scale, place, transform);
+            }
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "view", view, "toSheet", toSheet);
+}
+
+ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
+    static Operation op("ProDrawingViewsCollect");
+    return op.Call(
+        [&] {
+            Need(views, "the place for the views");
+            std::vector<ProView> handles;
+            for (const auto& view : DrawingOf(RequireDrawing(drawing)).views()) {
+                handles.push_back(view->handle);
+            }
+            if (handles.empty()) Refuse(PRO_TK_E_NOT_FOUND);
+            *views = TheHost().arrays.Make(handles, op.name());
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing));
+}
+
+ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view, char* reference,
+                                               ProSelection axis, double angle) {
+    static Operation op("ProDrawingViewOrientationFromAngleSet");
+    return op.Call(
+        [&] {
+            Need(reference, "the reference");
+            Model& model = RequireDrawing(drawing);
+            DrawingView& turned = RequireView(model, view);
+            const int about = AxisOf(reference);
+            if (about < 0 || axis || !turned.IsGeneral()) Refuse(PRO_TK_BAD_INPUTS);
+            turned.orientation = Turned(turned.orientation, about, angle);
+            model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "drawing", static_cast<ProMdl>(drawing), "view", view, "reference", reference, "axis", axis,
+        "angle", angle);
+}

@@ -1,0 +1,124 @@
+// The geometry of surfaces, and the paths to components, at the door.
+#include "hostapi/host/geometry.h"
+
+#include <algorithm>
+
+#include "hostapi/host/component_path.h"
+#include "simhost/host.h"
+
+using namespace simhost;
+
+namespace {
+
+// Follows a path from its top; `placement` becomes that of its end in the top's coordinates.
+Model& Follow(const ProAsmcomppath* path, Placement* placement) {
+    Need(path, "the path");
+    Model* model = &TheHost().session.RequireSolid(path->owner);
+    if (path->table_num < 0 || path->table_num > PRO_MAX_ASSEM_LEVEL) {
+        Complain(PRO_TK_BAD_INPUTS, "a path of an impossible length");
+    }
+    for (int i = 0; i < path->table_num; ++i) {
+        const Feature* feature = model->FindFeature(path->comp_id_tab[i]);
+        if (!feature || !feature->model) Refuse(PRO_TK_E_NOT_FOUND);
+        *placement = Compose(*placement, feature->placement);
+        model = feature->model;
+    }
+    return *model;
+}
+
+void Fill(const Placement& placement, ProMatrix matrix) {
+    for (std::size_t row = 0; row < 4; ++row) {
+        const Vec3 v = row < 3 ? placement.axes[row] : placement.origin;
+        matrix[row][0] = v.x;
+        matrix[row][1] = v.y;
+        matrix[row][2] = v.z;
+        matrix[row][3] = row < 3 ? 0 : 1;
+    }
+}
+
+// The other way round: the axes are square to each other, so the transpose turns back.
+Placement Inverse(const Placement& p) {
+    Placement inverse;
+    inverse.axes = {Vec3{p.axes[0].x, p.axes[1].x, p.axes[2].x},
+                    Vec3{p.axes[0].y, p.axes[1].y, p.axes[2].y},
+                    Vec3{p.axes[0].z, p.axes[1].z, p.axes[2].z}};
+    inverse.origin = -1 * inverse.Direction(p.origin);
+    return inverse;
+}
+
+}  // namespace
+
+ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
+    static Operation op("ProSurfaceDataGet");
+    return op.Call(
+        [&] {
+            Need(data, "the place for the data");
+            Surface* found = TheHost().session.FindSurface(surface);
+            if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
+            *data = Model::SurfaceData(*found);
+            return PRO_TK_NO_ERROR;
+        },
+        "surface", surface);
+}
+
+ProError ProPntTrfEval(ProVector point, ProMatrix transform, ProVector result) {
+    static Operation op("ProPntTrfEval");
+    return op.Call([&] {
+        Need(point, "the point");
+        Need(transform, "the transform");
+        Need(result, "the place for the result");
+        ProVector sum = {};
+        for (std::size_t column = 0; column < 3; ++column) {
+            sum[column] = transform[3][column];
+            for (std::size_t row = 0; row < 3; ++row) {
+                sum[column] += point[row] * transform[row][column];
+            }
+        }
+        std::copy_n(sum, 3, result);
+        return PRO_TK_NO_ERROR;
+    });
+}
+
+ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int count, ProAsmcomppath* path) {
+    static Operation op("ProAsmcomppathInit");
+    return op.Call(
+        [&] {
+            Need(ids, "the table of ids");
+            Need(path, "the place for the path");
+            TheHost().session.RequireSolid(assembly);
+            if (count < 0 || count > PRO_MAX_ASSEM_LEVEL) {
+                Complain(PRO_TK_BAD_INPUTS, "a path of an impossible length");
+            }
+            *path = {};
+            path->owner = assembly;
+            std::copy_n(ids, count, path->comp_id_tab);
+            path->table_num = count;
+            return PRO_TK_NO_ERROR;
+        },
+        "assembly", assembly, "count", count);
+}
+
+ProError ProAsmcomppathMdlGet(ProAsmcomppath* path, ProMdl* model) {
+    static Operation op("ProAsmcomppathMdlGet");
+    return op.Call(
+        [&] {
+            Need(model, "the place for the model");
+            Placement ignored;
+            *model = Follow(path, &ignored).handle;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", Out(model));
+}
+
+ProError ProAsmcomppathTrfGet(ProAsmcomppath* path, ProBoolean bottomUp, ProMatrix transform) {
+    static Operation op("ProAsmcomppathTrfGet");
+    return op.Call(
+        [&] {
+            Need(transform, "the place for the transform");
+            Placement placement;
+            Follow(path, &placement);
+            Fill(bottomUp ? placement : Inverse(placement), transform);
+            return PRO_TK_NO_ERROR;
+        },
+        "bottomUp", bottomUp);
+}

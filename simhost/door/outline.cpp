@@ -1,0 +1,25 @@
+// The size of solids at the door.
+#include "hostapi/host/outline.h"
+
+#include "simhost/host.h"
+#include "simhost/model/projection.h"
+
+using namespace simhost;
+
+ProError ProSolidOutlineGet(ProSolid solid, Pro3dPnt outline[2]) {
+    static Operation op("ProSolidOutlineGet");
+    return op.Call(
+        [&] {
+            Need(outline, "the place for the outline");
+            const Extents box = ExtentsIn(TheHost().session.RequireSolid(solid), Placement());
+            if (box.empty) Refuse(PRO_TK_E_NOT_FOUND);
+            const Vec3 corners[] = {box.low, box.high};
+            for (std::size_t i = 0; i < 2; ++i) {
+                outline[i][0] = corners[i].x;
+                outline[i][1] = corners[i].y;
+                outline[i][2] = corners[i].z;
+            }
+            return PRO_TK_NO_ERROR;
+        },
+        "solid", static_cast<ProMdl>(solid));
+}

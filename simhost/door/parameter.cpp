@@ -1,0 +1,156 @@
+// Parameters at the door.
+#include "hostapi/host/parameter.h"
+
+#include <algorithm>
+
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/model/parameters.h"
+
+using namespace simhost;
+
+namespace {
+
+// A real host reads on behind an array that has no end.
+template <std::size_t Size>
+WideText RequireText(const WideChar (&text)[Size], const char* what) {
+    const auto* end = std::find(text, text + Size, WideChar{});
+    if (end == text + Size) {
+        Complain(PRO_TK_BAD_INPUTS, std::string(what) + " has no end within its record");
+    }
+    return {text, end};
+}
+
+WideText RequireName(const WideChar* name) {
+    Need(name, "the parameter's name");
+    const WideText text = name;
+    if (text.size() >= PRO_NAME_SIZE) {
+        Complain(PRO_TK_BAD_INPUTS, "the parameter's name is longer than a name");
+    }
+    return text;
+}
+
+Model& RequireOwner(const ProModelitem* item) {
+    Need(item, "the parameter's owner");
+    Model& model = TheHost().session.Require(item->owner);
+    if (int(item->type) != int(model.type)) {
+        Complain(PRO_TK_BAD_INPUTS, "an item that is no model owns no parameters here");
+    }
+    return model;
+}
+
+void RequireValue(const ProParamvalue* value) {
+    Need(value, "the parameter's value");
+    switch (value->type) {
+        case PRO_PARAM_STRING: RequireText(value->value.s_val, "the text of the value"); return;
+        case PRO_PARAM_BOOLEAN:
+            if (value->value.l_val == 0 || value->value.l_val == 1) return;
+            Complain(PRO_TK_BAD_INPUTS, "a boolean is neither 0 nor 1");
+        case PRO_PARAM_DOUBLE:
+        case PRO_PARAM_INTEGER: return;
+        default: Complain(PRO_TK_BAD_INPUTS, "a parameter's value of no type");
+    }
+}
+
+// What a handle names, in a model that is still there.
+struct Named {
+    Model& model;
+    WideText name;
+};
+Named RequireParameter(const ProParameter* parameter) {
+    Need(parameter, "the parameter");
+    Model& model = RequireOwner(&parameter->owner);
+    return {model, RequireText(parameter->id, "the parameter's name")};
+}
+
+const Parameter& Wanted(const Named& named) {
+    const Parameter* found = ShownParameter(named.model, named.name);
+    if (!found) Refuse(PRO_TK_E_NOT_FOUND);
+    return *found;
+}
+
+void Fill(ProParameter* parameter, const Model& model, WideView name) {
+    *parameter = {};
+    parameter->type = ProType(model.type);
+    CopyCut(name, parameter->id, PRO_NAME_SIZE);
+    parameter->owner = {ProType(model.type), -1, model.handle};
+}
+
+}  // namespace
+
+ProError ProParameterCreate(ProModelitem* owner, ProName name, ProParamvalue* value,
+                            ProParameter* parameter) {
+    static Operation op("ProParameterCreate");
+    return op.Call(
+        [&] {
+            Need(parameter, "the place for the parameter");
+            Model& model = RequireOwner(owner);
+            const WideText wanted = RequireName(name);
+            RequireValue(value);
+            if (wanted.empty()) Refuse(PRO_TK_BAD_INPUTS);
+            if (!IsParameterName(wanted)) Refuse(PRO_TK_INVALID_NAME);
+            if (ShownParameter(model, wanted)) Refuse(PRO_TK_E_FOUND);
+            Parameter made;
+            made.name = wanted;
+            TakeValue(*value, &made);
+            model.parameters.Set(made);
+            model.modified = true;
+            Fill(parameter, model, wanted);
+            return PRO_TK_NO_ERROR;
+        },
+        "owner", owner, "name", name, "value", value, "parameter", Out(parameter));
+}
+
+ProError ProParameterInit(ProModelitem* owner, ProName name, ProParameter* parameter) {
+    static Operation op("ProParameterInit");
+    return op.Call(
+        [&] {
+            Need(parameter, "the place for the parameter");
+            const Named named{RequireOwner(owner), RequireName(name)};
+            Fill(parameter, named.model, Wanted(named).name);
+            return PRO_TK_NO_ERROR;
+        },
+        "owner", owner, "name", name, "parameter", Out(parameter));
+}
+
+ProError ProParameterValueGet(ProParameter* parameter, ProParamvalue* value) {
+    static Operation op("ProParameterValueGet");
+    return op.Call(
+        [&] {
+            Need(value, "the place for the value");
+            *value = ValueOf(Wanted(RequireParameter(parameter)));
+            return PRO_TK_NO_ERROR;
+        },
+        "parameter", parameter, "value", Out(value));
+}
+
+ProError ProParameterValueSet(ProParameter* parameter, ProParamvalue* value) {
+    static Operation op("ProParameterValueSet");
+    return op.Call(
+        [&] {
+            const Named named = RequireParameter(parameter);
+            RequireValue(value);
+            Parameter changed = Wanted(named);
+            if (changed.type != value->type) Refuse(PRO_TK_INVALID_TYPE);
+            if (WhyFixed(named.model, named.name)) Refuse(PRO_TK_GENERAL_ERROR);
+            TakeValue(*value, &changed);
+            named.model.parameters.Set(changed);
+            named.model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "parameter", parameter, "value", value);
+}
+
+ProError ProParameterDelete(ProParameter* parameter) {
+    static Operation op("ProParameterDelete");
+    return op.Call(
+        [&] {
+            const Named named = RequireParameter(parameter);
+            Wanted(named);
+            if (WhyFixed(named.model, named.name)) Refuse(PRO_TK_GENERAL_ERROR);
+            named.model.parameters.Remove(named.name);
+            named.model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "parameter", parameter);
+}

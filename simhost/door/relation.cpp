@@ -1,0 +1,110 @@
+// Relations at the door.
+#include "hostapi/host/relation.h"
+
+#include "simhost/host.h"
+
+using namespace simhost;
+
+namespace {
+
+Model& RequireOwner(const ProModelitem* item) {
+    Need(item, "the owner of the relations");
+    Model& model = TheHost().session.Require(item->owner);
+    if (int(item->type) != int(model.type)) {
+        Complain(PRO_TK_BAD_INPUTS, "an item that is no model has no relations here");
+    }
+    return model;
+}
+
+struct Set {
+    Model& model;
+    std::vector<WideText>& lines;
+};
+Set RequireSet(const ProRelset* set) {
+    Need(set, "the relation set");
+    Model& model = RequireOwner(&set->owner);
+    if (set->afterRegeneration) return {model, model.relations.afterRegeneration};
+    if (!model.relations.initial) Refuse(PRO_TK_E_NOT_FOUND);
+    return {model, *model.relations.initial};
+}
+
+}  // namespace
+
+ProError ProModelitemToRelset(ProModelitem* item, ProRelset* set) {
+    static Operation op("ProModelitemToRelset");
+    return op.Call(
+        [&] {
+            Need(set, "the place for the relation set");
+            const Model& model = RequireOwner(item);
+            if (!model.relations.initial) Refuse(PRO_TK_E_NOT_FOUND);
+            *set = {*item, 0};
+            return PRO_TK_NO_ERROR;
+        },
+        "item", item);
+}
+
+ProError ProRelsetPostregenerationInit(ProMdl model, ProRelset* set) {
+    static Operation op("ProRelsetPostregenerationInit");
+    return op.Call(
+        [&] {
+            Need(set, "the place for the relation set");
+            const Model& found = TheHost().session.RequireSolid(model);
+            *set = {{ProType(found.type), -1, found.handle}, 1};
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model);
+}
+
+ProError ProRelsetCreate(ProModelitem* item, ProRelset* set) {
+    static Operation op("ProRelsetCreate");
+    return op.Call(
+        [&] {
+            Need(set, "the place for the relation set");
+            Model& model = RequireOwner(item);
+            if (model.relations.initial) Refuse(PRO_TK_E_FOUND);
+            model.relations.initial.emplace();
+            model.modified = true;
+            *set = {*item, 0};
+            return PRO_TK_NO_ERROR;
+        },
+        "item", item);
+}
+
+ProError ProRelsetRelationsGet(ProRelset* set, WideChar*** lines) {
+    static Operation op("ProRelsetRelationsGet");
+    return op.Call(
+        [&] {
+            Need(lines, "the place of the array");
+            const Set found = RequireSet(set);
+            Host& host = TheHost();
+            auto array = static_cast<ProArray>(*lines);
+            for (const WideText& line : found.lines) {
+                WideChar* text = host.lentTexts.emplace_back(line).data();
+                host.arrays.Insert(&array, -1, 1, &text);
+            }
+            *lines = static_cast<WideChar**>(array);
+            return PRO_TK_NO_ERROR;
+        },
+        "owner", set ? set->owner.owner : nullptr);
+}
+
+ProError ProRelsetRelationsSet(ProRelset* set, WideChar** lines, int count) {
+    static Operation op("ProRelsetRelationsSet");
+    return op.Call(
+        [&] {
+            const Set found = RequireSet(set);
+            if (count < 0) Complain(PRO_TK_BAD_INPUTS, "a negative number of relations");
+            if (count > 0 && TheHost().arrays.Size(lines) < count) {
+                Complain(PRO_TK_BAD_INPUTS, "the array has fewer relations");
+            }
+            std::vector<WideText> texts;
+            for (int i = 0; i < count; ++i) {
+                Need(lines[i], "a relation");
+                texts.emplace_back(lines[i]);
+            }
+            found.lines = std::move(texts);
+            found.model.modified = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "owner", set ? set->owner.owner : nullptr, "count", count);
+}

@@ -1,0 +1,72 @@
+// Views on the screen at the door.
+#include "hostapi/host/view.h"
+
+#include <algorithm>
+
+#include "simhost/host.h"
+#include "simhost/model/screen_view.h"
+
+using namespace simhost;
+
+namespace {
+
+// The model whose view is meant; a null model is the current one. Saved views there are none.
+Model& RequireShown(ProMdl handle, ProView view) {
+    const Session& session = TheHost().session;
+    if (view) Complain(PRO_TK_BAD_INPUTS, "a model has no such saved view");
+    if (handle) return session.Require(handle);
+    Model* current = session.CurrentModel();
+    if (!current) Refuse(PRO_TK_BAD_CONTEXT);
+    return *current;
+}
+
+void Copy(const ProMatrix from, ProMatrix to) {
+    for (std::size_t row = 0; row < 4; ++row) std::copy(from[row], from[row] + 4, to[row]);
+}
+
+}  // namespace
+
+ProError ProViewMatrixGet(ProMdl model, ProView view, ProMatrix transform) {
+    static Operation op("ProViewMatrixGet");
+    return op.Call(
+        [&] {
+            Need(transform, "the place for the transform");
+            Copy(ScreenOf(RequireShown(model, view)).matrix, transform);
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "view", view);
+}
+
+ProError ProViewMatrixSet(ProMdl model, ProView view, ProMatrix transform) {
+    static Operation op("ProViewMatrixSet");
+    return op.Call(
+        [&] {
+            Need(transform, "the transform");
+            Model& shown = RequireShown(model, view);
+            Placement frame;
+            double scale = 0;
+            if (!FrameOf(transform, &frame, &scale)) Refuse(PRO_TK_INVALID_MATRIX);
+            Copy(transform, ScreenOf(shown).matrix);
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "view", view);
+}
+
+ProError ProViewRotate(ProMdl model, ProView view, ProViewRotationAxis axis, double angle) {
+    static Operation op("ProViewRotate");
+    return op.Call(
+        [&] {
+            if (axis < PRO_VIEW_ROTATE_X || axis > PRO_VIEW_ROTATE_Z) {
+                Complain(PRO_TK_BAD_INPUTS, "not an axis of the screen");
+            }
+            ProMatrix& matrix = ScreenOf(RequireShown(model, view)).matrix;
+            const Vec3 place{matrix[3][0], matrix[3][1], matrix[3][2]};
+            Placement frame;
+            double scale = 0;
+            FrameOf(matrix, &frame, &scale);
+            SetMatrix(Turned(frame, int(axis) - int(PRO_VIEW_ROTATE_X), angle), scale, place,
+                      matrix);
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "view", view, "axis", axis, "angle", angle);
+}

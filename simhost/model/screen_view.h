@@ -1,0 +1,26 @@
+// How a model is turned, moved and enlarged on the screen.
+#pragma once
+
+#include "hostapi/host/geometry.h"
+#include "simhost/model/model.h"
+
+namespace simhost {
+
+// From the model to the screen: point * matrix; rows 0 to 2 are scaled, row 3 is the place.
+struct ScreenView {
+    ProMatrix matrix;
+};
+
+// The model's view; one that was never set is isometric, and as large as the screen takes it.
+ScreenView& ScreenOf(Model& model);
+
+// The rows of a matrix as the axes of a frame, divided by their length. False unless they are of
+// one length (more than 0), square to each other and right-handed.
+bool FrameOf(const ProMatrix matrix, Placement* frame, double* scale);
+void SetMatrix(const Placement& frame, double scale, Vec3 place, ProMatrix matrix);
+
+// The frame turned about an axis of its parent: 0 right, 1 up, 2 towards the viewer (degrees,
+// counter-clockwise against the axis). Its origin stays.
+Placement Turned(const Placement& frame, int axis, double degrees);
+
+}  // namespace simhost

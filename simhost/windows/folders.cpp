@@ -1,0 +1,39 @@
+// Where the folders of the user lie.
+#ifndef _WIN32
+
+#include <algorithm>
+#include <filesystem>
+
+#include "simhost/core/operation.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/windows/windows.h"
+
+using namespace simhost;
+
+namespace {
+
+constexpr WideView kDesktop = WIDE("C:\\Users\\Designer\\Desktop");
+
+}  // namespace
+
+BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create) {
+    static Operation op("SHGetSpecialFolderPathW");
+    return op.CallOr(
+        [](int) { return BOOL(FALSE); },
+        [&] {
+            Need(path, "the place for the path");
+            if (folder != CSIDL_DESKTOPDIRECTORY) {
+                Complain(FALSE, "a folder that is not known here");
+            }
+            // Every user has a desktop, asked for or not.
+            std::error_code ignored;
+            std::filesystem::create_directories(TheHost().disk.Real(kDesktop), ignored);
+            CopyCut(kDesktop, path, MAX_PATH);
+            return BOOL(TRUE);
+        },
+        "owner", static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create",
+        create);
+}
+
+#endif

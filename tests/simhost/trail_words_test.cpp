@@ -1,0 +1,210 @@
+// The @ words of scripts that look at models and change the session, and the Tab key at the prompt.
+#include <filesystem>
+#include <string>
+
+#include "hostapi/host.h"
+#include "hostapi/windows.h"
+#include "simhost/app/prompt.h"
+#include "tests/simhost/trail_ground.h"
+
+using namespace simhost;
+using namespace trails;
+
+namespace {
+
+TEST_F(ModelScripts, ComponentsArePickedDownTheTree) {
+    const int unit = top_->features()[0].id;
+    const int second = unit_->features()[1].id;
+    EXPECT_EQ(Run("@ select shaft, 箱体/SHAFT.PRT:2, ."), Failures{});
+    ASSERT_EQ(host().session.buffer.size(), 3u);
+    EXPECT_EQ(Picked(0), "shaft.prt 2 -1 at " + std::to_string(top_->features()[1].id));
+    EXPECT_EQ(Picked(1),
+              "shaft.prt 2 -1 at " + std::to_string(unit) + " " + std::to_string(second));
+    EXPECT_EQ(Picked(2), "top.asm 1 -1 at");
+    EXPECT_EQ(Run("@ clear selection"), Failures{});
+    EXPECT_TRUE(host().session.buffer.empty());
+}
+
+TEST_F(ModelScripts, SurfacesFeaturesAndOtherItemsArePickedByTheirIds) {
+    const std::string id = std::to_string(unit_->features()[0].id);
+    EXPECT_EQ(Run("@ select shaft#11, shaft/surface#12, shaft/edge#7, 箱体#" + id), Failures{});
+    ASSERT_EQ(host().session.buffer.size(), 4u);
+    const std::string at = " at " + std::to_string(top_->features()[1].id);
+    EXPECT_EQ(Picked(0), "shaft.prt 5 11" + at);
+    EXPECT_EQ(Picked(1), "shaft.prt 5 12" + at);
+    EXPECT_EQ(Picked(2), "shaft.prt 6 7" + at);
+    EXPECT_EQ(Picked(3).substr(0, 14), "箱体.asm 3 " + id.substr(0, 1));
+}
+
+TEST_F(ModelScripts, APathThatLeadsNowhereFailsAndTheSelectionStays) {
+    EXPECT_EQ(Run("@ select shaft"), Failures{});
+    EXPECT_EQ(Failure("@ select shaf"),
+              "line 1: top.asm holds no component shaf; did you mean shaft.prt?");
+    EXPECT_EQ(Failure("@ select 箱体/shaft:3"), "line 1: 箱体.asm holds shaft only 2 times");
+    EXPECT_EQ(Failure("@ select shaft#999"), "line 1: shaft.prt has no surface or feature 999");
+    EXPECT_EQ(Failure("@ select shaft#x"), "line 1: \"x\" behind # is no id");
+    EXPECT_EQ(Failure("@ select"), "line 1: a path belongs behind select, such as UNIT/GEAR:2");
+    EXPECT_EQ(host().session.buffer.size(), 1u);
+}
+
+TEST_F(ModelScripts, AManufacturingModelIsPickedInItsAssembly) {
+    Open(Manufacturing("MILL", *top_));
+    EXPECT_EQ(Run("@ select 箱体"), Failures{});
+    EXPECT_EQ(host().session.buffer[0]->top, top_);
+}
+
+TEST_F(ModelScripts, ModelsAreSavedClosedAndOpenedAgain) {
+    const WideText folder = host().session.workingDirectory;
+    EXPECT_EQ(Run("@ save all\n@ close\n@ open top.asm"), Failures{});
+    bool found = false;
+    Read(folder + WIDE("\\箱体.asm.1"), &found);
+    EXPECT_TRUE(found);
+    EXPECT_EQ(host().session.CurrentModel(), top_);
+    EXPECT_EQ(Run("@ save\n@ save shaft.prt"), Failures{});
+    EXPECT_EQ(top_->version, 2);
+    EXPECT_EQ(shaft_->version, 2);
+    EXPECT_EQ(Run("@ save all"), Failures{});  // nothing was changed since
+    EXPECT_EQ(top_->version, 2);
+    EXPECT_EQ(Failure("@ save shat.prt"),
+              "line 1: the model shat.prt is not in memory; did you mean shaft.prt?");
+}
+
+TEST_F(ModelScripts, WindowsAreChangedByTheirModel) {
+    Open(*shaft_);
+    EXPECT_EQ(Run("@ window top.asm"), Failures{});
+    EXPECT_EQ(host().session.CurrentModel(), top_);
+    EXPECT_EQ(Failure("@ window 箱体.asm"), "line 1: no window shows 箱体.asm");
+    EXPECT_EQ(Run("@ close"), Failures{});
+    EXPECT_EQ(Failure("@ close"), "line 1: no window is open");
+    EXPECT_EQ(Failure("@ select shaft"), "line 1: no model is open");
+}
+
+TEST_F(ModelScripts, AFileOrAFolderThatIsNotThereFails) {
+    EXPECT_EQ(Failure("@ open nowhere.prt"), "line 1: there is no nowhere.prt in C:\\Work");
+    EXPECT_EQ(Failure("@ directory C:\\Nowhere"), "line 1: there is no folder C:\\Nowhere");
+    std::filesystem::create_directories(host().disk.Real(WIDE("C:\\Other")));
+    EXPECT_EQ(Run("@ directory C:\\Other\\"), Failures{});
+    EXPECT_EQ(host().session.workingDirectory, WIDE("C:\\Other"));
+}
+
+TEST_F(ModelScripts, ColoursAreExpectedAsRedGreenBlue) {
+    shaft_->appearance = DefaultAppearance();
+    shaft_->appearance->colour[0] = 1.0;
+    shaft_->appearance->colour[1] = 128 / 255.0;
+    shaft_->appearance->colour[2] = 0;
+    EXPECT_EQ(Run("@ expect colour shaft.prt 255.128.0\n@ expect colour SHAFT 255.128.0\n"
+                  "@ expect colour 箱体 none\n@ expect colour shaft#11 none"),
+              Failures{});
+    EXPECT_EQ(Failure("@ expect colour shaft 255.128.1"),
+              "line 1: the colour of shaft.prt is 255.128.0, not 255.128.1");
+    EXPECT_EQ(Failure("@ expect colour 箱体 0.0.0"),
+              "line 1: the colour of 箱体.asm is none, not 0.0.0");
+    EXPECT_EQ(Failure("@ expect colour shaft#999 none"), "line 1: shaft.prt has no surface 999");
+    EXPECT_EQ(Failure("@ expect colour shat none"),
+              "line 1: the model shat is not in memory; did you mean shaft.prt?");
+}
+
+TEST_F(ModelScripts, AvailabilityIsExpected) {
+    EXPECT_EQ(Run("@ expect available Runs\n@ expect greyed NotHere"), Failures{});
+    EXPECT_EQ(Failure("@ expect greyed Runs"),
+              "line 1: Runs is available (its access rule answers 3)");
+    EXPECT_EQ(Failure("@ expect available NotHere"),
+              "line 1: NotHere is not shown (its access rule answers 1)");
+    EXPECT_EQ(Failure("@ expect greyed Rums"),
+              "line 1: there is no command Rums; did you mean Runs?");
+}
+
+TEST_F(ModelScripts, EverythingCanBeShown) {
+    shaft_->appearance = DefaultAppearance();
+    EXPECT_EQ(Run("@ select shaft\n@ show models\n@ show menu\n@ show commands\n@ show dialog\n"
+                  "@ show popup\n@ show selection\n@ show colours\n@ show messages"),
+              Failures{});
+    EXPECT_TRUE(Told("* top.asm"));
+    EXPECT_TRUE(Told("3 models in memory, working folder C:\\Work"));
+    EXPECT_TRUE(Told("NotHere                  not shown"));
+    EXPECT_TRUE(Told("no dialog is open"));
+    EXPECT_TRUE(Told("1 selected"));
+    EXPECT_TRUE(Told("1 models have a colour of their own"));
+    EXPECT_EQ(Failure("@ show model").substr(0, 18), "line 1: show what?");
+}
+
+// --- Settings, time, hooks
+
+TEST_F(Scripts, ASettingIsWritten) {
+    EXPECT_EQ(Run("@ setting RmbDisable value 0"), Failures{});
+    WideChar value[20];
+    const WideText path = workbench::kTextFolder + WIDE("\\VXconfig\\VxConfig.ini");
+    GetPrivateProfileStringW(WIDE("RmbDisable"), WIDE("value"), WIDE("none"), value, 20,
+                             path.c_str());
+    EXPECT_EQ(WideText(value), WIDE("0"));
+    EXPECT_EQ(Failure("@ setting RmbDisable"),
+              "line 1: a setting is SECTION KEY VALUE, such as RmbDisable value 0");
+}
+
+void Fires(HWND, UINT, UINT_PTR timer, DWORD) {
+    seen += "fired ";
+    KillTimer(nullptr, timer);
+}
+
+TEST_F(Scripts, WaitingLetsTimersFire) {
+    SetTimer(nullptr, 1, 2000, Fires);
+    EXPECT_EQ(Run("@ wait 1.5"), Failures{});
+    EXPECT_EQ(seen, "");
+    EXPECT_EQ(Run("@ wait 0.5"), Failures{});
+    EXPECT_EQ(seen, "fired ");
+    EXPECT_EQ(Failure("@ wait long"), "line 1: \"long\" is no number of seconds");
+    EXPECT_EQ(Failure("@ wait -1"), "line 1: \"-1\" is no number of seconds");
+}
+
+TEST_F(Scripts, TheApplicationLoadsUnloadsAndDraws) {
+    EXPECT_EQ(Failure("@ start"), "line 1: nothing here can load the plug-in");
+    EXPECT_EQ(Failure("@ picture x.svg"), "line 1: nothing here can draw pictures");
+    TheHooks().start = [] { return std::string("the module has no user_initialize"); };
+    TheHooks().stop = [] {
+        seen += "stopped ";
+        return std::string();
+    };
+    TheHooks().picture = [](const std::string& file) {
+        seen += file;
+        return std::string();
+    };
+    EXPECT_EQ(Failure("@ start"), "line 1: the module has no user_initialize");
+    EXPECT_EQ(Run("@ stop\n@ picture \"a b.svg\""), Failures{});
+    EXPECT_EQ(seen, "stopped a b.svg");
+}
+
+TEST_F(Scripts, ANoteStandsInTheTranscript) {
+    EXPECT_EQ(Run("@ note the second half\n@ help words"), Failures{});
+    EXPECT_TRUE(Told("@ note the second half"));
+    EXPECT_TRUE(Told("@ expect box TEXT"));
+    EXPECT_EQ(Failure("@ ok now"), "line 1: nothing belongs behind ok, but there is \"now\"");
+}
+
+TEST_F(Scripts, TheUserBeforeTheScriptIsBackAfterIt) {
+    EXPECT_EQ(host().user, nullptr);
+    Run("~ Command `Runs`");
+    EXPECT_EQ(host().user, nullptr);
+}
+
+// --- The Tab key
+
+TEST_F(ModelScripts, TheTabKeyKnowsStepsWordsCommandsDialogsAndModels) {
+    using Words = std::vector<std::string>;
+    EXPECT_EQ(Completions("~ Ac"), Words{"Activate"});
+    EXPECT_EQ(Completions("~ Command `Run"), Words{"Runs"});
+    EXPECT_EQ(Completions("Run"), Words{"Runs"});
+    EXPECT_EQ(Completions("@ expect ca"), Words{"caption"});
+    EXPECT_EQ(Completions("expect no "), (Words{"box", "button"}));
+    EXPECT_EQ(Completions("select 箱体/SH"), Words{"shaft.prt"});
+    EXPECT_EQ(Completions("show col"), Words{"colours"});
+    EXPECT_EQ(Completions("expect greyed Not"), Words{"NotHere"});
+    char name[] = "Settings";
+    ProUIDialogCreate(name, name);
+    EXPECT_EQ(Completions("~ Activate `Set"), Words{"Settings"});
+    EXPECT_EQ(Completions("~ FocusIn `Settings` `A"), Words{"Apply"});
+    EXPECT_EQ(Completions("~ Command `Runs`; ~ Activate `Settings` `O"), Words{"OK"});
+    EXPECT_EQ(Run("@ save all"), Failures{});
+    EXPECT_EQ(Completions("open s"), Words{"shaft.prt"});
+}
+
+}  // namespace

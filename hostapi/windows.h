@@ -31,6 +31,10 @@
 #undef MoveFile
 #undef ReplaceText
 #undef SendMessage
+#undef far
+#undef interface
+#undef near
+#undef small
 
 #else
 

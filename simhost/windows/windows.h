@@ -126,6 +126,8 @@ public:
     OpenFile* Require(HANDLE file) const;
     bool Close(HANDLE file);
 
+    WideText Desktop() const;  // the user's folder
+
     // --- Locale ---
     std::map<int, WideText> locale;  // what was set, by category
 

@@ -226,6 +226,13 @@ BOOL WINAPI Close(HANDLE handle) {
         close);
 }
 
+BOOL WINAPI SpecialFolder(HWND owner, WideChar* path, int folder, BOOL create) {
+    static Operation op("SHGetSpecialFolderPathW");
+    return op.CallOr(
+        False, [&] { return SHGetSpecialFolderPathW(owner, path, folder, create); }, "owner",
+        static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create", create);
+}
+
 // --- Code pages and locale ---
 
 int WINAPI ToWide(UINT codePage, DWORD flags, const char* narrow, int length, WideChar* wide,
@@ -290,6 +297,7 @@ void* WatcherOf(const char* name) {
         {"ReadFile",                   Address(ReadBytes)},
         {"WriteFile",                  Address(WriteBytes)},
         {"CloseHandle",                Address(Close)},
+        {"SHGetSpecialFolderPathW",    Address(SpecialFolder)},
         {"MultiByteToWideChar",        Address(ToWide)},
         {"WideCharToMultiByte",        Address(ToNarrow)},
         {"_wsetlocale",                Address(SetLocale)},

@@ -169,6 +169,12 @@ void RealWindows::Release(WideView windowsPath) {
     held_.erase(file);
 }
 
+WideText RealWindows::Desktop() const {
+    WideChar path[MAX_PATH] = {};
+    SHGetSpecialFolderPathW(nullptr, path, CSIDL_DESKTOPDIRECTORY, TRUE);
+    return path;
+}
+
 std::vector<std::string> RealWindows::OpenHandles() const {
     std::vector<std::string> lines;
     for (const auto& [key, path] : keys) lines.push_back("key " + Utf8(path));

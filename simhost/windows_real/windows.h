@@ -69,6 +69,7 @@ public:
     // Holds the file open and shares it with nobody.
     void Hold(WideView windowsPath);
     void Release(WideView windowsPath);
+    WideText Desktop() const;  // the user's folder
 
     // --- What the plug-in did ---
     std::vector<WideText> programs;   // command lines that were to run; they are never run

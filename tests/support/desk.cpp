@@ -26,8 +26,9 @@ bool IsForTests() {
 }
 
 std::set<fs::path> Entries() {
+    static const fs::path desktop = simhost::TheWindows().Desktop();
     std::set<fs::path> entries;
-    for (const fs::path& folder : {kDrive, kPrograms}) {
+    for (const fs::path& folder : {kDrive, kPrograms, desktop}) {
         std::error_code error;
         for (const auto& entry : fs::directory_iterator(folder, error)) {
             entries.insert(entry.path());

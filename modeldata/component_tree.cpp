@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "frame/services.h"
-#include "modeldata/fixed_text.h"
 #include "modeldata/keyword_filter.h"
 #include "modeldata/parameters.h"
 

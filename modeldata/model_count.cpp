@@ -7,7 +7,6 @@
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/fixed_text.h"
 #include "modeldata/keyword_filter.h"
 
 namespace {

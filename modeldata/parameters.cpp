@@ -10,7 +10,6 @@
 #include "frame/dialog_values.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/fixed_text.h"
 #include "modeldata/keyword_filter.h"
 #include "modeldata/params_dialog.h"
 

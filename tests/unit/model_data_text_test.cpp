@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "modeldata/component_tree.h"
-#include "modeldata/fixed_text.h"
 #include "modeldata/parameters.h"
 #include "modeldata/sheet_size.h"
 

@@ -42,7 +42,7 @@ std::filesystem::path Install(const std::filesystem::path& file, const WideText&
     std::error_code error;
     if (std::filesystem::equivalent(file, place, error)) return {};
     std::filesystem::create_directories(place.parent_path());
-    std::filesystem::copy_file(file, place, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy_file(file, place, std::filesystem::copy_options::update_existing);
     return place;
 }
 

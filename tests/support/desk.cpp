@@ -19,10 +19,11 @@ namespace {
 const fs::path kDrive = L"C:\\";
 const fs::path kPrograms = L"C:\\Program Files";
 
+// Asked once, before any test lets a call of Windows fail.
 bool IsForTests() {
-    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
-    if (system && GetProcAddress(system, "wine_get_version")) return true;
-    return std::getenv("VX_TEST_COMPUTER") != nullptr;
+    static const bool isWine =
+        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+    return isWine || std::getenv("VX_TEST_COMPUTER") != nullptr;
 }
 
 std::set<fs::path> Entries() {
@@ -72,12 +73,15 @@ fs::path DriveOfTests() {
 }
 
 std::vector<std::string> ClearDrive() {
+    simhost::RestartWindows();  // lets go of what the test itself held and loaded
     std::vector<std::string> left;
     for (const fs::path& place : Entries()) {
         if (EntriesAtFirst().count(place) > 0) continue;
-        MakeWritable(place);
+        // In this form a path may have more than 260 characters.
+        const fs::path whole = L"\\\\?\\" + place.native();
+        MakeWritable(whole);
         std::error_code error;
-        fs::remove_all(place, error);
+        fs::remove_all(whole, error);
         if (!error) continue;
         left.push_back(simhost::Utf8(place.native()));
         EntriesAtFirst().insert(place);  // told once

@@ -1,6 +1,7 @@
 // Numbers, fixed records and the listing of components: the text side of the batch commands.
 #include <gtest/gtest.h>
 
+#include "frame/fixed_text.h"
 #include "modeldata/component_tree.h"
 #include "modeldata/parameters.h"
 #include "modeldata/sheet_size.h"

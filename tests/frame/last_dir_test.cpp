@@ -429,6 +429,7 @@ TEST_F(LastDirectory, IsLostQuietlyWhenAnotherProgramHoldsTheFile) {
     Start();
     TheWindows().Hold(kFile);
     workplace_->StopPlugin();
+    TheWindows().Release(kFile);
     EXPECT_EQ(SavedBytes(), "C:\\Before");
     EXPECT_EQ(Boxes(), Lines{});
 }

@@ -44,15 +44,28 @@ std::set<fs::path>& EntriesAtFirst() {
     return entries;
 }
 
-// Read-only files can be removed only when they are not so any more.
-void MakeWritable(const fs::path& place) {
-    std::error_code error;
-    fs::permissions(place, fs::perms::owner_write, fs::perm_options::add, error);
-    for (fs::recursive_directory_iterator at(place, error), end; !error && at != end;
-         at.increment(error)) {
-        std::error_code ignored;
-        fs::permissions(at->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+// The form in which a path may have more than 260 characters, which the standard library lacks.
+std::wstring Long(const fs::path& path) {
+    return L"\\\\?\\" + path.native();
+}
+
+// Removes a file or a whole folder, read-only ones too; false if something of it stays.
+bool Remove(const fs::path& place) {
+    const std::wstring name = Long(place);
+    const DWORD attributes = GetFileAttributesW(name.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return false;
+    SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) return DeleteFileW(name.c_str());
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW((name + L"\\*").c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
+            const std::wstring child = found.cFileName;
+            if (child != L"." && child != L"..") Remove(place / child);
+        } while (FindNextFileW(search, &found));
+        FindClose(search);
     }
+    return RemoveDirectoryW(name.c_str());
 }
 
 }  // namespace
@@ -77,12 +90,7 @@ std::vector<std::string> ClearDrive() {
     std::vector<std::string> left;
     for (const fs::path& place : Entries()) {
         if (EntriesAtFirst().count(place) > 0) continue;
-        // In this form a path may have more than 260 characters.
-        const fs::path whole = L"\\\\?\\" + place.native();
-        MakeWritable(whole);
-        std::error_code error;
-        fs::remove_all(whole, error);
-        if (!error) continue;
+        if (Remove(place)) continue;
         left.push_back(simhost::Utf8(place.native()));
         EntriesAtFirst().insert(place);  // told once
     }

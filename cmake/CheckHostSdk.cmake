@@ -1,4 +1,4 @@
-# Whether VX_HOST_SDK names a folder of the host vendor's kit, and has the headers that are included.
+# Whether VX_HOST_SDK names a folder of the vendor's kit that has the headers we include.
 if(NOT VX_HOST_SDK)
     return()
 endif()

@@ -1,7 +1,6 @@
-// Message boxes of a real Windows: each is seen by a hook when it stands, read from its windows as a
-// person would read it, and answered by the press of one of its buttons.
+// Message boxes of a real Windows: each is seen by a hook when it stands, read from its windows as
+// a person would read it, and answered by the press of one of its buttons.
 #ifdef _WIN32
-
 
 #include <vector>
 

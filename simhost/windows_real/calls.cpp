@@ -318,7 +318,7 @@ void Replace(IMAGE_THUNK_DATA* entry, void* call) {
 
 }  // namespace
 
-// A module calls other modules through its table of imports, where the loader has put the addresses.
+// A module calls others through its table of imports, where the loader has put the addresses.
 void WatchCalls(HMODULE module) {
     auto* base = reinterpret_cast<unsigned char*>(module);
     const auto at = [base](auto offset) { return base + offset; };

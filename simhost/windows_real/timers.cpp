@@ -1,6 +1,6 @@
-// Timers of a real Windows on a clock that the user moves: one that is set does not run out by itself,
-// or it would fire in the message loop of any box on a slow machine. When it falls due it is set anew
-// with the shortest interval, and fires from the thread's message loop as ever.
+// Timers of a real Windows on a clock that the user moves: one that is set does not run out by
+// itself, or it would fire in the message loop of any box on a slow machine. When it falls due it
+// is set anew with the shortest interval, and fires from the thread's message loop as ever.
 #ifdef _WIN32
 
 #include <algorithm>

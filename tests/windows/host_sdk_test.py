@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
@@ -34,12 +35,25 @@ class HostSdk(unittest.TestCase):
     def test_empty_folder_by_preset(self):
         self.assert_told(configure(self.kit, "--preset", "vendor"), "includes/ProToolkit.h")
 
+    def lay(self, *names):
+        for name in names:
+            file = pathlib.Path(self.kit, name)
+            file.parent.mkdir(parents=True, exist_ok=True)
+            file.touch()
+
     def test_headers_without_libraries(self):
-        includes = pathlib.Path(self.kit, "includes")
-        includes.mkdir()
-        (includes / "ProToolkit.h").touch()
+        self.lay("includes/ProToolkit.h")
         self.assert_told(configure("", f"-DVX_HOST_SDK={self.kit}"),
                          "x86e_win64/obj/protk_dllmd_NU.lib")
+
+    def test_a_kit_without_some_of_the_headers(self):
+        vendor = (ROOT / "hostapi" / "vendor.h").read_text(encoding="utf-8")
+        headers = re.findall(r"#include <(.*)>", vendor)
+        self.lay(*(f"includes/{name}" for name in headers if name not in ("ProMfg.h", "ProView.h")),
+                 *(f"x86e_win64/obj/{name}.lib" for name in ("protk_dllmd_NU", "ucore", "udata")))
+        text = " ".join(configure("", f"-DVX_HOST_SDK={self.kit}").stderr.split())
+        self.assertIn(f"the kit in {self.kit} has no ProMfg.h, ProView.h", text)
+        self.assertIn("hostapi/vendor.h", text)
 
 
 if __name__ == "__main__":

@@ -1,4 +1,5 @@
-"""The tools around the Windows build: what they find, and what they say when something is missing."""
+"""The tools around the Windows build: what they find, and what they say when something is
+missing."""
 
 import os
 import pathlib

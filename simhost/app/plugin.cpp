@@ -23,15 +23,25 @@ WideText FileNameOf(const WideText& path) {
     return path.substr(path.find_last_of(WIDE("\\/")) + 1);
 }
 
+std::runtime_error Failure(const std::filesystem::path& file, const std::string& reason) {
+    const std::u8string name = file.u8string();
+    return std::runtime_error("the module " + std::string(name.begin(), name.end()) +
+                              " cannot be loaded: " + reason);
+}
+
+const std::filesystem::path& Existing(const std::filesystem::path& file) {
+    std::error_code error;
+    if (std::filesystem::is_regular_file(file, error)) return file;
+    throw Failure(file, "there is no such file; build it, or name another");
+}
+
 #ifdef _WIN32
 // The errors that somebody can do something about.
 std::string ReasonOf(DWORD error) {
     switch (error) {
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_PATH_NOT_FOUND: return "it is not there";
-        case ERROR_MOD_NOT_FOUND: return "it is not there, or a library that it needs is missing";
-        case ERROR_PROC_NOT_FOUND: return "the host lacks an operation that it calls";
-        case ERROR_BAD_EXE_FORMAT: return "it is no module for 64-bit Windows";
+        case ERROR_MOD_NOT_FOUND: return "a library that it needs is missing; put it beside simhost";
+        case ERROR_PROC_NOT_FOUND: return "it calls an operation that is not here; build both anew";
+        case ERROR_BAD_EXE_FORMAT: return "it is no module for 64-bit Windows; build it for that";
         default: return "Windows error " + std::to_string(error);
     }
 }
@@ -49,10 +59,7 @@ std::filesystem::path Install(const std::filesystem::path& file, const WideText&
 void* Open(const std::filesystem::path& file) {
     HMODULE module = LoadLibraryW(file.c_str());
     const DWORD error = GetLastError();
-    if (!module) {
-        throw std::runtime_error("the module " + Utf8(file.native()) +
-                                 " cannot be loaded: " + ReasonOf(error));
-    }
+    if (!module) throw Failure(file, ReasonOf(error));
     WatchCalls(module);
     return reinterpret_cast<void*>(module);
 }
@@ -72,7 +79,7 @@ std::filesystem::path Install(const std::filesystem::path&, const WideText&) {
 void* Open(const std::filesystem::path& file) {
     void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module) return module;
-    throw std::runtime_error(std::string("the module cannot be loaded: ") + dlerror());
+    throw Failure(file, dlerror());
 }
 void Close(void* module) {
     dlclose(module);
@@ -92,7 +99,7 @@ void Withdraw(const WideText& name) {
 
 Plugin::Plugin(const std::filesystem::path& file, const WideText& windowsPath)
     : name_(FileNameOf(windowsPath)),
-      copy_(Install(file, windowsPath)),
+      copy_(Install(Existing(file), windowsPath)),
       module_(Open(copy_.empty() ? file : copy_)) {
     Announce(name_, windowsPath);
 }

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "simhost/core/disk.h"
 #include "simhost/host.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/workbench.h"
@@ -99,16 +100,33 @@ TEST_F(RealModule, KeepsItsMarkerInTheRegistryOfTheUser) {
     EXPECT_EQ(Utf8(text), "5110");
 }
 
+// What is told about a module that is no good; empty if it was loaded.
+std::string Refusal(const WideText& file) {
+    try {
+        Plugin plugin(file, file);
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+    return {};
+}
+
 TEST_F(RealModule, ThatIsNoModuleIsRefusedInOneSentence) {
     Write(L"C:\\Work\\text.dll", "this is a text");
-    try {
-        Plugin plugin(L"C:\\Work\\text.dll", L"C:\\Work\\text.dll");
-        FAIL() << "it was loaded";
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(error.what(),
-                     "the module C:\\Work\\text.dll cannot be loaded: it is no module for 64-bit "
-                     "Windows");
-    }
+    EXPECT_EQ(Refusal(L"C:\\Work\\text.dll"),
+              "the module C:\\Work\\text.dll cannot be loaded: it is no module for 64-bit Windows; "
+              "build it for that");
+}
+
+TEST_F(RealModule, WhoseLibraryIsMissingIsRefusedInOneSentence) {
+    // The real module, but for the name of the library that it wants.
+    std::string bytes = ReadFile(VX_MODULE);
+    const std::size_t at = bytes.find("simhost.dll");
+    ASSERT_NE(at, std::string::npos);
+    bytes.replace(at, 7, "no-host");
+    Write(L"C:\\Work\\项目.dll", bytes);
+    EXPECT_EQ(Refusal(L"C:\\Work\\项目.dll"),
+              "the module C:\\Work\\项目.dll cannot be loaded: a library that it needs is missing; "
+              "put it beside simhost");
 }
 
 }  // namespace

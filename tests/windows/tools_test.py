@@ -3,6 +3,7 @@ missing."""
 
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -86,6 +87,18 @@ class TestLists(unittest.TestCase):
 
     def test_the_list_can_be_read(self):
         self.assertTrue(test_lists.read_lines(ROOT / "tests/windows/native_only.txt"))
+
+
+class WatchedCalls(unittest.TestCase):
+    """Journals and faults under Wine know every operation that the plug-in may call."""
+
+    def test_every_operation_of_the_door_is_watched(self):
+        door = (ROOT / "hostapi" / "windows.h").read_text(encoding="utf-8")
+        watch = (ROOT / "simhost" / "windows_real" / "calls.cpp").read_text(encoding="utf-8")
+        declared = set(re.findall(r"^HOST_API [^(]*?\b(\w+)\(", door, re.M))
+        watched = set(re.findall(r'^ *\{"(\w+)", +Address\(', watch, re.M))
+        self.assertIn("MessageBoxW", declared)
+        self.assertEqual(declared, watched)
 
 
 class WineRun(unittest.TestCase):

@@ -3,10 +3,11 @@
 // Configuring tells which of these headers a kit does not have.
 #pragma once
 
+// clang-format off
 #include "hostapi/export.h"
 #include "hostapi/wide.h"
 
-#include <ProToolkit.h>
+#include <ProToolkit.h>  // before all others
 
 #include <ProArray.h>
 #include <ProAsmcomp.h>
@@ -50,3 +51,4 @@
 #include <ProWstring.h>
 
 #include "hostapi/host/appearance.h"
+// clang-format on

@@ -5,7 +5,6 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
-
 #include "simhost/windows/windows.h"
 
 #ifndef _WIN32
@@ -39,7 +38,8 @@ const std::filesystem::path& Existing(const std::filesystem::path& file) {
 // The errors that somebody can do something about.
 std::string ReasonOf(DWORD error) {
     switch (error) {
-        case ERROR_MOD_NOT_FOUND: return "a library that it needs is missing; put it beside simhost";
+        case ERROR_MOD_NOT_FOUND:
+            return "a library that it needs is missing; put it beside simhost";
         case ERROR_PROC_NOT_FOUND: return "it calls an operation that is not here; build both anew";
         case ERROR_BAD_EXE_FORMAT: return "it is no module for 64-bit Windows; build it for that";
         default: return "Windows error " + std::to_string(error);

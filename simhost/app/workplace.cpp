@@ -6,7 +6,6 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
-
 #include "simhost/windows/windows.h"
 
 #ifdef _WIN32

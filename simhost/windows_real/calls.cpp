@@ -15,9 +15,15 @@ namespace simhost {
 
 namespace {
 
-LSTATUS Denied(int status) { return status > 0 ? status : ERROR_ACCESS_DENIED; }
-BOOL False(int) { return FALSE; }
-DWORD Nothing(int) { return 0; }
+LSTATUS Denied(int status) {
+    return status > 0 ? status : ERROR_ACCESS_DENIED;
+}
+BOOL False(int) {
+    return FALSE;
+}
+DWORD Nothing(int) {
+    return 0;
+}
 
 template <class Handle>
 void Forget(std::vector<std::pair<Handle, WideText>>* open, Handle handle) {
@@ -35,8 +41,9 @@ HMODULE WINAPI ModuleHandle(const WideChar* name) {
 
 DWORD WINAPI ModuleFileName(HMODULE module, WideChar* path, DWORD size) {
     static Operation op("GetModuleFileNameW");
-    return op.CallOr(Nothing, [&] { return GetModuleFileNameW(module, path, size); }, "module",
-                     module, "path", Out(path), "size", size);
+    return op.CallOr(
+        Nothing, [&] { return GetModuleFileNameW(module, path, size); }, "module", module, "path",
+        Out(path), "size", size);
 }
 
 // --- INI files ---
@@ -49,8 +56,7 @@ DWORD WINAPI GetProfile(const WideChar* section, const WideChar* key, const Wide
         return static_cast<DWORD>(std::wcslen(value));
     };
     return op.CallOr(
-        failed,
-        [&] { return GetPrivateProfileStringW(section, key, fallback, value, size, path); },
+        failed, [&] { return GetPrivateProfileStringW(section, key, fallback, value, size, path); },
         "section", section, "key", key, "fallback", fallback, "value", Out(value), "size", size,
         "path", path);
 }
@@ -79,27 +85,24 @@ int WINAPI ShowMessageBox(HWND owner, const WideChar* text, const WideChar* capt
 
 UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
     static Operation op("SetTimer");
-    return op.CallOr(
-        [](int) { return UINT_PTR{0}; },
-        [&] {
-            return window ? SetTimer(window, id, milliseconds, procedure)
-                          : TheWindows().StartTimer(id, milliseconds, procedure);
-        },
-        "id", id, "milliseconds", milliseconds, "procedure", procedure);
+    return op.CallOr([](int) { return UINT_PTR{0}; },
+                     [&] {
+                         return window ? SetTimer(window, id, milliseconds, procedure)
+                                       : TheWindows().StartTimer(id, milliseconds, procedure);
+                     },
+                     "id", id, "milliseconds", milliseconds, "procedure", procedure);
 }
 
 BOOL WINAPI StopTimer(HWND window, UINT_PTR id) {
     static Operation op("KillTimer");
     return op.CallOr(
-        False,
-        [&] { return window ? KillTimer(window, id) : BOOL{TheWindows().StopTimer(id)}; }, "id",
-        id);
+        False, [&] { return window ? KillTimer(window, id) : BOOL{TheWindows().StopTimer(id)}; },
+        "id", id);
 }
 
 // --- Registry ---
 
-LSTATUS WINAPI OpenKey(HKEY parent, const WideChar* path, DWORD options, REGSAM access,
-                       HKEY* key) {
+LSTATUS WINAPI OpenKey(HKEY parent, const WideChar* path, DWORD options, REGSAM access, HKEY* key) {
     static Operation op("RegOpenKeyExW");
     return op.CallOr(
         Denied,
@@ -123,8 +126,8 @@ LSTATUS WINAPI CreateKey(HKEY parent, const WideChar* path, DWORD reserved, Wide
             if (status == ERROR_SUCCESS) TheWindows().keys.emplace_back(*key, path ? path : L"");
             return status;
         },
-        "path", path, "class", keyClass, "options", options, "access", access, "security",
-        security, "disposition", Out(disposition));
+        "path", path, "class", keyClass, "options", options, "access", access, "security", security,
+        "disposition", Out(disposition));
 }
 
 LSTATUS WINAPI QueryValue(HKEY key, const WideChar* name, DWORD* reserved, DWORD* type, BYTE* data,
@@ -164,16 +167,15 @@ LSTATUS WINAPI CloseKey(HKEY key) {
 UINT WINAPI RunProgram(const char* commandLine, UINT show) {
     static Operation op("WinExec");
     constexpr UINT kFileNotFound = 2, kStarted = 33;
-    return op.CallOr(
-        [](int) { return kFileNotFound; },
-        [&] {
-            Need(commandLine, "the command line");
-            const WideText command = FromSystemCodePage(commandLine);
-            TheWindows().programs.push_back(command);
-            TheHost().shown.push_back({Shown::Kind::Program, command, {}});
-            return kStarted;
-        },
-        "commandLine", commandLine, "show", show);
+    return op.CallOr([](int) { return kFileNotFound; },
+                     [&] {
+                         Need(commandLine, "the command line");
+                         const WideText command = FromSystemCodePage(commandLine);
+                         TheWindows().programs.push_back(command);
+                         TheHost().shown.push_back({Shown::Kind::Program, command, {}});
+                         return kStarted;
+                     },
+                     "commandLine", commandLine, "show", show);
 }
 
 // --- Files ---
@@ -182,16 +184,16 @@ HANDLE WINAPI OpenFile(const WideChar* path, DWORD access, DWORD share,
                        SECURITY_ATTRIBUTES* security, DWORD creation, DWORD attributes,
                        HANDLE pattern) {
     static Operation op("CreateFileW");
-    return op.CallOr(
-        [](int) { return INVALID_HANDLE_VALUE; },
-        [&] {
-            const HANDLE file =
-                CreateFileW(path, access, share, security, creation, attributes, pattern);
-            if (file != INVALID_HANDLE_VALUE) TheWindows().files.emplace_back(file, path);
-            return file;
-        },
-        "path", path, "access", access, "share", share, "security", security, "creation", creation,
-        "attributes", attributes, "pattern", pattern);
+    return op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
+                     [&] {
+                         const HANDLE file = CreateFileW(path, access, share, security, creation,
+                                                         attributes, pattern);
+                         if (file != INVALID_HANDLE_VALUE)
+                             TheWindows().files.emplace_back(file, path);
+                         return file;
+                     },
+                     "path", path, "access", access, "share", share, "security", security,
+                     "creation", creation, "attributes", attributes, "pattern", pattern);
 }
 
 BOOL WINAPI FileSize(HANDLE file, LARGE_INTEGER* size) {
@@ -201,15 +203,17 @@ BOOL WINAPI FileSize(HANDLE file, LARGE_INTEGER* size) {
 
 BOOL WINAPI ReadBytes(HANDLE file, void* data, DWORD size, DWORD* done, OVERLAPPED* overlapped) {
     static Operation op("ReadFile");
-    return op.CallOr(False, [&] { return ReadFile(file, data, size, done, overlapped); }, "size",
-                     size, "read", Out(done));
+    return op.CallOr(
+        False, [&] { return ReadFile(file, data, size, done, overlapped); }, "size", size, "read",
+        Out(done));
 }
 
 BOOL WINAPI WriteBytes(HANDLE file, const void* data, DWORD size, DWORD* done,
                        OVERLAPPED* overlapped) {
     static Operation op("WriteFile");
-    return op.CallOr(False, [&] { return WriteFile(file, data, size, done, overlapped); }, "size",
-                     size, "written", Out(done));
+    return op.CallOr(
+        False, [&] { return WriteFile(file, data, size, done, overlapped); }, "size", size,
+        "written", Out(done));
 }
 
 BOOL WINAPI Close(HANDLE handle) {
@@ -325,8 +329,8 @@ void WatchCalls(HMODULE module) {
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
     const auto* header = reinterpret_cast<const IMAGE_NT_HEADERS*>(at(dos->e_lfanew));
     const auto& imports = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(
-        at(imports.VirtualAddress));
+    const auto* library =
+        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(at(imports.VirtualAddress));
     for (; library->Name != 0; ++library) {
         const auto* name =
             reinterpret_cast<const IMAGE_THUNK_DATA*>(at(library->OriginalFirstThunk));

@@ -52,9 +52,9 @@ bool RealWindows::Fire(const Timer& timer) {
 void RealWindows::AdvanceClock(unsigned milliseconds) {
     const std::uint64_t until = tick_ + milliseconds;
     while (!timers_.empty()) {
-        const auto next = std::min_element(
-            timers_.begin(), timers_.end(),
-            [](const Timer& a, const Timer& b) { return a.due < b.due; });
+        const auto next =
+            std::min_element(timers_.begin(), timers_.end(),
+                             [](const Timer& a, const Timer& b) { return a.due < b.due; });
         if (next->due > until) break;
         tick_ = std::max(tick_, next->due);
         next->due += next->milliseconds;

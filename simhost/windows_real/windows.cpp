@@ -116,8 +116,8 @@ const RegistryKey* RealWindows::FindKey(WideView path) const {
 
 void RealWindows::SetRegistry(WideView path, WideView name, DWORD type, std::string bytes) {
     HKEY key = nullptr;
-    const LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, WideText(path).c_str(), 0, nullptr,
-                                           0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+    const LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, WideText(path).c_str(), 0, nullptr, 0,
+                                           KEY_ALL_ACCESS, nullptr, &key, nullptr);
     if (status != ERROR_SUCCESS) throw std::runtime_error("no such key can be made");
     RegSetValueExW(key, WideText(name).c_str(), 0, type,
                    reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()));

@@ -72,8 +72,8 @@ public:
     WideText Desktop() const;  // the user's folder
 
     // --- What the plug-in did ---
-    std::vector<WideText> programs;   // command lines that were to run; they are never run
-    std::map<int, WideText> locale;   // what was set, by category
+    std::vector<WideText> programs;  // command lines that were to run; they are never run
+    std::map<int, WideText> locale;  // what was set, by category
     std::vector<std::string> OpenHandles() const;  // "key Software\\PTC", "file C:\\Work\\a.txt"
 
     // For the watch over the plug-in's calls.

@@ -34,9 +34,7 @@ protected:
         workplace_.reset();
         EXPECT_EQ(workbench::ClearDrive(), std::vector<std::string>{});
     }
-    void Play(const std::string& lines) {
-        EXPECT_EQ(RunScript(lines), std::vector<std::string>{});
-    }
+    void Play(const std::string& lines) { EXPECT_EQ(RunScript(lines), std::vector<std::string>{}); }
     std::unique_ptr<Workplace> workplace_;
 };
 

@@ -1,8 +1,7 @@
 // A module that cannot be loaded is refused in one line that says why.
-#include "simhost/app/plugin.h"
-
 #include <stdexcept>
 
+#include "simhost/app/plugin.h"
 #include "tests/support/workbench.h"
 
 namespace {

@@ -250,12 +250,11 @@ const Writing kWritings[] = {
     {"EmptyLinesStay", "\r\n[A]\r\n\r\nk=1\r\n\r\n[B]\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
      "\r\n[A]\r\n\r\nk=v\r\n\r\n[B]\r\n", "[A]\r\nk=v\r\n[B]\r\n"},
     {"ANewKeyGoesAboveTheEmptyLinesAtTheSectionsEnd", "[A]\r\nk=1\r\n\r\n[B]\r\n", WIDE("A"),
-     WIDE("n"), WIDE("v"), "[A]\r\nk=1\r\nn=v\r\n\r\n[B]\r\n",
-     "[A]\r\nk=1\r\nn=v\r\n[B]\r\n"},
+     WIDE("n"), WIDE("v"), "[A]\r\nk=1\r\nn=v\r\n\r\n[B]\r\n", "[A]\r\nk=1\r\nn=v\r\n[B]\r\n"},
     {"BlanksOfOtherLinesStay", "[ A ]\r\n j = 1 \r\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
      "[ A ]\r\n j = 1 \r\nk=v\r\n", "[A]\r\nj=1\r\nk=v\r\n"},
-    {"OtherLineEndsStay", "[A]\nj=1\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
-     "[A]\nj=1\nk=v\r\n", "[A]\r\nj=1\r\nk=v\r\n"},
+    {"OtherLineEndsStay", "[A]\nj=1\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v"), "[A]\nj=1\nk=v\r\n",
+     "[A]\r\nj=1\r\nk=v\r\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Table, IniWriting, testing::ValuesIn(kWritings), NameOfRow());
 

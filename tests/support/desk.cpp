@@ -72,8 +72,10 @@ bool Remove(const fs::path& place) {
 
 fs::path DriveOfTests() {
     if (!IsForTests()) {
-        std::fputs("These tests write to C:\\ and clear it: run them with ./vx windows, or set "
-                   "VX_TEST_COMPUTER=1 on a computer that is only for tests\n", stderr);
+        std::fputs(
+            "These tests write to C:\\ and clear it: run them with ./vx windows, or set "
+            "VX_TEST_COMPUTER=1 on a computer that is only for tests\n",
+            stderr);
         std::exit(2);
     }
     EntriesAtFirst();
@@ -111,8 +113,12 @@ std::vector<fs::path> PlacesOnDrive(const fs::path&) {
 
 namespace workbench {
 
-std::filesystem::path DriveOfTests() { return {}; }
-std::vector<std::string> ClearDrive() { return {}; }
+std::filesystem::path DriveOfTests() {
+    return {};
+}
+std::vector<std::string> ClearDrive() {
+    return {};
+}
 
 std::vector<std::filesystem::path> PlacesOnDrive(const std::filesystem::path& drive) {
     std::vector<std::filesystem::path> places;

@@ -40,8 +40,7 @@ TEST_F(RealBox, WithoutACaptionHasTheSystemsOwn) {
 
 TEST_F(RealBox, HasItsIcon) {
     EXPECT_EQ(Shown(L"a", L"b", MB_ICONWARNING).flags, UINT{MB_ICONWARNING});
-    EXPECT_EQ(Shown(L"a", L"b", MB_ICONERROR | MB_TOPMOST).flags,
-              UINT{MB_ICONERROR | MB_TOPMOST});
+    EXPECT_EQ(Shown(L"a", L"b", MB_ICONERROR | MB_TOPMOST).flags, UINT{MB_ICONERROR | MB_TOPMOST});
 }
 
 TEST_F(RealBox, KeepsALongText) {

@@ -91,8 +91,7 @@ TEST_F(RealModule, KeepsItsMarkerInTheRegistryOfTheUser) {
     ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kKey, 0, KEY_READ, &key), ERROR_SUCCESS);
     WideChar text[8] = {};
     DWORD size = sizeof text, type = 0;
-    EXPECT_EQ(RegQueryValueExW(key, L"VxReg", nullptr, &type, reinterpret_cast<BYTE*>(text),
-                               &size),
+    EXPECT_EQ(RegQueryValueExW(key, L"VxReg", nullptr, &type, reinterpret_cast<BYTE*>(text), &size),
               ERROR_SUCCESS);
     RegCloseKey(key);
     EXPECT_EQ(type, DWORD{REG_SZ});

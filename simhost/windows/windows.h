@@ -2,6 +2,10 @@
 // operations of hostapi/windows.h are answered from here on systems that are not Windows.
 #pragma once
 
+#ifdef _WIN32
+#include "simhost/windows_real/windows.h"
+#else
+
 #include <cstdint>
 #include <filesystem>
 #include <list>
@@ -122,6 +126,8 @@ public:
     OpenFile* Require(HANDLE file) const;
     bool Close(HANDLE file);
 
+    WideText Desktop() const;  // the user's folder
+
     // --- Locale ---
     std::map<int, WideText> locale;  // what was set, by category
 
@@ -168,3 +174,5 @@ bool IsReadOnly(const std::filesystem::path& real);
 std::filesystem::path RealFile(WideView windowsPath);
 
 }  // namespace simhost
+
+#endif

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "simhost/model/screen_view.h"
+#include "simhost/windows/windows.h"
 #include "tests/drawing/drawing_bench.h"
 
 namespace {
@@ -284,7 +285,7 @@ TEST_F(TwelveViews, WithTheExportAFileLiesOnTheDesktop) {
               "@ expect caption \"岚枢工具By墨川听雨,QQ:100200300\"\n@ ok");
     EXPECT_EQ(AllBoxes().back().flags, 0x40000u);
     bool found = false;
-    const std::string text = Read(WIDE("C:\\Users\\Designer\\Desktop\\BOX-12.dwg"), &found);
+    const std::string text = Read(TheWindows().Desktop() + WIDE("\\BOX-12.dwg"), &found);
     EXPECT_TRUE(found);
     EXPECT_NE(text.find("ANSI_936"), std::string::npos);
 }
@@ -293,7 +294,7 @@ TEST_F(TwelveViews, TheBoxOfTheExportComesEvenIfItFailed) {
     Fail("Pro2dExport");
     MakeViews({"main-h", "six-hidden", true}, "@ expect box \"已导出到桌面\"\n@ ok");
     bool found = true;
-    Read(WIDE("C:\\Users\\Designer\\Desktop\\BOX-12.dwg"), &found);
+    Read(TheWindows().Desktop() + WIDE("\\BOX-12.dwg"), &found);
     EXPECT_FALSE(found);
 }
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "frame/dialog_values.h"
+#include "frame/fixed_text.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/fixed_text.h"
 #include "modeldata/keyword_filter.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "frame/dialog_values.h"
+#include "frame/fixed_text.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/fixed_text.h"
 #include "modeldata/keyword_filter.h"
 #include "modeldata/parameters.h"
 #include "modeldata/params_dialog.h"

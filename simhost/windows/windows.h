@@ -122,6 +122,8 @@ public:
     OpenFile* Require(HANDLE file) const;
     bool Close(HANDLE file);
 
+    DWORD lastError = ERROR_SUCCESS;  // GetLastError
+
     // --- Locale ---
     std::map<int, WideText> locale;  // what was set, by category
 

@@ -178,7 +178,9 @@ struct SheetMembers {
     }
     static SheetAnswer SaveCopyAs(Self self, const Arguments& arguments) {
         const auto real = TheHost().disk.Real(arguments[0].text);
-        if (real.empty() || TheWindows().IsHeld(real) || IsReadOnly(real)) Refuse(-1);
+        std::error_code error;
+        const bool hasFolder = std::filesystem::is_directory(real.parent_path(), error);
+        if (!hasFolder || TheWindows().IsHeld(real) || IsReadOnly(real)) Refuse(-1);
         try {
             WriteXlsx(*self.book, real.string());
         } catch (const BookFileError&) {

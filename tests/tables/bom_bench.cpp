@@ -58,7 +58,7 @@ void BomBench::Columns(const std::string& summed, const std::string& levelled) {
 }
 
 std::string LoadLevels(const std::string& depth) {
-    return "~ Select `VxBom` `BomRadio` 1 `LevelBom`\n~ Update `VxBom` `LevelOption` `" + depth +
+    return "~ Select `VxBom` `BomRadio` 1 `LevelBom`\n~ Select `VxBom` `LevelOption` `" + depth +
            "`\n~ Activate `VxBom` `VxLoadBom`\n";
 }
 

@@ -1,6 +1,7 @@
 // VxBom: the bill of materials in its table, summed and level by level.
 #include <gtest/gtest.h>
 
+#include "simhost/ui/textfield.h"
 #include "simhost/windows/windows.h"
 #include "tests/tables/bom_bench.h"
 
@@ -208,8 +209,15 @@ TEST_F(Bom, StopsAtTheDepthThatIsChosen) {
 }
 
 TEST_F(Bom, ADepthThatIsNoNumberShowsTheAssemblyAlone) {
-    Check(LoadLevels("全部") + "@ expect rows bom_list 1\n" +
-          "@ expect row bom_list 1 \"1|0|0|TOP|1\"\n");
+    for (const char* depth : {"全部", "", "0", "-1"}) {
+        const std::string rows = depth == std::string("-1") ? "0" : "1";
+        WithBom([&](Dialog& dialog) {
+            dialog.Use(Verb::Select, "BomRadio", {"LevelBom"});
+            dynamic_cast<OptionMenu*>(dialog.Find("LevelOption"))->value = Wide(depth);
+            EXPECT_EQ(dialog.Press("VxLoadBom"), "");
+            EXPECT_EQ(dialog.Find("bom_list")->State(), rows + " rows of 5 columns") << depth;
+        });
+    }
 }
 
 TEST_F(Bom, AnAssemblyAndAPartOfOneNameShareALevelledRow) {
@@ -369,8 +377,8 @@ TEST_F(Bom, AManufacturingModelListsItsAssemblyAndIsShownAgainAtTheEnd) {
     Model& mill = Manufacturing("mill", *top_);
     Open(mill);
     Record();
-    Check("@ expect row bom_list 1 \"1|TOP|1\"\n" + LoadLevels("0") +
-          "@ expect row bom_list 1 \"1|0|0|TOP|1\"\n");
+    Check("@ expect row bom_list 1 \"1|TOP|1\"\n" + LoadLevels("1") +
+          "@ expect rows bom_list 3\n@ expect row bom_list 1 \"1|0|0|TOP|1\"\n");
     Recorded();
     EXPECT_EQ(Lines("ProMdlDisplay"), workbench::Names{"ProMdlDisplay(model=mill.mfg) = 0"});
     EXPECT_EQ(host().session.CurrentModel(), &mill);
@@ -380,7 +388,7 @@ TEST_F(Bom, AManufacturingModelWithoutItsAssemblyHasNoRows) {
     Model& mill = Manufacturing("mill", *top_);
     mill.manufactured = nullptr;
     Open(mill);
-    Check("@ expect rows bom_list 0\n" + LoadLevels("9") + "@ expect rows bom_list 0\n");
+    Check("@ expect rows bom_list 0\n" + LoadLevels("10") + "@ expect rows bom_list 0\n");
 }
 
 TEST_F(Bom, DrawsItsPictureAndLeavesTheListToTheHost) {

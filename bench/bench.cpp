@@ -12,6 +12,7 @@
 #include <new>
 #include <string>
 
+#include "bench/bom_export.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
 #include "simhost/host.h"
@@ -116,6 +117,35 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Activate `TweViews` `ApplyBt`"},
 };
 
+// Opens the bill of materials and measures the loading of its table alone.
+class BomReader : public User {
+public:
+    explicit BomReader(const char* mode) : mode_(mode) {}
+    Figures figures;
+
+    int AnswerBox(const Box&) override { return 1; }
+    std::optional<WideText> AnswerPrompt(const WideText&, const WideText&) override {
+        return std::nullopt;
+    }
+    void UseDialog(Dialog& dialog) override {
+        dialog.Use(Verb::Select, "BomRadio", {mode_});
+        figures = Measure([&] { dialog.Press("VxLoadBom"); });
+        std::printf("%s; ", dialog.Find("bom_list")->State().c_str());
+        dialog.Press("Close");
+    }
+
+private:
+    std::string mode_;
+};
+
+Figures LoadBom(const char* mode) {
+    BomReader reader(mode);
+    TheHost().user = &reader;
+    TheHost().commands.Press("VxBom");
+    TheHost().user = nullptr;
+    return reader.figures;
+}
+
 // The steps of a job; a command that has no entry is just pressed.
 void Do(const std::string& job) {
     for (const DialogJob& row : kDialogJobs) {
@@ -162,13 +192,18 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
     if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
-    const Figures figures = Measure([&] {
-        if (job == "walk") {
-            Walk(modules / "walk_module.so");
-        } else {
-            Do(job);
-        }
-    });
+    Figures figures;
+    if (job == "BomFlat" || job == "BomLevels") {
+        figures = LoadBom(job == "BomFlat" ? "SumBom" : "LevelBom");
+    } else {
+        figures = Measure([&] {
+            if (job == "walk") {
+                Walk(modules / "walk_module.so");
+            } else {
+                Do(job);
+            }
+        });
+    }
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     std::printf("%s: calls=%llu seconds=%.4f bytes=%zu peak_rss_kib=%ld\n", job.c_str(),
@@ -181,10 +216,13 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
 
 int main(int argc, char* argv[]) {
     if (argc != 3) {
-        std::fprintf(stderr, "use: bench walk|COMMAND OCCURRENCES\n");
+        std::fprintf(stderr, "use: bench walk|JOB|COMMAND OCCURRENCES, or bench BomExport ROWS\n");
         return 2;
     }
     try {
+        if (std::string(argv[1]) == "BomExport") {
+            return MeasureBomExport(std::atoi(argv[2]), fs::path(argv[0]).parent_path());
+        }
         return Run(argv[1], std::atoi(argv[2]), fs::path(argv[0]).parent_path());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "bench: %s\n", error.what());

@@ -12,6 +12,7 @@
 #include "modeldata/model_count.h"
 #include "modeldata/params_dialog.h"
 #include "modeldata/relations.h"
+#include "tables/bom.h"
 
 // clang-format off
 
@@ -47,7 +48,7 @@ const std::array<CommandRow, 56> kCommandTable = {{
     {"VxExStp",               "VxExStp_Help",               "VxExStp.png",               NotBuilt<"VxExStp">,               AccessAssemblyOrMfg, true},
     {"VxExIgs",               "VxExIgs_Help",               "VxExIgs.png",               NotBuilt<"VxExIgs">,               AccessAssemblyOrMfg, true},
     {"VxExSat",               "VxExSat_Help",               "VxExSat.png",               NotBuilt<"VxExSat">,               AccessAssemblyOrMfg, true},
-    {"VxBom",                 "VxBom_Help",                 "VxBom.png",                 NotBuilt<"VxBom">,                 AccessAssemblyOrMfg, true},
+    {"VxBom",                 "VxBom_Help",                 "VxBom.png",                 Command<VxBom>,                    AccessAssemblyOrMfg, true},
     {"VxRename",              "VxRename_Help",              "VxRename.png",              NotBuilt<"VxRename">,              AccessAssemblyOrMfg, true},
     {"VxRemoveCons",          "VxRemoveCons_Help",          "VxRemoveCons.png",          NotBuilt<"VxRemoveCons">,          AccessAssemblyOrMfg, true},
     {"VxExport",              "VxExport_Help",              "VxExport.png",              NotBuilt<"VxExport">,              AccessAlways,        true},

@@ -4,15 +4,15 @@
 #include "frame/messages.h"
 #include "frame/text.h"
 
-ProError RunModalDialog(const char* dialog, const std::function<void()>& prepare) {
-    ProError status = ProUIDialogCreate(HostText(dialog), HostText(dialog));
-    if (status != PRO_TK_NO_ERROR) {
-        ShowPlainError(WIDE("UIDialog Create error!"));
-        return status;
-    }
-    prepare();
+ProError CreateDialog(const char* dialog) {
+    const ProError status = ProUIDialogCreate(HostText(dialog), HostText(dialog));
+    if (status != PRO_TK_NO_ERROR) ShowPlainError(WIDE("UIDialog Create error!"));
+    return status;
+}
+
+ProError ShowCreatedDialog(const char* dialog) {
     int ended = 0;
-    status = ProUIDialogActivate(HostText(dialog), &ended);
+    ProError status = ProUIDialogActivate(HostText(dialog), &ended);
     if (status != PRO_TK_NO_ERROR) {
         ShowPlainError(WIDE("UIDialog Activate error!"));
         return status;
@@ -20,6 +20,13 @@ ProError RunModalDialog(const char* dialog, const std::function<void()>& prepare
     status = ProUIDialogDestroy(HostText(dialog));
     if (status != PRO_TK_NO_ERROR) ShowPlainError(WIDE("UIDialog Destroy error!"));
     return status;
+}
+
+ProError RunModalDialog(const char* dialog, const std::function<void()>& prepare) {
+    const ProError status = CreateDialog(dialog);
+    if (status != PRO_TK_NO_ERROR) return status;
+    prepare();
+    return ShowCreatedDialog(dialog);
 }
 
 void EndDialogWithOk(char* dialog, char*, ProAppData) noexcept {

@@ -32,3 +32,16 @@ WideText ReplaceAll(WideText text, WideView part, WideView by) {
     }
     return text;
 }
+
+WideText FoldCase(WideView text) {
+    WideText folded(text);
+    for (WideChar& c : folded) {
+        if (c >= 'a' && c <= 'z') c = WideChar(c - ('a' - 'A'));
+    }
+    return folded;
+}
+
+WideText Digits(int number) {
+    const std::string text = std::to_string(number);
+    return WideText(text.begin(), text.end());
+}

@@ -28,3 +28,9 @@ WideText DeleteBlanks(WideText text);
 
 // Every occurrence of `part` (not empty) replaced, case-sensitively.
 WideText ReplaceAll(WideText text, WideView part, WideView by);
+
+// With its ASCII letters in capitals.
+WideText FoldCase(WideView text);
+
+// A number in decimal digits.
+WideText Digits(int number);

@@ -9,8 +9,11 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+#include <commdlg.h>
 #include <locale.h>
+#include <shellapi.h>
 #include <shlobj.h>
+#include <shlwapi.h>
 #include <wchar.h>
 
 // Windows' macros that would rename functions of ours.
@@ -58,6 +61,7 @@ using REGSAM = DWORD;
 using UINT_PTR = std::uintptr_t;
 using HANDLE = void*;
 using HMODULE = struct VxModule*;
+using HINSTANCE = HMODULE;
 using HWND = struct VxWindow*;
 using HKEY = struct VxRegistryKey*;
 union LARGE_INTEGER {
@@ -134,10 +138,16 @@ HOST_API LSTATUS RegCloseKey(HKEY key);
 
 // --- Programs ---------------------------------------------------------------------------------
 
-#define SW_HIDE 0u
+#define SW_HIDE 0
+#define SW_SHOWNORMAL 1
+#define SW_SHOW 5
 
 // Runs a command line (system code page) and does not wait; above 31 on success.
 HOST_API UINT WinExec(const char* commandLine, UINT show);
+
+// Opens a file with the program that is registered for it (verb "open"); above 32 on success.
+HOST_API HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
+                                 const WideChar* arguments, const WideChar* folder, int show);
 
 // --- Files ------------------------------------------------------------------------------------
 
@@ -147,9 +157,16 @@ HOST_API UINT WinExec(const char* commandLine, UINT show);
 #define CREATE_ALWAYS 2u
 #define OPEN_EXISTING 3u
 #define FILE_ATTRIBUTE_NORMAL 0x80u
+#define FILE_ALL_ACCESS 0x1F01FFu
 inline HANDLE const INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
 
-// INVALID_HANDLE_VALUE on failure; the caller closes the handle with CloseHandle.
+#define ERROR_SHARING_VIOLATION 32
+
+// Why the last call that failed did so, of those whose comment says that they tell.
+HOST_API DWORD GetLastError();
+
+// INVALID_HANDLE_VALUE on failure, which GetLastError tells; the caller closes the handle with
+// CloseHandle.
 HOST_API HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security,
                             DWORD creation, DWORD attributes, HANDLE pattern);
 HOST_API BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
@@ -157,6 +174,49 @@ HOST_API BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* o
 HOST_API BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written,
                         void* overlapped);
 HOST_API BOOL CloseHandle(HANDLE handle);
+
+// Whether there is a file or folder of this path.
+HOST_API BOOL PathFileExistsW(const WideChar* path);
+
+// FALSE on failure, which GetLastError tells.
+HOST_API BOOL DeleteFileW(const WideChar* path);
+
+// --- File dialogs -----------------------------------------------------------------------------
+
+#define OFN_OVERWRITEPROMPT 0x2u
+#define OFN_HIDEREADONLY 0x4u
+
+// What a file dialog is told, in the order of the published record.
+struct OPENFILENAMEW {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HINSTANCE hInstance;
+    const WideChar*
+        lpstrFilter;  // pairs of label and pattern, each terminated; one more at the end
+    WideChar* lpstrCustomFilter;
+    DWORD nMaxCustFilter;
+    DWORD nFilterIndex;   // from 1
+    WideChar* lpstrFile;  // proposes a name, and receives the path
+    DWORD nMaxFile;       // its size in characters
+    WideChar* lpstrFileTitle;
+    DWORD nMaxFileTitle;
+    const WideChar* lpstrInitialDir;
+    const WideChar* lpstrTitle;  // null: the system's own
+    DWORD Flags;
+    std::uint16_t nFileOffset;
+    std::uint16_t nFileExtension;
+    const WideChar* lpstrDefExt;  // for names without an extension
+    std::intptr_t lCustData;
+    void* lpfnHook;
+    const WideChar* lpTemplateName;
+    void* pvReserved;
+    DWORD dwReserved;
+    DWORD FlagsEx;
+};
+
+// Asks the user for the name of a file to be written. FALSE: the user left the dialog, or it could
+// not be shown.
+HOST_API BOOL GetSaveFileNameW(OPENFILENAMEW* dialog);
 
 // --- Folders of the user ----------------------------------------------------------------------
 

@@ -27,23 +27,6 @@ const ScopeRow* FindScope(const std::string& name) {
 
 }  // namespace
 
-TopModel CurrentModel() {
-    TopModel current;
-    if (ProMdlCurrentGet(&current.model) != PRO_TK_NO_ERROR) return {};
-    if (ProMdlTypeGet(current.model, &current.type) != PRO_TK_NO_ERROR) return {};
-    return current;
-}
-
-TopModel CurrentTopModel() {
-    TopModel top = CurrentModel();
-    if (top.type == PRO_MDL_MFG) {
-        ProAssembly assembly = nullptr;
-        ProMfgAssemGet(static_cast<ProMfg>(top.model), &assembly);
-        top.model = assembly;
-    }
-    return top;
-}
-
 ComponentArray CollectByScope(const TopModel& top, const std::string& scope) {
     const ScopeRow* row = FindScope(scope);
     if (row) return ComponentCollector(top.model, row->visitor);

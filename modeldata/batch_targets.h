@@ -5,15 +5,7 @@
 #include <string>
 
 #include "frame/services.h"
-
-// A model and the type of the model that is current: they differ for a manufacturing model, whose
-// assembly takes its place while the type stays. `model` is null where there is none.
-struct TopModel {
-    ProMdl model = nullptr;
-    ProMdlType type = PRO_MDL_UNUSED;
-};
-TopModel CurrentModel();
-TopModel CurrentTopModel();  // or the assembly of a manufacturing model
+#include "frame/top_model.h"
 
 // The components in the scope "AsmAndPart", "Part", "Asm" or "Smt"; none for another name.
 ComponentArray CollectByScope(const TopModel& top, const std::string& scope);

@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "frame/fixed_text.h"
+#include "frame/numbers.h"
 #include "frame/services.h"
 #include "modeldata/keyword_filter.h"
 #include "modeldata/parameters.h"
@@ -35,11 +37,6 @@ private:
         ComponentTreeDepth = 0;
     }
 };
-
-WideText Digits(int number) {
-    const std::string text = std::to_string(number);
-    return WideText(text.begin(), text.end());
-}
 
 void AddLine(const WideText& name, const WideText& type, int id) {
     ComponentTreeText += name + WIDE(".") + type + WIDE(":") + Digits(id) + WIDE(":") +

@@ -15,14 +15,6 @@ std::vector<WideText> SplitText(WideView text, WideChar separator) {
     return pieces;
 }
 
-WideText FoldCase(WideView text) {
-    WideText folded(text);
-    for (WideChar& c : folded) {
-        if (c >= 'a' && c <= 'z') c = WideChar(c - ('a' - 'A'));
-    }
-    return folded;
-}
-
 KeywordFilter KeywordFilter::FromText(const WideText& text) {
     KeywordFilter filter;
     for (const WideText& keyword : SplitText(ReplaceAll(text, WIDE("，"), WIDE(",")), ',')) {

@@ -9,9 +9,6 @@
 // The pieces of a text between the separators, without the empty ones.
 std::vector<WideText> SplitText(WideView text, WideChar separator);
 
-// With its ASCII letters in capitals.
-WideText FoldCase(WideView text);
-
 struct KeywordFilter {
     std::vector<WideText> keywords;  // folded
 

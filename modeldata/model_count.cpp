@@ -5,9 +5,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "frame/fixed_text.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "frame/dialog_values.h"
+#include "frame/fixed_text.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
 #include "modeldata/component_tree.h"

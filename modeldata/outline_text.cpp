@@ -5,7 +5,7 @@
 #include <charconv>
 #include <string>
 
-#include "modeldata/parameters.h"
+#include "frame/numbers.h"
 
 namespace {
 

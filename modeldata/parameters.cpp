@@ -1,13 +1,12 @@
 // Add, Update and Delete: one named parameter in many models. They end without a box.
 #include "modeldata/parameters.h"
 
-#include <charconv>
-#include <climits>
-#include <cmath>
 #include <string>
 #include <utility>
 
 #include "frame/dialog_values.h"
+#include "frame/fixed_text.h"
+#include "frame/numbers.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
 #include "modeldata/keyword_filter.h"
@@ -27,15 +26,6 @@ constexpr TypeRow kTypes[] = {
     {WIDE("字符串"), PRO_PARAM_STRING},
     {WIDE("是/否"), PRO_PARAM_BOOLEAN},
 };
-
-// A number's text as the reading functions take it; what is not ASCII ends the number anyway.
-std::string NumberBytes(WideView text) {
-    std::string bytes;
-    for (const WideChar c : text) bytes += c < 0x80 ? char(c) : '?';
-    bytes.erase(0, std::min(bytes.find_first_not_of(" \t\n\v\f\r"), bytes.size()));
-    if (bytes.size() > 1 && bytes[0] == '+' && bytes[1] != '-') bytes.erase(0, 1);
-    return bytes;
-}
 
 // "YES" however it is written, "NO" exactly, or nothing.
 bool IsBooleanText(const WideText& text) {
@@ -126,21 +116,6 @@ void Run(Operation operation) {
 }
 
 }  // namespace
-
-int WholeNumber(WideView text) {
-    const std::string bytes = NumberBytes(text);
-    int number = 0;
-    const auto result = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
-    if (result.ec == std::errc::result_out_of_range) return bytes[0] == '-' ? INT_MIN : INT_MAX;
-    return result.ec == std::errc() ? number : 0;
-}
-
-double RealNumber(WideView text) {
-    const std::string bytes = NumberBytes(text);
-    double number = 0;
-    const auto result = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number);
-    return result.ec == std::errc() && std::isfinite(number) ? number : 0;
-}
 
 ProParamvalue TextValue(WideView text) {
     ProParamvalue value = {};

@@ -9,13 +9,6 @@ void OnAddParameter(char* dialog, char* component, ProAppData data);
 void OnUpdateParameter(char* dialog, char* component, ProAppData data);
 void OnDeleteParameter(char* dialog, char* component, ProAppData data);
 
-// Decimal digits as a number, with a sign and blanks before them; 0 for anything else, and the
-// nearest number that there is for one that is too large.
-int WholeNumber(WideView text);
-
-// A decimal number at the text's beginning; 0 for anything else.
-double RealNumber(WideView text);
-
 // A value of text, cut where the host's record ends.
 ProParamvalue TextValue(WideView text);
 

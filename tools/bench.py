@@ -14,7 +14,8 @@ import sys
 import tempfile
 
 JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount",
-        "TweViews"]
+        "BomFlat", "BomLevels", "TweViews", "BomExport"]
+EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop"]  # without the largest size
 COUNTED_SIZES = SIZES[:2]
@@ -85,6 +86,19 @@ def measure_fixed(bench, job):
               f"{plugin / first:>8.3f}", flush=True)
 
 
+def measure_export(bench):
+    """The export of a table against the library that writes the same cells, in one run."""
+    print(f"\n{'BomExport':<12}{'rows':>12}{'seconds':>12}{'library':>11}{'ratio':>9}")
+    for rows in EXPORT_ROWS:
+        run = subprocess.run([bench, "BomExport", str(rows)], check=True, capture_output=True,
+                             text=True)
+        seconds, library = map(float, re.search(r"seconds=([\d.]+) library=([\d.]+)",
+                                                run.stdout).groups())
+        print(f"{'BomExport':<12}{rows:>12}{seconds:>12.3f}{library:>11.3f}"
+              f"{seconds / library:>9.2f}", flush=True)
+    print("Wanted: at most twice the time of the library.")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--bench", default="build/release/vorlatix_bench", help="what to run")
@@ -93,7 +107,7 @@ def main():
     print(f"{'job':<12}{'occurrences':>12}{'calls':>12}{'calls/occ':>11}{'seconds':>9}"
           f"{'new B/occ':>11}{'peak MiB':>10}{'plug-in instr/occ':>19}{'share':>8}{'growth':>8}")
     for job in options.jobs:
-        if job in FIXED:
+        if job in FIXED or job == "BomExport":
             continue
         previous = None
         for size in SIZES[:2] if job in SMALLER else SIZES:
@@ -111,6 +125,8 @@ def main():
     for job in options.jobs:
         if job in FIXED:
             measure_fixed(options.bench, job)
+    if "BomExport" in options.jobs:
+        measure_export(options.bench)
     print("\nWanted: growth per occurrence at most 1.05, share at most 10 %, "
           "memory of the plug-in at most 64 bytes for each occurrence.")
 

@@ -24,11 +24,14 @@ PLUGIN = ("frame",) + ROOMS
 DOOR = {f"hostapi/{name}.h" for name in ("host", "windows", "wide", "excel", "export")}
 
 # The shared pieces that tie one room to another: (room that includes, header): what is shared.
-TIES = {}
+TIES = {("tables", "export/column_list.h"): "what a setting names columns with",
+        ("tables", "export/parameter_text.h"): "how a cell shows a parameter"}
 
 # Where the door meets the real Windows and the vendor's own headers.
-SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "shlobj.h", "wchar.h",
-                                                      "locale.h"}}
+SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "commdlg.h", "shellapi.h",
+                                                    "shlobj.h", "shlwapi.h", "wchar.h",
+                                                    "locale.h"},
+                              "hostapi/excel_com.cpp": {"windows.h", "oleauto.h"}}
 VENDOR_DOOR = "hostapi/vendor.h"
 
 # What differs between systems and kits, and nothing else does: the literal macro, the export

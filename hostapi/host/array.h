@@ -17,3 +17,6 @@ HOST_API ProError ProArraySizeGet(ProArray array, int* size);
 // Copies `count` elements from `object` into the array before element `index`, or behind the last
 // one with index -1. The array may move, so `*array` changes.
 HOST_API ProError ProArrayObjectAdd(ProArray* array, int index, int count, void* object);
+
+// Frees an array of narrow names that an operation has handed out, with its texts.
+HOST_API ProError ProStringarrayFree(char** names, int count);

@@ -23,5 +23,8 @@ HOST_API ProError ProUIDialogDestroy(char* dialog);
 // The action for the closing of the dialog's window.
 HOST_API ProError ProUIDialogCloseActionSet(char* dialog, ProUIAction action, ProAppData data);
 
+// Keeps the dialog above the window that is active (true), or only above its own.
+HOST_API ProError ProUIDialogAboveactivewindowSet(char* dialog, ProBoolean above);
+
 HOST_API ProError ProUIPushbuttonActivateActionSet(char* dialog, char* component,
                                                    ProUIAction action, ProAppData data);

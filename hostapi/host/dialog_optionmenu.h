@@ -9,3 +9,7 @@ HOST_API ProError ProUIOptionmenuValueGet(char* dialog, char* component, WideCha
 
 // Shows this text, whether it is in the list or not. A status if the component is no option menu.
 HOST_API ProError ProUIOptionmenuValueSet(char* dialog, char* component, WideChar* value);
+
+// Whether the user can choose from it.
+HOST_API ProError ProUIOptionmenuEnable(char* dialog, char* component);
+HOST_API ProError ProUIOptionmenuDisable(char* dialog, char* component);

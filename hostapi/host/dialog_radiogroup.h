@@ -1,7 +1,7 @@
 // Radio groups of dialogs: one of several names is selected.
 #pragma once
 
-#include "hostapi/host/types.h"
+#include "hostapi/host/dialog.h"
 
 // Receives how many names are selected and an array of them, null if there are none. The array and
 // its texts are the host's, and live as long as the dialog.
@@ -12,3 +12,7 @@ HOST_API ProError ProUIRadiogroupSelectednamesGet(char* dialog, char* component,
 // stays.
 HOST_API ProError ProUIRadiogroupSelectednamesSet(char* dialog, char* component, int count,
                                                   char** names);
+
+// Called when the user selects another name.
+HOST_API ProError ProUIRadiogroupSelectActionSet(char* dialog, char* component, ProUIAction action,
+                                                 ProAppData data);

@@ -46,6 +46,9 @@ HOST_API ProError ProMdlNameGet(ProMdl model, ProName name);
 HOST_API ProError ProMdlTypeGet(ProMdl model, ProMdlType* type);
 HOST_API ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype);
 
+// Receives 1 for a skeleton model, which holds the design's references and no product, else 0.
+HOST_API ProError ProMdlIsSkeleton(ProMdl model, ProBoolean* skeleton);
+
 // The model as an item, as which it owns parameters and relations.
 HOST_API ProError ProMdlToModelitem(ProMdl model, ProModelitem* item);
 

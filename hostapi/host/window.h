@@ -19,7 +19,8 @@ HOST_API ProError ProWindowCurrentSet(int window);
 // Brings a window to the front and gives it the user's attention; it is then the current one.
 HOST_API ProError ProWindowActivate(int window);
 
-// Draws a model in its window. PRO_TK_E_NOT_FOUND: it has none.
+// Shows a model in the current window, or in a new one if there is none; the model of the current
+// window is the current one.
 HOST_API ProError ProMdlDisplay(ProMdl model);
 
 // The window that shows a model. PRO_TK_E_NOT_FOUND: none does.

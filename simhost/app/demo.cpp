@@ -1,5 +1,5 @@
-// The demonstration: the gearbox is coloured in each of the three modes, and data is written into
-// its models.
+// The demonstration: the gearbox is coloured in each of the three modes, data is written into its
+// models, and its bill of materials becomes a spreadsheet.
 #include "simhost/app/demo.h"
 
 #include <fmt/format.h>
@@ -8,6 +8,7 @@
 #include <map>
 #include <vector>
 
+#include "simhost/app/demo_bom.h"
 #include "simhost/app/demo_data.h"
 #include "simhost/app/demo_views.h"
 #include "simhost/app/picture.h"
@@ -60,6 +61,7 @@ public:
         }
         ShowColours();
         if (!RunDataDemo(print_)) failed_ = true;
+        if (!RunBomDemo(out_, print_)) failed_ = true;
         if (!RunViewsDemo(out_, print_)) failed_ = true;
         Save();
         return failed_ ? 1 : 0;

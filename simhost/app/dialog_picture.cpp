@@ -12,7 +12,9 @@
 #include "simhost/core/text.h"
 #include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
+#include "simhost/ui/drawingarea.h"
 #include "simhost/ui/radiogroup.h"
+#include "simhost/ui/table.h"
 #include "simhost/ui/textfield.h"
 
 #ifndef _WIN32
@@ -205,6 +207,13 @@ private:
         if (dynamic_cast<const CheckButton*>(&component)) {
             return {kMark + canvas_.Width(label), kLine};
         }
+        if (const auto* table = dynamic_cast<const Table*>(&component)) {
+            return {table->widthInCharacters() * kFontSize * 0.6 + kPad,
+                    (table->visibleRows() + 1) * kLine + 2};
+        }
+        if (const auto* area = dynamic_cast<const DrawingArea*>(&component)) {
+            return {double(area->width()), double(area->height())};
+        }
         if (dynamic_cast<const PushButton*>(&component)) {
             return {std::max(canvas_.Width(label) + 2 * kPad, 30.0), kLine + 6};
         }
@@ -249,6 +258,10 @@ private:
             }
             return canvas_.Text(area.x + kMark, Baseline(area), label);
         }
+        if (const auto* table = dynamic_cast<const Table*>(&component)) {
+            return DrawTable(*table, area);
+        }
+        if (dynamic_cast<const DrawingArea*>(&component)) return canvas_.Frame(area, 0.8);
         if (dynamic_cast<const PushButton*>(&component)) return DrawButton(component, area);
         canvas_.Text(area.x, Baseline(area), label);
     }
@@ -293,6 +306,33 @@ private:
         const double y = area.y + area.height / 2 - 2;
         canvas_.Line(x, y, x + 4, y + 5);
         canvas_.Line(x + 4, y + 5, x + 8, y);
+    }
+
+    // Columns are as wide as their longest text; the lines below the last row are empty.
+    void DrawTable(const Table& table, Area area) {
+        canvas_.Fill(area, 1);
+        canvas_.Fill({area.x, area.y, area.width, kLine}, 0.88);
+        const std::size_t rows =
+            std::min(table.rows().size(), std::size_t(std::max(table.visibleRows(), 0)));
+        double x = area.x;
+        for (std::size_t i = 0; i < table.columns().size(); ++i) {
+            double width = canvas_.Width(Utf8(table.columns()[i].label));
+            for (std::size_t k = 0; k < rows; ++k) {
+                width = std::max(width, canvas_.Width(Utf8(table.rows()[k].cells[i].label)));
+            }
+            width += 2 * kPad;
+            for (std::size_t k = 0; k < rows; ++k) {
+                const TableCell& cell = table.rows()[k].cells[i];
+                const Area place{x, area.y + double(k + 1) * kLine, width, kLine};
+                if (cell.colour) canvas_.Fill(place, 0.8);
+                canvas_.Text(x + kPad, Baseline(place), Utf8(cell.label));
+            }
+            canvas_.Text(x + kPad, Baseline({x, area.y, width, kLine}),
+                         Utf8(table.columns()[i].label), 0.3);
+            x += width;
+            canvas_.Line(x, area.y, x, area.y + area.height);
+        }
+        canvas_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.6);
     }
 
     void DrawButton(const Component& button, Area area) {

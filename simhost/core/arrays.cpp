@@ -86,9 +86,31 @@ void ArrayLedger::Insert(ProArray* array, int index, int count, const void* obje
     header->size += added;
 }
 
+char** ArrayLedger::MakeNames(std::vector<std::string> names, std::string origin) {
+    if (names.empty()) return nullptr;
+    std::vector<char*> texts;
+    for (std::string& name : names) texts.push_back(name.data());
+    char** array = Make(texts, std::move(origin));
+    names_[array] = std::move(names);
+    return array;
+}
+
+void ArrayLedger::FreeNames(char** names, int count) {
+    const auto found = names_.find(names);
+    if (found == names_.end()) Complain(PRO_TK_BAD_INPUTS, "not a live array of names");
+    if (count != int(found->second.size())) {
+        Complain(PRO_TK_BAD_INPUTS,
+                 fmt::format("{} names are freed of {}", count, found->second.size()));
+    }
+    names_.erase(found);
+    Free(names);
+}
+
 const std::vector<HeldOnPurpose> kHeldOnPurpose = {
-    {"popup access", "ProSelbufferSelectionsGet",
+    {"popup access", "ProSelbufferSelectionsGet", 0,
      "the access rules of popup buttons leave the array of selections to the host"},
+    {"command VxBom", "ProArrayAlloc", sizeof(char*),
+     "the drawing area is left the list of its picture"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {
@@ -110,7 +132,8 @@ std::vector<std::string> ArrayLedger::HeldByMistake() const {
     std::vector<std::string> held;
     for (const auto& [address, header] : live_) {
         const auto known = [&header = *header](const HeldOnPurpose& row) {
-            return header.holder == row.holder && header.origin == row.origin;
+            return header.holder == row.holder && header.origin == row.origin &&
+                   (row.objectSize == 0 || row.objectSize == header.objectSize);
         };
         if (std::none_of(kHeldOnPurpose.begin(), kHeldOnPurpose.end(), known)) {
             held.push_back(Line(*header));

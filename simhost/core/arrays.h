@@ -15,6 +15,7 @@ namespace simhost {
 struct HeldOnPurpose {
     const char* holder;
     const char* origin;
+    std::size_t objectSize;  // 0: of any size
     const char* why;
 };
 extern const std::vector<HeldOnPurpose> kHeldOnPurpose;
@@ -43,6 +44,10 @@ public:
         return static_cast<T*>(array);
     }
 
+    // A new array of narrow names (system code page), and its end with all of its texts.
+    char** MakeNames(std::vector<std::string> names, std::string origin);
+    void FreeNames(char** names, int count);
+
     // On whose behalf arrays are made now: "command BatchColor", "popup access".
     std::string holder;
 
@@ -59,6 +64,7 @@ private:
     Header* Require(ProArray array) const;
     static std::string Line(const Header& header);
     std::unordered_map<const void*, Header*> live_;
+    std::unordered_map<const void*, std::vector<std::string>> names_;  // texts by their array
 };
 
 // Names the holder of arrays for as long as the plug-in runs on that behalf.

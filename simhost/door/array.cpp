@@ -48,3 +48,14 @@ ProError ProArrayObjectAdd(ProArray* array, int index, int count, void* object) 
         },
         "index", index, "count", count);
 }
+
+ProError ProStringarrayFree(char** names, int count) {
+    static Operation op("ProStringarrayFree");
+    return op.Call(
+        [&] {
+            Need(names, "the array of names");
+            TheHost().arrays.FreeNames(names, count);
+            return PRO_TK_NO_ERROR;
+        },
+        "count", count);
+}

@@ -64,6 +64,17 @@ ProError ProUIDialogCloseActionSet(char* dialog, ProUIAction action, ProAppData 
         "dialog", dialog, "action", action, "data", data);
 }
 
+ProError ProUIDialogAboveactivewindowSet(char* dialog, ProBoolean above) {
+    static Operation op("ProUIDialogAboveactivewindowSet");
+    return op.Call(
+        [&] {
+            Need(dialog, "the dialog's name");
+            TheHost().dialogs.Require(dialog).aboveActiveWindow = above != PRO_B_FALSE;
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "above", above);
+}
+
 ProError ProUIPushbuttonActivateActionSet(char* dialog, char* component, ProUIAction action,
                                           ProAppData data) {
     static Operation op("ProUIPushbuttonActivateActionSet");

@@ -43,3 +43,23 @@ ProError ProUIOptionmenuValueSet(char* dialog, char* component, WideChar* value)
         },
         "dialog", dialog, "component", component, "value", value);
 }
+
+ProError ProUIOptionmenuEnable(char* dialog, char* component) {
+    static Operation op("ProUIOptionmenuEnable");
+    return op.Call(
+        [&] {
+            RequireOptionMenu(dialog, component).enabled = true;
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "component", component);
+}
+
+ProError ProUIOptionmenuDisable(char* dialog, char* component) {
+    static Operation op("ProUIOptionmenuDisable");
+    return op.Call(
+        [&] {
+            RequireOptionMenu(dialog, component).enabled = false;
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "component", component);
+}

@@ -45,3 +45,14 @@ ProError ProUIRadiogroupSelectednamesSet(char* dialog, char* component, int coun
         "dialog", dialog, "component", component, "name",
         count == 1 && names ? names[0] : static_cast<char*>(nullptr));
 }
+
+ProError ProUIRadiogroupSelectActionSet(char* dialog, char* component, ProUIAction action,
+                                        ProAppData data) {
+    static Operation op("ProUIRadiogroupSelectActionSet");
+    return op.Call(
+        [&] {
+            RequireRadioGroup(dialog, component).selectAction = {action, data};
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "component", component, "action", action, "data", data);
+}

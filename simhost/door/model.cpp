@@ -99,6 +99,17 @@ ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modif
         "model", model, "checkAll", checkAll, "modifiable", Out(modifiable));
 }
 
+ProError ProMdlIsSkeleton(ProMdl model, ProBoolean* skeleton) {
+    static Operation op("ProMdlIsSkeleton");
+    return op.Call(
+        [&] {
+            Need(skeleton, "the place for the answer");
+            *skeleton = TheHost().session.Require(model).skeleton ? PRO_B_TRUE : PRO_B_FALSE;
+            return PRO_TK_NO_ERROR;
+        },
+        "model", model, "skeleton", Out(skeleton));
+}
+
 ProError ProMdlToModelitem(ProMdl model, ProModelitem* item) {
     static Operation op("ProMdlToModelitem");
     return op.Call(

@@ -75,7 +75,14 @@ ProError ProMdlDisplay(ProMdl model) {
     static Operation op("ProMdlDisplay");
     return op.Call(
         [&] {
-            ++WindowOf(model).repaints;
+            Session& session = TheHost().session;
+            Model& shown = session.Require(model);
+            if (session.current) {
+                session.current->model = &shown;
+            } else {
+                session.Open(shown);
+            }
+            ++session.current->repaints;
             return PRO_TK_NO_ERROR;
         },
         "model", model);

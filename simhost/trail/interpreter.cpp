@@ -227,6 +227,7 @@ std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& questio
     WideText path = *answer;
     // A name alone lies in the folder that is shown; models on disk have a version behind them.
     if (path.find(WIDE(":\\")) == WideText::npos) path = question.folder + WIDE("\\") + path;
+    if (question.toWrite) return path;
     bool found = false;
     for (const WideText& file : {path, path + WIDE(".1")}) {
         if (!found) ReadFile(TheHost().disk.Real(file), &found);
@@ -234,6 +235,11 @@ std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& questio
     if (found) return path;
     trail_.Fail("the file dialog has no file " + Utf8(path));
     return std::nullopt;
+}
+
+bool Trail::TrailUser::AnswerReplace(const WideText& path) {
+    const auto answer = AnswerPrompt(path + WIDE(" is there already. Replace it?"), WIDE("yes"));
+    return answer && (answer->empty() || *answer == WIDE("yes"));
 }
 
 // --- Doing -------------------------------------------------------------------------------------

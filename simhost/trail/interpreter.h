@@ -60,6 +60,7 @@ private:
         std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                              const WideText& byDefault) override;
         std::optional<WideText> AnswerFile(const FileQuestion& question) override;
+        bool AnswerReplace(const WideText& path) override;
 
     private:
         Trail& trail_;

@@ -73,6 +73,12 @@ void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
 void ShowViews(Trail& trail);
 
+void ExpectRows(Trail& trail, const std::string& rest);
+void ExpectColumns(Trail& trail, const std::string& rest);
+void ExpectRow(Trail& trail, const std::string& rest);
+void ExpectRowColours(Trail& trail, const std::string& rest);
+void ShowTables(Trail& trail);
+
 void Show(Trail& trail, const std::string& rest);
 const std::vector<std::string>& ShowTopics();
 std::string ColourWords(const ProdbSurfaceProps& props);  // "255.128.0": red, green, blue

@@ -138,7 +138,7 @@ constexpr Topic kTopics[] = {
     {"popup", ShowPopup},         {"selection", ShowSelection},
     {"colours", ShowColours},     {"parameters", ShowParameters},
     {"relations", ShowRelations}, {"views", ShowViews},
-    {"messages", ShowMessages},
+    {"tables", ShowTables},       {"messages", ShowMessages},
 };
 
 }  // namespace

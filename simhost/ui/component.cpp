@@ -4,7 +4,9 @@
 #include "simhost/core/text.h"
 #include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
+#include "simhost/ui/drawingarea.h"
 #include "simhost/ui/radiogroup.h"
+#include "simhost/ui/table.h"
 #include "simhost/ui/text_frame.h"
 #include "simhost/ui/textfield.h"
 
@@ -30,9 +32,14 @@ struct KindRow {
 };
 // A kind that gets operations of its own joins here.
 constexpr KindRow kKinds[] = {
-    {CheckButton::kKind, Make<CheckButton>}, {InputPanel::kKind, Make<InputPanel>},
-    {OptionMenu::kKind, Make<OptionMenu>},   {PushButton::kKind, Make<PushButton>},
-    {RadioGroup::kKind, Make<RadioGroup>},   {TextArea::kKind, Make<TextArea>},
+    {CheckButton::kKind, Make<CheckButton>},
+    {InputPanel::kKind, Make<InputPanel>},
+    {OptionMenu::kKind, Make<OptionMenu>},
+    {PushButton::kKind, Make<PushButton>},
+    {RadioGroup::kKind, Make<RadioGroup>},
+    {TextArea::kKind, Make<TextArea>},
+    {Table::kKind, Make<Table>},
+    {DrawingArea::kKind, Make<DrawingArea>},
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/ui/drawingarea.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/textfield.h"
 
@@ -139,6 +140,10 @@ int Dialogs::Activate(Dialog& dialog) {
     dialog.status_ = 0;
     active_.push_back(&dialog);
     host.shown.push_back({Shown::Kind::Dialog, Wide(dialog.name()), {}});
+    for (const auto& component : dialog.components_) {
+        auto* area = dynamic_cast<DrawingArea*>(component.get());
+        if (area && area->visible) area->BecomeManaged();
+    }
     if (host.user) {
         host.user->UseDialog(dialog);
     }

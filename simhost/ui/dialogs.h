@@ -26,6 +26,7 @@ public:
     // --- The plug-in's side ---
     Component& Require(const char* component) const;  // refused if the resource declares none
     DialogAction closeAction;
+    bool aboveActiveWindow = false;
     void Exit(int status);  // takes effect when the running action has returned
 
     // --- The user's side ---

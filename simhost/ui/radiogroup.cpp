@@ -63,7 +63,11 @@ std::string RadioGroup::State() const {
 std::string RadioGroup::Act(Verb verb, const std::vector<std::string>& arguments) {
     if (verb != Verb::Select) return Component::Act(verb, arguments);
     if (arguments.empty()) return fmt::format("a name of {} belongs behind Select", name());
-    if (Select(arguments.back())) return {};
+    const auto before = selected_;
+    if (Select(arguments.back())) {
+        if (selected_ != before) dialog().RunAction(selectAction, name());
+        return {};
+    }
     return fmt::format("{} has no {}{}", name(), arguments.back(),
                        DidYouMean(arguments.back(), names_));
 }

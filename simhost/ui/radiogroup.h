@@ -21,6 +21,7 @@ public:
     const std::vector<std::string>& names() const { return names_; }
     const std::vector<std::string>& labels() const { return labels_; }
     bool horizontal() const { return horizontal_; }
+    DialogAction selectAction;  // for what the user selects, not the plug-in
     // The index of the selected name, if any.
     std::optional<std::size_t> selected() const { return selected_; }
     bool Select(const std::string& wanted);  // false: the group has no such name

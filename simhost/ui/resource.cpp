@@ -257,6 +257,16 @@ const std::vector<std::string>* DialogResource::Find(std::string_view component,
     return nullptr;
 }
 
+int DialogResource::Whole(std::string_view component, std::string_view attributeName,
+                          int byDefault) const {
+    const std::vector<std::string>* found = Find(component, attributeName);
+    int number = byDefault;
+    if (!found || found->empty()) return number;
+    const std::string& text = found->front();
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
 DialogResource ParseResource(std::string_view text, const std::string& fileName) {
     Reader reader(text, fileName);
     const Node dialog = reader.ReadOnly();

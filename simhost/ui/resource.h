@@ -49,6 +49,8 @@ struct DialogResource {
 
     // The attribute's values; null if the resource does not give it.
     const std::vector<std::string>* Find(std::string_view component, std::string_view name) const;
+    // Its first value as a number.
+    int Whole(std::string_view component, std::string_view name, int byDefault) const;
 };
 
 // Throws ResourceError. `fileName` is for its message only.

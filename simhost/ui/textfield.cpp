@@ -2,7 +2,6 @@
 #include "simhost/ui/textfield.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "simhost/core/text.h"
 #include "simhost/ui/dialogs.h"
@@ -17,14 +16,6 @@ const std::string* One(const DialogResource& resource, const std::string& compon
                        const char* attribute) {
     const auto* values = resource.Find(component, attribute);
     return values && !values->empty() ? &values->front() : nullptr;
-}
-
-int Whole(const DialogResource& resource, const std::string& component, const char* attribute,
-          int byDefault) {
-    const std::string* text = One(resource, component, attribute);
-    int number = byDefault;
-    if (text) std::from_chars(text->data(), text->data() + text->size(), number);
-    return number;
 }
 
 std::string Unescaped(const std::string& text) {
@@ -60,7 +51,7 @@ TextField::TextField(Dialog& dialog, const ResourceComponent& declared,
                      const DialogResource& resource)
     : Component(dialog, declared, resource) {
     if (const std::string* text = One(resource, name(), "Value")) value = Wide(*text);
-    columns_ = Whole(resource, name(), "Columns", columns_);
+    columns_ = resource.Whole(name(), "Columns", columns_);
 }
 
 WideChar* TextField::ValueForCaller() {
@@ -89,7 +80,7 @@ std::vector<std::string> InputPanel::Picture() const {
 TextArea::TextArea(Dialog& dialog, const ResourceComponent& declared,
                    const DialogResource& resource)
     : TextField(dialog, declared, resource) {
-    rows_ = Whole(resource, name(), "Rows", rows_);
+    rows_ = resource.Whole(name(), "Rows", rows_);
 }
 
 std::vector<std::string> TextArea::Picture() const {
@@ -118,7 +109,8 @@ OptionMenu::OptionMenu(Dialog& dialog, const ResourceComponent& declared,
 std::vector<std::string> OptionMenu::Picture() const {
     std::size_t width = 0;
     for (const std::string& one : labels_) width = std::max(width, DisplayWidth(one));
-    return {"<" + Padded(Utf8(value), width) + " v>"};
+    const std::string text = Padded(Utf8(value), width);
+    return {enabled ? "<" + text + " v>" : "(" + text + " v)"};
 }
 
 std::string OptionMenu::State() const {

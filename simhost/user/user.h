@@ -27,6 +27,7 @@ struct FileQuestion {
     WideText filter;  // "*.drw"
     WideText folder;  // where it opens
     WideText proposed;
+    bool toWrite = false;  // the name of a file that is to be written, and need not be there
 };
 
 class User {
@@ -43,8 +44,12 @@ public:
     virtual std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                                  const WideText& byDefault) = 0;
 
-    // A file dialog is open: the full path of a file that is there; nothing leaves the dialog.
+    // A file dialog is open: the full path of a file that is there, or any name for one that is to
+    // be written; nothing leaves the dialog.
     virtual std::optional<WideText> AnswerFile(const FileQuestion&) { return std::nullopt; }
+
+    // A dialog asks whether the file of this path is to be replaced.
+    virtual bool AnswerReplace(const WideText&) { return true; }
 };
 
 // What the user has been shown, in order.

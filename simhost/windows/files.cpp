@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -20,6 +21,8 @@ namespace simhost {
 namespace {
 
 constexpr DWORD kCreateNew = 1, kOpenAlways = 4, kTruncate = 5;
+constexpr DWORD kReadData = 1, kWriteData = 2, kAppendData = 4;                          // rights
+constexpr DWORD kPathNotFound = 3, kFileExists = 80, kInvalidName = 123, kNotSaid = 31;  // errors
 constexpr DWORD kShareRead = FILE_SHARE_READ, kShareWrite = 2;
 
 // One name for a file, in whatever letters it is asked for.
@@ -112,20 +115,66 @@ bool SimulatedWindows::Close(HANDLE file) {
 
 namespace {
 
-HANDLE OpenAt(const WideChar* path, DWORD access, DWORD share, DWORD creation) {
+HANDLE Failed(DWORD error) {
+    TheWindows().lastError = error;
+    return INVALID_HANDLE_VALUE;
+}
+
+DWORD ErrorOf(int systemError, const std::filesystem::path& real) {
+    std::error_code ignored;
+    switch (systemError) {
+        case ENOENT:
+            return std::filesystem::exists(real.parent_path(), ignored) ? ERROR_FILE_NOT_FOUND
+                                                                        : kPathNotFound;
+        case ENOTDIR: return kPathNotFound;
+        case EEXIST: return kFileExists;
+        default: return ERROR_ACCESS_DENIED;
+    }
+}
+
+// Rights to single parts of a file's data count as the general ones.
+DWORD GeneralAccess(DWORD access) {
+    if (access & kReadData) access |= GENERIC_READ;
+    if (access & (kWriteData | kAppendData)) access |= GENERIC_WRITE;
+    return access;
+}
+
+HANDLE OpenAt(const WideChar* path, DWORD asked, DWORD share, DWORD creation) {
+    const DWORD access = GeneralAccess(asked);
     const std::filesystem::path real = RealFile(path);
     const int flags = OpenFlags(access, creation);
     SimulatedWindows& windows = TheWindows();
-    if (real.empty() || flags < 0 || windows.IsHeld(real)) return INVALID_HANDLE_VALUE;
+    if (real.empty() || flags < 0) return Failed(kInvalidName);
+    if (windows.IsHeld(real)) return Failed(ERROR_SHARING_VIOLATION);
     // What would be emptied counts as written, whatever the handle may do later.
     const DWORD uses = access | (flags & O_TRUNC ? GENERIC_WRITE : 0);
-    if (!windows.CanShare(real, uses, share)) return INVALID_HANDLE_VALUE;
-    if ((uses & GENERIC_WRITE) && IsReadOnly(real)) return INVALID_HANDLE_VALUE;
+    if (!windows.CanShare(real, uses, share)) return Failed(ERROR_SHARING_VIOLATION);
+    if ((uses & GENERIC_WRITE) && IsReadOnly(real)) return Failed(ERROR_ACCESS_DENIED);
     std::error_code error;
-    if (std::filesystem::is_directory(real, error)) return INVALID_HANDLE_VALUE;
+    if (std::filesystem::is_directory(real, error)) return Failed(ERROR_ACCESS_DENIED);
     const int descriptor = open(real.c_str(), flags, 0666);
-    if (descriptor < 0) return INVALID_HANDLE_VALUE;
+    if (descriptor < 0) return Failed(ErrorOf(errno, real));
     return windows.Open({path, PlaceOf(real), descriptor, access, share});
+}
+
+BOOL DeleteAt(const WideChar* path) {
+    const std::filesystem::path real = RealFile(path);
+    SimulatedWindows& windows = TheWindows();
+    const auto failed = [&windows](DWORD error) {
+        windows.lastError = error;
+        return BOOL{FALSE};
+    };
+    if (real.empty()) return failed(kInvalidName);
+    // A file that is open, even by ourselves, was never shared for deletion.
+    if (windows.IsHeld(real) || !windows.CanShare(real, GENERIC_READ | GENERIC_WRITE, 0)) {
+        return failed(ERROR_SHARING_VIOLATION);
+    }
+    std::error_code error;
+    if (IsReadOnly(real) || std::filesystem::is_directory(real, error)) {
+        return failed(ERROR_ACCESS_DENIED);
+    }
+    if (unlink(real.c_str()) != 0) return failed(ErrorOf(errno, real));
+    return TRUE;
 }
 
 BOOL ReadAll(OpenFile& file, void* data, DWORD size, DWORD* done) {
@@ -157,7 +206,7 @@ BOOL WriteAll(OpenFile& file, const void* data, DWORD size, DWORD* done) {
 HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security, DWORD creation,
                    DWORD attributes, HANDLE pattern) {
     static Operation op("CreateFileW");
-    return op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
+    return op.CallOr([](int status) { return Failed(status > 0 ? DWORD(status) : kNotSaid); },
                      [&] {
                          Need(path, "the path");
                          return OpenAt(path, access, share, creation);
@@ -215,6 +264,33 @@ BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* 
                          return ok;
                      },
                      "size", size, "written", Out(&done));
+}
+
+DWORD GetLastError() {
+    static Operation op("GetLastError");
+    return op.CallOr([](int) { return DWORD{ERROR_SUCCESS}; },
+                     [&] { return TheWindows().lastError; });
+}
+
+BOOL PathFileExistsW(const WideChar* path) {
+    static Operation op("PathFileExistsW");
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&]() -> BOOL {
+                         Need(path, "the path");
+                         std::error_code error;
+                         return std::filesystem::exists(RealFile(path), error);
+                     },
+                     "path", path);
+}
+
+BOOL DeleteFileW(const WideChar* path) {
+    static Operation op("DeleteFileW");
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&] {
+                         Need(path, "the path");
+                         return DeleteAt(path);
+                     },
+                     "path", path);
 }
 
 BOOL CloseHandle(HANDLE handle) {

@@ -22,4 +22,25 @@ UINT WinExec(const char* commandLine, UINT show) {
                      "commandLine", commandLine, "show", show);
 }
 
+HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
+                        const WideChar* arguments, const WideChar* folder, int show) {
+    static Operation op("ShellExecuteW");
+    constexpr std::uintptr_t kFileNotFound = 2, kStarted = 33;
+    const auto result = [](std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); };
+    return op.CallOr([&](int) { return result(kFileNotFound); },
+                     [&] {
+                         Need(file, "the file");
+                         const WideText done = WideText(verb ? verb : WIDE("open")) + WIDE(" ");
+                         std::error_code error;
+                         if (!std::filesystem::exists(RealFile(file), error)) {
+                             return result(kFileNotFound);
+                         }
+                         TheWindows().programs.push_back(done + file);
+                         TheHost().shown.push_back({Shown::Kind::Program, done + file, {}});
+                         return result(kStarted);
+                     },
+                     "owner", static_cast<const void*>(owner), "verb", verb, "file", file,
+                     "arguments", arguments, "folder", folder, "show", show);
+}
+
 #endif

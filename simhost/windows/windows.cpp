@@ -4,6 +4,7 @@
 #include "simhost/windows/windows.h"
 
 #include "simhost/core/text.h"
+#include "simhost/spreadsheet/spreadsheets.h"
 
 namespace simhost {
 
@@ -23,6 +24,7 @@ SimulatedWindows& TheWindows() {
 }
 
 void RestartWindows() {
+    RestartSpreadsheets();
     Instance().reset();
 }
 

@@ -126,7 +126,8 @@ public:
     OpenFile* Require(HANDLE file) const;
     bool Close(HANDLE file);
 
-    WideText Desktop() const;  // the user's folder
+    DWORD lastError = ERROR_SUCCESS;  // GetLastError
+    WideText Desktop() const;         // the user's folder
 
     // --- Locale ---
     std::map<int, WideText> locale;  // what was set, by category

@@ -40,7 +40,6 @@ const std::set<std::string> kNotBuilt = {
     "VxExStp",
     "VxExIgs",
     "VxExSat",
-    "VxBom",
     "VxRename",
     "VxRemoveCons",
     "VxExport",

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "simhost/core/disk.h"
+#include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
@@ -36,6 +37,10 @@ void Workbench::TearDown() {
     EXPECT_EQ(Complaints(), std::vector<std::string>{});
     EXPECT_EQ(host().arrays.HeldByMistake(), std::vector<std::string>{});
     EXPECT_EQ(TheWindows().OpenHandles(), std::vector<std::string>{});
+    EXPECT_EQ(TheSpreadsheets().NotReleased(), std::vector<std::string>{});
+    if (!leavesSpreadsheets_) {
+        EXPECT_EQ(TheSpreadsheets().NotQuit(), std::vector<std::string>{});
+    }
     // The plug-in goes while the drive and the models are still there.
     workplace_.reset();
     EXPECT_EQ(ClearDrive(), std::vector<std::string>{}) << "Left open?";

@@ -25,7 +25,8 @@ protected:
     ~Workbench() override;
 
     // Checks what every test wants: no complaints of the host (unless taken before), no host array
-    // held beyond the known ones, no open handle of Windows.
+    // held beyond the known ones, no open
+    // handle of Windows, no object or application of the spreadsheets.
     void TearDown() override;
 
     // Starts the plug-in with the first-run notice already behind the user.
@@ -68,7 +69,8 @@ protected:
     std::vector<std::string> Complaints();  // takes them
 
     simhost::Host& host() { return simhost::TheHost(); }
-    int startStatus_ = 0;  // what user_initialize returned
+    bool leavesSpreadsheets_ = false;  // an application is left that nobody has quit
+    int startStatus_ = 0;              // what user_initialize returned
     std::unique_ptr<simhost::Workplace> workplace_;
 };
 

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
 
 #include "simhost/core/text.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/sweep/sweep.h"
 
 namespace {
@@ -214,6 +216,51 @@ TEST_F(FaultSweep, Commands) {
                         button.command});
         }
     }
+}
+
+// --- The bill of materials ----------------------------------------------------------------------
+
+void OpenAssemblyForBom(World& world) {
+    world.WriteBomSettings("模型名称,材料", "层级1,层级2,模型名称");
+    world.Start();
+    Scenes()[3].build(world);
+}
+
+// Steps that do not fit any more after a failure are left out by the script.
+void PlayBom(const char* steps) {
+    simhost::RunScript("~ Command `VxBom`\n" + std::string(steps) + "~ Activate `VxBom` `Close`\n");
+}
+
+TEST_F(FaultSweep, BillOfMaterials) {
+    Sweep faults;
+    faults.Run({"the levelled list and a double click",
+                OpenAssemblyForBom,
+                [](World&) {
+                    PlayBom(
+                        "~ Select `VxBom` `BomRadio` 1 `LevelBom`\n"
+                        "~ Activate `VxBom` `VxLoadBom`\n"
+                        "~ Activate `VxBom` `bom_list` 2 `2` `num`\n"
+                        "~ Activate `VxBom` `VxUpdateBomIni`\n"
+                        "~ Activate `VxBom` `VxOpenBomIni`\n");
+                },
+                {},
+                {"ProUITableRowsDelete", "ProUITableColumnsDelete", "ProUIOptionmenuEnable",
+                 "ProUIOptionmenuValueGet", "ProUITableSelectednamesGet",
+                 "ProUIDialogAboveactivewindowSet", "ProMdlDisplay", "ProMdlIsSkeleton",
+                 "ProParameterInit", "ProUIDrawingareaImagesDraw", "ProStringarrayFree"}});
+    faults.Run(
+        {"the export",
+         OpenAssemblyForBom,
+         [](World& world) {
+             std::filesystem::remove(world.host().disk.Real(WIDE("C:\\Work\\sweep.xlsx")));
+             PlayBom(
+                 "~ Activate `VxBom` `VxExportBom`\n"
+                 "@ answer C:\\Work\\sweep.xlsx\n");
+         },
+         {},
+         {"GetSaveFileNameW", "SHGetSpecialFolderPathW", "CreateFileW", "GetLastError",
+          "ProUITableRowlabelsGet", "ProUITableCellLabelGet", "ProUITableCellBackgroundColorGet",
+          "ExcelCreate", "ExcelGet", "ExcelPut", "ExcelCall", "ExcelRelease", "ShellExecuteW"}});
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "hostapi/windows.h"
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
+#include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
@@ -144,6 +145,12 @@ void World::Setting(const std::string& section, const std::string& value) {
     }
 }
 
+void World::WriteBomSettings(const std::string& summed, const std::string& levelled) {
+    WriteFile(host().disk.Real(kModuleFolder + WIDE("\\VXconfig\\VxBom.ini")),
+              ToSystemCodePage(Wide("[tableCols_sum]\r\ncontent=" + summed +
+                                    "\r\n[tableCols_level]\r\ncontent=" + levelled + "\r\n")));
+}
+
 void World::WriteLastDir(const std::string& bytes) {
     WriteFile(host().disk.Real(kModuleFolder + WIDE("\\VXconfig\\vorlatix.ini")), bytes);
 }
@@ -151,6 +158,7 @@ void World::WriteLastDir(const std::string& bytes) {
 std::vector<std::string> World::LeftOpen() const {
     std::vector<std::string> left = TheHost().arrays.HeldByMistake();
     for (const std::string& handle : TheWindows().OpenHandles()) left.push_back(handle);
+    for (const std::string& object : TheSpreadsheets().NotReleased()) left.push_back(object);
     return left;
 }
 

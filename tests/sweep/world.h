@@ -37,6 +37,8 @@ public:
 
     // --- Settings and files ---
     void Setting(const std::string& section, const std::string& value);  // in both folders
+    // The column lists of the bill of materials.
+    void WriteBomSettings(const std::string& summed, const std::string& levelled);
     void WriteLastDir(const std::string& bytes);
 
     // What must not be left behind: host arrays, handles of Windows.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/fixed_text.h"
+#include "frame/numbers.h"
 #include "modeldata/component_tree.h"
 #include "modeldata/parameters.h"
 #include "modeldata/sheet_size.h"

@@ -1,0 +1,30 @@
+// The system's dialog for the name of a file to be written.
+#include "frame/save_dialog.h"
+
+#include <algorithm>
+
+#include "hostapi/windows.h"
+
+std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExtension,
+                                    const WideText& folder) {
+    WideText pairs(filter);
+    std::replace(pairs.begin(), pairs.end(), WideChar{'|'}, WideChar{});
+    WideChar path[MAX_PATH] = {};
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.lpstrFilter = pairs.c_str();
+    dialog.nFilterIndex = 1;
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+    dialog.lpstrDefExt = defaultExtension;
+    if (!GetSaveFileNameW(&dialog) || !path[0]) return std::nullopt;
+    return path;
+}
+
+WideText DesktopFolder() {
+    WideChar path[MAX_PATH] = {};
+    if (!SHGetSpecialFolderPathW(nullptr, path, CSIDL_DESKTOPDIRECTORY, FALSE)) return {};
+    return path;
+}

@@ -1,0 +1,20 @@
+// Drawing areas of dialogs: places for pictures.
+#pragma once
+
+#include "hostapi/host/dialog.h"
+
+typedef struct ProUIPoint {
+    int x, y;  // from the upper left corner
+} ProUIPoint;
+
+// Called when the area has got its place in the dialog that is shown.
+HOST_API ProError ProUIDrawingareaPostmanagenotifyActionSet(char* dialog, char* area,
+                                                            ProUIAction action, ProAppData data);
+
+// Makes pictures of text/resource known to the area, by their file names.
+// PRO_TK_E_NOT_FOUND: a file is missing.
+HOST_API ProError ProUIDrawingareaImagesSet(char* dialog, char* area, int count, char** images);
+
+// Draws pictures that are known to the area, each with its upper left corner at a position.
+HOST_API ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** images,
+                                             ProUIPoint* positions);

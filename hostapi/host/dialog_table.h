@@ -1,0 +1,62 @@
+// Tables in dialogs: rows and columns have names, columns and cells have labels. Arrays of names
+// that are received are the caller's, who frees them with ProStringarrayFree; labels stay the
+// host's, those of cells until the cell changes, those of rows and columns as long as the dialog.
+#pragma once
+
+#include "hostapi/host/dialog.h"
+
+typedef int ProUIColorType;  // an entry of the host's palette of interface colours
+
+// Which rows or columns the user may select.
+typedef enum {
+    PROUISELPOLICY_SINGLE = 0,
+    PROUISELPOLICY_BROWSE = 1,
+    PROUISELPOLICY_MULTIPLE = 2,
+    PROUISELPOLICY_EXTENDED = 3
+} ProUISelectionpolicy;
+
+// Insert behind the row or column of this name, or before all with an empty one.
+// PRO_TK_E_NOT_FOUND: there is none of this name. PRO_TK_E_FOUND: a new name is there already.
+HOST_API ProError ProUITableRowsInsert(char* dialog, char* table, char* after, int count,
+                                       char** names);
+HOST_API ProError ProUITableColumnsInsert(char* dialog, char* table, char* after, int count,
+                                          char** names);
+// PRO_TK_E_NOT_FOUND: there is none of one of these names; nothing is deleted.
+HOST_API ProError ProUITableRowsDelete(char* dialog, char* table, int count, char** names);
+HOST_API ProError ProUITableColumnsDelete(char* dialog, char* table, int count, char** names);
+
+// In the order of the table; null for none.
+HOST_API ProError ProUITableRownamesGet(char* dialog, char* table, int* count, char*** names);
+HOST_API ProError ProUITableColumnnamesGet(char* dialog, char* table, int* count, char*** names);
+
+// One label for each row or column; where none was set it is empty (columns: the name).
+HOST_API ProError ProUITableRowlabelsGet(char* dialog, char* table, int* count, WideChar*** labels);
+HOST_API ProError ProUITableColumnlabelsGet(char* dialog, char* table, int* count,
+                                            WideChar*** labels);
+// The labels of the first `count` columns.
+HOST_API ProError ProUITableColumnlabelsSet(char* dialog, char* table, int count,
+                                            WideChar** labels);
+
+// The text of a cell. PRO_TK_E_NOT_FOUND: no such row or column.
+HOST_API ProError ProUITableCellLabelSet(char* dialog, char* table, char* row, char* column,
+                                         WideChar* label);
+HOST_API ProError ProUITableCellLabelGet(char* dialog, char* table, char* row, char* column,
+                                         WideChar** label);
+// The colour behind it; what it is where none was set is the host's affair.
+HOST_API ProError ProUITableCellBackgroundColorSet(char* dialog, char* table, char* row,
+                                                   char* column, ProUIColorType colour);
+HOST_API ProError ProUITableCellBackgroundColorGet(char* dialog, char* table, char* row,
+                                                   char* column, ProUIColorType* colour);
+
+// Names of the selected rows, in the order of the table; null for none.
+HOST_API ProError ProUITableSelectednamesGet(char* dialog, char* table, int* count, char*** names);
+HOST_API ProError ProUITableRowCellsSelect(char* dialog, char* table, char* row);
+HOST_API ProError ProUITableRowCellsDeselect(char* dialog, char* table, char* row);
+HOST_API ProError ProUITableSelectionpolicySet(char* dialog, char* table,
+                                               ProUISelectionpolicy policy);
+HOST_API ProError ProUITableColumnselectionpolicySet(char* dialog, char* table,
+                                                     ProUISelectionpolicy policy);
+
+// Called when the user double-clicks a cell.
+HOST_API ProError ProUITableActivateActionSet(char* dialog, char* table, ProUIAction action,
+                                              ProAppData data);

@@ -1,0 +1,85 @@
+// Drawing areas at the door.
+#include <algorithm>
+
+#include "hostapi/host.h"
+#include "simhost/core/disk.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/ui/drawingarea.h"
+
+using namespace simhost;
+
+namespace {
+
+DrawingArea& RequireArea(const char* dialog, const char* component) {
+    Need(dialog, "the dialog's name");
+    Need(component, "the component's name");
+    const Dialog& owner = TheHost().dialogs.Require(dialog);
+    return RequireKind<DrawingArea>(owner.Require(component), owner.name());
+}
+
+std::vector<std::string> Names(int count, char** images) {
+    if (count < 1) Complain(PRO_TK_BAD_INPUTS, "no pictures");
+    Need(images, "the pictures");
+    std::vector<std::string> names;
+    for (int i = 0; i < count; ++i) {
+        Need(images[i], "a picture's name");
+        names.push_back(Utf8(FromSystemCodePage(images[i])));
+    }
+    return names;
+}
+
+}  // namespace
+
+ProError ProUIDrawingareaPostmanagenotifyActionSet(char* dialog, char* area, ProUIAction action,
+                                                   ProAppData data) {
+    static Operation op("ProUIDrawingareaPostmanagenotifyActionSet");
+    return op.Call(
+        [&] {
+            RequireArea(dialog, area).manageAction = {action, data};
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "area", area, "action", action, "data", data);
+}
+
+ProError ProUIDrawingareaImagesSet(char* dialog, char* area, int count, char** images) {
+    static Operation op("ProUIDrawingareaImagesSet");
+    return op.Call(
+        [&] {
+            DrawingArea& found = RequireArea(dialog, area);
+            const std::vector<std::string> names = Names(count, images);
+            for (const std::string& name : names) {
+                const WideText path =
+                    TheHost().textFolder + WIDE("\\text\\resource\\") + Wide(name);
+                bool there = false;
+                ReadFile(TheHost().disk.Real(path), &there);
+                if (!there) Refuse(PRO_TK_E_NOT_FOUND);
+            }
+            found.images = names;
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "area", area, "count", count, "image",
+        count > 0 && images ? images[0] : static_cast<char*>(nullptr));
+}
+
+ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** images,
+                                    ProUIPoint* positions) {
+    static Operation op("ProUIDrawingareaImagesDraw");
+    return op.Call(
+        [&] {
+            DrawingArea& found = RequireArea(dialog, area);
+            const std::vector<std::string> names = Names(count, images);
+            Need(positions, "the positions");
+            for (std::size_t i = 0; i < names.size(); ++i) {
+                const auto& known = found.images;
+                if (std::find(known.begin(), known.end(), names[i]) == known.end()) {
+                    Refuse(PRO_TK_E_NOT_FOUND);
+                }
+                found.drawn.push_back({names[i], positions[i].x, positions[i].y});
+            }
+            return PRO_TK_NO_ERROR;
+        },
+        "dialog", dialog, "area", area, "count", count, "image",
+        count > 0 && images ? images[0] : static_cast<char*>(nullptr), "x",
+        positions ? positions->x : 0, "y", positions ? positions->y : 0);
+}

@@ -1,0 +1,86 @@
+// A workbook as data: sheets of cells with what the automation can set on them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace simhost {
+
+// What a cell looks like. Two cells look alike exactly if their keys are equal.
+struct CellStyle {
+    bool bold = false;
+    bool asText = false;   // number format "@"; else the general one
+    bool centred = false;  // from left to right
+    int size = 11;
+    int fill = -1;  // 0xRRGGBB; -1: none
+
+    std::uint64_t Key() const {
+        return std::uint64_t(bold) | std::uint64_t(asText) << 1 | std::uint64_t(centred) << 2 |
+               std::uint64_t(size & 0xfff) << 4 | std::uint64_t(std::uint32_t(fill)) << 16;
+    }
+};
+
+struct BookCell {
+    enum class Kind : std::uint8_t { Empty, Text, Number, Flag } kind = Kind::Empty;
+    bool styled = false;
+    CellStyle style;
+    double number = 0;  // numbers, and flags as 0 or 1
+    std::string text;   // UTF-8
+};
+
+// Cells from row r1 and column c1 to r2 and c2, both counted from 1 and included.
+struct Area {
+    int r1 = 1, c1 = 1, r2 = 1, c2 = 1;
+};
+inline constexpr int kLastSheetRow = 1048576;
+inline constexpr int kLastSheetColumn = 16384;
+
+class BookSheet {
+public:
+    std::string name = "Sheet1";
+    bool fitColumns = false;
+    bool fitRows = false;
+    std::vector<Area> merged;
+
+    // Makes the cell where it is missing; it takes on the style of its column.
+    BookCell& At(int row, int column);
+    const BookCell* Find(int row, int column) const;
+    int rows() const { return int(cells_.size()); }
+    int columns(int row) const { return int(cells_[std::size_t(row - 1)].size()); }
+    int columns() const;  // of the widest row
+
+    // Centres whole columns, what is in them and what will be.
+    void CentreColumns(int first, int last);
+    bool IsCentred(int column) const;
+    // From the first to the last cell that holds something; A1 alone on an empty sheet.
+    Area Used() const;
+
+private:
+    std::vector<std::vector<BookCell>> cells_;
+    std::vector<bool> centred_;  // by column, from 0
+};
+
+struct Book {
+    std::vector<std::unique_ptr<BookSheet>> sheets;
+    std::size_t active = 0;
+    std::string path;  // the real file it came from; empty for a new one
+    bool saved = true;
+};
+
+// "B12" as row and column; false for any other text.
+bool ParseCellName(const std::string& name, int* row, int* column);
+std::string CellNameOf(int row, int column);
+
+// What is wrong with a file.
+struct BookFileError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// An .xlsx file of this system. Both throw BookFileError.
+void WriteXlsx(const Book& book, const std::string& path);
+Book ReadXlsx(const std::string& path);
+
+}  // namespace simhost

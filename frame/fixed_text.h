@@ -7,10 +7,16 @@
 #include "hostapi/host.h"
 
 // What stands in a record, up to its terminator or, in a record that is filled to the last place,
-// to its end.
+// to its end; in the record's own place.
+template <std::size_t Size>
+WideView ViewIn(const WideChar (&record)[Size]) {
+    return WideView(record, std::size_t(std::find(record, record + Size, WideChar{}) - record));
+}
+
+// The same as a text of its own.
 template <std::size_t Size>
 WideText TextIn(const WideChar (&record)[Size]) {
-    return WideText(record, std::find(record, record + Size, WideChar{}));
+    return WideText(ViewIn(record));
 }
 
 // Puts a text into a record, terminated; what does not fit is cut at a whole character.

@@ -1,14 +1,13 @@
 // A listing of all components below an assembly.
 #include "modeldata/component_tree.h"
 
-#include <string>
+#include <algorithm>
+#include <charconv>
 #include <utility>
 
 #include "frame/fixed_text.h"
 #include "frame/numbers.h"
 #include "frame/services.h"
-#include "modeldata/keyword_filter.h"
-#include "modeldata/parameters.h"
 
 WideText ComponentTreeText;
 int ComponentTreeDepth = 0;
@@ -38,9 +37,21 @@ private:
     }
 };
 
-void AddLine(const WideText& name, const WideText& type, int id) {
-    ComponentTreeText += name + WIDE(".") + type + WIDE(":") + Digits(id) + WIDE(":") +
-                         Digits(ComponentTreeDepth) + WIDE("\n");
+void AddNumber(WideChar before, int number) {
+    char digits[12];
+    const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    ComponentTreeText += before;
+    for (const char* digit = digits; digit < end; ++digit) ComponentTreeText += WideChar(*digit);
+}
+
+// Piece by piece: large assemblies have many lines.
+void AddLine(WideView name, WideView type, int id) {
+    ComponentTreeText += name;
+    ComponentTreeText += WideChar{'.'};
+    ComponentTreeText += type;
+    AddNumber(':', id);
+    AddNumber(':', ComponentTreeDepth);
+    ComponentTreeText += WideChar{'\n'};
 }
 
 void VisitBelow(ProMdl assembly, ProAppData outer) {
@@ -64,9 +75,9 @@ ProError ComponentTreeVisitor(ProFeature* feature, ProError, ProAppData data) {
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_NO_ERROR;
     ProMdldata about = {};
     ProMdlDataGet(model, &about);
-    const WideText type = TextIn(about.type);
+    const WideView type = ViewIn(about.type);
     if (type == WIDE("PRT") || type == WIDE("ASM")) {
-        AddLine(TextIn(about.name), type, feature->id);
+        AddLine(ViewIn(about.name), type, feature->id);
     }
     if (type == WIDE("ASM")) VisitBelow(model, data);
     AppendTo(data, feature);
@@ -82,14 +93,16 @@ std::optional<WideText> ListComponents(ProMdl assembly) {
     return std::exchange(ComponentTreeText, {});
 }
 
-std::vector<TreeLine> ParseTree(const WideText& listing) {
-    std::vector<TreeLine> lines;
-    for (const WideText& text : SplitText(listing, '\n')) {
+bool TakeTreeLine(WideView* listing, TreeLine* line) {
+    while (!listing->empty()) {
+        const std::size_t end = std::min(listing->find(WideChar{'\n'}), listing->size());
+        const WideView text = listing->substr(0, end);
+        listing->remove_prefix(std::min(end + 1, listing->size()));
         const std::size_t first = text.find(WideChar{':'});
         const std::size_t last = text.rfind(WideChar{':'});
-        if (first == WideText::npos || first == last) continue;
-        const WideView line = text;
-        lines.push_back({WholeNumber(line.substr(first + 1)), WholeNumber(line.substr(last + 1))});
+        if (first == WideView::npos || first == last) continue;
+        *line = {WholeNumber(text.substr(first + 1)), WholeNumber(text.substr(last + 1))};
+        return true;
     }
-    return lines;
+    return false;
 }

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include "hostapi/host.h"
 
@@ -24,4 +23,6 @@ struct TreeLine {
     int id = 0;
     int depth = 0;
 };
-std::vector<TreeLine> ParseTree(const WideText& listing);
+
+// Takes the first line off a listing; what is no such line is passed over. False: there is none.
+bool TakeTreeLine(WideView* listing, TreeLine* line);

@@ -100,7 +100,8 @@ Outcome MeasureAssembly(ProMdl assembly, Measure* measure) {
     const auto listing = ListComponents(assembly);
     if (!listing) return Outcome::NotMeasured;
     int ids[PRO_MAX_ASSEM_LEVEL + 1] = {};
-    for (const TreeLine& line : ParseTree(*listing)) {
+    WideView rest = *listing;
+    for (TreeLine line; TakeTreeLine(&rest, &line);) {
         if (line.depth < 0 || line.depth >= PRO_MAX_ASSEM_LEVEL) continue;  // no path is so deep
         ids[line.depth] = line.id;
         ids[line.depth + 1] = -1;

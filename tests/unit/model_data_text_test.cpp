@@ -61,13 +61,16 @@ TEST(SheetSizeText, JoinsByCommasWithoutOneAtTheEnd) {
     EXPECT_EQ(SheetSizeText({WIDE("")}), WIDE(""));
 }
 
-TEST(ParseTree, TakesTheIdBehindTheFirstColonAndTheDepthBehindTheLast) {
-    const auto lines = ParseTree(WIDE("TOP.ASM:41:0\n\nA.PRT:7:1\nno line\n"));
-    ASSERT_EQ(lines.size(), 2u);
-    EXPECT_EQ(lines[0].id, 41);
-    EXPECT_EQ(lines[0].depth, 0);
-    EXPECT_EQ(lines[1].id, 7);
-    EXPECT_EQ(lines[1].depth, 1);
+TEST(TakeTreeLine, TakesTheIdBehindTheFirstColonAndTheDepthBehindTheLast) {
+    WideView listing = WIDE("TOP.ASM:41:0\n\nno line\nA.PRT:7:1");
+    TreeLine line;
+    ASSERT_TRUE(TakeTreeLine(&listing, &line));
+    EXPECT_EQ(line.id, 41);
+    EXPECT_EQ(line.depth, 0);
+    ASSERT_TRUE(TakeTreeLine(&listing, &line));
+    EXPECT_EQ(line.id, 7);
+    EXPECT_EQ(line.depth, 1);
+    EXPECT_FALSE(TakeTreeLine(&listing, &line));
 }
 
 }  // namespace

@@ -10,7 +10,8 @@ BookCell& BookSheet::At(int row, int column) {
     auto& cells = cells_[std::size_t(row - 1)];
     const auto wanted = std::size_t(column);
     while (cells.size() < wanted) {
-        cells.emplace_back().style.centred = IsCentred(int(cells.size()));
+        BookCell& added = cells.emplace_back();
+        added.style.centred = IsCentred(int(cells.size()));
     }
     return cells[wanted - 1];
 }

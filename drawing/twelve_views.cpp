@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
 
 #include "drawing/normal_view.h"
 #include "drawing/twelve_views_layout.h"
 #include "drawing/view_matrix.h"
+#include "frame/dialog_values.h"
 #include "frame/services.h"
 #include "hostapi/windows.h"
 
@@ -60,13 +62,9 @@ ProMdl SolidOf(ProMdl model) {
 WideText DrawingName(ProMdl model) {
     constexpr WideView kSuffix = WIDE("-12");
     constexpr std::size_t kLettersKept = 8;
-    ProName modelName = {};
-    ProMdlNameGet(model, modelName);
-    WideText name = WideText(modelName).append(kSuffix);
-    if (name.size() >= PRO_NAME_SIZE) {
-        name = WideText(modelName).substr(0, kLettersKept).append(kSuffix);
-    }
-    return name;
+    const WideText modelName = ModelName(model);
+    if (modelName.size() + kSuffix.size() < PRO_NAME_SIZE) return modelName + WideText(kSuffix);
+    return modelName.substr(0, kLettersKept).append(kSuffix);
 }
 
 // --- What the dialog says ---
@@ -76,25 +74,16 @@ struct Choice {
     bool exportIt = false;
 };
 
-WideText SelectedName(char* dialog, const char* group) {
-    int count = 0;
-    char** names = nullptr;
-    ProUIRadiogroupSelectednamesGet(dialog, HostText(group), &count, &names);
-    return count > 0 && names ? Widen(names[0]) : WideText();
-}
-
 Choice ReadDialog(char* dialog) {
     Choice choice;
-    const WideText direction = SelectedName(dialog, "DirectionRadio");
-    if (direction == WIDE("main-h")) choice.order.longSide = LongSide::Across;
-    if (direction == WIDE("main-v")) choice.order.longSide = LongSide::Upright;
-    const WideText views = SelectedName(dialog, "ViewsRadio");
-    if (views == WIDE("six-hidden")) choice.order.style = ViewStyle::SixHidden;
-    if (views == WIDE("six-nohidden")) choice.order.style = ViewStyle::SixNoHidden;
-    if (views == WIDE("twelve")) choice.order.style = ViewStyle::Twelve;
-    ProBoolean state = PRO_B_FALSE;
-    ProUICheckbuttonGetState(dialog, HostText("ExportCheckButton"), &state);
-    choice.exportIt = state == PRO_B_TRUE;
+    const std::string direction = SelectedName(dialog, "DirectionRadio");
+    if (direction == "main-h") choice.order.longSide = LongSide::Across;
+    if (direction == "main-v") choice.order.longSide = LongSide::Upright;
+    const std::string views = SelectedName(dialog, "ViewsRadio");
+    if (views == "six-hidden") choice.order.style = ViewStyle::SixHidden;
+    if (views == "six-nohidden") choice.order.style = ViewStyle::SixNoHidden;
+    if (views == "twelve") choice.order.style = ViewStyle::Twelve;
+    choice.exportIt = CheckButtonState(dialog, "ExportCheckButton") == 1;
     return choice;
 }
 
@@ -159,12 +148,14 @@ ProError CreateFromTemplate(const WideText& name, ProMdl model, const WideText& 
     ProModel shown = {};
     std::copy(std::begin(data.name), std::end(data.name), shown.name);
     std::copy(std::begin(data.type), std::end(data.type), shown.type);
-    if (!workFolder.empty()) ProDirectoryChange(HostText(FileBesideModule(WIDE("tp"))));
+    const WideText templates = FileBesideModule(WIDE("tp"));
+    const bool enters = !workFolder.empty() && !templates.empty();
+    if (enters) ProDirectoryChange(HostText(templates));
     ProDwgcreateErrs errors = nullptr;
     const ProError status =
         ProDrawingFromTmpltCreate(HostText(name), HostText(WIDE("vx.drw")), &shown,
                                   PRODWGCREATE_DISPLAY_DRAWING, drawing, &errors);
-    if (!workFolder.empty()) ProDirectoryChange(HostText(workFolder));
+    if (enters) ProDirectoryChange(HostText(workFolder));
     return status;
 }
 

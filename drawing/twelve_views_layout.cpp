@@ -106,11 +106,12 @@ View PutBelow(const Setting& set, const View& main) {
     return view;
 }
 
-View PutAbove(const Setting& set, const View& main) {
+// Nothing is measured from it, so its outline is not read again.
+void PutAbove(const Setting& set, const View& main) {
     const Outline& from = main.outline;
-    View view = CreateProjected(set, main.handle, from.MiddleX(), from.Height() + from.y1);
-    Settle(set, &view, 0, (from.y1 - view.outline.y0) + kGap);
-    return view;
+    const View view = CreateProjected(set, main.handle, from.MiddleX(), from.Height() + from.y1);
+    Move(set, view.handle, 0, (from.y1 - view.outline.y0) + kGap);
+    Show(set, view.handle, set.display);
 }
 
 View PutLeft(const Setting& set, const View& main) {

@@ -4,6 +4,7 @@
 
 #include "frame/assembly_walk.h"
 #include "frame/dialogs.h"
+#include "frame/fixed_text.h"
 #include "frame/guard.h"
 #include "frame/host_array.h"
 #include "frame/messages.h"

@@ -16,6 +16,29 @@
 #include <shlwapi.h>
 #include <wchar.h>
 
+// Windows' macros that would rename functions of ours.
+#undef CopyFile
+#undef CreateDialog
+#undef CreateDirectory
+#undef CreateFile
+#undef CreateWindow
+#undef DeleteFile
+#undef DrawText
+#undef FindText
+#undef FindWindow
+#undef GetClassName
+#undef GetMessage
+#undef GetObject
+#undef LoadImage
+#undef MessageBox
+#undef MoveFile
+#undef ReplaceText
+#undef SendMessage
+#undef far
+#undef interface
+#undef near
+#undef small
+
 #else
 
 #include <clocale>

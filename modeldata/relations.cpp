@@ -3,7 +3,7 @@
 // in its place.
 #include "modeldata/relations.h"
 
-#include <algorithm>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -41,16 +41,15 @@ bool TakeSet(const std::string& option, ProMdl model, ProModelitem* item, ProRel
     return false;
 }
 
-bool HasLine(const LineArray& lines, int count, const WideText& line) {
-    return std::any_of(lines.data(), lines.data() + count,
-                       [&](const WideChar* present) { return present && line == present; });
-}
-
 // Typed lines are compared with those that were there before, never with each other.
 void AddLines(const LineList& typed, bool onlyNew, LineArray* lines) {
-    const int present = onlyNew ? lines->Size() : 0;
+    std::unordered_set<WideView> present;
+    const int count = onlyNew ? lines->Size() : 0;
+    for (int i = 0; i < count; ++i) {
+        if (const WideChar* line = lines->data()[i]) present.insert(line);
+    }
     for (const WideText& line : typed) {
-        if (onlyNew && HasLine(*lines, present, line)) continue;
+        if (present.count(line) > 0) continue;
         WideChar* text = HostText(line);
         AppendTo(lines->Place(), &text);
     }

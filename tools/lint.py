@@ -34,6 +34,11 @@ SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "commdlg.h", "s
                               "hostapi/excel_com.cpp": {"windows.h", "oleauto.h"}}
 VENDOR_DOOR = "hostapi/vendor.h"
 
+# What differs between systems and kits, and nothing else does: the literal macro, the export
+# markers, the real Windows, and the vendor's own headers in the place of ours.
+CONDITIONAL_HEADERS = {f"hostapi/{name}.h" for name in ("wide", "export", "windows", "excel",
+                                                        "host", "host/types")}
+
 STANDARD_HEADERS = set("""
     algorithm any array atomic barrier bit bitset cassert cctype cerrno cfenv cfloat charconv
     chrono cinttypes climits clocale cmath compare complex concepts condition_variable coroutine
@@ -186,10 +191,13 @@ def includes_go_one_way(tree):
 def no_conditional_code(tree):
     """Who answers a call, the vendor's library or the simulated host, is decided by linking. The
     first #ifdef in a command would be the first line that its tests never see."""
-    for path in tree.plugin_sources():
+    door = [p for p in tree.sources("cpp")
+            if p.startswith("hostapi/") and p not in CONDITIONAL_HEADERS]
+    for path in tree.plugin_sources() + door:
+        place = "the plug-in" if path not in door else "a header of the door"
         for number, line in numbered_lines(tree.without_comments(path)):
             if re.match(r"\s*#\s*(if|ifdef|ifndef|elif|elifdef|elifndef)\b", line):
-                yield Finding(path, number, f"{line.strip().split()[0]} in the plug-in "
+                yield Finding(path, number, f"{line.strip().split()[0]} in {place} "
                               "(what differs between systems belongs behind the door)")
 
 

@@ -4,6 +4,8 @@
 #include "hostapi/export.h"
 #include "hostapi/wide.h"
 
+#ifndef VX_HOST_SDK
+
 // Sizes in characters, terminator included.
 #define PRO_NAME_SIZE 32
 #define PRO_PATH_SIZE 260
@@ -98,3 +100,5 @@ typedef struct pro_model_item {
     int id;
     ProMdl owner;
 } ProModelitem, ProGeomitem, ProFeature, ProAsmcomp;
+
+#endif

@@ -3,6 +3,7 @@
 #include "simhost/app/dialog_picture.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <numeric>
 #include <stdexcept>
@@ -53,8 +54,8 @@ struct Area {
 class Canvas {
 public:
     explicit Canvas(Size size)
-        : surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, int(size.width + 0.5),
-                                              int(size.height + 0.5)),
+        : surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, int(std::lround(size.width)),
+                                              int(std::lround(size.height))),
                    cairo_surface_destroy),
           cairo_(cairo_create(surface_.get()), cairo_destroy) {
         SelectFont();

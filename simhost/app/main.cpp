@@ -56,23 +56,6 @@ void SetHooks(Workplace& workplace) {
     TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
 }
 
-// The lines of a source, with the start of the plug-in in front.
-class StartFirst : public Source {
-public:
-    StartFirst(Source& source, bool start) : source_(source), start_(start) {}
-    std::optional<std::string> Next(const std::string& waiting) override {
-        if (std::exchange(start_, false)) return "@ start";
-        return source_.Next(waiting);
-    }
-    std::string name() const override { return source_.name(); }
-    bool patient() const override { return source_.patient(); }
-    bool takesPlainWords() const override { return source_.takesPlainWords(); }
-
-private:
-    Source& source_;
-    bool start_;
-};
-
 // Runs the lines of `source` at a workplace; 0 if nothing failed.
 int RunTrail(const Options& options, Source& source) {
     std::vector<Fault> faults;
@@ -83,8 +66,8 @@ int RunTrail(const Options& options, Source& source) {
     if (!options.journal.empty()) host.journal.Start();
     for (const Fault& fault : faults) Operation::Fail(fault);
 
-    StartFirst lines(source, !options.noPlugin);
-    Trail trail(lines, PrintLine);
+    Trail trail(source, PrintLine);
+    if (!options.noPlugin) trail.Begin("@ start");
     const bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
@@ -136,7 +119,8 @@ int main(int argc, char* argv[]) {
     CLI::App* run = app.add_subcommand("run", "Run a trail script and print a transcript");
     run->add_option("script", options.script, "The script")->required();
     AddWorkplaceOptions(run, &options);
-    CLI::App* demo = app.add_subcommand("demo", "Colour the sample gearbox and show what happened");
+    CLI::App* demo = app.add_subcommand(
+        "demo", "Work on the sample gearbox as a designer would, and show what happened");
     demo->add_option("--out", options.out, "Folder for the results");
     CLI::App* generate = app.add_subcommand("generate", "Write the files of a large assembly");
     generate->add_option("--out", options.out, "Folder for the files")->required();

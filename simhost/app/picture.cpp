@@ -9,6 +9,7 @@
 
 #include "simhost/app/picture_order.h"
 #include "simhost/app/picture_patches.h"
+#include "simhost/app/svg_text.h"
 #include "simhost/core/text.h"
 
 namespace simhost {
@@ -20,36 +21,9 @@ constexpr double kMargin = 24;
 constexpr double kCaptionHeight = 64;
 constexpr double kTallest = 1.25;  // height of the model's picture to its width, at most
 
-std::string Number(double value) {
-    const long long hundredths = std::llround(value * 100);
-    if (hundredths == 0) return "0";
-    std::string text = std::to_string(std::llabs(hundredths));
-    if (text.size() < 3) text.insert(0, 3 - text.size(), '0');
-    text.insert(text.size() - 2, ".");
-    while (text.back() == '0') text.pop_back();
-    if (text.back() == '.') text.pop_back();
-    if (text.size() > 1 && text[0] == '0') text.erase(0, 1);
-    return (hundredths < 0 ? "-" : "") + text;
-}
-
-// For texts and attributes. Control characters have no place in XML at all.
-std::string Escaped(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '&': result += "&amp;"; break;
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            case '"': result += "&quot;"; break;
-            default: result += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-        }
-    }
-    return result;
-}
-
 std::string NameAndTitle(const Model& model, const char* between) {
-    const std::string name = Escaped(Utf8(model.name));
-    return model.title.empty() ? name : name + between + Escaped(model.title);
+    const std::string name = SvgText(Utf8(model.name));
+    return model.title.empty() ? name : name + between + SvgText(model.title);
 }
 
 // The scale of a picture: one number of two digits to one.
@@ -57,7 +31,9 @@ struct Scale {
     double ratio;
     bool larger;  // than life
     double PixelsPerMm() const { return (larger ? ratio : 1 / ratio) * 96 / 25.4; }
-    std::string Text() const { return larger ? Number(ratio) + " : 1" : "1 : " + Number(ratio); }
+    std::string Text() const {
+        return larger ? SvgNumber(ratio) + " : 1" : "1 : " + SvgNumber(ratio);
+    }
 };
 
 // The largest scale that gives at most so many pixels.
@@ -77,7 +53,7 @@ struct Frame {
 };
 
 std::string PointText(const Frame& frame, Vec3 p) {
-    return Number(p.x - frame.left) + ' ' + Number(frame.high - p.y);
+    return SvgNumber(p.x - frame.left) + ' ' + SvgNumber(frame.high - p.y);
 }
 
 // The edges of a patch that are drawn, as lines as long as possible.
@@ -116,7 +92,7 @@ void AddFill(const Frame& frame, const std::vector<Patch>& patches, std::size_t 
     }
     *svg += "<path fill=\"" + first.fill + '"';
     if (first.opacity < 1) {
-        *svg += " fill-opacity=\"" + Number(first.opacity) + '"';
+        *svg += " fill-opacity=\"" + SvgNumber(first.opacity) + '"';
     } else {
         *svg += " stroke=\"" + first.fill + '"';  // closes the hairline between neighbours
     }
@@ -158,10 +134,10 @@ void AddAxes(double x, double y, std::string* svg) {
     for (const Axis& axis : axes) {
         const Vec3 way = InView(axis.way);
         *svg += std::string("<path stroke=\"") + axis.colour + "\" stroke-width=\"1.4\" d=\"M" +
-                Number(x) + ' ' + Number(y) + 'L' + Number(x + 24 * way.x) + ' ' +
-                Number(y - 24 * way.y) + "\"/>";
+                SvgNumber(x) + ' ' + SvgNumber(y) + 'L' + SvgNumber(x + 24 * way.x) + ' ' +
+                SvgNumber(y - 24 * way.y) + "\"/>";
         *svg += std::string("<text fill=\"") + axis.colour + "\" font-size=\"11\" x=\"" +
-                Number(x + 32 * way.x - 3) + "\" y=\"" + Number(y - 32 * way.y + 4) + "\">" +
+                SvgNumber(x + 32 * way.x - 3) + "\" y=\"" + SvgNumber(y - 32 * way.y + 4) + "\">" +
                 axis.name + "</text>\n";
     }
 }
@@ -170,15 +146,15 @@ void AddCaption(const Frame& frame, const Model& top, std::size_t parts, std::st
     const double y = frame.height - kCaptionHeight + 28;
     *svg += "<g font-family=\"Noto Sans CJK SC,Microsoft YaHei,Liberation Sans,sans-serif\">\n";
     AddAxes(kMargin + 16, y + 6, svg);
-    const std::string at = "<text x=\"" + Number(kMargin + 64) + "\" y=\"";
-    *svg += at + Number(y) + "\" font-size=\"17\" font-weight=\"bold\" fill=\"#26323d\">" +
+    const std::string at = "<text x=\"" + SvgNumber(kMargin + 64) + "\" y=\"";
+    *svg += at + SvgNumber(y) + "\" font-size=\"17\" font-weight=\"bold\" fill=\"#26323d\">" +
             NameAndTitle(top, "  ") + "</text>\n";
     std::string facts = "nothing to show";
     if (parts > 0) {
         facts = std::to_string(parts) + (parts == 1 ? " part" : " parts") + ", scale " +
                 frame.scale.Text();
     }
-    *svg += at + Number(y + 20) + "\" font-size=\"13\" fill=\"#5c6873\">" + facts + "</text>\n";
+    *svg += at + SvgNumber(y + 20) + "\" font-size=\"13\" fill=\"#5c6873\">" + facts + "</text>\n";
     *svg += "</g>\n";
 }
 
@@ -222,7 +198,7 @@ std::string IsometricSvg(Session& session, Model& top, int widthPixels) {
     const std::vector<Patch> painted =
         PaintOrder(PatchesOf(occurrences, frame.scale.PixelsPerMm()));
 
-    const std::string width = Number(frame.width), height = Number(frame.height);
+    const std::string width = SvgNumber(frame.width), height = SvgNumber(frame.height);
     const std::string size = "width=\"" + width + "\" height=\"" + height + '"';
     std::string svg = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
     svg += "<svg xmlns=\"http://www.w3.org/2000/svg\" " + size + " viewBox=\"0 0 " + width + ' ' +

@@ -5,13 +5,10 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
-
-#ifdef _WIN32
-#include "hostapi/windows.h"
-#else
-#include <dlfcn.h>
-
 #include "simhost/windows/windows.h"
+
+#ifndef _WIN32
+#include <dlfcn.h>
 #endif
 
 namespace simhost {
@@ -25,14 +22,49 @@ WideText FileNameOf(const WideText& path) {
     return path.substr(path.find_last_of(WIDE("\\/")) + 1);
 }
 
+std::runtime_error Failure(const std::filesystem::path& file, const std::string& reason) {
+    const std::u8string name = file.u8string();
+    return std::runtime_error("the module " + std::string(name.begin(), name.end()) +
+                              " cannot be loaded: " + reason);
+}
+
+const std::filesystem::path& Existing(const std::filesystem::path& file) {
+    std::error_code error;
+    if (std::filesystem::is_regular_file(file, error)) return file;
+    throw Failure(file, "there is no such file; build it, or name another");
+}
+
 #ifdef _WIN32
+// The errors that somebody can do something about.
+std::string ReasonOf(DWORD error) {
+    switch (error) {
+        case ERROR_MOD_NOT_FOUND:
+            return "a library that it needs is missing; put it beside simhost";
+        case ERROR_PROC_NOT_FOUND: return "it calls an operation that is not here; build both anew";
+        case ERROR_BAD_EXE_FORMAT: return "it is no module for 64-bit Windows; build it for that";
+        default: return "Windows error " + std::to_string(error);
+    }
+}
+
+// The path of the copy if one was made.
+std::filesystem::path Install(const std::filesystem::path& file, const WideText& windowsPath) {
+    const std::filesystem::path place = windowsPath;
+    std::error_code error;
+    if (std::filesystem::equivalent(file, place, error)) return {};
+    std::filesystem::create_directories(place.parent_path());
+    std::filesystem::copy_file(file, place, std::filesystem::copy_options::update_existing);
+    return place;
+}
+
 void* Open(const std::filesystem::path& file) {
     HMODULE module = LoadLibraryW(file.c_str());
-    if (module) return reinterpret_cast<void*>(module);
-    throw std::runtime_error("the module cannot be loaded (Windows error " +
-                             std::to_string(GetLastError()) + ")");
+    const DWORD error = GetLastError();
+    if (!module) throw Failure(file, ReasonOf(error));
+    WatchCalls(module);
+    return reinterpret_cast<void*>(module);
 }
 void Close(void* module) {
+    TheWindows().StopTimers();
     FreeLibrary(reinterpret_cast<HMODULE>(module));
 }
 void* Find(void* module, const char* name) {
@@ -41,10 +73,13 @@ void* Find(void* module, const char* name) {
 void Announce(const WideText&, const WideText&) {}
 void Withdraw(const WideText&) {}
 #else
+std::filesystem::path Install(const std::filesystem::path&, const WideText&) {
+    return {};
+}
 void* Open(const std::filesystem::path& file) {
     void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module) return module;
-    throw std::runtime_error(std::string("the module cannot be loaded: ") + dlerror());
+    throw Failure(file, dlerror());
 }
 void Close(void* module) {
     dlclose(module);
@@ -63,7 +98,9 @@ void Withdraw(const WideText& name) {
 }  // namespace
 
 Plugin::Plugin(const std::filesystem::path& file, const WideText& windowsPath)
-    : module_(Open(file)), name_(FileNameOf(windowsPath)) {
+    : name_(FileNameOf(windowsPath)),
+      copy_(Install(Existing(file), windowsPath)),
+      module_(Open(copy_.empty() ? file : copy_)) {
     Announce(name_, windowsPath);
 }
 
@@ -71,6 +108,8 @@ Plugin::~Plugin() {
     TheHost().commands.Clear();
     Withdraw(name_);
     Close(module_);
+    std::error_code ignored;
+    if (!copy_.empty()) std::filesystem::remove(copy_, ignored);
 }
 
 void* Plugin::Symbol(const char* name) const {

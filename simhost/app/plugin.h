@@ -11,7 +11,7 @@ namespace simhost {
 class Plugin {
 public:
     // Loads the module afresh, so that its program-wide state is new. To itself it lies at
-    // `windowsPath`; on Windows that is where `file` really lies.
+    // `windowsPath`; on Windows a copy of `file` really is put there.
     // Throws std::runtime_error with a sentence that says what is wrong.
     Plugin(const std::filesystem::path& file, const WideText& windowsPath);
     ~Plugin();
@@ -24,8 +24,9 @@ public:
 
 private:
     void* Symbol(const char* name) const;
-    void* module_ = nullptr;
     WideText name_;
+    std::filesystem::path copy_;  // goes with the module; empty where none was made
+    void* module_ = nullptr;
 };
 
 }  // namespace simhost

@@ -57,14 +57,14 @@ std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) 
 
 }  // namespace
 
-std::vector<ViewOnSheet> ViewsOnSheet(Model& model, int sheet) {
-    Drawing& drawing = DrawingOf(model);
+std::vector<ViewOnSheet> ViewsOnSheet(Model& drawing, int sheet) {
+    Drawing& all = DrawingOf(drawing);
     std::vector<ViewOnSheet> views;
-    for (const auto& view : drawing.views()) {
+    for (const auto& view : all.views()) {
         if (view->sheet != sheet) continue;
-        const std::string role = RoleOf(drawing, *view);
-        views.push_back({view.get(), drawing.OutlineOf(*view), role, ShowsOf(drawing, *view, role),
-                         LinesOf(drawing, *view)});
+        const std::string role = RoleOf(all, *view);
+        views.push_back({view.get(), all.OutlineOf(*view), role, ShowsOf(all, *view, role),
+                         LinesOf(all, *view)});
     }
     return views;
 }

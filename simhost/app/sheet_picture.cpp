@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "simhost/app/sheet_lines.h"
+#include "simhost/app/svg_text.h"
 #include "simhost/core/text.h"
 
 namespace simhost {
@@ -18,26 +19,6 @@ constexpr const char* kVisible = "#16202a";
 constexpr const char* kHidden = "#8a97a3";
 constexpr const char* kOutline = "#7fb3e6";
 constexpr const char* kMeasure = "#b3472f";
-
-std::string Escaped(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '&': result += "&amp;"; break;
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            case '"': result += "&quot;"; break;
-            default: result += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-        }
-    }
-    return result;
-}
-
-// At most two decimals, without zeros at the end.
-std::string Number(double value) {
-    const double rounded = std::round(value * 100) / 100;
-    return fmt::format("{}", rounded + 0.0);
-}
 
 // Words that stand in a gap of 50 must not fill it.
 constexpr double kTallestWords = 22;
@@ -70,9 +51,9 @@ public:
         svg_ += fmt::format(
             "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{}\" height=\"{}\" "
             "viewBox=\"0 0 {} {}\">\n",
-            widthPixels, heightPixels, Number(wide), Number(high));
-        svg_ += fmt::format("<rect width=\"{}\" height=\"{}\" fill=\"#e9edf0\"/>\n", Number(wide),
-                            Number(high));
+            widthPixels, heightPixels, SvgNumber(wide), SvgNumber(high));
+        svg_ += fmt::format("<rect width=\"{}\" height=\"{}\" fill=\"#e9edf0\"/>\n",
+                            SvgNumber(wide), SvgNumber(high));
         svg_ +=
             "<g fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\" "
             "font-family=\"Noto Sans CJK SC,WenQuanYi Zen Hei,Liberation Sans,sans-serif\">\n";
@@ -85,14 +66,15 @@ public:
 
 private:
     std::string At(double x, double y) const {
-        return Number(x - all_.low.x) + ' ' + Number(all_.high.y - y);
+        return SvgNumber(x - all_.low.x) + ' ' + SvgNumber(all_.high.y - y);
     }
 
     void Path(const std::string& way, const char* colour, double width, double dash = 0) {
         if (way.empty()) return;
-        svg_ += fmt::format("<path stroke=\"{}\" stroke-width=\"{}\"", colour, Number(width));
+        svg_ += fmt::format("<path stroke=\"{}\" stroke-width=\"{}\"", colour, SvgNumber(width));
         if (dash > 0) {
-            svg_ += fmt::format(" stroke-dasharray=\"{} {}\"", Number(dash), Number(0.6 * dash));
+            svg_ +=
+                fmt::format(" stroke-dasharray=\"{} {}\"", SvgNumber(dash), SvgNumber(0.6 * dash));
         }
         svg_ += " d=\"" + way + "\"/>\n";
     }
@@ -102,9 +84,9 @@ private:
         svg_ += fmt::format(
             "<rect x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\" fill=\"{}\" "
             "stroke=\"{}\" stroke-width=\"{}\"",
-            Number(x0 - all_.low.x), Number(all_.high.y - y1), Number(x1 - x0), Number(y1 - y0),
-            fill, colour, Number(width));
-        if (dash > 0) svg_ += fmt::format(" stroke-dasharray=\"{}\"", Number(dash));
+            SvgNumber(x0 - all_.low.x), SvgNumber(all_.high.y - y1), SvgNumber(x1 - x0),
+            SvgNumber(y1 - y0), fill, colour, SvgNumber(width));
+        if (dash > 0) svg_ += fmt::format(" stroke-dasharray=\"{}\"", SvgNumber(dash));
         svg_ += "/>\n";
     }
 
@@ -113,8 +95,8 @@ private:
         svg_ += fmt::format(
             "<text x=\"{}\" y=\"{}\" font-size=\"{}\" fill=\"{}\" "
             "text-anchor=\"{}\">{}</text>\n",
-            Number(x - all_.low.x), Number(all_.high.y - y), Number(size), colour, anchor,
-            Escaped(text));
+            SvgNumber(x - all_.low.x), SvgNumber(all_.high.y - y), SvgNumber(size), colour, anchor,
+            SvgText(text));
     }
 
     // The sheet with its border, and the sign of the projection rule in its lower right corner: a
@@ -134,8 +116,8 @@ private:
             svg_ += fmt::format(
                 "<circle cx=\"{}\" cy=\"{}\" r=\"{}\" stroke=\"{}\" "
                 "stroke-width=\"{}\"/>\n",
-                Number(endX - all_.low.x), Number(all_.high.y - y), Number(radius), kVisible,
-                Number(0.12 * unit_));
+                SvgNumber(endX - all_.low.x), SvgNumber(all_.high.y - y), SvgNumber(radius),
+                kVisible, SvgNumber(0.12 * unit_));
         }
         Path("M" + At(coneX - r, y - r / 2) + "L" + At(coneX - r, y + r / 2) + "L" +
                  At(coneX + r, y + r) + "L" + At(coneX + r, y - r) + "Z",

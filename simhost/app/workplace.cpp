@@ -6,13 +6,13 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/spreadsheet/spreadsheets.h"
+#include "simhost/windows/windows.h"
 
 #ifdef _WIN32
 #include <process.h>
 #else
 #include <unistd.h>
-
-#include "simhost/windows/windows.h"
 #endif
 
 namespace fs = std::filesystem;
@@ -25,19 +25,23 @@ namespace {
 int ProcessId() {
     return _getpid();
 }
-void RestartTheRest() {}
-void MarkFirstRunSeen() {}
+// Paths are what they say: the folders of drive C come to lie below the drive's folder.
+WideText Placed(const WideText& path, const fs::path& drive) {
+    if (drive.relative_path().empty()) return path;
+    return (drive / path.substr(std::size(L"C:\\") - 1)).make_preferred().wstring();
+}
 #else
 int ProcessId() {
     return int(getpid());
 }
-void RestartTheRest() {
-    RestartWindows();
+WideText Placed(const WideText& path, const fs::path&) {
+    return path;
 }
+#endif
+
 void MarkFirstRunSeen() {
     TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
 }
-#endif
 
 fs::path TemporaryFolder() {
     static std::atomic<int> number{0};
@@ -60,10 +64,15 @@ void CopyFolder(const fs::path& from, const fs::path& to) {
 
 Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     RestartHost();
-    RestartTheRest();
+    RestartSpreadsheets();
+    RestartWindows();
     temporary_ = options_.drive.empty();
-    if (temporary_) options_.drive = TemporaryFolder();
+    options_.drive = temporary_ ? TemporaryFolder() : fs::absolute(options_.drive);
     fs::create_directories(options_.drive);
+    for (WideText* folder :
+         {&options_.moduleFolder, &options_.textFolder, &options_.workingDirectory}) {
+        *folder = Placed(*folder, options_.drive);
+    }
     Host& host = TheHost();
     host.disk.SetRoot(options_.drive);
     for (const char* folder : {"VXconfig", "text", "tp", "vxudf"}) {

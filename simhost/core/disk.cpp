@@ -21,8 +21,10 @@ namespace fs = std::filesystem;
 
 #ifdef _WIN32
 
+// A path that leans on the process's own folder or drive leads nowhere.
 fs::path Disk::Real(WideView windowsPath) const {
-    return fs::path(windowsPath);
+    const fs::path path(windowsPath);
+    return path.is_absolute() || path.root_name() == path ? path : fs::path();
 }
 WideText Disk::Windows(const fs::path& real) const {
     return real.wstring();

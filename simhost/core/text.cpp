@@ -131,6 +131,7 @@ public:
         for (unsigned pair = 0x8100; pair < 0xFF00; ++pair) Map(converter, pair, 2);
         iconv_close(converter);
         MapUserDefined();
+        MapUnassigned();
     }
 
     char16_t wide(unsigned code) const { return wide_[code]; }
@@ -163,6 +164,17 @@ private:
         zone(0xAAA1, 0xAFFE);
         zone(0xF8A1, 0xFEFE);
         zone(0xA140, 0xA7A0);
+    }
+
+    // The places that the standard leaves empty follow there, in their order.
+    void MapUnassigned() {
+        char16_t unit = 0xE766;
+        for (unsigned pair = 0xA240; unit <= 0xE864 && pair < 0xFF00; ++pair) {
+            const unsigned trail = pair & 0xFF;
+            const bool place = trail >= 0x40 && trail <= 0xFE && trail != 0x7F;
+            if (place && wide_[pair] == kNone) Pair(pair, unit++);
+        }
+        Pair(0xFF, 0xF8F5);
     }
 
     void Pair(unsigned code, char16_t unit) {

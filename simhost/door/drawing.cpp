@@ -6,24 +6,12 @@
 
 using namespace simhost;
 
-namespace {
-
-Model& RequireDrawing(ProDrawing handle) {
-    Model& model = TheHost().session.Require(handle);
-    if (model.type != PRO_MDL_DRAWING) {
-        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a drawing");
-    }
-    return model;
-}
-
-}  // namespace
-
 ProError ProDrawingSheetsCount(ProDrawing drawing, int* count) {
     static Operation op("ProDrawingSheetsCount");
     return op.Call(
         [&] {
             Need(count, "the place for the number");
-            *count = int(RequireDrawing(drawing).sheets.sizes.size());
+            *count = int(TheHost().session.RequireDrawing(drawing).sheets.sizes.size());
             return PRO_TK_NO_ERROR;
         },
         "drawing", static_cast<ProMdl>(drawing), "count", Out(count));
@@ -35,7 +23,7 @@ ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProM
         [&] {
             Need(size, "the place for the size");
             Need(transform, "the place for the transform");
-            const auto& sizes = RequireDrawing(drawing).sheets.sizes;
+            const auto& sizes = TheHost().session.RequireDrawing(drawing).sheets.sizes;
             if (sheet < 1 || std::size_t(sheet) > sizes.size()) Refuse(PRO_TK_E_NOT_FOUND);
             CopyCut(sizes[std::size_t(sheet - 1)], size, PRO_NAME_SIZE);
             for (std::size_t row = 0; row < 4; ++row) {

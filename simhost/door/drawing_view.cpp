@@ -13,14 +13,6 @@ using namespace simhost;
 
 namespace {
 
-Model& RequireDrawing(ProDrawing handle) {
-    Model& model = TheHost().session.Require(handle);
-    if (model.type != PRO_MDL_DRAWING) {
-        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a drawing");
-    }
-    return model;
-}
-
 DrawingView& RequireView(const Model& drawing, ProView handle) {
     DrawingView* view = FindView(handle);
     if (!handle) Complain(PRO_TK_BAD_INPUTS, "the view is null");
@@ -67,7 +59,7 @@ ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int she
             Need(position, "the position");
             Need(orientation, "the orientation");
             Need(view, "the place for the view");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             Model& shown = TheHost().session.Require(solid);
             if (shown.type != PRO_MDL_PART && shown.type != PRO_MDL_ASSEMBLY) {
                 Refuse(PRO_TK_CRE_VIEW_BAD_MODEL);
@@ -97,7 +89,7 @@ ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent, ProBo
         [&] {
             Need(position, "the position");
             Need(view, "the place for the view");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingView& from = RequireView(model, parent);
             if (exploded) Refuse(PRO_TK_CRE_VIEW_BAD_EXPLODE);
             const DrawingView* made = DrawingOf(model).AddProjected(from, PlaceOf(position));
@@ -115,7 +107,7 @@ ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt out
     return op.Call(
         [&] {
             Need(outline, "the place for the outline");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             const Extents& box = DrawingOf(model).OutlineOf(RequireView(model, view));
             const Vec3 corners[] = {box.low, box.high};
             for (std::size_t i = 0; i < 2; ++i) {
@@ -133,7 +125,7 @@ ProError ProDrawingViewMove(ProDrawing drawing, ProView view, ProVector by) {
     return op.Call(
         [&] {
             Need(by, "the way");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingOf(model).Move(RequireView(model, view), PlaceOf(by));
             model.modified = true;
             return PRO_TK_NO_ERROR;
@@ -146,7 +138,7 @@ ProError ProDrawingViewRegenerate(ProDrawing drawing, ProView view) {
     static Operation op("ProDrawingViewRegenerate");
     return op.Call(
         [&] {
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingOf(model).Regenerate(RequireView(model, view));
             return PRO_TK_NO_ERROR;
         },
@@ -159,7 +151,7 @@ ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
     return op.Call(
         [&] {
             Need(display, "the display");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             if (display->style < PRO_DISPSTYLE_DEFAULT ||
                 display->style > PRO_DISPSTYLE_NO_HIDDEN) {
                 Complain(PRO_TK_BAD_INPUTS, "not a style that is known here");
@@ -178,7 +170,7 @@ ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean
     return op.Call(
         [&] {
             Need(transform, "the place for the transform");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             const DrawingView& one = RequireView(model, view);
             const Drawing& all = DrawingOf(model);
             const Placement frame = all.FrameOf(one);
@@ -200,7 +192,7 @@ ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
         [&] {
             Need(views, "the place for the views");
             std::vector<ProView> handles;
-            for (const auto& view : DrawingOf(RequireDrawing(drawing)).views()) {
+            for (const auto& view : DrawingOf(TheHost().session.RequireDrawing(drawing)).views()) {
                 handles.push_back(view->handle);
             }
             if (handles.empty()) Refuse(PRO_TK_E_NOT_FOUND);
@@ -216,7 +208,7 @@ ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view,
     return op.Call(
         [&] {
             Need(reference, "the reference");
-            Model& model = RequireDrawing(drawing);
+            Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingView& turned = RequireView(model, view);
             const int about = AxisOf(reference);
             if (about < 0 || axis || !turned.IsGeneral()) Refuse(PRO_TK_BAD_INPUTS);

@@ -49,6 +49,14 @@ Model& Session::RequireSolid(const void* handle) const {
     return model;
 }
 
+Model& Session::RequireDrawing(ProMdl handle) const {
+    Model& model = Require(handle);
+    if (model.type != PRO_MDL_DRAWING) {
+        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a drawing");
+    }
+    return model;
+}
+
 Feature& Session::RequireFeature(const ProModelitem* item) const {
     Need(item, "the feature");
     Model& owner = Require(item->owner);

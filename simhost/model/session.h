@@ -52,6 +52,7 @@ public:
     Model* Find(ProMdl handle) const { return models_.Find(handle); }
     Model& Require(ProMdl handle) const;            // a complaint for a dangling handle
     Model& RequireSolid(const void* handle) const;  // a part or an assembly
+    Model& RequireDrawing(ProMdl handle) const;
     Feature& RequireFeature(const ProModelitem* item) const;
     Model* FindByName(WideView name, ProMdlType type) const;
     Model* FindByFile(const std::string& fileName) const;  // "gearbox.asm"

@@ -1,6 +1,4 @@
 // The objects of the application and their members.
-#ifndef _WIN32
-
 #include "simhost/spreadsheet/spreadsheets.h"
 
 #include <fmt/format.h>
@@ -10,8 +8,7 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/spreadsheet/held_files.h"
 
 namespace simhost {
 namespace {
@@ -148,7 +145,7 @@ struct SheetMembers {
 
     // An open file is held against others.
     static void LetGo(const Book& book) {
-        if (!book.path.empty()) TheWindows().Release(TheHost().disk.Windows(book.path));
+        if (!book.path.empty()) ReleaseFile(book.path);
     }
     static SheetAnswer Add(Self self, const Arguments&) {
         Book& book = self.application->books.emplace_back();
@@ -158,14 +155,15 @@ struct SheetMembers {
     }
     static SheetAnswer Open(Self self, const Arguments& arguments) {
         const WideText path = arguments[0].text;
-        const std::string real = TheHost().disk.Real(path).string();
-        if (TheWindows().IsHeld(real)) Refuse(-1);
+        const std::string real = ReadablePath(path);
+        if (real.empty()) Refuse(-1);
         try {
             self.book = &self.application->books.emplace_back(ReadXlsx(real));
         } catch (const BookFileError&) {
             Refuse(-1);
         }
-        TheWindows().Hold(path);
+        self.book->path = path;
+        HoldFile(path);
         return Child(self, SheetClass::Workbook);
     }
 
@@ -177,12 +175,10 @@ struct SheetMembers {
         return Child(self, SheetClass::Worksheet);
     }
     static SheetAnswer SaveCopyAs(Self self, const Arguments& arguments) {
-        const auto real = TheHost().disk.Real(arguments[0].text);
-        std::error_code error;
-        const bool hasFolder = std::filesystem::is_directory(real.parent_path(), error);
-        if (!hasFolder || TheWindows().IsHeld(real) || IsReadOnly(real)) Refuse(-1);
+        const std::string real = WritablePath(arguments[0].text);
+        if (real.empty()) Refuse(-1);
         try {
-            WriteXlsx(*self.book, real.string());
+            WriteXlsx(*self.book, real);
         } catch (const BookFileError&) {
             Refuse(-1);
         }
@@ -561,5 +557,3 @@ void RestartSpreadsheets() {
 }
 
 }  // namespace simhost
-
-#endif

@@ -247,6 +247,7 @@ bool Trail::TrailUser::AnswerReplace(const WideText& path) {
 void Trail::Perform(const Step& step) {
     const Step* outer = current_;
     current_ = &step;
+    said_ = false;
     if (!patient()) print_(step.written);
     try {
         PerformInner(step);
@@ -257,6 +258,8 @@ void Trail::Perform(const Step& step) {
         Fail(error.what());
     }
     TellWhatWasShown();
+    // Whoever types sees that something happened.
+    if (!said_ && patient() && waits_.empty() && !stopped_) Say("done");
     current_ = outer;
 }
 
@@ -293,6 +296,7 @@ void Trail::Fail(const std::string& what) {
 }
 
 void Trail::Say(const std::string& line) {
+    said_ = true;
     print_(kIndent + line);
 }
 

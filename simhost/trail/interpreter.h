@@ -88,6 +88,7 @@ private:
     int line_ = 0;
     std::size_t shownSeen_ = 0;
     std::size_t complaintsSeen_ = 0;
+    bool said_ = false;  // since the last step began
     bool stopped_ = false;
 };
 

@@ -76,6 +76,10 @@ std::string Component::Use(Verb verb, const std::vector<std::string>& arguments)
 }
 
 std::string Component::Act(Verb verb, const std::vector<std::string>&) {
+    return NothingTo(verb);
+}
+
+std::string Component::NothingTo(Verb verb) const {
     return fmt::format("{} of dialog {} is a {}: nothing to {} there", name_, dialog_.name(), kind_,
                        VerbName(verb));
 }

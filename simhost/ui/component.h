@@ -56,6 +56,8 @@ public:
 protected:
     // For the kinds: everything but the focus. The component is shown and not greyed.
     virtual std::string Act(Verb verb, const std::vector<std::string>& arguments);
+    // The answer to a step that this kind does not know.
+    std::string NothingTo(Verb verb) const;
 
 private:
     Dialog& dialog_;

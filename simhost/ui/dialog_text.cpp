@@ -94,7 +94,9 @@ Block Draw(const Dialog& dialog, const Grid& grid, std::size_t width) {
             cells.push_back(component->Picture());
         } else if (HasFrame(dialog, child)) {
             const std::size_t room = std::max(widths[i % columns], kFrameColumns) - kFrameColumns;
-            cells.push_back(Framed(Utf8(component->label), Draw(dialog, *inner, room)));
+            Block inside = Draw(dialog, *inner, room);
+            if (!inside.empty()) inside[0] = Padded(inside[0], room);  // the frame fills its cell
+            cells.push_back(Framed(Utf8(component->label), inside));
         } else {
             cells.push_back(Draw(dialog, *inner, widths[i % columns]));
         }

@@ -24,7 +24,7 @@ public:
     DialogAction selectAction;  // for what the user selects, not the plug-in
     // The index of the selected name, if any.
     std::optional<std::size_t> selected() const { return selected_; }
-    bool Select(const std::string& name);  // false: the group has no such name
+    bool Select(const std::string& wanted);  // false: the group has no such name
     // The selected names as an array that lives as long as the dialog; null for none.
     char** SelectedForCaller();
 

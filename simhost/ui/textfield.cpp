@@ -121,7 +121,7 @@ std::string OptionMenu::State() const {
 
 std::string OptionMenu::Act(Verb verb, const std::vector<std::string>& arguments) {
     if (verb == Verb::Open || verb == Verb::Close) return {};
-    if (verb != Verb::Select) return Component::Act(verb, arguments);
+    if (verb != Verb::Select) return NothingTo(verb);
     if (arguments.empty()) return fmt::format("an entry of {} belongs behind Select", name());
     for (std::size_t i = 0; i < labels_.size(); ++i) {
         if (labels_[i] != arguments.back() &&

@@ -11,29 +11,27 @@
 
 using namespace simhost;
 
-namespace {
-
-constexpr WideView kDesktop = WIDE("C:\\Users\\Designer\\Desktop");
-
-}  // namespace
+WideText SimulatedWindows::Desktop() const {
+    return WIDE("C:\\Users\\Designer\\Desktop");
+}
 
 BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create) {
     static Operation op("SHGetSpecialFolderPathW");
-    return op.CallOr(
-        [](int) { return BOOL(FALSE); },
-        [&] {
-            Need(path, "the place for the path");
-            if (folder != CSIDL_DESKTOPDIRECTORY) {
-                Complain(FALSE, "a folder that is not known here");
-            }
-            // Every user has a desktop, asked for or not.
-            std::error_code ignored;
-            std::filesystem::create_directories(TheHost().disk.Real(kDesktop), ignored);
-            CopyCut(kDesktop, path, MAX_PATH);
-            return BOOL(TRUE);
-        },
-        "owner", static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create",
-        create);
+    return op.CallOr([](int) { return BOOL(FALSE); },
+                     [&] {
+                         Need(path, "the place for the path");
+                         if (folder != CSIDL_DESKTOPDIRECTORY) {
+                             Complain(FALSE, "a folder that is not known here");
+                         }
+                         // Every user has a desktop, asked for or not.
+                         const WideText desktop = TheWindows().Desktop();
+                         std::error_code ignored;
+                         std::filesystem::create_directories(TheHost().disk.Real(desktop), ignored);
+                         CopyCut(desktop, path, MAX_PATH);
+                         return BOOL(TRUE);
+                     },
+                     "owner", static_cast<const void*>(owner), "path", Out(path), "folder", folder,
+                     "create", create);
 }
 
 #endif

@@ -2,6 +2,10 @@
 // operations of hostapi/windows.h are answered from here on systems that are not Windows.
 #pragma once
 
+#ifdef _WIN32
+#include "simhost/windows_real/windows.h"
+#else
+
 #include <cstdint>
 #include <filesystem>
 #include <list>
@@ -123,6 +127,7 @@ public:
     bool Close(HANDLE file);
 
     DWORD lastError = ERROR_SUCCESS;  // GetLastError
+    WideText Desktop() const;  // the user's folder
 
     // --- Locale ---
     std::map<int, WideText> locale;  // what was set, by category
@@ -170,3 +175,5 @@ bool IsReadOnly(const std::filesystem::path& real);
 std::filesystem::path RealFile(WideView windowsPath);
 
 }  // namespace simhost
+
+#endif

@@ -4,7 +4,10 @@
 // (200, 600), so its outline is 150..250 by 570..630. The template's rule is first angle.
 #include <fmt/format.h>
 
+#include <string_view>
+
 #include "simhost/model/screen_view.h"
+#include "simhost/windows/windows.h"
 #include "tests/drawing/drawing_bench.h"
 
 namespace {
@@ -249,11 +252,13 @@ TEST_F(TwelveViews, ViewsAreMadeMeasuredMovedAndRegeneratedInOrder) {
     std::vector<std::string> expected = {
         "FromTmpltCreate", "GeneralviewCreate", "ViewOutlineGet", "ViewOrientationFromAngleSet",
         "ViewRegenerate",  "ViewTransformGet",  "ViewOutlineGet"};
-    for (int projection = 0; projection < 5; ++projection) {
-        for (const char* name : {"ProjectedviewCreate", "ViewOutlineGet", "ViewMove",
-                                 "ViewRegenerate", "ViewOutlineGet"}) {
+    for (const char* role : {"below", "above", "left", "right", "rear"}) {
+        for (const char* name :
+             {"ProjectedviewCreate", "ViewOutlineGet", "ViewMove", "ViewRegenerate"}) {
             expected.emplace_back(name);
         }
+        // Nothing is measured from the view above.
+        if (std::string_view(role) != "above") expected.emplace_back("ViewOutlineGet");
     }
     for (const char* name :
          {"GeneralviewCreate", "ViewOrientationFromAngleSet", "ViewRegenerate",
@@ -280,7 +285,7 @@ TEST_F(TwelveViews, WithTheExportAFileLiesOnTheDesktop) {
               "@ expect caption \"岚枢工具By墨川听雨,QQ:100200300\"\n@ ok");
     EXPECT_EQ(AllBoxes().back().flags, 0x40000u);
     bool found = false;
-    const std::string text = Read(WIDE("C:\\Users\\Designer\\Desktop\\BOX-12.dwg"), &found);
+    const std::string text = Read(TheWindows().Desktop() + WIDE("\\BOX-12.dwg"), &found);
     EXPECT_TRUE(found);
     EXPECT_NE(text.find("ANSI_936"), std::string::npos);
 }
@@ -289,7 +294,7 @@ TEST_F(TwelveViews, TheBoxOfTheExportComesEvenIfItFailed) {
     Fail("Pro2dExport");
     MakeViews({"main-h", "six-hidden", true}, "@ expect box \"已导出到桌面\"\n@ ok");
     bool found = true;
-    Read(WIDE("C:\\Users\\Designer\\Desktop\\BOX-12.dwg"), &found);
+    Read(TheWindows().Desktop() + WIDE("\\BOX-12.dwg"), &found);
     EXPECT_FALSE(found);
 }
 

@@ -7,6 +7,7 @@
 #include "simhost/host.h"
 #include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
+#include "tests/support/desk.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -41,9 +42,13 @@ protected:
     // All files of the drive with their bytes, to see that none changes.
     std::vector<std::pair<std::string, std::string>> Files() {
         std::vector<std::pair<std::string, std::string>> files;
-        for (const auto& each :
-             std::filesystem::recursive_directory_iterator(workplace_->drive())) {
-            if (each.is_regular_file()) {
+        for (const auto& place : workbench::PlacesOnDrive(workplace_->drive())) {
+            if (std::filesystem::is_regular_file(place)) {
+                files.emplace_back(place.string(), ReadFile(place));
+            }
+            if (!std::filesystem::is_directory(place)) continue;
+            for (const auto& each : std::filesystem::recursive_directory_iterator(place)) {
+                if (!each.is_regular_file()) continue;
                 files.emplace_back(each.path().string(), ReadFile(each.path()));
             }
         }

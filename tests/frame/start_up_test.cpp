@@ -24,7 +24,7 @@ protected:
     }
 
     // How often an operation has been called during the start.
-    long Count(const std::string& operation) {
+    std::ptrdiff_t Count(const std::string& operation) {
         const Lines names = host().journal.Names();
         return std::count(names.begin(), names.end(), operation);
     }
@@ -64,6 +64,8 @@ void AddRow(const expected::Row& row, Lines* lines) {
 TEST_F(StartUp, MakesItsCallsInTheirOrderWithTheirArguments) {
     StartJournalled();
     // 0x20019 to read a key is 131097; "5130" with its terminator takes 10 bytes.
+    ASSERT_EQ(TheWindows().timers().size(), 1u);
+    const std::string timer = std::to_string(TheWindows().timers().front().id);
     Lines wanted = {
         R"(RegOpenKeyExW(path="Software\PTC\Creo_Parametric", options=0, access=131097) = 0)",
         R"(RegQueryValueExW(name="VxReg", type=1, size=10) = 0)",
@@ -74,7 +76,7 @@ TEST_F(StartUp, MakesItsCallsInTheirOrderWithTheirArguments) {
     for (const expected::Row& row : expected::Rows()) AddRow(row, &wanted);
     wanted.insert(wanted.end(),
                   {
-                      "SetTimer(id=1, milliseconds=2000, procedure=function) = 32767",
+                      "SetTimer(id=1, milliseconds=2000, procedure=function) = " + timer,
                       R"(ProToolkitApplTextPathGet(directory="C:\App Text") = 0)",
                       R"(GetPrivateProfileStringW(section="RmbDisable", key="value", fallback="", )"
                       R"(value="0", size=255, path="C:\App Text\VXconfig\VxConfig.ini") = 1)",

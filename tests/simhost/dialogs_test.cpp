@@ -305,10 +305,14 @@ TEST_F(DialogsOfTheHost, WithoutAUserADialogEndsWithItsCloseActionOrMinusOne) {
 TEST_F(DialogsOfTheHost, ADialogAsTextShowsItsLayoutWithGreyedButtonsInParentheses) {
     Create();
     const auto lines = DialogText(*host().dialogs.Find("Settings"));
-    const std::vector<std::string> expected = {
-        "+- 设置! ----------------------+", "| 设置 \"A\"     <Name>          |",
-        "| second line                  |", "| ----                         |",
-        "| [ 应用 ]  ( 帮助 )  [ 确定 ] |", "+------------------------------+"};
+    // The upper rows are 11 + 2 + 22 wide, the row of buttons 3 * 8 + 2 * 2: of the 7 columns that
+    // are left its three columns get 2, 2 and 3.
+    const std::vector<std::string> expected = {"+- 设置! -----------------------------+",  //
+                                               "| 设置 \"A\"     [____________________] |",
+                                               "| second line                         |",  //
+                                               "| ----                                |",  //
+                                               "| [ 应用 ]    ( 帮助 )    [ 确定 ]    |",  //
+                                               "+-------------------------------------+"};
     EXPECT_EQ(lines, expected);
 }
 

@@ -81,7 +81,7 @@ TEST(SystemCodePage, HasEveryCharacterOfTheOldNationalStandardBothWays) {
             const std::string bytes = {static_cast<char>(lead), static_cast<char>(trail)};
             const WideText wide = FromSystemCodePage(bytes);
             ASSERT_EQ(wide.size(), 1u);
-            if (wide == WIDE("?")) continue;
+            if (wide[0] >= 0xE000 && wide[0] <= 0xF8FF) continue;  // for private use
             ++characters;
             EXPECT_EQ(ToSystemCodePage(wide), bytes);
         }

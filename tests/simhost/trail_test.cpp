@@ -1,6 +1,8 @@
 // Scripts: how their lines answer what waits, and how what fails is told.
+#include <algorithm>
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "hostapi/host.h"
 #include "tests/simhost/trail_ground.h"
@@ -155,7 +157,7 @@ TEST_F(Scripts, ADialogIsUsedByTheNextLinesAndABoxInItByThoseBehind) {
                   "~ Activate `Settings` `OK`\n@ expect dialog none"),
               Failures{});
     EXPECT_EQ(seen, "box answered dialog 1 ");
-    EXPECT_TRUE(Told("[ 应用 ]  ( 帮助 )  [ 确定 ]"));
+    EXPECT_TRUE(Told("[ 应用 ]    ( 帮助 )    [ 确定 ]"));
 }
 
 TEST_F(Scripts, CloseClosesTheWindowOfADialog) {
@@ -279,6 +281,18 @@ TEST_F(Scripts, ByHandPlainWordsAreCommandsAndWordsAndTheNextPromptSaysWhatWaits
     EXPECT_TRUE(trail.Run());
     EXPECT_EQ(seen, "ran box answered dialog 1 asked 0 X ");
     EXPECT_EQ(hand.prompts, "vx> vx> box> vx> dialog Settings> vx> answer> vx> popup> vx> ");
+}
+
+TEST_F(Scripts, ByHandAStepThatEndsWithoutAWordIsConfirmed) {
+    Hand hand({"Runs", "note seen", "ShowsABox", "ok"});
+    std::vector<std::string> told;
+    Trail trail(hand, [&told](const std::string& line) { told.push_back(line); });
+    EXPECT_TRUE(trail.Run());
+    ASSERT_GT(told.size(), 3u);
+    EXPECT_EQ(told[0], "    done");
+    EXPECT_EQ(told[1], "    seen");
+    EXPECT_EQ(told.back(), "    done");
+    EXPECT_EQ(std::count(told.begin(), told.end(), "    done"), 2);
 }
 
 TEST_F(Scripts, ByHandALineThatDoesNotFitIsAskedAgain) {

@@ -184,6 +184,7 @@ struct Writing {
     const WideChar* key;
     const WideChar* value;
     std::string after;
+    const char* afterInWine = nullptr;  // where Wine is known to differ from Windows
 };
 void PrintTo(const Writing& row, std::ostream* out) {
     *out << row.name;
@@ -196,7 +197,7 @@ TEST_P(IniWriting, ChangesTheFile) {
     Put("a.ini", row.before);
     EXPECT_TRUE(
         WritePrivateProfileStringW(row.section, row.key, row.value, Path(WIDE("a.ini")).c_str()));
-    EXPECT_EQ(Bytes("a.ini"), row.after);
+    EXPECT_EQ(Bytes("a.ini"), IsWine() && row.afterInWine ? row.afterInWine : row.after);
 }
 
 const Writing kWritings[] = {
@@ -244,6 +245,16 @@ const Writing kWritings[] = {
      WIDE("\u597d\u20ac"), "[\xD6\xD0]\r\nk=\xCE\xC4\r\nj=\xBA\xC3\x80\r\n"},
     {"Utf16Stays", BytesOf("\xFF\xFE[\0A\0]\0\r\0\n\0"), WIDE("A"), WIDE("k"), WIDE("\u4e2d"),
      BytesOf("\xFF\xFE[\0A\0]\0\r\0\n\0k\0=\0\x2D\x4E\r\0\n\0")},
+
+    // Windows changes one line; Wine writes the whole file anew in a form of its own.
+    {"EmptyLinesStay", "\r\n[A]\r\n\r\nk=1\r\n\r\n[B]\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
+     "\r\n[A]\r\n\r\nk=v\r\n\r\n[B]\r\n", "[A]\r\nk=v\r\n[B]\r\n"},
+    {"ANewKeyGoesAboveTheEmptyLinesAtTheSectionsEnd", "[A]\r\nk=1\r\n\r\n[B]\r\n", WIDE("A"),
+     WIDE("n"), WIDE("v"), "[A]\r\nk=1\r\nn=v\r\n\r\n[B]\r\n", "[A]\r\nk=1\r\nn=v\r\n[B]\r\n"},
+    {"BlanksOfOtherLinesStay", "[ A ]\r\n j = 1 \r\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v"),
+     "[ A ]\r\n j = 1 \r\nk=v\r\n", "[A]\r\nj=1\r\nk=v\r\n"},
+    {"OtherLineEndsStay", "[A]\nj=1\nk=1\r\n", WIDE("A"), WIDE("k"), WIDE("v"), "[A]\nj=1\nk=v\r\n",
+     "[A]\r\nj=1\r\nk=v\r\n"},
 };
 INSTANTIATE_TEST_SUITE_P(Table, IniWriting, testing::ValuesIn(kWritings), NameOfRow());
 

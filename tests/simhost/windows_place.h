@@ -40,6 +40,15 @@ struct NameOfRow {
     }
 };
 
+// Whether the Windows here is Wine, which is known to differ in a few cases.
+inline bool IsWine() {
+#ifdef _WIN32
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+#else
+    return false;
+#endif
+}
+
 class WindowsPlace : public testing::Test {
 protected:
     WindowsPlace() {

@@ -8,6 +8,7 @@
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
+#include "tests/support/desk.h"
 
 namespace workbench {
 
@@ -17,6 +18,7 @@ namespace {
 
 WorkplaceOptions Options() {
     WorkplaceOptions options;
+    options.drive = DriveOfTests();
     options.newUser = true;
     options.installed = VX_SOURCE_DIR;
     options.module = VX_MODULE;
@@ -41,6 +43,7 @@ void Workbench::TearDown() {
     }
     // The plug-in goes while the drive and the models are still there.
     workplace_.reset();
+    EXPECT_EQ(ClearDrive(), std::vector<std::string>{}) << "Left open?";
 }
 
 void Workbench::Start() {

@@ -14,6 +14,7 @@
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
+#include "tests/support/desk.h"
 
 namespace sweep {
 
@@ -29,26 +30,30 @@ const WideText kTextFolder = WIDE("C:\\App Text");
 // can be written, the settings and the working folder, is made anew for each run.
 class Drive {
 public:
-    Drive() : root_(fs::temp_directory_path() / ("vorlatix-sweep-" + std::to_string(Number()))) {
-        fs::remove_all(root_);
+    Drive() : root_(workbench::DriveOfTests()), temporary_(root_.empty()) {
+        if (!temporary_) return;
+        root_ = fs::temp_directory_path() / ("vorlatix-sweep-" + std::to_string(Number()));
         fs::create_directories(root_);
     }
     ~Drive() {
+        workbench::ClearDrive();
         std::error_code ignored;
-        fs::remove_all(root_, ignored);
+        if (temporary_) fs::remove_all(root_, ignored);
     }
     Drive(const Drive&) = delete;
     Drive& operator=(const Drive&) = delete;
 
     const fs::path& Tidied() {
-        for (const fs::path& place : Entries(root_)) {
+        for (const fs::path& place : workbench::PlacesOnDrive(root_)) {
             const bool installed = place.filename() == "Plug-in" || place.filename() == "App Text";
             if (!installed) fs::remove_all(place);
         }
         for (const char* folder : {"Plug-in", "App Text"}) {
             for (const fs::path& place : Entries(root_ / folder)) {
                 const std::string name = place.filename().string();
-                if (name != "text" && name != "tp" && name != "vxudf") fs::remove_all(place);
+                const bool kept = name == "text" || name == "tp" || name == "vxudf" ||
+                                  place.extension() == ".dll";
+                if (!kept) fs::remove_all(place);
             }
         }
         return root_;
@@ -65,6 +70,7 @@ private:
         return entries;
     }
     fs::path root_;
+    bool temporary_;
 };
 
 const fs::path& TidiedDrive() {

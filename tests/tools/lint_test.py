@@ -104,8 +104,14 @@ class ConditionalCode(RuleTest):
 
     def test_pragma_once_comments_and_other_folders_are_free(self):
         self.write("frame/x.h", BANNER + "#pragma once\n// #if in words\n#define A 1\n")
-        self.write("hostapi/x.h", BANNER + "#ifdef _WIN32\n#endif\n")
+        self.write("simhost/x.h", BANNER + "#ifdef _WIN32\n#endif\n")
         self.assertEqual(self.found(lint.no_conditional_code), [])
+
+    def test_of_the_door_only_its_own_headers_may_differ(self):
+        for name in ("windows.h", "wide.h", "export.h", "host.h", "host/types.h"):
+            self.write(f"hostapi/{name}", BANNER + "#ifdef _WIN32\n#endif\n")
+        self.write("hostapi/host/model.h", BANNER + "#ifndef VX_HOST_SDK\n#endif\n")
+        self.assertEqual(self.found(lint.no_conditional_code), ["hostapi/host/model.h:2"])
 
 
 class WideLiterals(RuleTest):

@@ -1,0 +1,351 @@
+// The plug-in's calls of a real Windows on their way there: counted, told to fail, written into the
+// journal and remembered where something is left open. Windows itself answers them; only programs
+// are noted and not run, since no test may open a browser.
+#ifdef _WIN32
+
+#include <algorithm>
+#include <cstring>
+
+#include "simhost/core/operation.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/windows_real/windows.h"
+
+namespace simhost {
+
+namespace {
+
+LSTATUS Denied(int status) {
+    return status > 0 ? status : ERROR_ACCESS_DENIED;
+}
+BOOL False(int) {
+    return FALSE;
+}
+DWORD Nothing(int) {
+    return 0;
+}
+
+template <class Handle>
+void Forget(std::vector<std::pair<Handle, WideText>>* open, Handle handle) {
+    const auto is = [handle](const auto& each) { return each.first == handle; };
+    open->erase(std::remove_if(open->begin(), open->end(), is), open->end());
+}
+
+// --- Modules ---
+
+HMODULE WINAPI ModuleHandle(const WideChar* name) {
+    static Operation op("GetModuleHandleW");
+    return op.CallOr([](int) { return HMODULE{}; }, [&] { return GetModuleHandleW(name); }, "name",
+                     name);
+}
+
+DWORD WINAPI ModuleFileName(HMODULE module, WideChar* path, DWORD size) {
+    static Operation op("GetModuleFileNameW");
+    return op.CallOr(
+        Nothing, [&] { return GetModuleFileNameW(module, path, size); }, "module", module, "path",
+        Out(path), "size", size);
+}
+
+// --- INI files ---
+
+DWORD WINAPI GetProfile(const WideChar* section, const WideChar* key, const WideChar* fallback,
+                        WideChar* value, DWORD size, const WideChar* path) {
+    static Operation op("GetPrivateProfileStringW");
+    const auto failed = [&](int) {
+        CopyCut(fallback ? fallback : L"", value, size);
+        return static_cast<DWORD>(std::wcslen(value));
+    };
+    return op.CallOr(
+        failed, [&] { return GetPrivateProfileStringW(section, key, fallback, value, size, path); },
+        "section", section, "key", key, "fallback", fallback, "value", Out(value), "size", size,
+        "path", path);
+}
+
+BOOL WINAPI WriteProfile(const WideChar* section, const WideChar* key, const WideChar* value,
+                         const WideChar* path) {
+    static Operation op("WritePrivateProfileStringW");
+    return op.CallOr(
+        False, [&] { return WritePrivateProfileStringW(section, key, value, path); }, "section",
+        section, "key", key, "value", value, "path", path);
+}
+
+// --- Boxes and timers ---
+
+int WINAPI ShowMessageBox(HWND owner, const WideChar* text, const WideChar* caption, UINT flags) {
+    static Operation op("MessageBoxW");
+    return op.CallOr([](int) { return 0; },
+                     [&] {
+                         TheWindows().boxFlags.push_back(flags);
+                         const int answer = MessageBoxW(owner, text, caption, flags);
+                         TheWindows().boxFlags.pop_back();
+                         return answer;
+                     },
+                     "text", text, "caption", caption, "flags", flags);
+}
+
+UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
+    static Operation op("SetTimer");
+    return op.CallOr([](int) { return UINT_PTR{0}; },
+                     [&] {
+                         return window ? SetTimer(window, id, milliseconds, procedure)
+                                       : TheWindows().StartTimer(id, milliseconds, procedure);
+                     },
+                     "id", id, "milliseconds", milliseconds, "procedure", procedure);
+}
+
+BOOL WINAPI StopTimer(HWND window, UINT_PTR id) {
+    static Operation op("KillTimer");
+    return op.CallOr(
+        False, [&] { return window ? KillTimer(window, id) : BOOL{TheWindows().StopTimer(id)}; },
+        "id", id);
+}
+
+// --- Registry ---
+
+LSTATUS WINAPI OpenKey(HKEY parent, const WideChar* path, DWORD options, REGSAM access, HKEY* key) {
+    static Operation op("RegOpenKeyExW");
+    return op.CallOr(
+        Denied,
+        [&]() -> LSTATUS {
+            const LSTATUS status = RegOpenKeyExW(parent, path, options, access, key);
+            if (status == ERROR_SUCCESS) TheWindows().keys.emplace_back(*key, path ? path : L"");
+            return status;
+        },
+        "path", path, "options", options, "access", access);
+}
+
+LSTATUS WINAPI CreateKey(HKEY parent, const WideChar* path, DWORD reserved, WideChar* keyClass,
+                         DWORD options, REGSAM access, SECURITY_ATTRIBUTES* security, HKEY* key,
+                         DWORD* disposition) {
+    static Operation op("RegCreateKeyExW");
+    return op.CallOr(
+        Denied,
+        [&]() -> LSTATUS {
+            const LSTATUS status = RegCreateKeyExW(parent, path, reserved, keyClass, options,
+                                                   access, security, key, disposition);
+            if (status == ERROR_SUCCESS) TheWindows().keys.emplace_back(*key, path ? path : L"");
+            return status;
+        },
+        "path", path, "class", keyClass, "options", options, "access", access, "security", security,
+        "disposition", Out(disposition));
+}
+
+LSTATUS WINAPI QueryValue(HKEY key, const WideChar* name, DWORD* reserved, DWORD* type, BYTE* data,
+                          DWORD* size) {
+    static Operation op("RegQueryValueExW");
+    return op.CallOr(
+        Denied,
+        [&]() -> LSTATUS { return RegQueryValueExW(key, name, reserved, type, data, size); },
+        "name", name, "type", Out(type), "size", Out(size));
+}
+
+LSTATUS WINAPI SetValue(HKEY key, const WideChar* name, DWORD reserved, DWORD type,
+                        const BYTE* data, DWORD size) {
+    static Operation op("RegSetValueExW");
+    return op.CallOr(
+        Denied, [&]() -> LSTATUS { return RegSetValueExW(key, name, reserved, type, data, size); },
+        "name", name, "type", type, "size", size);
+}
+
+LSTATUS WINAPI CloseKey(HKEY key) {
+    static Operation op("RegCloseKey");
+    // Told to fail, it closes the key all the same, so that no test leaks one.
+    const auto close = [&] {
+        Forget(&TheWindows().keys, key);
+        return RegCloseKey(key);
+    };
+    return op.CallOr(
+        [&](int status) {
+            close();
+            return Denied(status);
+        },
+        [&]() -> LSTATUS { return close(); });
+}
+
+// --- Programs ---
+
+UINT WINAPI RunProgram(const char* commandLine, UINT show) {
+    static Operation op("WinExec");
+    constexpr UINT kFileNotFound = 2, kStarted = 33;
+    return op.CallOr([](int) { return kFileNotFound; },
+                     [&] {
+                         Need(commandLine, "the command line");
+                         const WideText command = FromSystemCodePage(commandLine);
+                         TheWindows().programs.push_back(command);
+                         TheHost().shown.push_back({Shown::Kind::Program, command, {}});
+                         return kStarted;
+                     },
+                     "commandLine", commandLine, "show", show);
+}
+
+// --- Files ---
+
+HANDLE WINAPI OpenFile(const WideChar* path, DWORD access, DWORD share,
+                       SECURITY_ATTRIBUTES* security, DWORD creation, DWORD attributes,
+                       HANDLE pattern) {
+    static Operation op("CreateFileW");
+    return op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
+                     [&] {
+                         const HANDLE file = CreateFileW(path, access, share, security, creation,
+                                                         attributes, pattern);
+                         if (file != INVALID_HANDLE_VALUE)
+                             TheWindows().files.emplace_back(file, path);
+                         return file;
+                     },
+                     "path", path, "access", access, "share", share, "security", security,
+                     "creation", creation, "attributes", attributes, "pattern", pattern);
+}
+
+BOOL WINAPI FileSize(HANDLE file, LARGE_INTEGER* size) {
+    static Operation op("GetFileSizeEx");
+    return op.CallOr(False, [&] { return GetFileSizeEx(file, size); });
+}
+
+BOOL WINAPI ReadBytes(HANDLE file, void* data, DWORD size, DWORD* done, OVERLAPPED* overlapped) {
+    static Operation op("ReadFile");
+    return op.CallOr(
+        False, [&] { return ReadFile(file, data, size, done, overlapped); }, "size", size, "read",
+        Out(done));
+}
+
+BOOL WINAPI WriteBytes(HANDLE file, const void* data, DWORD size, DWORD* done,
+                       OVERLAPPED* overlapped) {
+    static Operation op("WriteFile");
+    return op.CallOr(
+        False, [&] { return WriteFile(file, data, size, done, overlapped); }, "size", size,
+        "written", Out(done));
+}
+
+BOOL WINAPI Close(HANDLE handle) {
+    static Operation op("CloseHandle");
+    const auto close = [&] {
+        Forget(&TheWindows().files, handle);
+        return CloseHandle(handle);
+    };
+    return op.CallOr(
+        [&](int) {
+            close();
+            return FALSE;
+        },
+        close);
+}
+
+BOOL WINAPI SpecialFolder(HWND owner, WideChar* path, int folder, BOOL create) {
+    static Operation op("SHGetSpecialFolderPathW");
+    return op.CallOr(
+        False, [&] { return SHGetSpecialFolderPathW(owner, path, folder, create); }, "owner",
+        static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create", create);
+}
+
+// --- Code pages and locale ---
+
+int WINAPI ToWide(UINT codePage, DWORD flags, const char* narrow, int length, WideChar* wide,
+                  int size) {
+    static Operation op("MultiByteToWideChar");
+    return op.CallOr(
+        False, [&] { return MultiByteToWideChar(codePage, flags, narrow, length, wide, size); },
+        "codePage", codePage, "flags", flags, "length", length, "size", size);
+}
+
+int WINAPI ToNarrow(UINT codePage, DWORD flags, const WideChar* wide, int length, char* narrow,
+                    int size, const char* byDefault, BOOL* usedDefault) {
+    static Operation op("WideCharToMultiByte");
+    return op.CallOr(
+        False,
+        [&] {
+            return WideCharToMultiByte(codePage, flags, wide, length, narrow, size, byDefault,
+                                       usedDefault);
+        },
+        "codePage", codePage, "flags", flags, "length", length, "size", size);
+}
+
+WideChar* SetLocale(int category, const WideChar* locale) {
+    static Operation op("_wsetlocale");
+    return op.CallOr([](int) -> WideChar* { return nullptr; },
+                     [&] {
+                         WideChar* set = _wsetlocale(category, locale);
+                         if (set && locale) TheWindows().locale[category] = locale;
+                         return set;
+                     },
+                     "category", category, "locale", locale);
+}
+
+struct Watched {
+    const char* name;
+    void* call;
+};
+
+template <class Function>
+void* Address(Function* function) {
+    return reinterpret_cast<void*>(function);
+}
+
+void* WatcherOf(const char* name) {
+    // clang-format off
+    static const Watched kWatched[] = {
+        {"GetModuleHandleW",           Address(ModuleHandle)},
+        {"GetModuleFileNameW",         Address(ModuleFileName)},
+        {"GetPrivateProfileStringW",   Address(GetProfile)},
+        {"WritePrivateProfileStringW", Address(WriteProfile)},
+        {"MessageBoxW",                Address(ShowMessageBox)},
+        {"SetTimer",                   Address(StartTimer)},
+        {"KillTimer",                  Address(StopTimer)},
+        {"RegOpenKeyExW",              Address(OpenKey)},
+        {"RegCreateKeyExW",            Address(CreateKey)},
+        {"RegQueryValueExW",           Address(QueryValue)},
+        {"RegSetValueExW",             Address(SetValue)},
+        {"RegCloseKey",                Address(CloseKey)},
+        {"WinExec",                    Address(RunProgram)},
+        {"CreateFileW",                Address(OpenFile)},
+        {"GetFileSizeEx",              Address(FileSize)},
+        {"ReadFile",                   Address(ReadBytes)},
+        {"WriteFile",                  Address(WriteBytes)},
+        {"CloseHandle",                Address(Close)},
+        {"SHGetSpecialFolderPathW",    Address(SpecialFolder)},
+        {"MultiByteToWideChar",        Address(ToWide)},
+        {"WideCharToMultiByte",        Address(ToNarrow)},
+        {"_wsetlocale",                Address(SetLocale)},
+    };
+    // clang-format on
+    for (const Watched& each : kWatched) {
+        if (std::strcmp(each.name, name) == 0) return each.call;
+    }
+    return nullptr;
+}
+
+void Replace(IMAGE_THUNK_DATA* entry, void* call) {
+    DWORD before = 0;
+    VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &before);
+    entry->u1.Function = reinterpret_cast<ULONGLONG>(call);
+    VirtualProtect(entry, sizeof *entry, before, &before);
+}
+
+}  // namespace
+
+// A module calls others through its table of imports, where the loader has put the addresses.
+void WatchCalls(HMODULE module) {
+    auto* base = reinterpret_cast<unsigned char*>(module);
+    const auto at = [base](auto offset) { return base + offset; };
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto* header = reinterpret_cast<const IMAGE_NT_HEADERS*>(at(dos->e_lfanew));
+    const auto& imports = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    const auto* library =
+        reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(at(imports.VirtualAddress));
+    for (; library->Name != 0; ++library) {
+        const auto* name =
+            reinterpret_cast<const IMAGE_THUNK_DATA*>(at(library->OriginalFirstThunk));
+        auto* entry = reinterpret_cast<IMAGE_THUNK_DATA*>(at(library->FirstThunk));
+        for (; name->u1.AddressOfData != 0; ++name, ++entry) {
+            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
+            const auto* symbol =
+                reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(at(name->u1.AddressOfData));
+            if (void* call = WatcherOf(reinterpret_cast<const char*>(symbol->Name))) {
+                Replace(entry, call);
+            }
+        }
+    }
+}
+
+}  // namespace simhost
+
+#endif

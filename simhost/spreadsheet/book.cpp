@@ -1,4 +1,4 @@
-// Workbooks as data.
+// Workbooks as data: cells, whole columns, and the names of cells.
 #include "simhost/spreadsheet/book.h"
 
 #include <algorithm>

@@ -40,6 +40,13 @@ struct Area {
 inline constexpr int kLastSheetRow = 1048576;
 inline constexpr int kLastSheetColumn = 16384;
 
+inline bool IsWholeColumns(const Area& area) {
+    return area.r1 == 1 && area.r2 == kLastSheetRow;
+}
+inline bool IsWholeRows(const Area& area) {
+    return area.c1 == 1 && area.c2 == kLastSheetColumn;
+}
+
 class BookSheet {
 public:
     std::string name = "Sheet1";

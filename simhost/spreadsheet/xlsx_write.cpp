@@ -17,11 +17,10 @@ void WriteXlsx(const Book&, const std::string& path) {
 
 #else
 
-#include <xlsxwriter.h>
-
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
+#include <xlsxwriter.h>
 
 #include "simhost/ui/text_frame.h"
 

@@ -127,7 +127,7 @@ public:
     bool Close(HANDLE file);
 
     DWORD lastError = ERROR_SUCCESS;  // GetLastError
-    WideText Desktop() const;  // the user's folder
+    WideText Desktop() const;         // the user's folder
 
     // --- Locale ---
     std::map<int, WideText> locale;  // what was set, by category

@@ -39,11 +39,13 @@
 #include <ProUICheckbutton.h>
 #include <ProUICmd.h>
 #include <ProUIDialog.h>
+#include <ProUIDrawingarea.h>
 #include <ProUIInputpanel.h>
 #include <ProUIMessage.h>
 #include <ProUIOptionmenu.h>
 #include <ProUIPushbutton.h>
 #include <ProUIRadiogroup.h>
+#include <ProUITable.h>
 #include <ProUITextarea.h>
 #include <ProUtil.h>
 #include <ProView.h>

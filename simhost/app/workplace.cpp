@@ -6,6 +6,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/windows/windows.h"
 
 #ifdef _WIN32
@@ -63,6 +64,7 @@ void CopyFolder(const fs::path& from, const fs::path& to) {
 
 Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     RestartHost();
+    RestartSpreadsheets();
     RestartWindows();
     temporary_ = options_.drive.empty();
     options_.drive = temporary_ ? TemporaryFolder() : fs::absolute(options_.drive);

@@ -1,4 +1,4 @@
-// Workbooks as data.
+// Workbooks as data: cells, whole columns, and the names of cells.
 #include "simhost/spreadsheet/book.h"
 
 #include <algorithm>
@@ -10,7 +10,8 @@ BookCell& BookSheet::At(int row, int column) {
     auto& cells = cells_[std::size_t(row - 1)];
     const auto wanted = std::size_t(column);
     while (cells.size() < wanted) {
-        cells.emplace_back().style.centred = IsCentred(int(cells.size()));
+        BookCell& added = cells.emplace_back();
+        added.style.centred = IsCentred(int(cells.size()));
     }
     return cells[wanted - 1];
 }

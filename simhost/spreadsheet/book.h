@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "hostapi/wide.h"
+
 namespace simhost {
 
 // What a cell looks like. Two cells look alike exactly if their keys are equal.
@@ -38,6 +40,13 @@ struct Area {
 inline constexpr int kLastSheetRow = 1048576;
 inline constexpr int kLastSheetColumn = 16384;
 
+inline bool IsWholeColumns(const Area& area) {
+    return area.r1 == 1 && area.r2 == kLastSheetRow;
+}
+inline bool IsWholeRows(const Area& area) {
+    return area.c1 == 1 && area.c2 == kLastSheetColumn;
+}
+
 class BookSheet {
 public:
     std::string name = "Sheet1";
@@ -66,7 +75,7 @@ private:
 struct Book {
     std::vector<std::unique_ptr<BookSheet>> sheets;
     std::size_t active = 0;
-    std::string path;  // the real file it came from; empty for a new one
+    WideText path;  // the file it came from, a Windows path; empty for a new one
     bool saved = true;
 };
 
@@ -79,7 +88,8 @@ struct BookFileError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// An .xlsx file of this system. Both throw BookFileError.
+// An .xlsx file of this system. Both throw BookFileError; on Windows always, where the libraries
+// behind them are missing.
 void WriteXlsx(const Book& book, const std::string& path);
 Book ReadXlsx(const std::string& path);
 

@@ -1,5 +1,17 @@
 // Real .xlsx files as workbooks: libzip opens the container, pugixml its parts.
-#ifndef _WIN32
+#include "simhost/spreadsheet/book.h"
+
+#ifdef _WIN32
+
+namespace simhost {
+
+Book ReadXlsx(const std::string& path) {
+    throw BookFileError("spreadsheets are not read on Windows: " + path);
+}
+
+}  // namespace simhost
+
+#else
 
 #include <fmt/format.h>
 #include <pugixml.hpp>
@@ -152,7 +164,6 @@ Book ReadXlsx(const std::string& path) {
     const std::vector<std::string> shared =
         SharedTexts(package, Target(relations, {}, "/sharedStrings"));
     Book book;
-    book.path = path;
     for (const pugi::xml_node node : Child(workbook.document_element(), "sheets").children()) {
         if (!Is(node, "sheet")) continue;
         auto sheet = std::make_unique<BookSheet>();

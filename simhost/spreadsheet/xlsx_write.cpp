@@ -1,12 +1,27 @@
 // Workbooks as real .xlsx files, written by libxlsxwriter.
-#ifndef _WIN32
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+#include "simhost/spreadsheet/book.h"
+
+#ifdef _WIN32
+
+namespace simhost {
+
+void WriteXlsx(const Book&, const std::string& path) {
+    throw BookFileError("spreadsheets are not written on Windows: " + path);
+}
+
+}  // namespace simhost
+
+#else
 
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
 #include <xlsxwriter.h>
 
-#include "simhost/spreadsheet/book.h"
 #include "simhost/ui/text_frame.h"
 
 namespace simhost {

@@ -178,10 +178,12 @@ std::vector<std::string> Table::Lines(std::size_t most) const {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             text += (i ? " | " : "") + Padded(textOf(i), widths[i]);
         }
-        return text;
+        return text.substr(0, text.find_last_not_of(' ') + 1);
     };
     std::vector<std::string> lines{line("  ", [&](auto i) { return Utf8(columns_[i].label); })};
-    lines.emplace_back(DisplayWidth(lines[0]), '-');
+    std::size_t width = 2;
+    for (std::size_t i = 0; i < widths.size(); ++i) width += widths[i] + (i ? 3 : 0);
+    lines.emplace_back(width, '-');
     for (std::size_t k = 0; k < shown; ++k) {
         const TableRow& row = rows_[k];
         const bool coloured = std::any_of(row.cells.begin(), row.cells.end(),

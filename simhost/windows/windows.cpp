@@ -4,7 +4,6 @@
 #include "simhost/windows/windows.h"
 
 #include "simhost/core/text.h"
-#include "simhost/spreadsheet/spreadsheets.h"
 
 namespace simhost {
 
@@ -24,7 +23,6 @@ SimulatedWindows& TheWindows() {
 }
 
 void RestartWindows() {
-    RestartSpreadsheets();
     Instance().reset();
 }
 

@@ -224,6 +224,35 @@ TEST_F(SpreadsheetApplication, ReadsTheActiveSheetOfAnotherWritersFile) {
     EXPECT_EQ(Value(Get(workbook_, 494), 118).whole, 2);
 }
 
+// One table of a title, a gap and a row of a text, a text, 12, 1.5 and yes, saved by openpyxl and
+// by LibreOffice Calc.
+TEST_F(SpreadsheetApplication, ReadsTheFilesOfTheUsualPrograms) {
+    for (const char* file : {"openpyxl.xlsx", "libreoffice.xlsx"}) {
+        const auto from = std::filesystem::path(VX_SOURCE_DIR) / "tests/simhost/data" / file;
+        const WideText path = WIDE("C:\\Work\\") + Wide(file);
+        std::filesystem::copy_file(from, host().disk.Real(path));
+        const ExcelObject sheet = Opened(path);
+        ASSERT_NE(sheet, nullptr) << file;
+        EXPECT_EQ(CellValue(sheet, 1, 1).text, WIDE("批量重命名")) << file;
+        EXPECT_EQ(CellValue(sheet, 3, 1).text, WIDE("1")) << file;
+        EXPECT_EQ(CellValue(sheet, 3, 2).text, WIDE("螺栓 M12")) << file;
+        EXPECT_EQ(CellValue(sheet, 3, 3).real, 12) << file;
+        EXPECT_EQ(CellValue(sheet, 3, 4).real, 1.5) << file;
+        EXPECT_EQ(CellValue(sheet, 3, 5).whole, 1) << file;
+        EXPECT_EQ(Value(Get(Get(sheet, 412), 258), 118).whole, 3) << file;
+    }
+}
+
+TEST(BookSheet, WhatIsCentredByColumnsHoldsForCellsToCome) {
+    BookSheet sheet;
+    sheet.At(1, 1).text = "before";
+    sheet.CentreColumns(1, 2);
+    EXPECT_TRUE(sheet.Find(1, 1)->style.centred);
+    EXPECT_TRUE(sheet.At(5, 1).style.centred);
+    EXPECT_TRUE(sheet.At(5, 2).style.centred);
+    EXPECT_FALSE(sheet.At(5, 3).style.centred);
+}
+
 TEST(CellNames, AreLettersAndANumber) {
     int row = 0, column = 0;
     EXPECT_TRUE(ParseCellName("A1", &row, &column));

@@ -2,10 +2,10 @@
 // model. Instances of family tables join in if the settings say so.
 #include "modeldata/model_count.h"
 
-#include <unordered_map>
 #include <vector>
 
 #include "frame/fixed_text.h"
+#include "frame/model_counts.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
 
@@ -15,61 +15,6 @@ constexpr WideView kParameterName = WIDE("数量");
 constexpr WideView kFailureHeader =
     WIDE("以下模型“数量”参数创建/更新失败，请检查参数是否存在关系锁定等原因，需手动处理：\n");
 
-struct Count {
-    ProMdl model = nullptr;
-    WideText name;
-    int count = 0;
-};
-
-// Models count as one if name and type are equal, ignoring case, in the order in which they are
-// first met. Each handle's name is asked for once.
-class CountList {
-public:
-    void Add(ProMdl model) {
-        const auto known = byHandle_.find(model);
-        if (known != byHandle_.end()) {
-            ++counts_[known->second].count;
-            return;
-        }
-        const std::size_t place = PlaceOf(model);
-        byHandle_.emplace(model, place);
-        ++counts_[place].count;
-    }
-
-    const std::vector<Count>& counts() const { return counts_; }
-
-private:
-    std::size_t PlaceOf(ProMdl model) {
-        const WideText name = ModelName(model);
-        ProMdlType type = PRO_MDL_UNUSED;
-        ProMdlTypeGet(model, &type);
-        // A model that cannot be told by its name is counted by itself.
-        if (!name.empty()) {
-            const WideText key = FoldCase(name) + WideChar('.') + WideChar(int(type) + 1);
-            const auto [found, added] = byName_.emplace(key, counts_.size());
-            if (!added) return found->second;
-        }
-        counts_.push_back({model, name, 0});
-        return counts_.size() - 1;
-    }
-
-    std::vector<Count> counts_;
-    std::unordered_map<ProMdl, std::size_t> byHandle_;
-    std::unordered_map<WideText, std::size_t> byName_;
-};
-
-CountList CountModels(ProMdl top) {
-    CountList counts;
-    if (top) counts.Add(top);
-    const ComponentArray components = ComponentCollector(top, VisitAllComponents);
-    const int size = components.Size();
-    for (int i = 0; i < size; ++i) {
-        ProMdl model = nullptr;
-        if (ProAsmcompMdlGet(&components.data()[i], &model) == PRO_TK_NO_ERROR) counts.Add(model);
-    }
-    return counts;
-}
-
 ProParamvalue WholeValue(int number) {
     ProParamvalue value = {};
     value.type = PRO_PARAM_INTEGER;
@@ -78,7 +23,7 @@ ProParamvalue WholeValue(int number) {
 }
 
 // False: the parameter has not got its value.
-bool WriteCount(const Count& count) {
+bool WriteCount(const ModelCount& count) {
     ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
     if (ProMdlToModelitem(count.model, &item) != PRO_TK_NO_ERROR) return false;
     ProParamvalue value = WholeValue(count.count);
@@ -142,9 +87,9 @@ void VxMdlCount() {
         return;
     }
     const bool forInstances = InstancesAreCounted();
-    const CountList counts = CountModels(top.model);
+    const std::vector<ModelCount> counts = CountModels(top.model);
     WideText failures(kFailureHeader);
-    for (const Count& count : counts.counts()) {
+    for (const ModelCount& count : counts) {
         if (!IsCounted(count.model, forInstances) || WriteCount(count)) continue;
         failures += count.name + WIDE("\n");
     }

@@ -1,12 +1,12 @@
 // Filling of the table.
 #include "tables/bom_table.h"
 
-#include <unordered_map>
 #include <vector>
 
 #include "export/parameter_text.h"
 #include "frame/dialog_table.h"
 #include "frame/fixed_text.h"
+#include "frame/model_counts.h"
 #include "frame/services.h"
 #include "tables/bom_tree.h"
 
@@ -97,38 +97,6 @@ private:
     int rows_ = 0;
 };
 
-struct ModelCount {
-    ProMdl model = nullptr;
-    int count = 0;
-};
-
-// Models count as one if name and type are equal, ignoring case, in the order in which they are
-// first met. Each handle is asked for its name once.
-class CountList {
-public:
-    void Add(ProMdl model) {
-        const auto [known, isNew] = byHandle_.try_emplace(model, counts_.size());
-        if (isNew) known->second = PlaceOf(model);
-        ++counts_[known->second].count;
-    }
-
-    const std::vector<ModelCount>& counts() const { return counts_; }
-
-private:
-    std::size_t PlaceOf(ProMdl model) {
-        ProMdlType type = PRO_MDL_UNUSED;
-        ProMdlTypeGet(model, &type);
-        const WideText key = FoldCase(ModelName(model)) + WIDE(".") + Digits(int(type));
-        const auto [known, isNew] = byName_.try_emplace(key, counts_.size());
-        if (isNew) counts_.push_back({model, 0});
-        return known->second;
-    }
-
-    std::vector<ModelCount> counts_;
-    std::unordered_map<ProMdl, std::size_t> byHandle_;
-    std::unordered_map<WideText, std::size_t> byName_;
-};
-
 // The list refers into the tree, so it is emptied before the tree goes.
 class FlatListScope {
 public:
@@ -138,19 +106,6 @@ public:
     FlatListScope& operator=(const FlatListScope&) = delete;
 };
 
-CountList CountModels(ProMdl assembly) {
-    CountList counts;
-    counts.Add(assembly);
-    const ComponentArray components = ComponentCollector(assembly, VisitAllComponents);
-    const int size = components.Size();
-    for (int i = 0; i < size; ++i) {
-        ProMdl model = nullptr;
-        ProAsmcompMdlGet(&components.data()[i], &model);
-        if (model) counts.Add(model);
-    }
-    return counts;
-}
-
 }  // namespace
 
 std::string BomColumn(std::size_t position) {
@@ -159,9 +114,8 @@ std::string BomColumn(std::size_t position) {
 
 void FillFlatBom(ProMdl assembly, const std::vector<WideText>& labels) {
     if (!assembly) return;
-    const CountList counts = CountModels(assembly);
     TableFill fill(labels);
-    for (const ModelCount& one : counts.counts()) {
+    for (const ModelCount& one : CountModels(assembly)) {
         BomRow row;
         ProMdlTypeGet(one.model, &row.type);
         row.name = ModelName(one.model);

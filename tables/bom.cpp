@@ -1,6 +1,7 @@
 // VxBom: the dialog, its columns, and its buttons but the one that exports.
 #include "tables/bom.h"
 
+#include <utility>
 #include <vector>
 
 #include "export/column_list.h"
@@ -45,6 +46,17 @@ void EnableLevels(bool enabled) {
 
 // --- Columns ---
 
+// Inserts columns of these names behind the running number. False if that failed.
+bool InsertColumns(std::vector<std::string> names) {
+    if (names.empty()) return true;
+    std::vector<char*> texts;
+    for (std::string& name : names) texts.push_back(name.data());
+    const std::string number = BomColumn(0);
+    return ProUITableColumnsInsert(HostText(kBomDialog), HostText(kBomTable),
+                                   HostText(number.c_str()), int(texts.size()),
+                                   texts.data()) == PRO_TK_NO_ERROR;
+}
+
 // Adds a column for each item of the mode's list behind the running number, and sets all labels.
 void AddColumns(const Mode& mode) {
     const auto items =
@@ -55,13 +67,8 @@ void AddColumns(const Mode& mode) {
         names.push_back(BomColumn(i + 1));
         labels.push_back(HostText(items[i]));
     }
-    if (!names.empty()) {
-        std::vector<char*> texts;
-        for (std::string& name : names) texts.push_back(name.data());
-        const std::string number = BomColumn(0);
-        ProUITableColumnsInsert(HostText(kBomDialog), HostText(kBomTable), HostText(number.c_str()),
-                                int(texts.size()), texts.data());
-    }
+    // A label without its column would be one too many for the host.
+    if (!InsertColumns(std::move(names))) labels.resize(1);
     ProUITableColumnlabelsSet(HostText(kBomDialog), HostText(kBomTable), int(labels.size()),
                               labels.data());
 }

@@ -306,6 +306,11 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProMdlDisplay"), 0);
 }
 
+TEST_F(Bom, ColumnsThatCannotBeMadeLeaveTheNumbersAlone) {
+    FailCall("ProUITableColumnsInsert", 1);
+    Check("@ expect columns bom_list \"序号\"\n@ expect rows bom_list 4\n");
+}
+
 TEST_F(Bom, WithNoModeSelectedLoadingLeavesTheTableEmpty) {
     // Asked for at the opening and then at the press.
     FailCall("ProUIRadiogroupSelectednamesGet", 2);
@@ -423,8 +428,8 @@ TEST_F(Bom, OpensInThePrescribedOrder) {
                                          "ProUITableColumnsInsert",
                                          "ProUITableColumnlabelsSet",
                                          "ProUITableColumnlabelsGet",
-                                         "ProMdlTypeGet",
                                          "ProMdlNameGet",
+                                         "ProMdlTypeGet",
                                          "ProArrayAlloc",
                                          "ProSolidFeatVisit",
                                          "ProArraySizeGet",

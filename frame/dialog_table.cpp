@@ -41,6 +41,7 @@ std::vector<WideText> TableColumnLabels(const char* dialog, const char* table) {
         return {};
     }
     std::vector<WideText> texts;
+    texts.reserve(std::size_t(count));
     for (int i = 0; i < count; ++i) texts.emplace_back(labels[i] ? labels[i] : WIDE(""));
     return texts;
 }

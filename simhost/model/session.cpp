@@ -164,8 +164,16 @@ Model* Session::Load(const std::string& fileName) {
 
 Model* Session::Retrieve(const std::string& name) {
     const std::string fileName = Lower(name);
-    folderIndex_.Read(TheHost().disk.Real(workingDirectory));
-    Model* top = Load(fileName);
+    // What is in memory is not looked for on disk, so the folder is read when the first file is.
+    bool folderIsRead = false;
+    const auto load = [&](const std::string& file) {
+        if (!folderIsRead && !FindByFile(file)) {
+            folderIndex_.Read(TheHost().disk.Real(workingDirectory));
+            folderIsRead = true;
+        }
+        return Load(file);
+    };
+    Model* top = load(fileName);
     if (!top) return nullptr;
     // Every model that comes into memory here is looked through once.
     std::vector<Model*> waiting{top};
@@ -174,7 +182,7 @@ Model* Session::Retrieve(const std::string& name) {
         waiting.pop_back();
         const auto bring = [&](const std::string& file) -> Model* {
             const bool known = FindByFile(file) != nullptr;
-            Model* found = Load(Lower(file));
+            Model* found = load(Lower(file));
             if (!found) missing_.push_back(file);
             if (found && !known) waiting.push_back(found);
             return found;

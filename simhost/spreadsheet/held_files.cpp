@@ -1,54 +1,51 @@
-// Files of spreadsheets between programs. On Windows nobody is kept away from them yet.
+// Files of spreadsheets between programs.
 #include "simhost/spreadsheet/held_files.h"
 
 #include "simhost/host.h"
-
-#ifndef _WIN32
 #include "simhost/windows/windows.h"
-#endif
 
 namespace simhost {
 
-#ifdef _WIN32
-
-std::string ReadablePath(const WideText& windowsPath) {
-    return TheHost().disk.Real(windowsPath).string();
-}
-void HoldFile(const WideText&) {}
-void ReleaseFile(const WideText&) {}
-
 namespace {
-bool IsRefused(const std::filesystem::path&) {
+
+#ifdef _WIN32
+// Windows itself refuses what may not be opened.
+bool IsHeld(const std::filesystem::path&) {
     return false;
 }
-}  // namespace
-
+bool MayNotBeWritten(const std::filesystem::path&) {
+    return false;
+}
 #else
+bool IsHeld(const std::filesystem::path& real) {
+    return TheWindows().IsHeld(real);
+}
+bool MayNotBeWritten(const std::filesystem::path& real) {
+    return IsReadOnly(real);
+}
+#endif
+
+}  // namespace
 
 std::string ReadablePath(const WideText& windowsPath) {
     const auto real = TheHost().disk.Real(windowsPath);
-    return TheWindows().IsHeld(real) ? std::string() : real.string();
+    return IsHeld(real) ? std::string() : real.string();
 }
-void HoldFile(const WideText& windowsPath) {
-    TheWindows().Hold(windowsPath);
-}
-void ReleaseFile(const WideText& windowsPath) {
-    TheWindows().Release(windowsPath);
-}
-
-namespace {
-bool IsRefused(const std::filesystem::path& real) {
-    return TheWindows().IsHeld(real) || IsReadOnly(real);
-}
-}  // namespace
-
-#endif
 
 std::string WritablePath(const WideText& windowsPath) {
     const auto real = TheHost().disk.Real(windowsPath);
     std::error_code error;
     const bool hasFolder = std::filesystem::is_directory(real.parent_path(), error);
-    return hasFolder && !IsRefused(real) ? real.string() : std::string();
+    const bool refused = !hasFolder || IsHeld(real) || MayNotBeWritten(real);
+    return refused ? std::string() : real.string();
+}
+
+void HoldFile(const WideText& windowsPath) {
+    TheWindows().Hold(windowsPath);
+}
+
+void ReleaseFile(const WideText& windowsPath) {
+    TheWindows().Release(windowsPath);
 }
 
 }  // namespace simhost

@@ -9,6 +9,7 @@
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/user/save_dialog.h"
 #include "simhost/windows_real/windows.h"
 
 namespace simhost {
@@ -178,22 +179,80 @@ UINT WINAPI RunProgram(const char* commandLine, UINT show) {
                      "commandLine", commandLine, "show", show);
 }
 
+HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar* file,
+                               const WideChar* arguments, const WideChar* folder, int show) {
+    static Operation op("ShellExecuteW");
+    constexpr std::uintptr_t kFileNotFound = 2, kStarted = 33;
+    const auto result = [](std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); };
+    return op.CallOr([&](int) { return result(kFileNotFound); },
+                     [&] {
+                         Need(file, "the file");
+                         if (GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES) {
+                             return result(kFileNotFound);
+                         }
+                         const WideText done = WideText(verb ? verb : L"open") + L" " + file;
+                         TheWindows().programs.push_back(done);
+                         TheHost().shown.push_back({Shown::Kind::Program, done, {}});
+                         return result(kStarted);
+                     },
+                     "owner", static_cast<const void*>(owner), "verb", verb, "file", file,
+                     "arguments", arguments, "folder", folder, "show", show);
+}
+
 // --- Files ---
+
+BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
+    static Operation op("GetSaveFileNameW");
+    return op.CallOr(
+        False,
+        [&] {
+            Need(dialog, "the record");
+            return AskForSaveName(dialog);
+        },
+        "extension", dialog->lpstrDefExt, "folder", dialog->lpstrInitialDir, "flags", dialog->Flags,
+        "path", Out(dialog->lpstrFile));
+}
+
+BOOL WINAPI FileExists(const WideChar* path) {
+    static Operation op("PathFileExistsW");
+    return op.CallOr(
+        False, [&] { return PathFileExistsW(path); }, "path", path);
+}
+
+BOOL WINAPI RemoveFile(const WideChar* path) {
+    static Operation op("DeleteFileW");
+    return op.CallOr(
+        False, [&] { return DeleteFileW(path); }, "path", path);
+}
+
+// What is done here on the way must not hide the error that is asked for.
+DWORD WINAPI LastError() {
+    static Operation op("GetLastError");
+    const DWORD error = GetLastError();
+    const DWORD told = op.CallOr(Nothing, [error] { return error; });
+    SetLastError(error);
+    return told;
+}
 
 HANDLE WINAPI OpenFile(const WideChar* path, DWORD access, DWORD share,
                        SECURITY_ATTRIBUTES* security, DWORD creation, DWORD attributes,
                        HANDLE pattern) {
     static Operation op("CreateFileW");
-    return op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
-                     [&] {
-                         const HANDLE file = CreateFileW(path, access, share, security, creation,
-                                                         attributes, pattern);
-                         if (file != INVALID_HANDLE_VALUE)
-                             TheWindows().files.emplace_back(file, path);
-                         return file;
-                     },
-                     "path", path, "access", access, "share", share, "security", security,
-                     "creation", creation, "attributes", attributes, "pattern", pattern);
+    DWORD error = ERROR_GEN_FAILURE;
+    const HANDLE file =
+        op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
+                  [&] {
+                      const HANDLE opened =
+                          CreateFileW(path, access, share, security, creation, attributes, pattern);
+                      error = GetLastError();
+                      if (opened != INVALID_HANDLE_VALUE)
+                          TheWindows().files.emplace_back(opened, path);
+                      return opened;
+                  },
+                  "path", path, "access", access, "share", share, "security", security, "creation",
+                  creation, "attributes", attributes, "pattern", pattern);
+    SetLastError(error);
+    return file;
 }
 
 BOOL WINAPI FileSize(HANDLE file, LARGE_INTEGER* size) {
@@ -296,6 +355,11 @@ void* WatcherOf(const char* name) {
         {"RegSetValueExW",             Address(SetValue)},
         {"RegCloseKey",                Address(CloseKey)},
         {"WinExec",                    Address(RunProgram)},
+        {"ShellExecuteW",              Address(OpenByProgram)},
+        {"GetSaveFileNameW",           Address(SaveName)},
+        {"PathFileExistsW",            Address(FileExists)},
+        {"DeleteFileW",                Address(RemoveFile)},
+        {"GetLastError",               Address(LastError)},
         {"CreateFileW",                Address(OpenFile)},
         {"GetFileSizeEx",              Address(FileSize)},
         {"ReadFile",                   Address(ReadBytes)},

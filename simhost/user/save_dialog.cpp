@@ -1,0 +1,65 @@
+// The dialog for the name of a file to be written.
+#include "simhost/user/save_dialog.h"
+
+#include <filesystem>
+
+#include "simhost/core/operation.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+
+namespace simhost {
+
+namespace {
+
+constexpr WideView kTitle = WIDE("Save As");
+
+// The default extension goes to a name that has none; its own dot is not doubled.
+WideText WithExtension(WideText path, const WideChar* extension) {
+    const std::size_t name = path.find_last_of(WIDE("\\/:")) + 1;
+    if (!extension || !*extension || path.find('.', name) != WideText::npos) return path;
+    const WideView bare = WideView(extension).substr(*extension == '.' ? 1 : 0);
+    return path.append(WIDE(".")).append(bare);
+}
+
+}  // namespace
+
+WideText FirstPattern(const WideChar* pairs) {
+    if (!pairs) return WIDE("*.*");
+    const WideView label = pairs;
+    const WideView pattern = pairs + label.size() + 1;
+    if (label.empty() || pattern.empty()) Complain(0, "a filter without a pattern");
+    // Every pair must be whole: a label without a pattern would run on into other memory.
+    for (const WideChar* at = pairs; *at;) {
+        at += WideView(at).size() + 1;
+        if (!*at) Complain(0, "the filter ends behind a label");
+        at += WideView(at).size() + 1;
+    }
+    return WideText(pattern);
+}
+
+BOOL AskForSaveName(OPENFILENAMEW* dialog) {
+    Need(dialog->lpstrFile, "the place for the path");
+    if (dialog->lStructSize != sizeof *dialog) Complain(0, "a record of another size");
+    Host& host = TheHost();
+    FileQuestion question{dialog->lpstrTitle ? dialog->lpstrTitle : WideText(kTitle),
+                          FirstPattern(dialog->lpstrFilter), host.session.workingDirectory,
+                          dialog->lpstrFile, true};
+    if (dialog->lpstrInitialDir) question.folder = dialog->lpstrInitialDir;
+    host.shown.push_back({Shown::Kind::Prompt, question.title, {}});
+    while (true) {
+        const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
+        if (!answer) return FALSE;
+        const WideText path = WithExtension(*answer, dialog->lpstrDefExt);
+        if (path.size() >= dialog->nMaxFile) return FALSE;
+        std::error_code error;
+        const bool asks = dialog->Flags & OFN_OVERWRITEPROMPT;
+        if (asks && std::filesystem::exists(host.disk.Real(path), error) &&
+            !host.user->AnswerReplace(path)) {
+            continue;
+        }
+        CopyCut(path, dialog->lpstrFile, dialog->nMaxFile);
+        return TRUE;
+    }
+}
+
+}  // namespace simhost

@@ -1,0 +1,16 @@
+// The system's dialog for the name of a file to be written, answered by the host's user on every
+// system: no test may wait for somebody to use a real one.
+#pragma once
+
+#include "hostapi/wide.h"
+#include "hostapi/windows.h"
+
+namespace simhost {
+
+// Plays GetSaveFileNameW. Complains about a record that the real one would not bear.
+BOOL AskForSaveName(OPENFILENAMEW* dialog);
+
+// The first pattern of pairs of label and pattern, which end with an empty label.
+WideText FirstPattern(const WideChar* pairs);
+
+}  // namespace simhost

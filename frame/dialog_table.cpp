@@ -1,6 +1,8 @@
 // What the tables of dialogs hold.
 #include "frame/dialog_table.h"
 
+#include <algorithm>
+
 #include "frame/text.h"
 
 namespace {
@@ -41,6 +43,7 @@ std::vector<WideText> TableColumnLabels(const char* dialog, const char* table) {
         return {};
     }
     std::vector<WideText> texts;
+    texts.reserve(std::size_t(std::max(count, 0)));
     for (int i = 0; i < count; ++i) texts.emplace_back(labels[i] ? labels[i] : WIDE(""));
     return texts;
 }

@@ -50,6 +50,7 @@ void EnableLevels(bool enabled) {
 bool InsertColumns(std::vector<std::string> names) {
     if (names.empty()) return true;
     std::vector<char*> texts;
+    texts.reserve(names.size());
     for (std::string& name : names) texts.push_back(name.data());
     const std::string number = BomColumn(0);
     return ProUITableColumnsInsert(HostText(kBomDialog), HostText(kBomTable),

@@ -25,6 +25,7 @@ std::vector<std::string> NameList(int count, char** names) {
     if (count < 1) Complain(PRO_TK_BAD_INPUTS, "a list of no names");
     Need(names, "the names");
     std::vector<std::string> list;
+    list.reserve(std::size_t(count));
     for (int i = 0; i < count; ++i) list.push_back(Name(names[i], "a name of the list"));
     return list;
 }

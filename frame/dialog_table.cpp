@@ -1,8 +1,6 @@
 // What the tables of dialogs hold.
 #include "frame/dialog_table.h"
 
-#include <algorithm>
-
 #include "frame/text.h"
 
 namespace {
@@ -43,7 +41,7 @@ std::vector<WideText> TableColumnLabels(const char* dialog, const char* table) {
         return {};
     }
     std::vector<WideText> texts;
-    texts.reserve(std::size_t(std::max(count, 0)));
+    texts.reserve(std::size_t(count));
     for (int i = 0; i < count; ++i) texts.emplace_back(labels[i] ? labels[i] : WIDE(""));
     return texts;
 }

@@ -21,8 +21,6 @@ Book ReadXlsx(const std::string& path) {
 #include <cstring>
 #include <zip.h>
 
-#include "simhost/spreadsheet/book.h"
-
 namespace simhost {
 namespace {
 

@@ -1,8 +1,4 @@
 // Workbooks as real .xlsx files, written by libxlsxwriter.
-#include <algorithm>
-#include <unordered_map>
-#include <utility>
-
 #include "simhost/spreadsheet/book.h"
 
 #ifdef _WIN32

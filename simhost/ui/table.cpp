@@ -59,6 +59,7 @@ void Table::InsertRows(std::string_view after, const std::vector<std::string>& n
     }
     if (HasTwice(names)) Refuse(PRO_TK_E_FOUND);
     std::vector<TableRow> added;
+    added.reserve(names.size());
     for (const std::string& row : names) {
         added.push_back({row, {}, false, std::vector<TableCell>(columns_.size())});
     }

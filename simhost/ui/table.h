@@ -56,14 +56,14 @@ public:
     void DeleteRows(const std::vector<std::string>& names);
     void DeleteColumns(const std::vector<std::string>& names);
     void SetColumnLabels(const std::vector<WideText>& labels);
-    TableRow& RequireRow(const std::string& name);
+    TableRow& RequireRow(const std::string& row);
     TableCell& RequireCell(const std::string& row, const std::string& column);
     // The labels as an array that lives as long as the dialog; null for none.
     WideChar** RowLabelsForCaller();
     WideChar** ColumnLabelsForCaller();
 
     // --- The user's side; null if there is none of this name ---
-    const TableRow* FindRow(const std::string& name) const;
+    const TableRow* FindRow(const std::string& row) const;
     const TableColumn* FindColumn(const std::string& nameOrLabel) const;
     const TableCell* FindCell(const std::string& row, const std::string& nameOrLabel) const;
     // Every row as a line of text below the labels; a row with a coloured cell begins with *.
@@ -76,8 +76,8 @@ protected:
     std::string Act(Verb verb, const std::vector<std::string>& arguments) override;
 
 private:
-    std::size_t RowIndex(const std::string& name) const;     // refuses
-    std::size_t ColumnIndex(const std::string& name) const;  // refuses
+    std::size_t RowIndex(const std::string& row) const;        // refuses
+    std::size_t ColumnIndex(const std::string& column) const;  // refuses
     std::string SelectRow(const std::vector<std::string>& cell);
     void IndexRows(std::size_t from);
     WideChar** Lend(std::vector<WideText> labels);

@@ -3,7 +3,7 @@
 # them; the module has its own inside.
 target_link_options(simhost PRIVATE -Wl,--export-all-symbols)
 set_target_properties(simhost PROPERTIES PREFIX "" IMPORT_PREFIX "")
-target_link_libraries(simhost PUBLIC vx_headers)
+target_link_libraries(simhost PUBLIC vx_headers comdlg32 shlwapi)
 
 foreach(dll libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${dll}

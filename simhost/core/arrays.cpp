@@ -89,6 +89,7 @@ void ArrayLedger::Insert(ProArray* array, int index, int count, const void* obje
 char** ArrayLedger::MakeNames(std::vector<std::string> names, std::string origin) {
     if (names.empty()) return nullptr;
     std::vector<char*> texts;
+    texts.reserve(names.size());
     for (std::string& name : names) texts.push_back(name.data());
     char** array = Make(texts, std::move(origin));
     names_[array] = std::move(names);

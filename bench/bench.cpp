@@ -3,6 +3,7 @@
 // callgrind for the instructions.
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -154,7 +155,9 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     options.installed = VX_SOURCE_DIR;
     options.module = modules / "vorlatix5.1.so";
     Workplace workplace(options);
-    GenerateAssembly(workplace.Real(WIDE("C:\\Work")), occurrences, occurrences / 50, 5, 1);
+    constexpr int kLevels = 5;
+    const int models = std::max(occurrences / 50, 2 * kLevels);
+    GenerateAssembly(workplace.Real(WIDE("C:\\Work")), occurrences, models, kLevels, 1);
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));

@@ -9,13 +9,15 @@ namespace simhost {
 std::string SvgNumber(double value) {
     const long long hundredths = std::llround(value * 100);
     if (hundredths == 0) return "0";
-    std::string text = std::to_string(std::llabs(hundredths));
-    if (text.size() < 3) text.insert(0, 3 - text.size(), '0');
-    text.insert(text.size() - 2, ".");
-    while (text.back() == '0') text.pop_back();
-    if (text.back() == '.') text.pop_back();
-    if (text.size() > 1 && text[0] == '0') text.erase(0, 1);
-    return (hundredths < 0 ? "-" : "") + text;
+    const long long whole = std::llabs(hundredths) / 100, rest = std::llabs(hundredths) % 100;
+    std::string text(hundredths < 0 ? "-" : "");
+    if (whole > 0) text += std::to_string(whole);
+    if (rest > 0) {
+        text += '.';
+        text += char('0' + rest / 10);
+        if (rest % 10 > 0) text += char('0' + rest % 10);
+    }
+    return text;
 }
 
 std::string SvgText(const std::string& text) {

@@ -16,7 +16,7 @@ EXPORTS = {"user_initialize", "user_terminate"}
 # Windows' own, present on every installation.
 WINDOWS = {
     "advapi32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
-    "oleaut32.dll", "shell32.dll", "user32.dll",
+    "oleaut32.dll", "shell32.dll", "shlwapi.dll", "user32.dll",
 }
 
 

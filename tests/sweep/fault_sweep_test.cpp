@@ -248,6 +248,10 @@ TEST_F(FaultSweep, BillOfMaterials) {
                  "ProUIOptionmenuValueGet", "ProUITableSelectednamesGet",
                  "ProUIDialogAboveactivewindowSet", "ProMdlDisplay", "ProMdlIsSkeleton",
                  "ProParameterInit", "ProUIDrawingareaImagesDraw", "ProStringarrayFree"}});
+}
+
+TEST_F(FaultSweep, BillOfMaterialsAsASpreadsheet) {
+    Sweep faults;
     faults.Run(
         {"the export",
          OpenAssemblyForBom,

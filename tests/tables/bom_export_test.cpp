@@ -6,6 +6,7 @@
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/windows/windows.h"
 #include "tests/tables/bom_bench.h"
+#include "tests/tables/export_steps.h"
 
 namespace {
 
@@ -210,62 +211,7 @@ TEST_F(BomExport, GoesThroughTheApplicationInThePrescribedOrder) {
             calls.push_back(call);
         }
     }
-    const auto get = [](const std::string& object, const std::string& member,
-                        const std::string& arguments, const std::string& result) {
-        return "ExcelGet(object=" + object + ", member=" + member + ", arguments=(" + arguments +
-               "), result=" + result + ") = pointer";
-    };
-    const auto put = [](const std::string& object, const std::string& member,
-                        const std::string& value) {
-        return "ExcelPut(object=" + object + ", member=" + member + ", value=(" + value + ")) = 0";
-    };
-    const auto call = [](const std::string& object, const std::string& member,
-                         const std::string& arguments, const std::string& result = "null") {
-        return "ExcelCall(object=" + object + ", member=" + member + ", arguments=(" + arguments +
-               "), result=" + result + ") = " + (result == "null" ? "null" : "pointer");
-    };
-    const auto cell = [&](const std::string& name) {
-        return get("Worksheet", "Range", "\"" + name + "\", \"" + name + "\"", "Range " + name);
-    };
-    const auto label = [&](const std::string& name, const std::string& text) {
-        const std::string column = name.substr(0, 1);
-        return Names{cell(name),
-                     put("Range " + name, "Value2", "\"" + text + "\""),
-                     get("Range " + name, "EntireColumn", "", "Range " + column + ":" + column),
-                     put("Range " + column + ":" + column, "HorizontalAlignment", "-4108"),
-                     get("Range " + name, "Font", "", "Font " + name),
-                     put("Font " + name, "Bold", "1")};
-    };
-    const auto marked = [&](const std::string& name, const std::string& text) {
-        return Names{cell(name), put("Range " + name, "NumberFormat", "\"@\""),
-                     put("Range " + name, "Value2", "\"" + text + "\""),
-                     get("Range " + name, "Interior", "", "Interior " + name),
-                     put("Interior " + name, "ColorIndex", "35")};
-    };
-    const Names expected = workbench::Joined(
-        {{"ExcelCreate(programId=\"Excel.Application\", result=Application 1) = pointer",
-          get("Application 1", "Workbooks", "", "Workbooks"),
-          call("Workbooks", "Add", "missing", "Workbook"), get("Workbook", "Sheets", "", "Sheets"),
-          get("Sheets", "Item", "1", "Worksheet"), cell("A1"),
-          put("Range A1", "Value2", "\"EMPTY BOM\""),
-          get("Worksheet", "Range", "\"B1\", \"A1\"", "Range A1:B1"),
-          call("Range A1:B1", "Merge", "0"), get("Range A1", "Interior", "", "Interior A1"),
-          put("Interior A1", "Color", "65535"), get("Range A1:B1", "EntireColumn", "", "Range A:B"),
-          put("Range A:B", "HorizontalAlignment", "-4108"),
-          get("Range A1:B1", "Font", "", "Font A1:B1"), put("Font A1:B1", "Bold", "1"),
-          put("Font A1:B1", "Size", "16")},
-         label("A2", "序号"),
-         label("B2", "模型名称"),
-         marked("A3", "1"),
-         marked("B3", "EMPTY"),
-         {get("Worksheet", "Columns", "", "Range of all cells"),
-          call("Range of all cells", "AutoFit", ""),
-          get("Worksheet", "Rows", "", "Range of all cells"),
-          call("Range of all cells", "AutoFit", ""), put("Application 1", "Visible", "false"),
-          put("Application 1", "UserControl", "false"),
-          call("Workbook", "SaveCopyAs", "\"C:\\Work\\list.xlsx\""),
-          put("Workbook", "Saved", "true"), call("Application 1", "Quit", "")}});
-    EXPECT_EQ(calls, expected);
+    EXPECT_EQ(calls, workbench::StepsOfEmptyBom("C:\\Work\\list.xlsx"));
 }
 
 TEST_F(BomExport, OnlyMarkedCellsAreFilled) {

@@ -1,0 +1,127 @@
+// What the simulated Windows does for a file that is to be written: its dialog, deleting an old
+// one, and why a call failed.
+#ifndef _WIN32
+
+#include <gtest/gtest.h>
+
+#include "simhost/core/text.h"
+#include "simhost/windows/windows.h"
+#include "tests/support/workbench.h"
+
+namespace {
+
+using namespace simhost;
+using Names = std::vector<std::string>;
+
+const WideText kFile = WIDE("C:\\Work\\a.xlsx");
+
+class SavedFiles : public workbench::Workbench {
+protected:
+    bool Exists(const WideText& path) { return std::filesystem::exists(host().disk.Real(path)); }
+    // The error of an attempt to open it for everything, sharing its reading; 0 if that went well.
+    static DWORD OpenError(const WideText& path) {
+        TheWindows().lastError = ERROR_SUCCESS;
+        const HANDLE file = CreateFileW(path.c_str(), FILE_ALL_ACCESS, FILE_SHARE_READ, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+        return GetLastError();
+    }
+    static DWORD DeleteError(const WideText& path) {
+        TheWindows().lastError = ERROR_SUCCESS;
+        const BOOL deleted = DeleteFileW(path.c_str());
+        const DWORD error = GetLastError();
+        EXPECT_EQ(deleted != FALSE, error == ERROR_SUCCESS);
+        return error;
+    }
+};
+
+TEST_F(SavedFiles, AreDeletedUnlessSomethingStandsAgainstIt) {
+    Write(kFile, "old");
+    TheWindows().Hold(kFile);
+    EXPECT_EQ(DeleteError(kFile), 32u);
+    TheWindows().Release(kFile);
+    const HANDLE open = CreateFileW(kFile.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    EXPECT_EQ(DeleteError(kFile), 32u);
+    CloseHandle(open);
+    std::filesystem::permissions(host().disk.Real(kFile), std::filesystem::perms::owner_read);
+    EXPECT_EQ(DeleteError(kFile), 5u);
+    std::filesystem::permissions(host().disk.Real(kFile), std::filesystem::perms::owner_all);
+    EXPECT_TRUE(Exists(kFile));
+    EXPECT_EQ(DeleteError(kFile), 0u);
+    EXPECT_FALSE(Exists(kFile));
+    EXPECT_EQ(DeleteError(kFile), 2u);
+    EXPECT_EQ(DeleteError(WIDE("C:\\Nowhere\\a.xlsx")), 3u);
+    EXPECT_EQ(DeleteError(WIDE("C:\\Work")), 5u);
+}
+
+TEST_F(SavedFiles, TellWhyTheyCannotBeOpened) {
+    EXPECT_EQ(OpenError(kFile), 2u);
+    EXPECT_EQ(OpenError(WIDE("C:\\Nowhere\\a.xlsx")), 3u);
+    EXPECT_EQ(OpenError(WIDE("C:\\Work")), 5u);
+    Write(kFile, "old");
+    EXPECT_EQ(OpenError(kFile), 0u);
+    TheWindows().Hold(kFile);
+    EXPECT_EQ(OpenError(kFile), 32u);
+    TheWindows().Release(kFile);
+    // Somebody who reads it and lets others only read it, too.
+    const HANDLE reader = CreateFileW(kFile.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    EXPECT_EQ(OpenError(kFile), 32u);
+    CloseHandle(reader);
+}
+
+// Asks for a name with this filter while a user plays the lines; the path, or "none".
+class SaveDialogs : public SavedFiles {
+protected:
+    std::string Ask(const WideText& filter, const std::string& lines, DWORD size = MAX_PATH) {
+        WideChar path[MAX_PATH] = {};
+        OPENFILENAMEW dialog = {};
+        dialog.lStructSize = sizeof dialog;
+        dialog.lpstrFilter = filter.c_str();
+        dialog.lpstrFile = path;
+        dialog.nMaxFile = size;
+        dialog.lpstrDefExt = WIDE(".xlsx");
+        dialog.Flags = OFN_OVERWRITEPROMPT;
+        BOOL chosen = FALSE;
+        PlayDuring([&] { chosen = GetSaveFileNameW(&dialog); }, lines);
+        return chosen ? Utf8(path) : "none";
+    }
+    const WideText filter_{WIDE("Sheets\0*.xlsx\0\0"), 15};
+};
+
+TEST_F(SaveDialogs, GiveTheNameItsFolderAndItsExtension) {
+    EXPECT_EQ(Ask(filter_, "@ answer list"), "C:\\Work\\list.xlsx");
+    EXPECT_EQ(Ask(filter_, "@ answer C:\\a.b\\list"), "C:\\a.b\\list.xlsx");
+    EXPECT_EQ(Ask(filter_, "@ answer list.txt"), "C:\\Work\\list.txt");
+    EXPECT_EQ(Ask(filter_, "@ quit"), "none");
+}
+
+TEST_F(SaveDialogs, AskBeforeAFileIsReplaced) {
+    Write(kFile, "old");
+    EXPECT_EQ(Ask(filter_, "@ answer a\n@ answer yes"), "C:\\Work\\a.xlsx");
+    EXPECT_EQ(Ask(filter_, "@ answer a\n@ answer no\n@ answer b"), "C:\\Work\\b.xlsx");
+    EXPECT_EQ(Read(kFile), "old");
+}
+
+TEST_F(SaveDialogs, TakeNoNameThatDoesNotFit) {
+    EXPECT_EQ(Ask(filter_, "@ answer list", 10), "none");
+}
+
+TEST_F(SaveDialogs, ComplainAboutAFilterThatEndsBehindALabel) {
+    WideChar path[MAX_PATH] = {};
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.lpstrFilter = WIDE("Sheets\0*.xlsx\0All\0\0");
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = MAX_PATH;
+    EXPECT_FALSE(GetSaveFileNameW(&dialog));
+    dialog.lStructSize = 1;
+    EXPECT_FALSE(GetSaveFileNameW(&dialog));
+    EXPECT_EQ(Complaints(), (Names{"GetSaveFileNameW: the filter ends behind a label",
+                                   "GetSaveFileNameW: a record of another size"}));
+}
+
+}  // namespace
+
+#endif

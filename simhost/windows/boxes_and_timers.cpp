@@ -5,7 +5,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/host.h"
-#include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
 
 using namespace simhost;
@@ -58,10 +57,6 @@ void SimulatedWindows::AdvanceClock(std::uint32_t milliseconds) {
         }
     }
     tick_ = std::max(tick_, until);
-}
-
-void AdvanceClock(unsigned milliseconds) {
-    TheWindows().AdvanceClock(milliseconds);
 }
 
 }  // namespace simhost

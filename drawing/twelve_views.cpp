@@ -10,9 +10,9 @@
 #include "drawing/normal_view.h"
 #include "drawing/twelve_views_layout.h"
 #include "drawing/view_matrix.h"
+#include "frame/desktop.h"
 #include "frame/dialog_values.h"
 #include "frame/services.h"
-#include "hostapi/windows.h"
 
 namespace {
 
@@ -168,10 +168,9 @@ std::optional<int> OpenWindow(const WideText& name) {
 }
 
 void ExportToDesktop(ProDrawing drawing, const WideText& name) {
-    WideChar folder[MAX_PATH] = {};
-    SHGetSpecialFolderPathW(nullptr, folder, CSIDL_DESKTOPDIRECTORY, FALSE);
-    if (*folder) {
-        const WideText path = WideText(folder).append(WIDE("\\")).append(name);
+    const WideText folder = DesktopFolder();
+    if (!folder.empty()) {
+        const WideText path = folder + WIDE("\\") + name;
         Pro2dExport(PRO_DWG_FILE, HostText(path), drawing, nullptr);
     }
     ShowNotice(WIDE("已导出到桌面"));

@@ -22,9 +22,3 @@ std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExte
     if (!GetSaveFileNameW(&dialog) || !path[0]) return std::nullopt;
     return path;
 }
-
-WideText DesktopFolder() {
-    WideChar path[MAX_PATH] = {};
-    if (!SHGetSpecialFolderPathW(nullptr, path, CSIDL_DESKTOPDIRECTORY, FALSE)) return {};
-    return path;
-}

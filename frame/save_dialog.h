@@ -10,6 +10,3 @@
 // file that is there is chosen.
 std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExtension,
                                     const WideText& folder);
-
-// The folder of the user's desktop; empty on failure.
-WideText DesktopFolder();

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/desktop.h"
 #include "frame/dialog_table.h"
 #include "frame/fixed_text.h"
 #include "frame/messages.h"

@@ -2,12 +2,12 @@
 #include "frame/entry.h"
 
 #include "frame/first_run_notice.h"
-#include "frame/guard.h"
 #include "frame/last_dir.h"
 #include "frame/menus.h"
-#include "frame/paths.h"
-#include "frame/settings.h"
-#include "frame/text.h"
+#include "frame/services/guard.h"
+#include "frame/services/paths.h"
+#include "frame/services/settings.h"
+#include "frame/services/text.h"
 
 WideText HostVersionText;
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <string>
 
-#include "frame/dialogs.h"
-#include "frame/home_page.h"
-#include "frame/text.h"
+#include "frame/services/dialogs.h"
+#include "frame/services/home_page.h"
+#include "frame/services/text.h"
 #include "hostapi/windows.h"
 
 namespace {

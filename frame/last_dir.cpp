@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "frame/guard.h"
-#include "frame/paths.h"
-#include "frame/settings.h"
-#include "frame/text.h"
+#include "frame/services/guard.h"
+#include "frame/services/paths.h"
+#include "frame/services/settings.h"
+#include "frame/services/text.h"
 #include "hostapi/windows.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include "frame/menus.h"
 
 #include "frame/command_table.h"
-#include "frame/text.h"
+#include "frame/services/text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "frame/guard.h"
+#include "frame/services/guard.h"
 
 // A command's name as a template argument, since an action is told nothing when it is called.
 template <std::size_t Size>

@@ -4,9 +4,9 @@
 #include <cstring>
 
 #include "frame/command_table.h"
-#include "frame/guard.h"
 #include "frame/menus.h"
-#include "frame/text.h"
+#include "frame/services/guard.h"
+#include "frame/services/text.h"
 
 namespace {
 

@@ -1,13 +1,26 @@
-// The services that all commands share, in one include: text, paths, settings, messages, dialogs,
-// the assembly walk, host arrays and the guards around callbacks.
+// The services that all rooms stand on, in one include: text and numbers, paths and settings,
+// messages and dialogs, models and parameters, the assembly walk, host arrays and the guards around
+// callbacks, and the shell of Windows.
 #pragma once
 
-#include "frame/assembly_walk.h"
-#include "frame/dialogs.h"
-#include "frame/fixed_text.h"
-#include "frame/guard.h"
-#include "frame/host_array.h"
-#include "frame/messages.h"
-#include "frame/paths.h"
-#include "frame/settings.h"
-#include "frame/text.h"
+#include "frame/services/assembly_walk.h"
+#include "frame/services/column_list.h"
+#include "frame/services/component_tree.h"
+#include "frame/services/desktop.h"
+#include "frame/services/dialog_table.h"
+#include "frame/services/dialog_values.h"
+#include "frame/services/dialogs.h"
+#include "frame/services/fixed_text.h"
+#include "frame/services/guard.h"
+#include "frame/services/home_page.h"
+#include "frame/services/host_array.h"
+#include "frame/services/messages.h"
+#include "frame/services/models.h"
+#include "frame/services/notepad.h"
+#include "frame/services/numbers.h"
+#include "frame/services/occurrences.h"
+#include "frame/services/parameter_text.h"
+#include "frame/services/paths.h"
+#include "frame/services/save_dialog.h"
+#include "frame/services/settings.h"
+#include "frame/services/text.h"

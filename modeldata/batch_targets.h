@@ -5,7 +5,6 @@
 #include <string>
 
 #include "frame/services.h"
-#include "frame/top_model.h"
 
 // The components in the scope "AsmAndPart", "Part", "Asm" or "Smt"; none for another name.
 ComponentArray CollectByScope(const TopModel& top, const std::string& scope);

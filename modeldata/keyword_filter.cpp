@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "frame/text.h"
+#include "frame/services.h"
 
 std::vector<WideText> SplitText(WideView text, WideChar separator) {
     std::vector<WideText> pieces;

@@ -5,15 +5,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "frame/dialog_values.h"
-#include "frame/fixed_text.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/component_tree.h"
 #include "modeldata/keyword_filter.h"
 #include "modeldata/outline_text.h"
 #include "modeldata/parameters.h"
-#include "modeldata/params_dialog.h"
+#include "modeldata/params.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <string>
 
-#include "frame/numbers.h"
+#include "frame/services.h"
 
 namespace {
 

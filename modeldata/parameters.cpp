@@ -4,13 +4,10 @@
 #include <string>
 #include <utility>
 
-#include "frame/dialog_values.h"
-#include "frame/fixed_text.h"
-#include "frame/numbers.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
 #include "modeldata/keyword_filter.h"
-#include "modeldata/params_dialog.h"
+#include "modeldata/params.h"
 
 namespace {
 

@@ -7,8 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "frame/dialog_values.h"
-#include "frame/fixed_text.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
 #include "modeldata/keyword_filter.h"

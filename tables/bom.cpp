@@ -4,13 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "export/column_list.h"
-#include "frame/dialog_table.h"
-#include "frame/dialog_values.h"
-#include "frame/notepad.h"
-#include "frame/numbers.h"
 #include "frame/services.h"
-#include "frame/top_model.h"
 #include "tables/bom_export.h"
 #include "tables/bom_table.h"
 

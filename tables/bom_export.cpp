@@ -5,11 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/desktop.h"
-#include "frame/dialog_table.h"
-#include "frame/fixed_text.h"
-#include "frame/messages.h"
-#include "frame/save_dialog.h"
+#include "frame/services.h"
 #include "hostapi/windows.h"
 #include "tables/bom_table.h"
 #include "tables/workbook.h"

@@ -3,10 +3,6 @@
 
 #include <vector>
 
-#include "export/parameter_text.h"
-#include "frame/dialog_table.h"
-#include "frame/fixed_text.h"
-#include "frame/model_counts.h"
 #include "frame/services.h"
 #include "tables/bom_tree.h"
 

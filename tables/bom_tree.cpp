@@ -5,7 +5,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "frame/fixed_text.h"
 #include "frame/services.h"
 
 std::vector<BomNode*> BomFlatList;

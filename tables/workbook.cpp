@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "frame/messages.h"
-#include "frame/text.h"
+#include "frame/services.h"
 #include "hostapi/windows.h"
 
 using excel::Object;

@@ -23,9 +23,8 @@ PLUGIN = ("frame",) + ROOMS
 # The headers of the door that the plug-in includes; those below hostapi/host/ come with host.h.
 DOOR = {f"hostapi/{name}.h" for name in ("host", "windows", "wide", "excel", "export")}
 
-# The shared pieces that tie one room to another: (room that includes, header): what is shared.
-TIES = {("tables", "export/column_list.h"): "what a setting names columns with",
-        ("tables", "export/parameter_text.h"): "how a cell shows a parameter"}
+# What rooms stand on: the chief header alone, and the folder of its parts.
+SERVICES, SERVICES_FOLDER = "frame/services.h", "frame/services/"
 
 # Where the door meets the real Windows and the vendor's own headers.
 SYSTEM_HEADERS_OF_THE_DOOR = {"hostapi/windows.h": {"windows.h", "commdlg.h", "shellapi.h",
@@ -149,9 +148,14 @@ def may_include(path, header):
         return target == "hostapi"
     if folder == "simhost":
         return target in ("simhost", "hostapi")
-    if folder in PLUGIN:
-        return (header in DOOR or target in (folder, "frame") or (folder, header) in TIES
-                or (path == COMMAND_TABLE and target in ROOMS))
+    if folder in PLUGIN and header in DOOR:
+        return True
+    if path == SERVICES or path.startswith(SERVICES_FOLDER):
+        return header.startswith(SERVICES_FOLDER)
+    if folder == "frame":
+        return target == "frame" or (path == COMMAND_TABLE and target in ROOMS)
+    if folder in ROOMS:
+        return target == folder or header == SERVICES
     return True
 
 
@@ -167,7 +171,7 @@ def may_include_system(path, header):
 WHY_INCLUDE = {"hostapi": "the door declares the outside world and knows nobody",
                "simhost": "the simulated host meets the plug-in only by loading it",
                "frame": "the services are the ground floor; only the command table sees the rooms"}
-WHY_ROOM = "a room stands on frame/ and the door; a tie to another room is named in tools/lint.py"
+WHY_ROOM = "a room stands on frame/services.h and the door; what two rooms share is a service"
 WHY_SYSTEM = "the plug-in and the door need the C++ standard library and nothing else"
 
 

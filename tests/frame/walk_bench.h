@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "frame/assembly_walk.h"
+#include "frame/services/assembly_walk.h"
 #include "tests/support/observed.h"
 
 namespace workbench {

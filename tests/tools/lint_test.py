@@ -48,14 +48,15 @@ class Includes(RuleTest):
         self.write(path, f"{BANNER}#include {include}\n")
         return self.found(lint.includes_go_one_way) == []
 
-    def test_a_room_includes_itself_the_frame_the_door_and_the_standard_library(self):
-        for include in ('"display/x.h"', '"frame/text.h"', '"hostapi/host.h"', "<string>",
+    def test_a_room_includes_itself_the_services_the_door_and_the_standard_library(self):
+        for include in ('"display/x.h"', '"frame/services.h"', '"hostapi/host.h"', "<string>",
                         '"hostapi/windows.h"', '"hostapi/wide.h"', '"hostapi/excel.h"',
                         '"hostapi/export.h"', "<cstdint>"):
             self.assertTrue(self.verdict("display/x.cpp", include), include)
 
     def test_a_room_includes_nothing_else(self):
         for include in ('"export/x.h"', '"simhost/host.h"', '"tests/x.h"', '"x.h"',
+                        '"frame/menus.h"', '"frame/services/text.h"',
                         '"hostapi/host/model.h"', '"../simhost/host.h"',
                         '"display/../simhost/host.h"', "<fmt/format.h>", "<windows.h>",
                         "<string.h>", "<unistd.h>", "HEADER"):
@@ -67,13 +68,17 @@ class Includes(RuleTest):
         self.write("frame/command_table.cpp", BANNER)
         self.assertFalse(self.verdict("frame/menus.cpp", '"tables/bom.h"'))
 
-    def test_a_named_tie_joins_two_rooms_in_its_direction_only(self):
-        lint.TIES[("tables", "modeldata/list.h")] = "the list"
-        self.addCleanup(lint.TIES.clear)
-        self.assertTrue(self.verdict("tables/x.cpp", '"modeldata/list.h"'))
-        self.assertFalse(self.verdict("tables/x.cpp", '"modeldata/other.h"'))
-        self.write("tables/x.cpp", BANNER)
-        self.assertFalse(self.verdict("modeldata/list.cpp", '"tables/x.h"'))
+    def test_the_services_stand_on_the_door_and_know_nobody_above(self):
+        for path in ("frame/services/x.cpp", "frame/services.h"):
+            for include in ('"frame/services/y.h"', '"hostapi/host.h"', "<string>"):
+                self.assertTrue(self.verdict(path, include), include)
+            for include in ('"frame/menus.h"', '"frame/services.h"', '"tables/bom.h"'):
+                self.assertFalse(self.verdict(path, include), include)
+            self.write(path, BANNER)
+
+    def test_the_frame_stands_on_the_services(self):
+        for include in ('"frame/services.h"', '"frame/services/text.h"', '"frame/entry.h"'):
+            self.assertTrue(self.verdict("frame/menus.cpp", include), include)
 
     def test_the_door_includes_itself_and_the_standard_library(self):
         self.assertTrue(self.verdict("hostapi/x.h", '"hostapi/wide.h"'))

@@ -1,7 +1,7 @@
 // Column lists: what stands between the commas of a setting, and where a blank ends it.
 #include <gtest/gtest.h>
 
-#include "export/column_list.h"
+#include "frame/services/column_list.h"
 
 namespace {
 

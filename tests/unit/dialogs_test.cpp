@@ -1,7 +1,7 @@
 // The pattern of all dialogs: its order of calls, what a failed step shows and leaves, and the two
 // ways in which a dialog ends.
-#include "frame/dialogs.h"
-#include "frame/text.h"
+#include "frame/services/dialogs.h"
+#include "frame/services/text.h"
 #include "tests/support/workbench.h"
 
 namespace {

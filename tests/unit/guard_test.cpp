@@ -2,7 +2,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "frame/guard.h"
+#include "frame/services/guard.h"
 #include "tests/support/workbench.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // The three kinds of boxes, down to the code of each character: digits and marks in the caption and
 // in the tail of a completion look alike but are not.
-#include "frame/messages.h"
+#include "frame/services/messages.h"
 #include "tests/support/workbench.h"
 
 namespace {

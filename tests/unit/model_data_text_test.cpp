@@ -1,9 +1,9 @@
 // Numbers, fixed records and the listing of components: the text side of the batch commands.
 #include <gtest/gtest.h>
 
-#include "frame/fixed_text.h"
-#include "frame/numbers.h"
-#include "modeldata/component_tree.h"
+#include "frame/services/component_tree.h"
+#include "frame/services/fixed_text.h"
+#include "frame/services/numbers.h"
 #include "modeldata/parameters.h"
 #include "modeldata/sheet_size.h"
 

@@ -3,8 +3,8 @@
 
 #include <cmath>
 
-#include "export/parameter_text.h"
-#include "frame/fixed_text.h"
+#include "frame/services/fixed_text.h"
+#include "frame/services/parameter_text.h"
 
 namespace {
 

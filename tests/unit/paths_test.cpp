@@ -1,5 +1,5 @@
 // The two ways to the plug-in's files: beside the module and below the text folder.
-#include "frame/paths.h"
+#include "frame/services/paths.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/workbench.h"
 

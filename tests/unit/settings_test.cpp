@@ -1,5 +1,5 @@
 // Values of INI files: where they end, what is deleted in them, and that nothing is ever assumed.
-#include "frame/settings.h"
+#include "frame/services/settings.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/workbench.h"
 

@@ -1,6 +1,6 @@
 // Text between the plug-in and the host: widening, narrowing, and the two edits that settings and
 // paths need.
-#include "frame/text.h"
+#include "frame/services/text.h"
 #include "tests/support/workbench.h"
 
 namespace {

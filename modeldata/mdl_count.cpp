@@ -1,11 +1,9 @@
 // VxMdlCount: how often each model occurs in the current assembly, as an integer parameter of the
 // model. Instances of family tables join in if the settings say so.
-#include "modeldata/model_count.h"
+#include "modeldata/mdl_count.h"
 
 #include <vector>
 
-#include "frame/fixed_text.h"
-#include "frame/model_counts.h"
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
 

@@ -1,7 +1,7 @@
 // Twelve views: the views of a model on the sheet. The main view stands in the middle, projections
 // on its four sides, the rear behind the right one, and an isometric view in the lower right
 // corner. Each is made where it should about be, and then moved until the gap is right.
-#include "drawing/twelve_views_layout.h"
+#include "drawing/twe_views_layout.h"
 
 #include <algorithm>
 

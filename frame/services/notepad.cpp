@@ -1,8 +1,8 @@
 // Settings files in the system's plain editor.
-#include "frame/notepad.h"
+#include "frame/services/notepad.h"
 
-#include "frame/paths.h"
-#include "frame/text.h"
+#include "frame/services/paths.h"
+#include "frame/services/text.h"
 #include "hostapi/windows.h"
 
 void OpenInNotepad(WideView fileBesideModule) {

@@ -1,5 +1,5 @@
 // Text between the plug-in and the host.
-#include "frame/text.h"
+#include "frame/services/text.h"
 
 #include <cstring>
 

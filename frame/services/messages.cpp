@@ -1,5 +1,5 @@
 // The three ways of telling the user something in a box.
-#include "frame/messages.h"
+#include "frame/services/messages.h"
 
 #include "hostapi/windows.h"
 

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "frame/host_array.h"
+#include "frame/services/host_array.h"
 #include "hostapi/host.h"
 
 // The components found, one for each use: a feature's id and the assembly that directly holds it.

@@ -1,5 +1,5 @@
 // Asks Windows for the user's desktop.
-#include "frame/desktop.h"
+#include "frame/services/desktop.h"
 
 #include "hostapi/windows.h"
 

@@ -1,7 +1,7 @@
 // What the components of a dialog hold.
-#include "frame/dialog_values.h"
+#include "frame/services/dialog_values.h"
 
-#include "frame/text.h"
+#include "frame/services/text.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The product's home page, opened through the command shell's `start`.
-#include "frame/home_page.h"
+#include "frame/services/home_page.h"
 
 #include <string>
 

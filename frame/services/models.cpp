@@ -1,5 +1,5 @@
 // The model that is current, and the assembly that commands work on in its place.
-#include "frame/top_model.h"
+#include "frame/services/models.h"
 
 TopModel CurrentModel() {
     TopModel current;

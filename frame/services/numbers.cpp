@@ -1,5 +1,5 @@
 // Numbers that somebody has typed.
-#include "frame/numbers.h"
+#include "frame/services/numbers.h"
 
 #include <algorithm>
 #include <charconv>

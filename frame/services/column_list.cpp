@@ -1,9 +1,9 @@
 // Splitting of column lists.
-#include "export/column_list.h"
+#include "frame/services/column_list.h"
 
 #include <algorithm>
 
-#include "frame/text.h"
+#include "frame/services/text.h"
 
 std::vector<WideText> SplitColumnList(const WideText& value) {
     const WideText text = ReplaceAll(value, WIDE("，"), WIDE(","));

@@ -1,11 +1,11 @@
 // The values of parameters as text.
-#include "export/parameter_text.h"
+#include "frame/services/parameter_text.h"
 
 #include <charconv>
 #include <string>
 
-#include "frame/fixed_text.h"
-#include "frame/text.h"
+#include "frame/services/fixed_text.h"
+#include "frame/services/text.h"
 
 namespace {
 

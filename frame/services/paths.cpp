@@ -1,7 +1,7 @@
 // Where the plug-in's files lie.
-#include "frame/paths.h"
+#include "frame/services/paths.h"
 
-#include "frame/text.h"
+#include "frame/services/text.h"
 #include "hostapi/host.h"
 #include "hostapi/windows.h"
 

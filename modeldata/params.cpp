@@ -1,7 +1,6 @@
 // VxParams: the dialog as a whole, and its settings file.
-#include "modeldata/params_dialog.h"
+#include "modeldata/params.h"
 
-#include "frame/dialog_values.h"
 #include "frame/services.h"
 #include "hostapi/windows.h"
 #include "modeldata/outline.h"

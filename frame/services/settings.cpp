@@ -1,10 +1,10 @@
 // Settings: INI files with one key to a section.
-#include "frame/settings.h"
+#include "frame/services/settings.h"
 
 #include <algorithm>
 
-#include "frame/paths.h"
-#include "frame/text.h"
+#include "frame/services/paths.h"
+#include "frame/services/text.h"
 #include "hostapi/windows.h"
 
 WideText ReadIniValue(const WideText& path, const WideText& section, const WideText& key) {

@@ -1,5 +1,5 @@
 // What the user sees when a callback could not finish.
-#include "frame/guard.h"
+#include "frame/services/guard.h"
 
 #include "hostapi/windows.h"
 

@@ -1,13 +1,14 @@
 // A listing of all components below an assembly.
-#include "modeldata/component_tree.h"
+#include "frame/services/component_tree.h"
 
 #include <algorithm>
 #include <charconv>
 #include <utility>
 
-#include "frame/fixed_text.h"
-#include "frame/numbers.h"
-#include "frame/services.h"
+#include "frame/services/assembly_walk.h"
+#include "frame/services/fixed_text.h"
+#include "frame/services/guard.h"
+#include "frame/services/numbers.h"
 
 WideText ComponentTreeText;
 int ComponentTreeDepth = 0;

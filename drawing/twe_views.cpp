@@ -1,17 +1,15 @@
 // TweViews: a drawing that shows a part or an assembly from all sides, made in one go. The command
 // opens the drawing if it is there, and otherwise asks how it should look; the dialog's button
 // makes it.
-#include "drawing/twelve_views.h"
+#include "drawing/twe_views.h"
 
 #include <algorithm>
 #include <optional>
 #include <string>
 
 #include "drawing/normal_view.h"
-#include "drawing/twelve_views_layout.h"
+#include "drawing/twe_views_layout.h"
 #include "drawing/view_matrix.h"
-#include "frame/desktop.h"
-#include "frame/dialog_values.h"
 #include "frame/services.h"
 
 namespace {

@@ -1,11 +1,11 @@
 // VxConfig: the settings of all commands in one dialog. A setting is a section of the file and a
 // component of the dialog of the same name.
-#include "frame/settings_dialog.h"
+#include "frame/config.h"
 
 #include <string_view>
 
-#include "frame/dialog_values.h"
 #include "frame/services.h"
+#include "frame/services/dialog_values.h"
 #include "hostapi/windows.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The system's dialog for the name of a file to be written.
-#include "frame/save_dialog.h"
+#include "frame/services/save_dialog.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // What the tables of dialogs hold.
-#include "frame/dialog_table.h"
+#include "frame/services/dialog_table.h"
 
-#include "frame/text.h"
+#include "frame/services/text.h"
 
 namespace {
 

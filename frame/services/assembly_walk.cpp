@@ -1,5 +1,5 @@
 // The walk over an assembly.
-#include "frame/assembly_walk.h"
+#include "frame/services/assembly_walk.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,12 +1,12 @@
 // Counts how often each model occurs in an assembly.
-#include "frame/model_counts.h"
+#include "frame/services/occurrences.h"
 
 #include <unordered_map>
 #include <utility>
 
-#include "frame/assembly_walk.h"
-#include "frame/fixed_text.h"
-#include "frame/text.h"
+#include "frame/services/assembly_walk.h"
+#include "frame/services/fixed_text.h"
+#include "frame/services/text.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The one pattern of all dialogs.
-#include "frame/dialogs.h"
+#include "frame/services/dialogs.h"
 
-#include "frame/messages.h"
-#include "frame/text.h"
+#include "frame/services/messages.h"
+#include "frame/services/text.h"
 
 ProError CreateDialog(const char* dialog) {
     const ProError status = ProUIDialogCreate(HostText(dialog), HostText(dialog));

@@ -8,6 +8,7 @@
 #include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
+#include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -22,7 +23,7 @@ protected:
     void RunAt(const WideText& module) {
         TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"),
                                  WIDE("5130"));
-        Plugin plugin(VX_MODULE, module);
+        Plugin plugin(workbench::kModuleBuilt, module);
         EXPECT_EQ(plugin.Initialize(), 0);
         AdvanceClock(2000);
         directoryAfterTheTimer_ = Utf8(host().session.workingDirectory);
@@ -122,7 +123,7 @@ TEST_F(PlaceOfTheModule, IsOfNoUseWhereThePathsOfItsFilesAreTooLong) {
 TEST_F(PlaceOfTheModule, OfExactly260CharactersIsReadWithoutATerminatorButNoFurther) {
     const WideText module = ModuleOfLength(260);
     TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
-    Plugin plugin(VX_MODULE, module);
+    Plugin plugin(workbench::kModuleBuilt, module);
     EXPECT_EQ(plugin.Initialize(), 0);
     host().journal.Start();
     AdvanceClock(2000);
@@ -154,7 +155,7 @@ TEST_F(PlaceOfTheModule, UnderAnotherNameReadsNothingAndKeepsTheHostsExecutable)
 TEST_F(PlaceOfTheModule, UnderAnotherNameStillHasMenuAndPopups) {
     TextFolderSetting("RmbDisable", "0");
     TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
-    Plugin plugin(VX_MODULE, workbench::kModuleFolder + WIDE("\\other.dll"));
+    Plugin plugin(workbench::kModuleBuilt, workbench::kModuleFolder + WIDE("\\other.dll"));
     EXPECT_EQ(plugin.Initialize(), 0);
     ASSERT_TRUE(host().commands.FindMenu("Menu"));
     EXPECT_EQ(host().commands.FindMenu("Menu")->buttons.size(), 56u);

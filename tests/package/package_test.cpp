@@ -9,6 +9,7 @@
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
+#include "tests/support/places.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ protected:
         options.module = std::filesystem::path(folder) / "vorlatix5.1.dll";
         options.moduleFolder = folder;
         options.textFolder = folder;
-        options.project = std::filesystem::path(VX_SOURCE_DIR) / "samples" / "gearbox";
+        options.project = std::filesystem::path(workbench::kSourceFolder) / "samples" / "gearbox";
         workplace_ = std::make_unique<Workplace>(options);
         ASSERT_EQ(workplace_->StartPlugin(), 0);
     }

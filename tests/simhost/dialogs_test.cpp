@@ -5,6 +5,7 @@
 #include "hostapi/host.h"
 #include "simhost/core/disk.h"
 #include "simhost/trail/robot.h"
+#include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
 using namespace simhost;
@@ -59,7 +60,8 @@ protected:
         calls.clear();
         bool found = false;
         Write(workbench::kTextFolder + WIDE("\\text\\resource\\Settings.res"),
-              ReadFile(std::string(VX_SOURCE_DIR) + "/tests/simhost/data/Settings.res", &found));
+              ReadFile(std::string(workbench::kSourceFolder) + "/tests/simhost/data/Settings.res",
+                       &found));
         ASSERT_TRUE(found);
         host().user = &person_;
     }

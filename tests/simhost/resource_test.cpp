@@ -5,6 +5,7 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/ui/resource.h"
+#include "tests/support/places.h"
 
 using namespace simhost;
 
@@ -26,8 +27,8 @@ std::string With(const std::string& attributes) {
 
 DialogResource Settings() {
     bool found = false;
-    const std::string text =
-        ReadFile(std::string(VX_SOURCE_DIR) + "/tests/simhost/data/Settings.res", &found);
+    const std::string text = ReadFile(
+        std::string(workbench::kSourceFolder) + "/tests/simhost/data/Settings.res", &found);
     EXPECT_TRUE(found);
     return ParseResource(text, "Settings.res");
 }

@@ -10,6 +10,7 @@
 #include "simhost/core/text.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/windows/windows.h"
+#include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -231,7 +232,8 @@ TEST_F(SpreadsheetApplication, ReadsTheActiveSheetOfAnotherWritersFile) {
 // by LibreOffice Calc.
 TEST_F(SpreadsheetApplication, ReadsTheFilesOfTheUsualPrograms) {
     for (const char* file : {"openpyxl.xlsx", "libreoffice.xlsx"}) {
-        const auto from = std::filesystem::path(VX_SOURCE_DIR) / "tests/simhost/data" / file;
+        const auto from =
+            std::filesystem::path(workbench::kSourceFolder) / "tests/simhost/data" / file;
         const WideText path = WIDE("C:\\Work\\") + Wide(file);
         std::filesystem::copy_file(from, host().disk.Real(path));
         const ExcelObject sheet = Opened(path);

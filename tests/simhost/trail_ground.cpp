@@ -3,6 +3,7 @@
 
 #include "hostapi/host.h"
 #include "simhost/core/disk.h"
+#include "tests/support/places.h"
 
 using namespace simhost;
 
@@ -91,7 +92,8 @@ void Scripts::SetUp() {
     seen.clear();
     bool found = false;
     Write(workbench::kTextFolder + WIDE("\\text\\resource\\Settings.res"),
-          ReadFile(std::string(VX_SOURCE_DIR) + "/tests/simhost/data/Settings.res", &found));
+          ReadFile(std::string(workbench::kSourceFolder) + "/tests/simhost/data/Settings.res",
+                   &found));
     ASSERT_TRUE(found);
     Add("ShowsABox", ShowsABox);
     Add("ShowsAPlainBox", ShowsAPlainBox);

@@ -9,6 +9,7 @@
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
+#include "tests/support/places.h"
 
 namespace workbench {
 
@@ -20,8 +21,8 @@ WorkplaceOptions Options() {
     WorkplaceOptions options;
     options.drive = DriveOfTests();
     options.newUser = true;
-    options.installed = VX_SOURCE_DIR;
-    options.module = VX_MODULE;
+    options.installed = workbench::kSourceFolder;
+    options.module = workbench::kModuleBuilt;
     options.moduleFolder = kModuleFolder;
     options.textFolder = kTextFolder;
     return options;

@@ -15,6 +15,7 @@
 #include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
+#include "tests/support/places.h"
 
 namespace sweep {
 
@@ -82,8 +83,8 @@ WorkplaceOptions Options() {
     WorkplaceOptions options;
     options.drive = TidiedDrive();
     options.newUser = true;
-    options.installed = VX_SOURCE_DIR;
-    options.module = VX_MODULE;
+    options.installed = workbench::kSourceFolder;
+    options.module = workbench::kModuleBuilt;
     options.moduleFolder = kModuleFolder;
     options.textFolder = kTextFolder;
     return options;
@@ -119,7 +120,7 @@ bool World::ModuleIsInMemory() {
 #ifdef _WIN32
     return GetModuleHandleW(WIDE("vorlatix5.1.dll")) != nullptr;
 #else
-    void* module = dlopen(VX_MODULE, RTLD_LAZY | RTLD_NOLOAD);
+    void* module = dlopen(workbench::kModuleBuilt, RTLD_LAZY | RTLD_NOLOAD);
     if (module) dlclose(module);
     return module != nullptr;
 #endif

@@ -6,6 +6,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/host.h"
 #include "simhost/windows/windows.h"
+#include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -118,7 +119,7 @@ TEST_F(RealModule, ThatIsNoModuleIsRefusedInOneSentence) {
 
 TEST_F(RealModule, WhoseLibraryIsMissingIsRefusedInOneSentence) {
     // The real module, but for the name of the library that it wants.
-    std::string bytes = ReadFile(VX_MODULE);
+    std::string bytes = ReadFile(workbench::kModuleBuilt);
     const std::size_t at = bytes.find("simhost.dll");
     ASSERT_NE(at, std::string::npos);
     bytes.replace(at, 7, "no-host");

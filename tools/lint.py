@@ -418,9 +418,30 @@ def messages_have_their_texts(tree):
         tree.notes.append("nothing to check yet: texts of the message line")
 
 
+RESOURCES = "text/resource/"
+
+
+def dialogs_bear_their_commands_label(tree):
+    """A user looks for a dialog under the name that was pressed in the menu. Three words for one
+    thing, in menu, title and help, were found by the first stranger who tried."""
+    if MENU_TEXTS not in tree.paths:
+        return
+    lines = tree.text(MENU_TEXTS).split("\n")
+    labels = {lines[i]: lines[i + 2] for i in range(0, len(lines) - 3, 4)}
+    for path in tree.paths:
+        if not (path.startswith(RESOURCES) and path.endswith(".res")):
+            continue
+        name = path[len(RESOURCES):-len(".res")]
+        label = labels.get(name) or labels.get("Vx" + name)
+        title = re.search(r'\(\.Label\s+"([^"]*)"\)', tree.text(path))
+        if label and title and title[1] != label:
+            yield Finding(path, line_of(tree.text(path), title.start()),
+                          f'"{title[1]}" is the title of what the menu calls "{label}"')
+
+
 RULES = (includes_go_one_way, no_conditional_code, wide_literals_have_one_form,
          sources_open_with_a_banner, lines_are_tidy, long_files_are_named, no_planning_papers,
-         commands_have_their_texts, messages_have_their_texts)
+         commands_have_their_texts, messages_have_their_texts, dialogs_bear_their_commands_label)
 
 
 def check_rules(root):

@@ -300,6 +300,23 @@ class MessageTexts(RuleTest):
         self.assertEqual(self.found(lint.messages_have_their_texts), ["frame/x.cpp:2"])
 
 
+class DialogTitles(RuleTest):
+    def titled(self, name, title):
+        self.write("text/vxMenu.txt", "VxBom\nBill\nBOM表\n#\nVxRelations\nR\n批量关系\n#\n")
+        self.write(f"text/resource/{name}.res", f'(Dialog D\n (Resources\n  (.Label  "{title}")))')
+        return self.found(lint.dialogs_bear_their_commands_label)
+
+    def test_a_title_is_the_label_of_the_command(self):
+        self.assertEqual(self.titled("VxBom", "BOM表"), [])
+        self.assertEqual(self.titled("VxBom", "明细表"), ["text/resource/VxBom.res:3"])
+
+    def test_a_dialog_may_lack_the_beginning_of_its_commands_name(self):
+        self.assertEqual(self.titled("Relations", "关系"), ["text/resource/Relations.res:3"])
+
+    def test_a_dialog_of_no_command_has_a_title_of_its_own(self):
+        self.assertEqual(self.titled("VxInit", "欢迎"), [])
+
+
 class Report(RuleTest):
     def report(self):
         with contextlib.redirect_stdout(io.StringIO()) as said:

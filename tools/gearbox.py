@@ -58,7 +58,7 @@ def data_lines(model):
     """Parameters, relations, family table and sheets, as far as the model has them."""
     lines = []
     for key, value in model.get("parameters", []):
-        value = f"{value:.1f}" if isinstance(value, float) else toml(value)
+        value = str(value) if isinstance(value, float) else toml(value)
         lines += ["", "[[parameter]]", f"name = {toml(key)}", f"value = {value}"]
     if "relations" in model:
         lines += ["", "[relations]", f"initial = {toml(model['relations'])}"]
@@ -95,7 +95,8 @@ def tree_lines(name, depth=0, count=1, marks=()):
     groups = {}
     for row in models[name]["features"]:
         if "model" in row:
-            mark = (row["status"],) if "status" in row else ("hidden",) if "hidden" in row else ()
+            mark = ((row["status"],) if "status" in row else ("hidden",) if "hidden" in row
+                    else () if row.get("visible", True) else ("invisible",))
             groups.setdefault((row["model"], mark), []).append(row)
     for (child, mark), rows in groups.items():
         lines += tree_lines(child, depth + 1, len(rows), mark)
@@ -144,11 +145,12 @@ Below `gearbox.asm` stand {places} components in {levels} levels, the top includ
   {often}.
 - Sub-assemblies used more than once: `bearing_unit_45.asm` (three times, in two assemblies) and
   `bearing_unit_65.asm` (twice).
-- Suppressed: `transport_lock.prt`. Hidden: `空间包络.prt`. Both stand in `gearbox.asm`.
+- Suppressed: `transport_lock.prt`. Invisible, and so left out of lists and sizes: `空间包络.prt`.
+  Both are components of `gearbox.asm`. Hidden on the screen only: `铭牌.prt` in `箱体组件.asm`.
 - Skeleton without solids: `gearbox_skel.prt`. Sheet metal: `防护罩.prt`.
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
-- Parameters: 代号 and 名称 everywhere, 材料 on parts. Relations decide 重量 of `housing.prt` and
-  数量 of `washer_12.prt`, so nobody else can change these two.
+- Parameters: 代号 and 名称 everywhere, 材料 and 重量 (kg) on parts. Relations decide 重量 of
+  `housing.prt` and 数量 of `washer_12.prt`, so nobody else can change these two.
 - Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it stands in no assembly.
 - Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
   more yet than the sizes of their sheets.

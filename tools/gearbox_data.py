@@ -2,23 +2,52 @@
 table, and drawings with the names of their models.
 """
 
-from gearbox_modelling import cylinder, hexagon, models, part
+from gearbox_modelling import cylinder, hexagon, models, part, volume
 from gearbox_models import BLACK
 
 # Materials of parts by the beginning of their names; all others are of steel 45.
-MATERIALS = {"bolt": "8.8", "nut": "8", "washer": "65Mn", "o_ring": "NBR", "seal": "NBR",
-             "弹性块": "PU", "轴承": "GCr15", "视孔盖": "PMMA", "箱盖": "HT200", "housing": "HT200",
-             "gear": "40Cr", "大齿轮": "40Cr", "输": "40Cr", "中间轴": "40Cr", "铭牌": "铝",
-             "底板": "Q235A", "channel": "Q235A", "防护罩": "Q235A", "电机座": "Q235A"}
+MATERIALS = {"bolt": "8.8", "nut": "8", "washer": "65Mn", "eyebolt": "20", "o_ring": "NBR",
+             "seal": "NBR", "弹性块": "PU", "轴承": "GCr15", "视孔盖": "PMMA", "箱盖": "HT200",
+             "housing": "HT200", "闷盖": "HT200", "透盖": "HT200", "gear": "40Cr", "大齿轮": "40Cr",
+             "输": "40Cr", "中间轴": "40Cr", "铭牌": "H62", "breather": "H62", "oil_plug": "Q235A",
+             "底板": "Q235A", "channel": "Q235A", "防护罩": "Q235A", "电机座": "Q235A",
+             "sleeve": "Q235A", "脚垫": "Q235A", "transport": "Q235A", "油标": "PMMA",
+             "motor": "外购件"}
+
+# Densities in kg/mm³; all others are steels.
+DENSITIES = {"HT200": 7.2e-6, "H62": 8.43e-6, "NBR": 1.3e-6, "PU": 1.2e-6, "PMMA": 1.18e-6}
+STEEL = 7.85e-6
+
+# What is bought has the mass of its maker's list, in kg: shields hide the balls, and a motor is not
+# solid.
+LISTED_MASSES = {"motor": 68, "轴承_6209": 0.41, "轴承_6213": 0.99}
+
+
+def mass_of(name, material, solids):
+    """In kg, to the gram; what solids overlap counts twice."""
+    listed = LISTED_MASSES.get(name)
+    mass = sum(map(volume, solids)) * DENSITIES.get(material, STEEL)
+    return round(mass, 3) if listed is None else float(listed)
 
 
 def parameters_of(name, number, model):
-    """What every company writes into its models: number, name, and the material of parts."""
+    """What every company writes into its models: number and name; of parts the material and, in kg,
+    the mass. Room that is only kept free is of nothing."""
     rows = [("代号", f"JSQ-{number:03d}"), ("名称", model["title"])]
-    if name.endswith(".prt") and model.get("solids"):
+    if name.endswith(".prt") and model.get("solids") and name != "空间包络.prt":
         material = next((m for begin, m in MATERIALS.items() if name.startswith(begin)), "45")
-        rows.append(("材料", material))
+        rows += [("材料", material),
+                 ("重量", mass_of(name.removesuffix(".prt"), material, model["solids"]))]
     return rows
+
+
+def set_by_relation(name, parameter, value=None):
+    """Lets a relation decide the parameter, so that nobody else may change it; the value is the one
+    that it has unless another is given."""
+    rows = dict(models[name]["parameters"])
+    rows[parameter] = rows.get(parameter) if value is None else value
+    models[name]["parameters"] = list(rows.items())
+    models[name]["relations"] = [f"{parameter} = {rows[parameter]:g}"]
 
 
 def drawing(name, note, sizes):
@@ -32,13 +61,12 @@ def add_model_data():
             model["parameters"] = parameters_of(name, number, model)
     part("bolt_m12", "Generic of the M12 bolts; the lengths are its instances.", "六角头螺栓 M12",
          BLACK, [cylinder(12, -50, 0), hexagon(18, 7.5, 0)], "917 917 914")
+    generic = models["bolt_m12.prt"]
+    generic["parameters"] = parameters_of("bolt_m12.prt", len(models), generic)
     for length in (50, 110):
         models[f"bolt_m12x{length}.prt"]["generic"] = "bolt_m12.prt"
-    # The mass follows from a relation, and so does a number that nobody else may change.
-    models["housing.prt"]["parameters"].append(("重量", 48.5))
-    models["housing.prt"]["relations"] = ["重量 = 48.5"]
-    models["washer_12.prt"]["parameters"].append(("数量", 34))
-    models["washer_12.prt"]["relations"] = ["数量 = 34"]
+    set_by_relation("housing.prt", "重量")
+    set_by_relation("washer_12.prt", "数量", 34)
     drawing("gearbox", "General arrangement of the gearbox.", ["A0"])
     drawing("housing", "Housing: castings and machining.", ["A1", "A3"])
     drawing("output_shaft", "Output shaft with its gear.", ["A2"])

@@ -39,8 +39,7 @@ def gear(module, teeth, width, bore, z0):
 
 
 def prism(outline, height, at=(0, 0, 0), turn=(0, 0, 0)):
-    area = sum(p[0] * q[1] - q[0] * p[1] for p, q in zip(outline, outline[1:] + outline[:1]))
-    if area < 0:
+    if area(outline) < 0:
         outline = outline[::-1]
     return {"shape": "prism", "outline": outline, "height": height, "at": at, "turn": turn}
 
@@ -62,6 +61,29 @@ def keyed(diameter, key_width, depth, z0, z1):
 
 def hexagon(across_flats, height, z0):
     return prism(arc(across_flats / math.sqrt(3), 0, 300, steps=5), height, [0, 0, z0])
+
+
+def area(outline):
+    """Of an outline that runs anticlockwise."""
+    return sum(p[0] * q[1] - q[0] * p[1]
+               for p, q in zip(outline, outline[1:] + outline[:1])) / 2
+
+
+def volume(solid):
+    """In mm³. A gear counts as a ring up to its pitch circle: what its teeth have outside of it,
+    their spaces lack inside."""
+    shape = solid["shape"]
+    if shape == "box":
+        return math.prod(solid["size"])
+    if shape == "prism":
+        return area(solid["outline"]) * solid["height"]
+    if shape == "gear":
+        pitch = solid["module"] * solid["teeth"]
+        return math.pi / 4 * (pitch ** 2 - solid["bore"] ** 2) * solid["width"]
+    if shape == "tube":
+        return math.pi / 4 * (solid["outer"] ** 2 - solid["inner"] ** 2) * solid["length"]
+    low, top = solid["diameter"], solid.get("top", solid["diameter"])
+    return math.pi / 12 * (low ** 2 + low * top + top ** 2) * solid["length"]
 
 
 # ---- models -------------------------------------------------------------------------------

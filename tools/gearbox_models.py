@@ -161,7 +161,7 @@ def housing_assembly():
     rows += [use("eyebolt_m12.prt", first_eye, tilt), use("eyebolt_m12.prt", [X_OUT, 0, LID_OUT]),
              use("油标.prt", [X_RIGHT, 30, -80], [0, 90, 0]),
              use("oil_plug.prt", [X_RIGHT, -40, -132], [0, 90, 0]),
-             use("铭牌.prt", [158, -Y_WALL, -148], WALL_TURN),
+             use("铭牌.prt", [158, -Y_WALL, -148], WALL_TURN, hidden=True),
              use("pin_8x30.prt", [X_LEFT - 15, 85, 0]),
              use("pin_8x30.prt", [X_RIGHT + 15, -85, 0])]
     for y in (-106, 106):
@@ -348,7 +348,7 @@ def top_models():
     models["gearbox_skel.prt"]["features"] += [
         {"id": i, "type": 979, "name": name} for i, name in enumerate(
             ("CS_INPUT", "CS_MIDDLE", "CS_OUTPUT", "CS_MOTOR", "CS_BASE"), 5)]
-    part("空间包络", "Room to keep free for service; hidden in the assembly.", "维护空间", GLASS,
+    part("空间包络", "Room to keep free for service; invisible in the assembly.", "维护空间", GLASS,
          [slab([-250, -750, -350], [600, 350, 450])], clear=0.8)
     part("transport_lock", "Holds the output shaft on the way to the customer; suppressed.",
          "运输锁", ORANGE, [tube(90, 60, 0, 30), slab([-12, -180, 0], [12, -44, 12])],
@@ -360,7 +360,7 @@ def top_models():
         use("output_shaft.asm", [X_OUT, 0, 0], ALONG_Y),
         use("motor_drive.asm", [0, -209, 0], ALONG_Y),
         use("transport_lock.prt", [X_OUT, 160, 0], [-90, 0, 0], status="suppressed"),
-        use("空间包络.prt", hidden=True)], extra=(1104, 1232))
+        use("空间包络.prt", visible=False)], extra=(1104, 1232))
     models["gearbox_mill.mfg"] = {"note": "Milling of the gearbox housing.", "title": "减速箱加工",
                                   "assembly": "gearbox.asm", "features": []}
 

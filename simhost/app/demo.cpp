@@ -11,7 +11,7 @@
 #include "simhost/app/demo_bom.h"
 #include "simhost/app/demo_data.h"
 #include "simhost/app/demo_views.h"
-#include "simhost/app/picture.h"
+#include "simhost/picture/isometric.h"
 #include "simhost/app/picture_file.h"
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"

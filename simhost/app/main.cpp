@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "simhost/app/demo.h"
-#include "simhost/app/dialog_picture.h"
+#include "simhost/picture/dialogs.h"
 #include "simhost/app/faults.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/picture_file.h"

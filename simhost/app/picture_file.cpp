@@ -2,29 +2,54 @@
 #include "simhost/app/picture_file.h"
 
 #include <filesystem>
+#include <stdexcept>
 
-#include "simhost/app/picture.h"
-#include "simhost/app/sheet_picture.h"
 #include "simhost/core/disk.h"
+#include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/model/drawing.h"
+#include "simhost/picture/cairo_canvas.h"
+#include "simhost/picture/isometric.h"
+#include "simhost/picture/sheet.h"
+#include "simhost/picture/svg_canvas.h"
 
 namespace fs = std::filesystem;
 
 namespace simhost {
 
-std::string SavePicture(const std::string& file) {
+namespace {
+
+Picture PictureOf(Session& session, Model& model) {
     constexpr int kWidth = 1200, kSheetWidth = 2400;
+    if (model.type != PRO_MDL_DRAWING) return IsometricPicture(session, model, kWidth);
+    return SheetPicture(model, DrawingOf(model).currentSheet, kSheetWidth);
+}
+
+// Throws std::runtime_error where it cannot be done.
+void Write(const Picture& picture, const std::string& ending, const fs::path& path) {
+    if (ending == ".png") return WritePng(picture, path);
+    if (ending == ".pdf") return WritePdf({picture}, path);
+    if (!WriteFile(path, SvgOf(picture))) throw std::runtime_error("cannot write it");
+}
+
+}  // namespace
+
+std::string SavePicture(const std::string& file) {
     Session& session = TheHost().session;
     Model* model = session.CurrentModel();
     if (!model) return "no model is open";
     const fs::path path(std::u8string(file.begin(), file.end()));
+    const std::string ending = Lower(path.extension().string());
+    if (ending != ".svg" && ending != ".png" && ending != ".pdf") {
+        return file + ": a picture ends in .svg, .png or .pdf";
+    }
     std::error_code ignored;
     if (path.has_parent_path()) fs::create_directories(path.parent_path(), ignored);
-    const std::string svg = model->type == PRO_MDL_DRAWING
-                                ? SheetSvg(*model, DrawingOf(*model).currentSheet, kSheetWidth)
-                                : IsometricSvg(session, *model, kWidth);
-    if (!WriteFile(path, svg)) return "cannot write " + file;
+    try {
+        Write(PictureOf(session, *model), ending, path);
+    } catch (const std::runtime_error& error) {
+        return file + ": " + error.what();
+    }
     return {};
 }
 

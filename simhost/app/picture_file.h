@@ -5,8 +5,9 @@
 
 namespace simhost {
 
-// Draws the current model into an SVG file (a path of this system, UTF-8) and makes its folder
-// where missing. Empty, or the reason why it could not be done.
+// Draws the current model, a drawing's current sheet, into a file (a path of this system, UTF-8)
+// that ends in .svg, .png or .pdf, and makes its folder where missing. Empty, or the reason why it
+// could not be done.
 std::string SavePicture(const std::string& file);
 
 }  // namespace simhost

@@ -2,7 +2,7 @@
 // exchange text of release 12.
 #include "hostapi/host/export2d.h"
 
-#include "simhost/app/dxf.h"
+#include "simhost/picture/dxf.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/model/drawing.h"

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "simhost/app/picture.h"
+#include "simhost/picture/isometric.h"
 #include "simhost/core/text.h"
 #include "tests/simhost/picture_models.h"
 #include "tests/simhost/picture_reader.h"

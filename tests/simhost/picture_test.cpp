@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "simhost/app/picture.h"
+#include "simhost/picture/isometric.h"
 #include "tests/simhost/picture_models.h"
 #include "tests/simhost/picture_reader.h"
 
@@ -79,7 +79,7 @@ TEST(Picture, LeavesOutWhatIsNotShown) {
     std::set<std::string> shown;
     for (const Area& area : AreasOf(svg)) shown.insert(area.part);
     EXPECT_EQ(shown, (std::set<std::string>{"PART0", "PART6"}));
-    EXPECT_NE(svg.find(">2 parts, scale "), std::string::npos);
+    EXPECT_NE(svg.find(">2 个零件，比例 "), std::string::npos);
 }
 
 TEST(Picture, PlacesPartsThroughSubAssembliesAndFindsThemByFile) {
@@ -117,7 +117,7 @@ TEST(Picture, ShowsThePartItselfAndAManufacturingModelsAssembly) {
     Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
     const std::string part = IsometricSvg(session, cube, 400);
     EXPECT_EQ(AreasOf(part).size(), 3u);
-    EXPECT_NE(part.find(">1 part, scale "), std::string::npos);
+    EXPECT_NE(part.find(">1 个零件，比例 "), std::string::npos);
 
     Model& top = session.Create(WIDE("top"), PRO_MDL_ASSEMBLY);
     Add(&top, &cube);
@@ -130,8 +130,8 @@ TEST(Picture, SaysSoWhenThereIsNothingToShow) {
     Session session;
     Model& top = session.Create(WIDE("empty"), PRO_MDL_ASSEMBLY);
     const std::string svg = IsometricSvg(session, top, 400);
-    EXPECT_NE(svg.find("nothing to show"), std::string::npos);
-    EXPECT_EQ(svg.find("scale"), std::string::npos);
+    EXPECT_NE(svg.find("没有可显示的零件"), std::string::npos);
+    EXPECT_EQ(svg.find("比例"), std::string::npos);
     EXPECT_TRUE(IsSoundXml(svg)) << svg;
 }
 
@@ -248,7 +248,7 @@ TEST(Picture, TheScaleIsTrueAndTheModelFillsTheWidth) {
         for (const Area& area : AreasOf(svg)) {
             for (const Point& p : area.corners) picture.Add(p.x, p.y);
         }
-        const std::string drawn = Between(svg, "scale ", " : ");
+        const std::string drawn = Between(svg, "比例 ", " : ");
         const std::string real = Between(svg, (drawn + " : ").c_str(), "<");
         const double scale = std::stod(drawn) / std::stod(real);
         // Across, an isometric cube measures the square root of two times its edge.
@@ -272,10 +272,11 @@ TEST(Picture, EdgesBetweenSurfacesAreDrawnButNotThoseWithinOne) {
     Model& part = NewPart(&session, "bent", bent);
     const std::string svg = IsometricSvg(session, part, 400);
     // Six lines of the top, and four of each of the three sides that are turned to the viewer. The
-    // triangles of the top would have twelve.
+    // triangles of the top would have twelve. The part's group ends before the axes.
+    const std::string painted = svg.substr(0, svg.find("</g>"));
     int lines = 0;
     for (std::size_t at = 0; at != std::string::npos;) {
-        const std::string path = Between(svg, "<path fill=\"none\"", "/>", &at);
+        const std::string path = Between(painted, "<path fill=\"none\"", "/>", &at);
         lines += Count(Between(path, " d=\"", "\""), "L");
     }
     EXPECT_EQ(lines, 18) << svg;

@@ -1,15 +1,19 @@
 // Sheets of drawings as pictures and as exchange files.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "simhost/app/dxf.h"
-#include "simhost/app/sheet_lines.h"
-#include "simhost/app/sheet_picture.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/picture/dxf.h"
+#include "simhost/picture/sheet.h"
+#include "simhost/picture/sheet_lines.h"
+#include "simhost/ui/text_frame.h"
 
 namespace {
 
@@ -52,15 +56,17 @@ TEST_F(SheetTest, RolesSayWhatAViewShows) {
     EXPECT_EQ(views[0].role, "main");
     EXPECT_EQ(views[1].role, "below");
     EXPECT_EQ(views[1].shows, "from above");
+    EXPECT_EQ(views[1].name, "俯视图");
     DrawingOf(*sheet_).rule = ProjectionRule::ThirdAngle;
     EXPECT_EQ(ViewsOnSheet(*sheet_, 1)[1].shows, "from below");
+    EXPECT_EQ(ViewsOnSheet(*sheet_, 1)[1].name, "仰视图");
     EXPECT_TRUE(ViewsOnSheet(*sheet_, 2).empty());
 }
 
 TEST_F(SheetTest, ThePictureShowsRolesAndTheGapAsADimension) {
     const std::string svg = SheetSvg(*sheet_, 1, 800);
-    EXPECT_EQ(Count(svg, ">main – from the front</text>"), 1);
-    EXPECT_EQ(Count(svg, ">below – from above</text>"), 1);
+    EXPECT_EQ(Count(svg, ">主视图</text>"), 1);
+    EXPECT_EQ(Count(svg, ">俯视图</text>"), 1);
     EXPECT_EQ(Count(svg, ">50.0</text>"), 1);
     EXPECT_EQ(Count(svg, "箱体-12"), 1);
     EXPECT_EQ(svg, SheetSvg(*sheet_, 1, 800));
@@ -68,7 +74,8 @@ TEST_F(SheetTest, ThePictureShowsRolesAndTheGapAsADimension) {
 
 TEST_F(SheetTest, TheExchangeTextHasEachEdgeOnItsLayer) {
     const std::string text = SheetDxf(*sheet_, 1);
-    EXPECT_EQ(text.compare(0, 19, "  0\r\nSECTION\r\n  2\r\n"), 0);
+    EXPECT_EQ(text.compare(0, 34, "999\r\nDrawing exchange text (DXF, r"), 0);
+    EXPECT_NE(text.find("\r\n  0\r\nSECTION\r\n  2\r\nHEADER\r\n"), std::string::npos);
     EXPECT_NE(text.find("  1\r\nAC1009\r\n"), std::string::npos);
     EXPECT_NE(text.find("  3\r\nANSI_936\r\n"), std::string::npos);
     EXPECT_NE(text.find("  1\r\n" + ToSystemCodePage(WIDE("箱体-12")) + "\r\n"), std::string::npos);
@@ -80,6 +87,121 @@ TEST_F(SheetTest, TheExchangeTextHasEachEdgeOnItsLayer) {
     main_->orientation = PlacementFrom({}, {35, 0, 0});
     main_->display.style = PRO_DISPSTYLE_HIDDEN_LINE;
     EXPECT_GT(Count(SheetDxf(*sheet_, 1), "LINE\r\n  8\r\nHIDDEN"), 0);
+}
+
+// The part twice in one place, in an assembly: each of the four edges of the main view is there
+// twice, and behind each visible one lies that of the far side.
+TEST_F(SheetTest, EachLineIsThereOnceAndNotAsAHiddenOneUnderAVisibleOne) {
+    Session& session = TheHost().session;
+    Model& top = session.Create(WIDE("TOP"), PRO_MDL_ASSEMBLY);
+    Model* part = session.FindByName(WIDE("箱体"), PRO_MDL_PART);
+    for (const int id : {1, 2}) {
+        Feature use;
+        use.id = id;
+        use.type = PRO_FEAT_COMPONENT;
+        use.model = part;
+        top.AddFeature(use);
+    }
+    DrawingView& view = DrawingOf(*sheet_).AddGeneral(top, 2, {100, 100, 0}, 1, Placement());
+    view.display.style = PRO_DISPSTYLE_HIDDEN_LINE;
+    const auto views = ViewsOnSheet(*sheet_, 2);
+    ASSERT_EQ(views.size(), 1u);
+    EXPECT_EQ(views[0].lines.size(), 4u);
+    for (const DrawnLine& line : views[0].lines) EXPECT_FALSE(line.hidden);
+}
+
+TEST_F(SheetTest, LettersThatTheCodePageLacksAreWrittenByTheirNumbers) {
+    sheet_->name = WIDE("轴é");  // U+00E9 is in the code page, U+00E3 is not
+    EXPECT_EQ(Count(SheetDxf(*sheet_, 1), "\\U+"), 0);
+    sheet_->name = WIDE("轴ã");
+    EXPECT_EQ(Count(SheetDxf(*sheet_, 1), ToSystemCodePage(WIDE("轴")) + "\\U+00E3\r\n"), 1);
+}
+
+// The rectangle of a text in a picture: its letters are at most as wide as they are high.
+struct Words {
+    double x, y, size, width;
+    bool Meets(const Words& other) const {
+        return x < other.x + other.width && other.x < x + width && y - size < other.y &&
+               other.y - other.size < y;
+    }
+};
+
+double NumberAfter(const std::string& tag, const std::string& name) {
+    return std::stod(tag.substr(tag.find(' ' + name + "=\"") + name.size() + 3));
+}
+
+std::vector<Words> WordsOf(const std::string& svg) {
+    std::vector<Words> all;
+    for (std::size_t at = svg.find("<text "); at != std::string::npos;
+         at = svg.find("<text ", at + 1)) {
+        const std::string tag = svg.substr(at, svg.find("</text>", at) - at);
+        const std::string text = tag.substr(tag.find('>') + 1);
+        EXPECT_EQ(tag.find("text-anchor"), std::string::npos);
+        const double size = NumberAfter(tag, "font-size");
+        all.push_back({NumberAfter(tag, "x"), NumberAfter(tag, "y"), size,
+                       0.5 * size * double(DisplayWidth(text))});
+    }
+    return all;
+}
+
+// The lines between arrows: each dimension's path begins with its line.
+std::vector<Words> DimensionsOf(const std::string& svg) {
+    std::vector<Words> all;
+    const std::string begin = "stroke=\"#b3472f\"";
+    for (std::size_t at = svg.find(begin); at != std::string::npos; at = svg.find(begin, at + 1)) {
+        double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+        const std::string way = svg.substr(svg.find(" d=\"", at) + 4, 80);
+        if (std::sscanf(way.c_str(), "M%lf %lfL%lf %lfM", &x0, &y0, &x1, &y1) != 4) continue;
+        all.push_back({std::min(x0, x1), std::max(y0, y1), std::fabs(y1 - y0), std::fabs(x1 - x0)});
+    }
+    return all;
+}
+
+// A small part, so that words are large beside it: the gaps' dimensions cross one another.
+TEST_F(SheetTest, NoWordsAreOnADimension) {
+    DrawingView* right = DrawingOf(*sheet_).AddProjected(*main_, {175, 100, 0});
+    DrawingOf(*sheet_).AddProjected(*main_, {100, 165, 0});
+    DrawingOf(*sheet_).AddProjected(*right, {250, 100, 0});
+    const std::string svg = SheetSvg(*sheet_, 1, 800);
+    const auto words = WordsOf(svg), dimensions = DimensionsOf(svg);
+    EXPECT_GE(dimensions.size(), 4u);
+    for (const Words& word : words) {
+        for (const Words& dimension : dimensions) {
+            EXPECT_FALSE(word.Meets(dimension)) << word.x << ' ' << word.y;
+        }
+    }
+}
+
+// The lower view is as narrow as its name is wide, and the gap's dimension is beside it.
+TEST_F(SheetTest, NoWordsCoverOthers) {
+    DrawingOf(*sheet_).AddProjected(*main_, {165, 100, 0});
+    DrawingOf(*sheet_).AddProjected(*below_, {165, 35, 0});
+    const auto words = WordsOf(SheetSvg(*sheet_, 1, 800));
+    EXPECT_EQ(words.size(), 4u + 3u + 1u);  // names, gaps, caption
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        for (std::size_t k = 0; k < i; ++k) EXPECT_FALSE(words[i].Meets(words[k])) << i << ' ' << k;
+    }
+}
+
+// By the first-angle rule the sign's place is the lower right corner of the frame, 10 inside the
+// sheet of 420 by 297; a view that lies there sends it to the lower left one.
+TEST_F(SheetTest, TheProjectionSignHasCentreLinesAndKeepsOutOfTheWayOfViews) {
+    const auto signAt = [&] {
+        const std::string svg = SheetSvg(*sheet_, 1, 800);
+        EXPECT_EQ(Count(svg, "<circle "), 2);
+        EXPECT_EQ(Count(svg, "stroke=\"#16202a\" stroke-width=\".16\" stroke-dasharray"), 3);
+        return NumberAfter(svg.substr(svg.find("<circle ")), "cx");
+    };
+    EXPECT_GT(signAt(), 400);
+    main_->at = {390, 30, 0};
+    DrawingOf(*sheet_).Regenerate(*main_);
+    EXPECT_LT(signAt(), 100);
+}
+
+TEST_F(SheetTest, AViewIsAGroupOfItsOwn) {
+    const std::string svg = SheetSvg(*sheet_, 1, 800);
+    EXPECT_EQ(Count(svg, "<g id=\"view1\"><title>主视图</title>"), 1);
+    EXPECT_EQ(Count(svg, "<g id=\"view2\"><title>俯视图</title>"), 1);
 }
 
 }  // namespace

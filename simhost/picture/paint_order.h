@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "simhost/app/picture_patches.h"
+#include "simhost/picture/patches.h"
 
 namespace simhost {
 

@@ -1,7 +1,11 @@
 // What stands on a sheet of a drawing, as lines.
-#include "simhost/app/sheet_lines.h"
+#include "simhost/picture/sheet_lines.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <unordered_set>
+#include <utility>
 
 namespace simhost {
 
@@ -40,6 +44,47 @@ std::string ShowsOf(const Drawing& drawing, const DrawingView& view, const std::
     return {};
 }
 
+// What draughtsmen call a view: after the side that it shows, whatever side of its parent it is on.
+std::string NameOf(const std::string& role, const std::string& shows) {
+    struct Row {
+        const char* shows;
+        const char* name;
+    };
+    static constexpr Row kNames[] = {{"from the front", "主视图"}, {"from behind", "后视图"},
+                                     {"from above", "俯视图"},     {"from below", "仰视图"},
+                                     {"from the left", "左视图"},  {"from the right", "右视图"}};
+    for (const Row& row : kNames) {
+        if (shows == row.shows) return row.name;
+    }
+    return role == "isometric" ? "轴测图" : role == "general" ? "一般视图" : "投影视图";
+}
+
+// Parts of one size in one place, and edges behind one another, give the same line many times.
+void KeepEachLineOnce(std::vector<DrawnLine>* lines) {
+    using Key = std::array<long long, 4>;
+    const auto keyOf = [](const DrawnLine& line) {
+        const auto whole = [](double length) { return std::llround(length * 1e4); };
+        const std::array<long long, 2> a{whole(line.x0), whole(line.y0)};
+        const std::array<long long, 2> b{whole(line.x1), whole(line.y1)};
+        const auto& [low, high] = std::minmax(a, b);
+        return Key{low[0], low[1], high[0], high[1]};
+    };
+    const auto hash = [](const Key& key) {
+        std::size_t sum = 0;
+        for (const long long part : key) sum = sum * 1000003 + std::hash<long long>()(part);
+        return sum;
+    };
+    std::unordered_set<Key, decltype(hash)> seen(lines->size(), hash);
+    std::vector<DrawnLine> kept;
+    // A hidden line that lies under a visible one is not seen.
+    for (const bool hidden : {false, true}) {
+        for (const DrawnLine& line : *lines) {
+            if (line.hidden == hidden && seen.insert(keyOf(line)).second) kept.push_back(line);
+        }
+    }
+    *lines = std::move(kept);
+}
+
 std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) {
     const Model* model = ModelOf(view);
     if (!model) return {};
@@ -52,6 +97,7 @@ std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) 
         const bool hidden = line.hidden && view.display.style != PRO_DISPSTYLE_WIREFRAME;
         line = {a.x, a.y, b.x, b.y, hidden};
     }
+    KeepEachLineOnce(&lines);
     return lines;
 }
 
@@ -63,7 +109,8 @@ std::vector<ViewOnSheet> ViewsOnSheet(Model& drawing, int sheet) {
     for (const auto& view : all.views()) {
         if (view->sheet != sheet) continue;
         const std::string role = RoleOf(all, *view);
-        views.push_back({view.get(), all.OutlineOf(*view), role, ShowsOf(all, *view, role),
+        const std::string shows = ShowsOf(all, *view, role);
+        views.push_back({view.get(), all.OutlineOf(*view), role, shows, NameOf(role, shows),
                          LinesOf(all, *view)});
     }
     return views;

@@ -1,16 +1,19 @@
-// Writes pictures as SVG: the frame and its scale, the painted patches gathered by parts, and the
-// caption below them.
-#include "simhost/app/picture.h"
+// Paints a model in an isometric view: the frame and its scale, the patches gathered by parts, and
+// the caption below them.
+#include "simhost/picture/isometric.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "simhost/app/picture_order.h"
-#include "simhost/app/picture_patches.h"
-#include "simhost/app/svg_text.h"
 #include "simhost/core/text.h"
+#include "simhost/picture/paint_order.h"
+#include "simhost/picture/patches.h"
+#include "simhost/picture/svg_canvas.h"
 
 namespace simhost {
 
@@ -22,8 +25,8 @@ constexpr double kCaptionHeight = 64;
 constexpr double kTallest = 1.25;  // height of the model's picture to its width, at most
 
 std::string NameAndTitle(const Model& model, const char* between) {
-    const std::string name = SvgText(Utf8(model.name));
-    return model.title.empty() ? name : name + between + SvgText(model.title);
+    const std::string name = Utf8(model.name);
+    return model.title.empty() ? name : name + between + model.title;
 }
 
 // The scale of a picture: one number of two digits to one.
@@ -52,17 +55,20 @@ struct Frame {
     double left = 0, high = 0;  // of the view, at the picture's upper left corner
 };
 
-std::string PointText(const Frame& frame, Vec3 p) {
-    return SvgNumber(p.x - frame.left) + ' ' + SvgNumber(frame.high - p.y);
-}
+// Paths in the picture's own coordinates.
+struct FramedPath {
+    const Frame& frame;
+    Path path;
+    void MoveTo(Vec3 p) { path.MoveTo(p.x - frame.left, frame.high - p.y); }
+    void LineTo(Vec3 p) { path.LineTo(p.x - frame.left, frame.high - p.y); }
+};
 
 // The edges of a patch that are drawn, as lines as long as possible.
-std::string EdgeText(const Frame& frame, const Patch& patch) {
+void AddEdges(const Patch& patch, FramedPath* edges) {
     const std::size_t n = patch.corners.size();
     std::size_t start = 0;  // after an edge that is not drawn, if there is one
     while (start < n && patch.drawn[(start + n - 1) % n]) ++start;
     if (start == n) start = 0;
-    std::string text;
     bool down = false;
     for (std::size_t k = 0; k < n; ++k) {
         const std::size_t i = (start + k) % n;
@@ -70,44 +76,34 @@ std::string EdgeText(const Frame& frame, const Patch& patch) {
             down = false;
             continue;
         }
-        if (!down) text += 'M' + PointText(frame, patch.corners[i]);
-        text += 'L' + PointText(frame, patch.corners[(i + 1) % n]);
+        if (!down) edges->MoveTo(patch.corners[i]);
+        edges->LineTo(patch.corners[(i + 1) % n]);
         down = true;
     }
-    return text;
 }
 
 // Patches of one surface and one colour that follow each other: their areas, then their edges.
-void AddFill(const Frame& frame, const std::vector<Patch>& patches, std::size_t from,
-             std::size_t to, std::string* svg) {
+void PaintPatches(const Frame& frame, const std::vector<Patch>& patches, std::size_t from,
+                  std::size_t to, Canvas& canvas) {
     const Patch& first = patches[from];
-    std::string area, edges;
+    FramedPath area{frame, {}}, edges{frame, {}};
     for (std::size_t i = from; i < to; ++i) {
         const auto& corners = patches[i].corners;
         for (std::size_t k = 0; k < corners.size(); ++k) {
-            area += (k == 0 ? 'M' : 'L') + PointText(frame, corners[k]);
+            k == 0 ? area.MoveTo(corners[k]) : area.LineTo(corners[k]);
         }
-        area += 'Z';
-        edges += EdgeText(frame, patches[i]);
+        area.path.Close();
+        AddEdges(patches[i], &edges);
     }
-    *svg += "<path fill=\"" + first.fill + '"';
-    if (first.opacity < 1) {
-        *svg += " fill-opacity=\"" + SvgNumber(first.opacity) + '"';
-    } else {
-        *svg += " stroke=\"" + first.fill + '"';  // closes the hairline between neighbours
-    }
-    *svg += " d=\"" + area + "\"/>\n";
-    if (edges.empty()) return;
-    *svg += "<path fill=\"none\" stroke=\"" + first.ink + "\" stroke-width=\".7\"";
-    if (first.opacity < 1) *svg += " stroke-opacity=\".6\"";
-    *svg += " d=\"" + edges + "\"/>\n";
+    canvas.Area(area.path, first.fill, first.opacity);
+    canvas.Stroke(edges.path, {first.ink, 0.7, {}, first.opacity < 1 ? 0.6 : 1});
 }
 
-void AddParts(const Frame& frame, const std::vector<Occurrence>& occurrences,
-              const std::vector<Patch>& painted, std::string* svg) {
+void PaintParts(const Frame& frame, const std::vector<Occurrence>& occurrences,
+                const std::vector<Patch>& painted, Canvas& canvas) {
     for (std::size_t i = 0; i < painted.size();) {
         const std::size_t occurrence = painted[i].occurrence;
-        *svg += "<g><title>" + NameAndTitle(*occurrences[occurrence].part, " – ") + "</title>\n";
+        canvas.BeginGroup("", NameAndTitle(*occurrences[occurrence].part, " – "));
         while (i < painted.size() && painted[i].occurrence == occurrence) {
             std::size_t end = i + 1;
             while (end < painted.size() && painted[end].occurrence == occurrence &&
@@ -115,15 +111,15 @@ void AddParts(const Frame& frame, const std::vector<Occurrence>& occurrences,
                    painted[end].fill == painted[i].fill) {
                 ++end;
             }
-            AddFill(frame, painted, i, end, svg);
+            PaintPatches(frame, painted, i, end, canvas);
             i = end;
         }
-        *svg += "</g>\n";
+        canvas.EndGroup();
     }
 }
 
 // The three directions, so that one knows which side is looked at.
-void AddAxes(double x, double y, std::string* svg) {
+void PaintAxes(double x, double y, Canvas& canvas) {
     struct Axis {
         const char* name;
         const char* colour;
@@ -133,29 +129,23 @@ void AddAxes(double x, double y, std::string* svg) {
         {"x", "#b03a2e", {1, 0, 0}}, {"y", "#2e7d32", {0, 1, 0}}, {"z", "#1f4e9c", {0, 0, 1}}};
     for (const Axis& axis : axes) {
         const Vec3 way = InView(axis.way);
-        *svg += std::string("<path stroke=\"") + axis.colour + "\" stroke-width=\"1.4\" d=\"M" +
-                SvgNumber(x) + ' ' + SvgNumber(y) + 'L' + SvgNumber(x + 24 * way.x) + ' ' +
-                SvgNumber(y - 24 * way.y) + "\"/>";
-        *svg += std::string("<text fill=\"") + axis.colour + "\" font-size=\"11\" x=\"" +
-                SvgNumber(x + 32 * way.x - 3) + "\" y=\"" + SvgNumber(y - 32 * way.y + 4) + "\">" +
-                axis.name + "</text>\n";
+        Path line;
+        line.MoveTo(x, y);
+        line.LineTo(x + 24 * way.x, y - 24 * way.y);
+        canvas.Stroke(line, {axis.colour, 1.4, {}, 1});
+        canvas.Text(x + 32 * way.x - 3, y - 32 * way.y + 4, {11, axis.colour}, axis.name);
     }
 }
 
-void AddCaption(const Frame& frame, const Model& top, std::size_t parts, std::string* svg) {
+void PaintCaption(const Frame& frame, const Model& top, std::size_t parts, Canvas& canvas) {
     const double y = frame.height - kCaptionHeight + 28;
-    *svg += "<g font-family=\"Noto Sans CJK SC,Microsoft YaHei,Liberation Sans,sans-serif\">\n";
-    AddAxes(kMargin + 16, y + 6, svg);
-    const std::string at = "<text x=\"" + SvgNumber(kMargin + 64) + "\" y=\"";
-    *svg += at + SvgNumber(y) + "\" font-size=\"17\" font-weight=\"bold\" fill=\"#26323d\">" +
-            NameAndTitle(top, "  ") + "</text>\n";
-    std::string facts = "nothing to show";
-    if (parts > 0) {
-        facts = std::to_string(parts) + (parts == 1 ? " part" : " parts") + ", scale " +
-                frame.scale.Text();
-    }
-    *svg += at + SvgNumber(y + 20) + "\" font-size=\"13\" fill=\"#5c6873\">" + facts + "</text>\n";
-    *svg += "</g>\n";
+    PaintAxes(kMargin + 16, y + 6, canvas);
+    canvas.Text(kMargin + 64, y, {17, "#26323d", Letters::Anchor::Start, true},
+                NameAndTitle(top, "  "));
+    const std::string facts = parts > 0
+                                  ? fmt::format("{} 个零件，比例 {}", parts, frame.scale.Text())
+                                  : "没有可显示的零件";
+    canvas.Text(kMargin + 64, y + 20, {13, "#5c6873"}, facts);
 }
 
 // The largest scale of two digits at which the extents of all parts fit.
@@ -192,23 +182,22 @@ Frame FrameFor(const std::vector<Occurrence>& occurrences, double width) {
 
 }  // namespace
 
-std::string IsometricSvg(Session& session, Model& top, int widthPixels) {
-    const std::vector<Occurrence> occurrences = VisibleParts(session, top);
+Picture IsometricPicture(Session& session, Model& top, int widthPixels) {
+    std::vector<Occurrence> occurrences = VisibleParts(session, top);
     const Frame frame = FrameFor(occurrences, std::max(widthPixels, 160));
-    const std::vector<Patch> painted =
-        PaintOrder(PatchesOf(occurrences, frame.scale.PixelsPerMm()));
+    std::vector<Patch> painted = PaintOrder(PatchesOf(occurrences, frame.scale.PixelsPerMm()));
+    Picture picture{frame.width, frame.height, frame.width, frame.height, {}};
+    picture.paint = [frame, &top, occurrences = std::move(occurrences),
+                     painted = std::move(painted)](Canvas& canvas) {
+        canvas.Box({0, 0, frame.width, frame.height}, "#f7f8f9", nullptr);
+        PaintParts(frame, occurrences, painted, canvas);
+        PaintCaption(frame, top, occurrences.size(), canvas);
+    };
+    return picture;
+}
 
-    const std::string width = SvgNumber(frame.width), height = SvgNumber(frame.height);
-    const std::string size = "width=\"" + width + "\" height=\"" + height + '"';
-    std::string svg = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-    svg += "<svg xmlns=\"http://www.w3.org/2000/svg\" " + size + " viewBox=\"0 0 " + width + ' ' +
-           height + "\">\n";
-    svg += "<rect " + size + " fill=\"#f7f8f9\"/>\n";
-    svg += "<g stroke-width=\".5\" stroke-linejoin=\"round\" stroke-linecap=\"round\">\n";
-    AddParts(frame, occurrences, painted, &svg);
-    svg += "</g>\n";
-    AddCaption(frame, top, occurrences.size(), &svg);
-    return svg + "</svg>\n";
+std::string IsometricSvg(Session& session, Model& top, int widthPixels) {
+    return SvgOf(IsometricPicture(session, top, widthPixels));
 }
 
 std::string ColourText(const ProdbSurfaceProps& props) {

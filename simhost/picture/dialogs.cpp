@@ -1,15 +1,17 @@
 // Dialogs as a designer would see them: grids are measured from the inside out, spare room goes to
 // the rows and columns with a weight, and every component is drawn at its place.
-#include "simhost/app/dialog_picture.h"
+#include "simhost/picture/dialogs.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <numeric>
 #include <stdexcept>
 
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
+#include "simhost/picture/cairo_canvas.h"
 #include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
 #include "simhost/ui/drawingarea.h"
@@ -17,21 +19,9 @@
 #include "simhost/ui/table.h"
 #include "simhost/ui/textfield.h"
 
-#ifndef _WIN32
-#include <cairo.h>
-#endif
-
 namespace fs = std::filesystem;
 
 namespace simhost {
-
-#ifdef _WIN32
-
-std::vector<fs::path> DrawDialogs(const fs::path&, const fs::path&) {
-    throw std::runtime_error("pictures of dialogs are not drawn on Windows");
-}
-
-#else
 
 namespace {
 
@@ -41,97 +31,56 @@ constexpr double kGap = 8;     // between components
 constexpr double kPad = 10;    // inside frames
 constexpr double kMark = 18;   // a radio or check mark with its gap
 constexpr double kTitle = 30;  // the window's title bar
-constexpr const char* kFamilies[] = {"WenQuanYi Zen Hei", "Noto Sans CJK SC", "SimSun"};
 
 struct Size {
     double width = 0, height = 0;
 };
-struct Area {
-    double x = 0, y = 0, width = 0, height = 0;
-};
+using Area = Rectangle;
 
-// A surface to draw on; a small one serves for measuring.
-class Canvas {
+// "#rrggbb" of a grey from 0, black, to 1, white.
+std::string Grey(double grey) {
+    const int byte = int(std::lround(255 * grey));
+    return fmt::format("#{0:02x}{0:02x}{0:02x}", byte);
+}
+
+constexpr double kInk = 0.25;  // marks and lines
+
+// A canvas with the few things that dialogs are made of; null: only to measure with.
+class Brush {
 public:
-    explicit Canvas(Size size)
-        : surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, int(std::lround(size.width)),
-                                              int(std::lround(size.height))),
-                   cairo_surface_destroy),
-          cairo_(cairo_create(surface_.get()), cairo_destroy) {
-        SelectFont();
-        cairo_set_line_width(cairo_.get(), 1);
-    }
+    Brush(Canvas* canvas, const Ruler& ruler) : canvas_(canvas), ruler_(ruler) {}
 
-    double Width(const std::string& text) const {
-        cairo_text_extents_t extents;
-        cairo_text_extents(cairo_.get(), text.c_str(), &extents);
-        return extents.x_advance;
-    }
+    double Width(const std::string& text) const { return ruler_.Width(text, kFontSize); }
     void Text(double x, double baseline, const std::string& text, double grey = 0.1) {
-        cairo_set_source_rgb(cairo_.get(), grey, grey, grey);
-        cairo_move_to(cairo_.get(), x, baseline);
-        cairo_show_text(cairo_.get(), text.c_str());
+        canvas_->Text(x, baseline, {kFontSize, Grey(grey)}, text);
     }
-    void Fill(Area area, double grey) {
-        cairo_set_source_rgb(cairo_.get(), grey, grey, grey);
-        cairo_rectangle(cairo_.get(), area.x, area.y, area.width, area.height);
-        cairo_fill(cairo_.get());
-    }
-    void Frame(Area area, double grey) {
-        cairo_set_source_rgb(cairo_.get(), grey, grey, grey);
-        cairo_rectangle(cairo_.get(), int(area.x) + 0.5, int(area.y) + 0.5, int(area.width),
-                        int(area.height));
-        cairo_stroke(cairo_.get());
+    void Fill(Area area, double grey) { canvas_->Box(area, Grey(grey), nullptr); }
+    // On whole pixels, so that lines are sharp.
+    void Frame(Area area, double grey, double width = 1) {
+        const Pen pen{Grey(grey), width, {}, 1};
+        canvas_->Box({std::floor(area.x) + 0.5, std::floor(area.y) + 0.5, std::floor(area.width),
+                      std::floor(area.height)},
+                     "", &pen);
     }
     void Circle(double x, double y, double radius, bool filled) {
-        cairo_set_source_rgb(cairo_.get(), 0.25, 0.25, 0.25);
-        cairo_new_path(cairo_.get());
-        cairo_arc(cairo_.get(), x, y, radius, 0, 6.2831853);
-        if (filled) {
-            cairo_fill(cairo_.get());
-        } else {
-            cairo_stroke(cairo_.get());
-        }
+        const double width = filled ? radius : 1;
+        canvas_->Circle(x, y, filled ? radius / 2 : radius, {Grey(kInk), width, {}, 1});
     }
     void Line(double x1, double y1, double x2, double y2) {
-        cairo_set_source_rgb(cairo_.get(), 0.25, 0.25, 0.25);
-        cairo_move_to(cairo_.get(), x1, y1);
-        cairo_line_to(cairo_.get(), x2, y2);
-        cairo_stroke(cairo_.get());
-    }
-    void Write(const fs::path& file) {
-        if (cairo_surface_write_to_png(surface_.get(), file.c_str()) != CAIRO_STATUS_SUCCESS) {
-            throw std::runtime_error("cannot write " + file.string());
-        }
+        Path line;
+        line.MoveTo(x1, y1);
+        line.LineTo(x2, y2);
+        canvas_->Stroke(line, {Grey(kInk), 1, {}, 1});
     }
 
 private:
-    // The first family that has Chinese characters.
-    void SelectFont() {
-        for (const char* family : kFamilies) {
-            cairo_select_font_face(cairo_.get(), family, CAIRO_FONT_SLANT_NORMAL,
-                                   CAIRO_FONT_WEIGHT_NORMAL);
-            cairo_set_font_size(cairo_.get(), kFontSize);
-            cairo_glyph_t* glyphs = nullptr;
-            int count = 0;
-            const std::string sample = "设";
-            cairo_scaled_font_text_to_glyphs(cairo_get_scaled_font(cairo_.get()), 0, 0,
-                                             sample.c_str(), int(sample.size()), &glyphs, &count,
-                                             nullptr, nullptr, nullptr);
-            const bool has = count == 1 && glyphs && glyphs[0].index != 0;
-            cairo_glyph_free(glyphs);
-            if (has) return;
-        }
-        throw std::runtime_error("no font with Chinese characters; install fonts-wqy-zenhei");
-    }
-
-    std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> surface_;
-    std::unique_ptr<cairo_t, void (*)(cairo_t*)> cairo_;
+    Canvas* canvas_;
+    const Ruler& ruler_;
 };
 
 class Painter {
 public:
-    Painter(const Dialog& dialog, Canvas& canvas) : dialog_(dialog), canvas_(canvas) {}
+    Painter(const Dialog& dialog, Brush& brush) : dialog_(dialog), brush_(brush) {}
 
     Size Measure(const Grid& grid) const {
         if (!grid.component.empty()) return MeasureComponent(grid.component);
@@ -194,7 +143,7 @@ private:
         if (const Grid* inner = Inner(name)) {
             const Size size = Measure(*inner);
             if (label.empty()) return size;
-            return {std::max(size.width, canvas_.Width(label)) + 2 * kPad,
+            return {std::max(size.width, brush_.Width(label)) + 2 * kPad,
                     size.height + 2 * kPad + kLine * 0.75};
         }
         if (const auto* group = dynamic_cast<const RadioGroup*>(&component)) return Marks(*group);
@@ -205,7 +154,7 @@ private:
             return {field->columns() * kFontSize * 0.6 + 2 * kPad, kLine + 4};
         }
         if (dynamic_cast<const CheckButton*>(&component)) {
-            return {kMark + canvas_.Width(label), kLine};
+            return {kMark + brush_.Width(label), kLine};
         }
         if (const auto* table = dynamic_cast<const Table*>(&component)) {
             return {table->widthInCharacters() * kFontSize * 0.6 + kPad,
@@ -215,15 +164,15 @@ private:
             return {double(area->width()), double(area->height())};
         }
         if (dynamic_cast<const PushButton*>(&component)) {
-            return {std::max(canvas_.Width(label) + 2 * kPad, 30.0), kLine + 6};
+            return {std::max(brush_.Width(label) + 2 * kPad, 30.0), kLine + 6};
         }
-        return {canvas_.Width(label), kLine};
+        return {brush_.Width(label), kLine};
     }
 
     Size Marks(const RadioGroup& group) const {
         Size size;
         for (const std::string& label : group.labels()) {
-            const double width = kMark + canvas_.Width(label);
+            const double width = kMark + brush_.Width(label);
             if (group.horizontal()) {
                 size.width += width + (size.width > 0 ? 2 * kGap : 0);
                 size.height = kLine;
@@ -250,28 +199,28 @@ private:
         }
         if (const auto* check = dynamic_cast<const CheckButton*>(&component)) {
             const Area mark{area.x, area.y + area.height / 2 - 6, 12, 12};
-            canvas_.Fill(mark, 1);
-            canvas_.Frame(mark, 0.4);
+            brush_.Fill(mark, 1);
+            brush_.Frame(mark, 0.4);
             if (check->set) {
-                canvas_.Line(mark.x + 2, mark.y + 6, mark.x + 5, mark.y + 10);
-                canvas_.Line(mark.x + 5, mark.y + 10, mark.x + 11, mark.y + 2);
+                brush_.Line(mark.x + 2, mark.y + 6, mark.x + 5, mark.y + 10);
+                brush_.Line(mark.x + 5, mark.y + 10, mark.x + 11, mark.y + 2);
             }
-            return canvas_.Text(area.x + kMark, Baseline(area), label);
+            return brush_.Text(area.x + kMark, Baseline(area), label);
         }
         if (const auto* table = dynamic_cast<const Table*>(&component)) {
             return DrawTable(*table, area);
         }
-        if (dynamic_cast<const DrawingArea*>(&component)) return canvas_.Frame(area, 0.8);
+        if (dynamic_cast<const DrawingArea*>(&component)) return brush_.Frame(area, 0.8);
         if (dynamic_cast<const PushButton*>(&component)) return DrawButton(component, area);
-        canvas_.Text(area.x, Baseline(area), label);
+        brush_.Text(area.x, Baseline(area), label);
     }
 
     void DrawGroup(const std::string& label, const Grid& inner, Area area) {
         if (label.empty()) return Draw(inner, area);
-        canvas_.Frame({area.x, area.y + kLine / 2, area.width - 1, area.height - kLine / 2 - 1},
-                      0.7);
-        canvas_.Fill({area.x + kPad - 3, area.y, canvas_.Width(label) + 6, kLine}, 0.94);
-        canvas_.Text(area.x + kPad, area.y + kLine * 0.72, label, 0.3);
+        brush_.Frame({area.x, area.y + kLine / 2, area.width - 1, area.height - kLine / 2 - 1},
+                     0.7);
+        brush_.Fill({area.x + kPad - 3, area.y, brush_.Width(label) + 6, kLine}, 0.94);
+        brush_.Text(area.x + kPad, area.y + kLine * 0.72, label, 0.3);
         Draw(inner, {area.x + kPad, area.y + kPad + kLine * 0.75, area.width - 2 * kPad,
                      area.height - 2 * kPad - kLine * 0.75});
     }
@@ -281,11 +230,11 @@ private:
         double x = area.x;
         double y = area.y + (area.height - double(lines) * kLine) / 2;
         for (std::size_t i = 0; i < group.labels().size(); ++i) {
-            canvas_.Circle(x + 6, y + kLine / 2, 6, false);
-            if (group.selected() == i) canvas_.Circle(x + 6, y + kLine / 2, 3, true);
-            canvas_.Text(x + kMark, y + kLine / 2 + kFontSize * 0.36, group.labels()[i]);
+            brush_.Circle(x + 6, y + kLine / 2, 6, false);
+            if (group.selected() == i) brush_.Circle(x + 6, y + kLine / 2, 3, true);
+            brush_.Text(x + kMark, y + kLine / 2 + kFontSize * 0.36, group.labels()[i]);
             if (group.horizontal()) {
-                x += kMark + canvas_.Width(group.labels()[i]) + 2 * kGap;
+                x += kMark + brush_.Width(group.labels()[i]) + 2 * kGap;
             } else {
                 y += kLine;
             }
@@ -298,74 +247,80 @@ private:
         if (!dynamic_cast<const TextArea*>(&field)) {
             area = {area.x, area.y + (area.height - kLine - 4) / 2, area.width, kLine + 4};
         }
-        canvas_.Fill(area, 1);
-        canvas_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.6);
-        canvas_.Text(area.x + 5, area.y + kLine * 0.8, Utf8(field.value));
+        brush_.Fill(area, 1);
+        brush_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.6);
+        brush_.Text(area.x + 5, area.y + kLine * 0.8, Utf8(field.value));
         if (!menu) return;
         const double x = area.x + area.width - 14;
         const double y = area.y + area.height / 2 - 2;
-        canvas_.Line(x, y, x + 4, y + 5);
-        canvas_.Line(x + 4, y + 5, x + 8, y);
+        brush_.Line(x, y, x + 4, y + 5);
+        brush_.Line(x + 4, y + 5, x + 8, y);
     }
 
     // Columns are as wide as their longest text; the lines below the last row are empty.
     void DrawTable(const Table& table, Area area) {
-        canvas_.Fill(area, 1);
-        canvas_.Fill({area.x, area.y, area.width, kLine}, 0.88);
+        brush_.Fill(area, 1);
+        brush_.Fill({area.x, area.y, area.width, kLine}, 0.88);
         const std::size_t rows =
             std::min(table.rows().size(), std::size_t(std::max(table.visibleRows(), 0)));
         double x = area.x;
         for (std::size_t i = 0; i < table.columns().size(); ++i) {
-            double width = canvas_.Width(Utf8(table.columns()[i].label));
+            double width = brush_.Width(Utf8(table.columns()[i].label));
             for (std::size_t k = 0; k < rows; ++k) {
-                width = std::max(width, canvas_.Width(Utf8(table.rows()[k].cells[i].label)));
+                width = std::max(width, brush_.Width(Utf8(table.rows()[k].cells[i].label)));
             }
             width += 2 * kPad;
             for (std::size_t k = 0; k < rows; ++k) {
                 const TableCell& cell = table.rows()[k].cells[i];
                 const Area place{x, area.y + double(k + 1) * kLine, width, kLine};
-                if (cell.colour) canvas_.Fill(place, 0.8);
-                canvas_.Text(x + kPad, Baseline(place), Utf8(cell.label));
+                if (cell.colour) brush_.Fill(place, 0.8);
+                brush_.Text(x + kPad, Baseline(place), Utf8(cell.label));
             }
-            canvas_.Text(x + kPad, Baseline({x, area.y, width, kLine}),
-                         Utf8(table.columns()[i].label), 0.3);
+            brush_.Text(x + kPad, Baseline({x, area.y, width, kLine}),
+                        Utf8(table.columns()[i].label), 0.3);
             x += width;
-            canvas_.Line(x, area.y, x, area.y + area.height);
+            brush_.Line(x, area.y, x, area.y + area.height);
         }
-        canvas_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.6);
+        brush_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.6);
     }
 
     void DrawButton(const Component& button, Area area) {
         area = {area.x, area.y + (area.height - kLine - 6) / 2, area.width, kLine + 6};
         const std::string label = Utf8(button.label);
-        canvas_.Fill(area, 0.88);
-        canvas_.Frame({area.x, area.y, area.width - 1, area.height - 1}, 0.55);
-        canvas_.Text(area.x + (area.width - canvas_.Width(label)) / 2, Baseline(area), label,
-                     button.enabled ? 0.1 : 0.6);
+        const auto* byEnter = dialog_.resource().Find("", "DefaultButton");
+        const bool isDefault = byEnter && !byEnter->empty() && byEnter->front() == button.name();
+        brush_.Fill(area, 0.88);
+        brush_.Frame({area.x, area.y, area.width - 1, area.height - 1}, isDefault ? 0.2 : 0.55,
+                     isDefault ? 2 : 1);
+        brush_.Text(area.x + (area.width - brush_.Width(label)) / 2, Baseline(area), label,
+                    button.enabled ? 0.1 : 0.6);
     }
 
     const Dialog& dialog_;
-    Canvas& canvas_;
+    Brush& brush_;
 };
 
-void DrawDialog(const Dialog& dialog, const fs::path& file) {
+Picture PictureOf(const Dialog& dialog, const Ruler& ruler) {
     const auto own = dialog.resource().layouts.find("");
     if (own == dialog.resource().layouts.end()) {
         throw std::runtime_error(dialog.name() + ": the dialog has no layout");
     }
-    Canvas ruler({10, 10});
+    Brush measuring(nullptr, ruler);
     const std::string title = Utf8(dialog.title());
-    Size size = Painter(dialog, ruler).Measure(own->second);
-    size.width = std::max(size.width, ruler.Width(title) + 60);
-    const Size whole{size.width + 4 * kPad, size.height + 4 * kPad + kTitle};
-    Canvas canvas(whole);
-    canvas.Fill({0, 0, whole.width, whole.height}, 0.94);
-    canvas.Fill({0, 0, whole.width, kTitle}, 0.80);
-    canvas.Text(2 * kPad, kTitle * 0.68, title);
-    canvas.Frame({0, 0, whole.width - 1, whole.height - 1}, 0.5);
-    Painter(dialog, canvas)
-        .Draw(own->second, {2 * kPad, kTitle + 2 * kPad, size.width, size.height});
-    canvas.Write(file);
+    Size size = Painter(dialog, measuring).Measure(own->second);
+    size.width = std::max(size.width, measuring.Width(title) + 60);
+    const Size whole{std::ceil(size.width + 4 * kPad), std::ceil(size.height + 4 * kPad + kTitle)};
+    Picture picture{whole.width, whole.height, whole.width, whole.height, {}};
+    picture.paint = [&dialog, &ruler, own, title, size, whole](Canvas& canvas) {
+        Brush brush(&canvas, ruler);
+        brush.Fill({0, 0, whole.width, whole.height}, 0.94);
+        brush.Fill({0, 0, whole.width, kTitle}, 0.80);
+        brush.Text(2 * kPad, kTitle * 0.68, title);
+        brush.Frame({0, 0, whole.width - 1, whole.height - 1}, 0.5);
+        Painter(dialog, brush)
+            .Draw(own->second, {2 * kPad, kTitle + 2 * kPad, size.width, size.height});
+    };
+    return picture;
 }
 
 }  // namespace
@@ -377,16 +332,15 @@ std::vector<fs::path> DrawDialogs(const fs::path& resources, const fs::path& out
     }
     std::sort(files.begin(), files.end());
     fs::create_directories(out);
+    const Ruler ruler;
     std::vector<fs::path> pictures;
     for (const fs::path& file : files) {
         const Dialog dialog(file.stem().string(),
                             ParseResource(ReadFile(file), file.filename().string()));
         pictures.push_back(out / (file.stem().string() + ".png"));
-        DrawDialog(dialog, pictures.back());
+        WritePng(PictureOf(dialog, ruler), pictures.back());
     }
     return pictures;
 }
-
-#endif
 
 }  // namespace simhost

@@ -15,7 +15,9 @@ struct ViewOnSheet {
     Extents outline;
     std::string role;              // "main", "below", "rear", "isometric" …
     std::string shows;             // "from above"; empty where there is no short word for it
-    std::vector<DrawnLine> lines;  // on the sheet, as the view's display style wants them
+    std::string name;              // as draughtsmen call it: 主视图, 俯视图 …
+    std::vector<DrawnLine> lines;  // on the sheet, as the view's display style wants them; each
+                                   // once, and as a visible one if it is both
 };
 
 // The views of a sheet in the order of their making. A view whose model is gone has no lines.

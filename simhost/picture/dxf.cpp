@@ -1,14 +1,14 @@
 // Sheets of drawings as drawing-exchange text: pairs of lines, a number that says what the next
 // line is, and that value.
-#include "simhost/app/dxf.h"
+#include "simhost/picture/dxf.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <vector>
 
-#include "simhost/app/sheet_lines.h"
 #include "simhost/core/text.h"
+#include "simhost/picture/sheet_lines.h"
 
 namespace simhost {
 
@@ -52,6 +52,17 @@ public:
         Pair(8, layer);
         Point(10, x0, y0);
         Point(11, x1, y1);
+    }
+    // Letters that the code page lacks are written by their numbers, as readers of the format know
+    // them.
+    void Text(const WideText& text) {
+        std::string bytes;
+        for (const WideChar c : text) {
+            const WideText one(1, c);
+            const bool there = FromSystemCodePage(ToSystemCodePage(one)) == one;
+            bytes += there ? Utf8(one) : fmt::format("\\U+{:04X}", unsigned(c));
+        }
+        Pair(1, bytes);
     }
     std::string& text() { return text_; }
 
@@ -132,7 +143,7 @@ void AddFrame(const Model& drawing, SheetSize size, Writer* out) {
     out->Pair(8, "TEXT");
     out->Point(10, 20, 20);
     out->Pair(40, 7.0);
-    out->Pair(1, Utf8(drawing.name));
+    out->Text(drawing.name);
 }
 
 }  // namespace
@@ -150,6 +161,8 @@ std::string SheetDxf(Model& drawing, int sheet) {
         all.Add(view.outline.high);
     }
     Writer out;
+    out.Pair(999,
+             "Drawing exchange text (DXF, release 12), written by the simulated host of Vorlatix");
     AddHeader(all, size, &out);
     AddTables(&out);
     out.Begin("ENTITIES");

@@ -4,7 +4,7 @@
 // Two patches need an order only where one covers the other on the screen. Each pair is compared
 // there; a pair that crosses is cut. What is left is a graph that can be walked from the back.
 // Patches that cover each other in a circle go through a BSP tree, which cuts the circle open.
-#include "simhost/app/picture_order.h"
+#include "simhost/picture/paint_order.h"
 
 #include <algorithm>
 #include <cmath>

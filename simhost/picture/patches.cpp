@@ -1,6 +1,6 @@
 // Finds the parts that can be seen, wraps each in facets, and gives every facet its place in the
 // view and its colour in the light.
-#include "simhost/app/picture_patches.h"
+#include "simhost/picture/patches.h"
 
 #include <algorithm>
 #include <cmath>

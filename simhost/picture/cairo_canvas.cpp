@@ -1,0 +1,172 @@
+// Paints pictures with cairo.
+#include "simhost/picture/cairo_canvas.h"
+
+#include <cairo-pdf.h>
+
+#include <cairo.h>
+#include <cmath>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace simhost {
+
+namespace {
+
+using Surface = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
+using Context = std::unique_ptr<cairo_t, void (*)(cairo_t*)>;
+
+// The first of these that has Chinese characters is used.
+constexpr const char* kFamilies[] = {"WenQuanYi Zen Hei", "Noto Sans CJK SC", "SimSun"};
+
+bool HasChinese(cairo_t* cairo) {
+    cairo_glyph_t* glyphs = nullptr;
+    int count = 0;
+    const std::string sample = "设";
+    cairo_scaled_font_text_to_glyphs(cairo_get_scaled_font(cairo), 0, 0, sample.c_str(),
+                                     int(sample.size()), &glyphs, &count, nullptr, nullptr,
+                                     nullptr);
+    const bool has = count == 1 && glyphs && glyphs[0].index != 0;
+    cairo_glyph_free(glyphs);
+    return has;
+}
+
+const char* Family(cairo_t* cairo) {
+    for (const char* family : kFamilies) {
+        cairo_select_font_face(cairo, family, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+        if (HasChinese(cairo)) return family;
+    }
+    throw std::runtime_error("no font with Chinese characters; install fonts-wqy-zenhei");
+}
+
+class CairoCanvas : public Canvas {
+public:
+    explicit CairoCanvas(cairo_t* cairo) : cairo_(cairo), family_(Family(cairo)) {
+        cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_ROUND);
+        cairo_set_line_cap(cairo_, CAIRO_LINE_CAP_ROUND);
+    }
+
+    void BeginGroup(const std::string&, const std::string&) override {}
+    void EndGroup() override {}
+
+    void Area(const Path& path, const std::string& fill, double opacity) override {
+        Follow(path);
+        SetColour(fill, opacity);
+        if (opacity < 1) return cairo_fill(cairo_);
+        cairo_fill_preserve(cairo_);
+        cairo_set_dash(cairo_, nullptr, 0, 0);
+        cairo_set_line_width(cairo_, 0.5);
+        cairo_stroke(cairo_);
+    }
+    void Stroke(const Path& path, const Pen& pen) override {
+        Follow(path);
+        Draw(pen);
+    }
+    void Circle(double x, double y, double radius, const Pen& pen) override {
+        cairo_new_path(cairo_);
+        cairo_arc(cairo_, x, y, radius, 0, 2 * std::acos(-1.0));
+        Draw(pen);
+    }
+    void Box(const Rectangle& box, const std::string& fill, const Pen* pen) override {
+        cairo_new_path(cairo_);
+        cairo_rectangle(cairo_, box.x, box.y, box.width, box.height);
+        if (!fill.empty()) {
+            SetColour(fill, 1);
+            cairo_fill_preserve(cairo_);
+        }
+        if (pen) Draw(*pen);
+        cairo_new_path(cairo_);
+    }
+    void Text(double x, double y, const Letters& letters, const std::string& text) override {
+        cairo_select_font_face(cairo_, family_, CAIRO_FONT_SLANT_NORMAL,
+                               letters.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+        cairo_set_font_size(cairo_, letters.size);
+        SetColour(letters.colour, 1);
+        cairo_text_extents_t extents;
+        cairo_text_extents(cairo_, text.c_str(), &extents);
+        if (letters.anchor == Letters::Anchor::Middle) x -= extents.x_advance / 2;
+        if (letters.anchor == Letters::Anchor::End) x -= extents.x_advance;
+        cairo_move_to(cairo_, x, y);
+        cairo_show_text(cairo_, text.c_str());
+    }
+
+private:
+    void SetColour(const std::string& colour, double opacity) {
+        const long rgb = std::strtol(colour.c_str() + 1, nullptr, 16);
+        cairo_set_source_rgba(cairo_, double(rgb >> 16 & 255) / 255, double(rgb >> 8 & 255) / 255,
+                              double(rgb & 255) / 255, opacity);
+    }
+    void Follow(const Path& path) {
+        cairo_new_path(cairo_);
+        for (const Path::Point& point : path.points()) {
+            switch (point.step) {
+                case Path::Step::Move: cairo_move_to(cairo_, point.x, point.y); break;
+                case Path::Step::Line: cairo_line_to(cairo_, point.x, point.y); break;
+                case Path::Step::Close: cairo_close_path(cairo_); break;
+            }
+        }
+    }
+    void Draw(const Pen& pen) {
+        SetColour(pen.colour, pen.opacity);
+        cairo_set_line_width(cairo_, pen.width);
+        cairo_set_dash(cairo_, pen.dashes.data(), int(pen.dashes.size()), 0);
+        cairo_stroke(cairo_);
+    }
+
+    cairo_t* cairo_;
+    const char* family_;
+};
+
+void PaintOn(cairo_t* cairo, const Picture& picture) {
+    cairo_scale(cairo, picture.widthPixels / picture.width, picture.heightPixels / picture.height);
+    CairoCanvas canvas(cairo);
+    picture.paint(canvas);
+}
+
+void CheckWritten(cairo_status_t status, const std::filesystem::path& file) {
+    if (status == CAIRO_STATUS_SUCCESS) return;
+    throw std::runtime_error("cannot write " + file.string() + ": " +
+                             cairo_status_to_string(status));
+}
+
+}  // namespace
+
+void WritePng(const Picture& picture, const std::filesystem::path& file) {
+    const Surface surface(
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, int(std::lround(picture.widthPixels)),
+                                   int(std::lround(picture.heightPixels))),
+        cairo_surface_destroy);
+    const Context cairo(cairo_create(surface.get()), cairo_destroy);
+    PaintOn(cairo.get(), picture);
+    CheckWritten(cairo_surface_write_to_png(surface.get(), file.c_str()), file);
+}
+
+void WritePdf(const std::vector<Picture>& pages, const std::filesystem::path& file) {
+    const Surface surface(cairo_pdf_surface_create(file.c_str(), 1, 1), cairo_surface_destroy);
+    for (const Picture& page : pages) {
+        cairo_pdf_surface_set_size(surface.get(), page.widthPixels, page.heightPixels);
+        const Context cairo(cairo_create(surface.get()), cairo_destroy);
+        PaintOn(cairo.get(), page);
+        cairo_show_page(cairo.get());
+    }
+    cairo_surface_finish(surface.get());
+    CheckWritten(cairo_surface_status(surface.get()), file);
+}
+
+struct Ruler::Inside {
+    Surface surface{cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1), cairo_surface_destroy};
+    Context cairo{cairo_create(surface.get()), cairo_destroy};
+};
+
+Ruler::Ruler() : inside_(std::make_unique<Inside>()) {
+    Family(inside_->cairo.get());
+}
+Ruler::~Ruler() = default;
+
+double Ruler::Width(const std::string& text, double size) const {
+    cairo_set_font_size(inside_->cairo.get(), size);
+    cairo_text_extents_t extents;
+    cairo_text_extents(inside_->cairo.get(), text.c_str(), &extents);
+    return extents.x_advance;
+}
+
+}  // namespace simhost

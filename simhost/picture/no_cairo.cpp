@@ -1,0 +1,28 @@
+// In place of the drawing library on Windows: pictures are written as SVG there, and nothing else.
+#include <stdexcept>
+
+#include "simhost/picture/cairo_canvas.h"
+#include "simhost/picture/dialogs.h"
+
+namespace simhost {
+
+namespace {
+
+[[noreturn]] void Refuse() {
+    throw std::runtime_error("on Windows pictures are written as .svg only");
+}
+
+}  // namespace
+
+void WritePng(const Picture&, const std::filesystem::path&) {
+    Refuse();
+}
+void WritePdf(const std::vector<Picture>&, const std::filesystem::path&) {
+    Refuse();
+}
+std::vector<std::filesystem::path> DrawDialogs(const std::filesystem::path&,
+                                               const std::filesystem::path&) {
+    Refuse();
+}
+
+}  // namespace simhost

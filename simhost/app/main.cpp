@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "simhost/app/demo.h"
-#include "simhost/picture/dialogs.h"
 #include "simhost/app/faults.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/picture_file.h"
@@ -20,6 +19,7 @@
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/picture/dialogs.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 
@@ -134,7 +134,10 @@ int main(int argc, char* argv[]) {
 
     try {
         if (run->parsed()) return RunScriptFile(options);
-        if (demo->parsed()) return RunDemo(options.workplace, options.out, PrintLine);
+        if (demo->parsed()) {
+            const fs::path trail = fs::path(VX_SOURCE_DIR) / "samples" / "trails" / "demo.trail";
+            return RunDemo(options.workplace, trail, options.out, PrintLine);
+        }
         if (generate->parsed()) {
             GenerateAssembly(options.out, options.occurrences, options.models, options.depth,
                              options.seed);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simhost/host.h"
+#include "simhost/trail/fact_table.h"
 #include "simhost/trail/lexer.h"
 #include "simhost/trail/source.h"
 
@@ -47,6 +48,7 @@ public:
     Wait* waiting() { return waits_.empty() ? nullptr : waits_.back(); }
     bool patient() const { return source_.patient(); }
     void Stop() { stopped_ = true; }
+    FactTable facts;  // what the script remembers
 
     // What the next line goes to, in the words of Source::Next.
     std::string WaitingFor() const;

@@ -73,6 +73,12 @@ void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
 void ShowViews(Trail& trail);
 
+void ShowTitle(Trail& trail, const std::string& rest);
+void RememberFacts(Trail& trail, const std::string& rest);
+void ShowFactTable(Trail& trail, const std::string& rest);
+void EraseModel(Trail& trail, const std::string& rest);
+void HandOut(Trail& trail, const std::string& rest);
+
 void ExpectRows(Trail& trail, const std::string& rest);
 void ExpectColumns(Trail& trail, const std::string& rest);
 void ExpectRow(Trail& trail, const std::string& rest);

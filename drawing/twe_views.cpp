@@ -47,12 +47,7 @@ ProMdl FindTarget() {
 
 // A manufacturing model is drawn as its assembly.
 ProMdl SolidOf(ProMdl model) {
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
-    if (type != PRO_MDL_MFG) return model;
-    ProAssembly assembly = nullptr;
-    ProMfgAssemGet(static_cast<ProMfg>(model), &assembly);
-    return assembly;
+    return TopModelOf({model, TypeOf(model)}).model;
 }
 
 // A name that would be too long is cut to its first letters, however many would have fitted:
@@ -109,9 +104,7 @@ void OrderAxesByExtent(ProMdl model, ProMatrix matrix) {
 
 // As the screen shows it, or by the model's extents; the screen then stays as it was.
 void ChooseMainView(ProMdl model, ProMatrix matrix) {
-    const WideText setting = DeleteBlanks(ReadIniValue(
-        ConfigPathFor(WIDE("VxConfig.ini")), WIDE("TweViewsUseAutoMainView"), WIDE("value")));
-    if (setting == WIDE("1")) {
+    if (ConfigValue(WIDE("TweViewsUseAutoMainView"), Place::TextFolder) == WIDE("1")) {
         SnapViewToAxes();
         ProViewMatrixGet(model, nullptr, matrix);
         NormalizeTransform(matrix);

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "frame/services/dialogs.h"
-#include "frame/services/home_page.h"
+#include "frame/services/shell.h"
 #include "frame/services/text.h"
 #include "hostapi/windows.h"
 

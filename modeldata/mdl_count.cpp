@@ -70,10 +70,7 @@ bool IsCounted(ProMdl model, bool forInstances) {
 }
 
 bool InstancesAreCounted() {
-    const WideText path = ConfigPathFor(WIDE("VxConfig.ini"));
-    const WideText value =
-        DeleteBlanks(ReadIniValue(path, WIDE("VxCountForInstance"), WIDE("value")));
-    return FoldCase(value) == WIDE("TRUE");
+    return FoldCase(ConfigValue(WIDE("VxCountForInstance"), Place::TextFolder)) == WIDE("TRUE");
 }
 
 }  // namespace

@@ -78,9 +78,8 @@ Outcome MeasurePart(ProMdl part, SurfaceArray* surfaces, Measure* measure) {
 Outcome MeasureComponent(ProAsmcomppath* path, Measure* measure) {
     ProMdl model = nullptr;
     if (ProAsmcomppathMdlGet(path, &model) != PRO_TK_NO_ERROR) return Outcome::Measured;
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
-    if (type != PRO_MDL_PART) return Outcome::Measured;  // parts of assemblies have their own lines
+    if (TypeOf(model) != PRO_MDL_PART)
+        return Outcome::Measured;  // parts of assemblies have their own lines
     ProMatrix transform = {};
     if (ProAsmcomppathTrfGet(path, PRO_B_TRUE, transform) != PRO_TK_NO_ERROR) {
         return Outcome::Measured;
@@ -139,8 +138,7 @@ void ComputeOutlineParameter(ProMdl model, ProName name) {
     const int places = DecimalPlaces(OptionMenuText(kParamsDialog, "VxOutlineNum"));
     SurfaceArray surfaces;
     if (surfaces.Allocate() != PRO_TK_NO_ERROR) return;
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
+    const ProMdlType type = TypeOf(model);
     if (type != PRO_MDL_PART && type != PRO_MDL_ASSEMBLY) return;
     Measure measure;
     const Outcome outcome = type == PRO_MDL_PART ? MeasurePart(model, &surfaces, &measure)

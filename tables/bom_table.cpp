@@ -113,7 +113,7 @@ void FillFlatBom(ProMdl assembly, const std::vector<WideText>& labels) {
     TableFill fill(labels);
     for (const ModelCount& one : CountModels(assembly)) {
         BomRow row;
-        ProMdlTypeGet(one.model, &row.type);
+        row.type = TypeOf(one.model);
         row.name = ModelName(one.model);
         row.count = one.count;
         fill.Add(row);

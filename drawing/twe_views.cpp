@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr const char* kDialog = "TweViews";
+constexpr Dialog kDialog = "TweViews";
 
 // --- What is to be drawn ---
 
@@ -67,16 +67,16 @@ struct Choice {
     bool exportIt = false;
 };
 
-Choice ReadDialog(char* dialog) {
+Choice ReadDialog(Dialog dialog) {
     Choice choice;
-    const std::string direction = SelectedName(dialog, "DirectionRadio");
+    const std::string direction = dialog.Selected("DirectionRadio");
     if (direction == "main-h") choice.order.longSide = LongSide::Across;
     if (direction == "main-v") choice.order.longSide = LongSide::Upright;
-    const std::string views = SelectedName(dialog, "ViewsRadio");
+    const std::string views = dialog.Selected("ViewsRadio");
     if (views == "six-hidden") choice.order.style = ViewStyle::SixHidden;
     if (views == "six-nohidden") choice.order.style = ViewStyle::SixNoHidden;
     if (views == "twelve") choice.order.style = ViewStyle::Twelve;
-    choice.exportIt = CheckButtonState(dialog, "ExportCheckButton") == 1;
+    choice.exportIt = dialog.CheckState("ExportCheckButton") == 1;
     return choice;
 }
 
@@ -193,15 +193,14 @@ void Apply(char* dialog, char*, ProAppData) {
     if (!model) return;
     const WideText name = DrawingName(model);
     const Choice choice = ReadDialog(dialog);
-    ProUIDialogExit(dialog, 0);
+    Dialog(dialog).End(0);
     MakeDrawing(model, name, workFolder, choice);
 }
 
 void PrepareDialog() {
-    char* dialog = HostText(kDialog);
-    ProUIPushbuttonActivateActionSet(dialog, HostText("ApplyBt"), Guarded<Apply>, nullptr);
-    ProUIPushbuttonActivateActionSet(dialog, HostText("Close"), EndDialogOnClose, nullptr);
-    ProUIDialogCloseActionSet(dialog, EndDialogOnClose, nullptr);
+    kDialog.OnPress("ApplyBt", Guarded<Apply>);
+    kDialog.OnPress("Close", EndDialogOnClose);
+    kDialog.OnClose(EndDialogOnClose);
 }
 
 }  // namespace

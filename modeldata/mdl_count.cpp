@@ -13,30 +13,6 @@ constexpr WideView kParameterName = WIDE("数量");
 constexpr WideView kFailureHeader =
     WIDE("以下模型“数量”参数创建/更新失败，请检查参数是否存在关系锁定等原因，需手动处理：\n");
 
-ProParamvalue WholeValue(int number) {
-    ProParamvalue value = {};
-    value.type = PRO_PARAM_INTEGER;
-    value.value.i_val = number;
-    return value;
-}
-
-// False: the parameter has not got its value.
-bool WriteCount(const ModelCount& count) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(count.model, &item) != PRO_TK_NO_ERROR) return false;
-    ProParamvalue value = WholeValue(count.count);
-    ProName name = {};
-    PutText(kParameterName, name);
-    ProParameter parameter = {};
-    const ProError status = ProParameterCreate(&item, name, &value, &parameter);
-    if (status != PRO_TK_E_FOUND) return status == PRO_TK_NO_ERROR;
-    // The host may leave the handle of a parameter that is there already to be asked for.
-    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
-        return false;
-    }
-    return ProParameterValueSet(&parameter, &value) == PRO_TK_NO_ERROR;
-}
-
 // Makes the parameter a column of the generic's family table. Where it is one already the host
 // refuses, and nothing more is wanted.
 void AddColumn(ProMdl generic) {
@@ -47,9 +23,7 @@ void AddColumn(ProMdl generic) {
     ProParamvalue value = WholeValue(0);
     ProParameter parameter = {};
     ProParameterCreate(&item, name, &value, &parameter);
-    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
-        return;
-    }
+    if (!parameter.owner.owner && !FindParameter(&item, kParameterName, &parameter)) return;
     ProFamtable table = {PRO_TYPE_UNUSED, 0, nullptr};
     ProFamtableItem column = {};
     if (ProFamtableInit(generic, &table) != PRO_TK_NO_ERROR) return;
@@ -85,7 +59,8 @@ void VxMdlCount() {
     const std::vector<ModelCount> counts = CountModels(top.model);
     WideText failures(kFailureHeader);
     for (const ModelCount& count : counts) {
-        if (!IsCounted(count.model, forInstances) || WriteCount(count)) continue;
+        if (!IsCounted(count.model, forInstances)) continue;
+        if (CreateOrSetParameter(count.model, kParameterName, WholeValue(count.count))) continue;
         failures += count.name + WIDE("\n");
     }
     if (top.model) ProTreetoolRefresh(top.model);

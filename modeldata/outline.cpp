@@ -9,7 +9,6 @@
 #include "modeldata/batch_targets.h"
 #include "modeldata/keyword_filter.h"
 #include "modeldata/outline_text.h"
-#include "modeldata/parameters.h"
 #include "modeldata/params.h"
 
 namespace {
@@ -111,15 +110,6 @@ Outcome MeasureAssembly(ProMdl assembly, Measure* measure) {
     return Outcome::Measured;
 }
 
-void DeleteParameter(ProMdl model, ProName name) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProParameter parameter = {};
-    if (ProParameterInit(&item, name, &parameter) == PRO_TK_NO_ERROR) {
-        ProParameterDelete(&parameter);
-    }
-}
-
 // Empty if the check button's state is not known.
 WideText MeasuredText(const Measure& measure, int order, int decimalPlaces) {
     if (order != 0 && order != 1) return {};
@@ -133,9 +123,9 @@ WideText MeasuredText(const Measure& measure, int order, int decimalPlaces) {
 
 }  // namespace
 
-void ComputeOutlineParameter(ProMdl model, ProName name) {
-    const int order = CheckButtonState(kParamsDialog, "VxOutlineOrder");
-    const int places = DecimalPlaces(OptionMenuText(kParamsDialog, "VxOutlineNum"));
+void ComputeOutlineParameter(ProMdl model, const WideText& name) {
+    const int order = kParamsDialog.CheckState("VxOutlineOrder");
+    const int places = DecimalPlaces(kParamsDialog.MenuText("VxOutlineNum"));
     SurfaceArray surfaces;
     if (surfaces.Allocate() != PRO_TK_NO_ERROR) return;
     const ProMdlType type = TypeOf(model);
@@ -148,7 +138,7 @@ void ComputeOutlineParameter(ProMdl model, ProName name) {
         DeleteParameter(model, name);
         return;
     }
-    WriteTextParameter(model, name, MeasuredText(measure, order, places));
+    FindAndWriteParameter(model, name, TextValue(MeasuredText(measure, order, places)));
 }
 
 void OnOutline(char*, char*, ProAppData) {
@@ -158,16 +148,15 @@ void OnOutline(char*, char*, ProAppData) {
         ShowNotice(WIDE("当前环境不是组件/制造，无法执行此操作"));
         return;
     }
-    const std::string scope = SelectedName(kParamsDialog, "TypeRadio2");
-    ProName name = {};
-    PutText(InputPanelText(kParamsDialog, "outlinePname"), name);
+    const std::string scope = kParamsDialog.Selected("TypeRadio2");
+    const WideText name = kParamsDialog.InputText("outlinePname");
     ComponentArray components = CollectByScope(top, scope);
     if (components.Size() == 0) {
         ShowNoComponents();
         return;
     }
     const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords2"));
+    const auto filter = KeywordFilter::FromText(kParamsDialog.InputText("InputKeyWords2"));
     for (const ProMdl model : targets) {
         if (!filter.Excludes(ModelName(model))) ComputeOutlineParameter(model, name);
     }

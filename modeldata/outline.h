@@ -7,4 +7,4 @@ void OnOutline(char* dialog, char* component, ProAppData data);
 
 // Measures a part or an assembly and writes its outline size into the parameter; for other models
 // it does nothing. A model without surfaces loses the parameter. Reads the dialog's options.
-void ComputeOutlineParameter(ProMdl model, ProName name);
+void ComputeOutlineParameter(ProMdl model, const WideText& name);

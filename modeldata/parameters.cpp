@@ -38,8 +38,8 @@ struct Request {
 
 // The value that the dialog shows. False: it was refused, and the user knows.
 bool ReadValue(Operation operation, Request* request) {
-    const WideText text = InputPanelText(kParamsDialog, "ParaValue");
-    const WideText label = OptionMenuText(kParamsDialog, "PtypeOption");
+    const WideText text = kParamsDialog.InputText("ParaValue");
+    const WideText label = kParamsDialog.MenuText("PtypeOption");
     for (const TypeRow& row : kTypes) {
         if (label != row.label) continue;
         request->hasValue = true;
@@ -67,7 +67,7 @@ bool ReadValue(Operation operation, Request* request) {
 // False: there is nothing to do, and the user knows why.
 bool ReadRequest(Operation operation, Request* request) {
     request->operation = operation;
-    request->name = InputPanelText(kParamsDialog, "ParaName");
+    request->name = kParamsDialog.InputText("ParaName");
     return operation == Operation::Delete || ReadValue(operation, request);
 }
 
@@ -92,7 +92,7 @@ void Apply(Request* request, ProMdl model) {
 void Run(Operation operation) {
     SaveParamsSettings();
     const TopModel top = CurrentTopModel();
-    const std::string scope = SelectedName(kParamsDialog, "TypeRadio");
+    const std::string scope = kParamsDialog.Selected("TypeRadio");
     Request request;
     if (!ReadRequest(operation, &request)) return;
     ComponentArray components = CollectByScope(top, scope);
@@ -105,7 +105,7 @@ void Run(Operation operation) {
         return;
     }
     const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords"));
+    const auto filter = KeywordFilter::FromText(kParamsDialog.InputText("InputKeyWords"));
     for (const ProMdl model : targets) {
         if (!filter.Excludes(ModelName(model))) Apply(&request, model);
     }
@@ -113,25 +113,6 @@ void Run(Operation operation) {
 }
 
 }  // namespace
-
-ProParamvalue TextValue(WideView text) {
-    ProParamvalue value = {};
-    value.type = PRO_PARAM_STRING;
-    PutText(text, value.value.s_val);
-    return value;
-}
-
-void WriteTextParameter(ProMdl model, ProName name, WideView text) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProParameter parameter = {};
-    const bool there = ProParameterInit(&item, name, &parameter) == PRO_TK_NO_ERROR;
-    ProParamvalue value = TextValue(text);
-    // A refused creation need not fill its handle: that of the parameter which is there is kept.
-    ProParameter created = {};
-    const ProError status = ProParameterCreate(&item, name, &value, &created);
-    if (status == PRO_TK_E_FOUND && there) ProParameterValueSet(&parameter, &value);
-}
 
 void OnAddParameter(char*, char*, ProAppData) {
     Run(Operation::Add);

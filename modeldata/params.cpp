@@ -20,31 +20,23 @@ WideText UpToBlank(const WideText& text) {
     return text.substr(0, text.find(WideChar{' '}));
 }
 
-void SetInputPanel(const char* component, const WideText& text) {
-    ProUIInputpanelValueSet(HostText(kParamsDialog), HostText(component), HostText(text));
-}
-
-void SetOptionMenu(const char* component, const WideText& text) {
-    ProUIOptionmenuValueSet(HostText(kParamsDialog), HostText(component), HostText(text));
-}
-
 // The two parameter names are set as option menus and read as input panels ever since. A host that
 // minds the difference refuses the first call, so the second follows.
 void SetName(const char* component, const WideText& text) {
-    SetOptionMenu(component, text);
-    SetInputPanel(component, text);
+    kParamsDialog.SetMenuText(component, text.c_str());
+    kParamsDialog.SetInputText(component, text.c_str());
 }
 
 void LoadSettings() {
     const WideText path = ConfigPathFor(WIDE("VxParams.ini"));
     const WideText keywords = ReadSetting(path, WIDE("InputKeyWords"));
-    SetInputPanel("InputKeyWords", keywords);
-    SetInputPanel("InputKeyWords2", keywords);
+    kParamsDialog.SetInputText("InputKeyWords", keywords.c_str());
+    kParamsDialog.SetInputText("InputKeyWords2", keywords.c_str());
     const WideText order = UpToBlank(ReadSetting(path, WIDE("VxOutlineOrder")));
-    char* const dialog = HostText(kParamsDialog);
-    if (order == WIDE("1")) ProUICheckbuttonSet(dialog, HostText("VxOutlineOrder"));
-    if (order == WIDE("0")) ProUICheckbuttonUnset(dialog, HostText("VxOutlineOrder"));
-    SetOptionMenu("VxOutlineNum", UpToBlank(ReadSetting(path, WIDE("VxOutlineNum"))));
+    if (order == WIDE("1")) kParamsDialog.Check("VxOutlineOrder");
+    if (order == WIDE("0")) kParamsDialog.Uncheck("VxOutlineOrder");
+    const WideText places = UpToBlank(ReadSetting(path, WIDE("VxOutlineNum")));
+    kParamsDialog.SetMenuText("VxOutlineNum", places.c_str());
     SetName("outlinePname", UpToBlank(ReadSetting(path, WIDE("outlinePname"))));
     SetName("shSizePname", UpToBlank(ReadSetting(path, WIDE("shSizePname"))));
 }
@@ -72,11 +64,8 @@ const Button kButtons[] = {
 };
 
 void Prepare() {
-    for (const Button& button : kButtons) {
-        ProUIPushbuttonActivateActionSet(HostText(kParamsDialog), HostText(button.name),
-                                         button.action, nullptr);
-    }
-    ProUIDialogCloseActionSet(HostText(kParamsDialog), EndDialogOnClose, nullptr);
+    for (const Button& button : kButtons) kParamsDialog.OnPress(button.name, button.action);
+    kParamsDialog.OnClose(EndDialogOnClose);
     LoadSettings();
 }
 
@@ -85,11 +74,11 @@ void Prepare() {
 void SaveParamsSettings() {
     // Read from \VXconfig\, written to \vxconfig\: one folder to a system that folds case.
     const WideText path = AppTextDir().append(WIDE("\\vxconfig\\VxParams.ini"));
-    const auto keywords = InputPanelValue(kParamsDialog, "InputKeyWords");
-    const int order = CheckButtonState(kParamsDialog, "VxOutlineOrder");
-    const auto places = OptionMenuValue(kParamsDialog, "VxOutlineNum");
-    const auto outline = InputPanelValue(kParamsDialog, "outlinePname");
-    const auto sheetSize = InputPanelValue(kParamsDialog, "shSizePname");
+    const auto keywords = kParamsDialog.InputValue("InputKeyWords");
+    const int order = kParamsDialog.CheckState("VxOutlineOrder");
+    const auto places = kParamsDialog.MenuValue("VxOutlineNum");
+    const auto outline = kParamsDialog.InputValue("outlinePname");
+    const auto sheetSize = kParamsDialog.InputValue("shSizePname");
     WriteSetting(path, WIDE("InputKeyWords"), keywords);
     WriteSetting(path, WIDE("VxOutlineOrder"), StateText(order));
     WriteSetting(path, WIDE("VxOutlineNum"), places);

@@ -2,7 +2,9 @@
 // and sheet size. The dialog's buttons share its settings.
 #pragma once
 
-inline constexpr const char* kParamsDialog = "VxParams";
+#include "frame/services.h"
+
+inline constexpr Dialog kParamsDialog = "VxParams";
 
 // Opens the dialog VxParams.
 void VxParams();

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr const char* kDialog = "Relations";
+constexpr Dialog kDialog = "Relations";
 
 using LineList = std::vector<WideText>;
 using LineArray = HostArray<WideChar*>;
@@ -107,17 +107,17 @@ void WriteRelations(const Merge& merge, const std::string& option, const LineLis
 
 void RunMerge(const Merge& merge) {
     const TopModel top = CurrentTopModel();
-    const std::string scope = SelectedName(kDialog, "TypeRadio");
-    const std::string option = SelectedName(kDialog, "OptionRadio");
+    const std::string scope = kDialog.Selected("TypeRadio");
+    const std::string option = kDialog.Selected("OptionRadio");
     ComponentArray components = CollectByScope(top, scope);
     // Nothing but the line feed separates: a carriage return stays part of its line.
-    const LineList typed = SplitText(TextAreaText(kDialog, "RelTxtarea"), '\n');
+    const LineList typed = SplitText(kDialog.AreaText("RelTxtarea"), '\n');
     if (components.Size() == 0) {
         ShowNoComponents();
         return;
     }
     const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(InputPanelText(kDialog, "InputKeyWords"));
+    const auto filter = KeywordFilter::FromText(kDialog.InputText("InputKeyWords"));
     for (const ProMdl model : targets) {
         if (filter.Excludes(ModelName(model))) continue;
         WriteRelations(merge, option, typed, model);
@@ -131,13 +131,9 @@ void OnMerge(char*, char*, ProAppData merge) {
 }
 
 void Prepare() {
-    for (const Merge& merge : kMerges) {
-        ProUIPushbuttonActivateActionSet(HostText(kDialog), HostText(merge.button),
-                                         Guarded<OnMerge>, const_cast<Merge*>(&merge));
-    }
-    ProUIPushbuttonActivateActionSet(HostText(kDialog), HostText("Close"), EndDialogOnClose,
-                                     nullptr);
-    ProUIDialogCloseActionSet(HostText(kDialog), EndDialogOnClose, nullptr);
+    for (const Merge& merge : kMerges) kDialog.OnPress(merge.button, Guarded<OnMerge>, &merge);
+    kDialog.OnPress("Close", EndDialogOnClose);
+    kDialog.OnClose(EndDialogOnClose);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // The pattern of all dialogs: its order of calls, what a failed step shows and leaves, and the two
 // ways in which a dialog ends.
-#include "frame/services/dialogs.h"
+#include "frame/services/dialog.h"
 #include "frame/services/text.h"
 #include "tests/support/workbench.h"
 

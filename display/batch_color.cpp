@@ -1,7 +1,5 @@
 // BatchColor: every part gets a colour of its own, so that the parts can be told apart. The colours
 // come from one of two palettes or are free random values, as the settings say.
-#include "display/batch_color.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <ctime>
@@ -10,6 +8,7 @@
 #include <utility>
 
 #include "display/appearance.h"
+#include "display/commands.h"
 #include "frame/services.h"
 
 namespace {

@@ -1,13 +1,11 @@
 // TweViews: a drawing that shows a part or an assembly from all sides, made in one go. The command
 // opens the drawing if it is there, and otherwise asks how it should look; the dialog's button
 // makes it.
-#include "drawing/twe_views.h"
-
 #include <algorithm>
 #include <optional>
 #include <string>
 
-#include "drawing/normal_view.h"
+#include "drawing/commands.h"
 #include "drawing/twe_views_layout.h"
 #include "drawing/view_matrix.h"
 #include "frame/services.h"
@@ -105,7 +103,7 @@ void OrderAxesByExtent(ProMdl model, ProMatrix matrix) {
 // As the screen shows it, or by the model's extents; the screen then stays as it was.
 void ChooseMainView(ProMdl model, ProMatrix matrix) {
     if (ConfigValue(WIDE("TweViewsUseAutoMainView"), Place::TextFolder) == WIDE("1")) {
-        SnapViewToAxes();
+        VxNormalView();
         ProViewMatrixGet(model, nullptr, matrix);
         NormalizeTransform(matrix);
         return;

@@ -1,11 +1,9 @@
 // VxMdlCount: how often each model occurs in the current assembly, as an integer parameter of the
 // model. Instances of family tables join in if the settings say so.
-#include "modeldata/mdl_count.h"
-
 #include <vector>
 
 #include "frame/services.h"
-#include "modeldata/batch_targets.h"
+#include "modeldata/commands.h"
 
 namespace {
 

@@ -1,15 +1,13 @@
 // VxOutline: how large each model is along its own axes. A part is measured by the boxes of its
 // surfaces; in an assembly the two corners of each such box are turned with their component.
-#include "modeldata/outline.h"
-
 #include <algorithm>
 #include <utility>
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
 #include "modeldata/outline_text.h"
-#include "modeldata/params.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
 
@@ -121,8 +119,8 @@ WideText MeasuredText(const Measure& measure, int order, int decimalPlaces) {
                        order == 1 ? OutlineOrder::LargestFirst : OutlineOrder::AsModelled);
 }
 
-}  // namespace
-
+// Measures a part or an assembly and writes its outline size into the parameter; for other models
+// it does nothing. A model without surfaces loses the parameter. Reads the dialog's options.
 void ComputeOutlineParameter(ProMdl model, const WideText& name) {
     const int order = kParamsDialog.CheckState("VxOutlineOrder");
     const int places = DecimalPlaces(kParamsDialog.MenuText("VxOutlineNum"));
@@ -141,6 +139,8 @@ void ComputeOutlineParameter(ProMdl model, const WideText& name) {
     FindAndWriteParameter(model, name, TextValue(MeasuredText(measure, order, places)));
 }
 
+}  // namespace
+
 void OnOutline(char*, char*, ProAppData) {
     SaveParamsSettings();
     const TopModel top = CurrentTopModel();
@@ -151,14 +151,9 @@ void OnOutline(char*, char*, ProAppData) {
     const std::string scope = kParamsDialog.Selected("TypeRadio2");
     const WideText name = kParamsDialog.InputText("outlinePname");
     ComponentArray components = CollectByScope(top, scope);
-    if (components.Size() == 0) {
-        ShowNoComponents();
+    const auto write = [&](ProMdl model, const WideText&) { ComputeOutlineParameter(model, name); };
+    if (!ForEachTarget(top, scope, std::move(components), kParamsDialog, "InputKeyWords2", write)) {
         return;
-    }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(kParamsDialog.InputText("InputKeyWords2"));
-    for (const ProMdl model : targets) {
-        if (!filter.Excludes(ModelName(model))) ComputeOutlineParameter(model, name);
     }
     ShowNotice(kCompletion);
     ProTreetoolRefresh(top.model);

@@ -1,13 +1,11 @@
 // Add, Update and Delete: one named parameter in many models. They end without a box.
-#include "modeldata/parameters.h"
-
 #include <string>
 #include <utility>
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
-#include "modeldata/params.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
 
@@ -100,16 +98,10 @@ void Run(Operation operation) {
         ShowPlainError(WIDE("ProArray Alloc error"));
         return;
     }
-    if (components.Size() == 0) {
-        ShowNoComponents();
-        return;
+    const auto apply = [&](ProMdl model, const WideText&) { Apply(&request, model); };
+    if (ForEachTarget(top, scope, std::move(components), kParamsDialog, "InputKeyWords", apply)) {
+        RefreshCurrentTree();
     }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(kParamsDialog.InputText("InputKeyWords"));
-    for (const ProMdl model : targets) {
-        if (!filter.Excludes(ModelName(model))) Apply(&request, model);
-    }
-    RefreshCurrentTree();
 }
 
 }  // namespace

@@ -1,14 +1,13 @@
 // VxRelations: relation lines that the designer types once go into many models. Three buttons are
 // three ways of joining them to what a model has: behind it, behind it as far as they are new, or
 // in its place.
-#include "modeldata/relations.h"
-
 #include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
+#include "modeldata/commands.h"
 #include "modeldata/keyword_filter.h"
 
 namespace {
@@ -112,16 +111,10 @@ void RunMerge(const Merge& merge) {
     ComponentArray components = CollectByScope(top, scope);
     // Nothing but the line feed separates: a carriage return stays part of its line.
     const LineList typed = SplitText(kDialog.AreaText("RelTxtarea"), '\n');
-    if (components.Size() == 0) {
-        ShowNoComponents();
-        return;
-    }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(kDialog.InputText("InputKeyWords"));
-    for (const ProMdl model : targets) {
-        if (filter.Excludes(ModelName(model))) continue;
+    const auto write = [&](ProMdl model, const WideText&) {
         WriteRelations(merge, option, typed, model);
-    }
+    };
+    if (!ForEachTarget(top, scope, std::move(components), kDialog, "InputKeyWords", write)) return;
     RefreshCurrentTree();
     ShowCompletion(merge.completion);
 }

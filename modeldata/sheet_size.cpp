@@ -5,8 +5,8 @@
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
-#include "modeldata/params.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
 
@@ -49,15 +49,11 @@ void OnSheetSize(char*, char*, ProAppData) {
     const std::string scope = kParamsDialog.Selected("TypeRadio2");
     const WideText parameterName = kParamsDialog.InputText("shSizePname");
     ComponentArray components = CollectByScope(top, scope);
-    if (components.Size() == 0) {
-        ShowNoComponents();
+    const auto write = [&](ProMdl model, const WideText& name) {
+        WriteSheetSizes(model, name, parameterName);
+    };
+    if (!ForEachTarget(top, scope, std::move(components), kParamsDialog, "InputKeyWords2", write)) {
         return;
-    }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(kParamsDialog.InputText("InputKeyWords2"));
-    for (const ProMdl model : targets) {
-        const WideText name = ModelName(model);
-        if (!filter.Excludes(name)) WriteSheetSizes(model, name, parameterName);
     }
     ShowCompletion(WIDE("\t图幅大小参数批量创建/更新完成"));
     RefreshCurrentTree();

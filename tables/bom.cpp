@@ -1,12 +1,11 @@
 // VxBom: the dialog, its columns, and its buttons but the one that exports.
-#include "tables/bom.h"
-
 #include <utility>
 #include <vector>
 
 #include "frame/services.h"
 #include "tables/bom_export.h"
 #include "tables/bom_table.h"
+#include "tables/commands.h"
 
 namespace {
 

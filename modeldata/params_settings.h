@@ -1,13 +1,12 @@
-// The command VxParams: a parameter in many models at once, and the computed parameters for outline
-// and sheet size. The dialog's buttons share its settings.
+// The dialog VxParams as its buttons know it: its name, and the settings that it keeps.
 #pragma once
 
 #include "frame/services.h"
 
 inline constexpr Dialog kParamsDialog = "VxParams";
 
-// Opens the dialog VxParams.
-void VxParams();
+// Shows what VxParams.ini keeps.
+void LoadParamsSettings();
 
 // Keeps what the dialog shows in VxParams.ini; the first step of each of its buttons but Close.
 void SaveParamsSettings();

@@ -163,17 +163,15 @@ void AttachActions() {
 
 void VxBom() {
     const TopModel current = CurrentModel();
-    if (CreateDialog(kBomDialog) != PRO_TK_NO_ERROR) return;
+    CreatedDialog created(kBomDialog);
+    if (created.Status() != PRO_TK_NO_ERROR) return;
     AttachActions();
     AddColumns(kFlat);
-    if (!CanBeListed(current)) {
-        ProUIDialogDestroy(HostText(kBomDialog.Name()));
-        return;
-    }
+    if (!CanBeListed(current)) return;
     const ProMdl assembly = TopModelOf(current).model;
     FillFlatBom(assembly, kBomTable.ColumnLabels());
     if (SelectedMode() == &kFlat) EnableLevels(false);
     kBomDialog.OnManaged("DrawingArea", Guarded<OnPictureManaged>, kBomDialog.Name());
-    if (ShowCreatedDialog(kBomDialog) != PRO_TK_NO_ERROR) return;
+    if (created.Show() != PRO_TK_NO_ERROR) return;
     ProMdlDisplay(current.model);
 }

@@ -131,29 +131,35 @@ void Dialog::End(int status) const {
     ProUIDialogExit(HostText(name_), status);
 }
 
-ProError CreateDialog(Dialog dialog) {
-    const ProError status = ProUIDialogCreate(HostText(dialog.Name()), HostText(dialog.Name()));
-    if (status != PRO_TK_NO_ERROR) ShowPlainError(WIDE("UIDialog Create error!"));
-    return status;
+CreatedDialog::CreatedDialog(Dialog dialog)
+    : dialog_(dialog),
+      status_(ProUIDialogCreate(HostText(dialog.Name()), HostText(dialog.Name()))),
+      destroys_(status_ == PRO_TK_NO_ERROR) {
+    if (status_ != PRO_TK_NO_ERROR) ShowPlainError(WIDE("UIDialog Create error!"));
 }
 
-ProError ShowCreatedDialog(Dialog dialog) {
+CreatedDialog::~CreatedDialog() {
+    if (destroys_) ProUIDialogDestroy(HostText(dialog_.Name()));
+}
+
+ProError CreatedDialog::Show() {
+    destroys_ = false;
     int ended = 0;
-    ProError status = ProUIDialogActivate(HostText(dialog.Name()), &ended);
+    ProError status = ProUIDialogActivate(HostText(dialog_.Name()), &ended);
     if (status != PRO_TK_NO_ERROR) {
         ShowPlainError(WIDE("UIDialog Activate error!"));
         return status;
     }
-    status = ProUIDialogDestroy(HostText(dialog.Name()));
+    status = ProUIDialogDestroy(HostText(dialog_.Name()));
     if (status != PRO_TK_NO_ERROR) ShowPlainError(WIDE("UIDialog Destroy error!"));
     return status;
 }
 
 ProError RunModalDialog(Dialog dialog, const std::function<void()>& prepare) {
-    const ProError status = CreateDialog(dialog);
-    if (status != PRO_TK_NO_ERROR) return status;
+    CreatedDialog created(dialog);
+    if (created.Status() != PRO_TK_NO_ERROR) return created.Status();
     prepare();
-    return ShowCreatedDialog(dialog);
+    return created.Show();
 }
 
 void EndDialogWithOk(char* dialog, char*, ProAppData) noexcept {

@@ -62,12 +62,34 @@ private:
 
 // Creates the dialog from the resource of the same name, lets `prepare` attach the actions and fill
 // the components, shows it until it is ended, and destroys it. A failed step shows its plain error
-// and its status is returned; after a failed activation the dialog is not destroyed.
+// and its status is returned; after a failed activation the dialog is not destroyed. What `prepare`
+// throws is passed on when the dialog has been destroyed.
 ProError RunModalDialog(Dialog dialog, const std::function<void()>& prepare);
 
-// Its two halves, for a dialog that decides after its creation whether it is shown at all.
-ProError CreateDialog(Dialog dialog);
-ProError ShowCreatedDialog(Dialog dialog);  // shows it until it is ended, and destroys it
+// The same in two halves, for a dialog that decides after its creation whether it is shown at all:
+//
+//     CreatedDialog created(kDialog);
+//     if (created.Status() != PRO_TK_NO_ERROR) return;
+//     …                                       // attach, fill, perhaps return
+//     created.Show();
+//
+// A dialog that ends here without having been shown, be it by an exception, is destroyed silently.
+class CreatedDialog {
+public:
+    explicit CreatedDialog(Dialog dialog);
+    ~CreatedDialog();
+    CreatedDialog(const CreatedDialog&) = delete;
+    CreatedDialog& operator=(const CreatedDialog&) = delete;
+
+    ProError Status() const { return status_; }  // of the creation
+    // Shows it until it is ended, and destroys it.
+    ProError Show();
+
+private:
+    Dialog dialog_;
+    ProError status_;
+    bool destroys_;  // it is there, and nothing has tried to show it
+};
 
 // The two actions that end a dialog: with status 1 (its OK) and with status 0 (its window closed).
 void EndDialogWithOk(char* dialog, char* component, ProAppData data) noexcept;

@@ -105,6 +105,16 @@ TEST_F(ModalDialog, ThatCannotBeDestroyedSaysSo) {
     ExpectPlainError("UIDialog Destroy error!");
 }
 
+TEST_F(ModalDialog, WhosePreparationThrowsIsDestroyedSilentlyAndNotShown) {
+    host().journal.Start();
+    EXPECT_THROW(RunModalDialog(kName, [] { throw std::bad_alloc(); }), std::bad_alloc);
+    host().journal.Stop();
+    const Lines wanted = {"ProUIDialogCreate", "ProUIDialogDestroy"};
+    EXPECT_EQ(host().journal.Names(), wanted);
+    EXPECT_TRUE(host().dialogs.Existing().empty());
+    EXPECT_EQ(Boxes(), Lines{});
+}
+
 TEST_F(ModalDialog, GoesOnWhenAnActionCannotBeAttached) {
     Fail("ProUIPushbuttonActivateActionSet");
     EXPECT_EQ(Run("~ Close `Question`"), PRO_TK_NO_ERROR);

@@ -1,6 +1,7 @@
 // The commands as data. This is the one file that sees every room.
 #include "frame/command_table.h"
 
+#include "commands/commands.h"
 #include "display/commands.h"
 #include "drawing/commands.h"
 #include "frame/access.h"
@@ -65,7 +66,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxSingleDim">            (NotBuilt,                 AccessDrawing),
     Row<"VxSetDirectory">         (NotBuilt,                 AccessAlways),
     Row<"VxConfig">               (Command<VxConfig>,        AccessAlways),
-    Row<"ForTest">                (NotBuilt,                 AccessAlways),
+    Row<"ForTest">                (Command<ForTest>,         AccessAlways),
     Row<"VxVipAbout">             (NotBuilt,                 AccessAlways).MenuOnly(),
     Row<"VxQQGroup">              (NotBuilt,                 AccessAlways).MenuOnly(),
     Row<"VxVersion">              (NotBuilt,                 AccessAlways).MenuOnly(),

@@ -39,10 +39,14 @@ void EnableLevels(bool enabled) {
 
 // --- Columns ---
 
-// Adds a column for each item of the mode's list behind the running number, and sets all labels.
-void AddColumns(const Mode& mode) {
-    const auto items =
-        SplitColumnList(ReadIniValue(FileBesideModule(kSettings), mode.columns, WIDE("content")));
+// The items of the mode's list of columns.
+std::vector<WideText> ReadColumns(const Mode& mode) {
+    return SplitColumnList(
+        ReadIniValue(FileBesideModule(kSettings), mode.columns, WIDE("content")));
+}
+
+// Adds a column for each item after the running number, and sets all labels.
+void AddColumns(const std::vector<WideText>& items) {
     std::vector<std::string> names;
     std::vector<WideText> labels = {WIDE("序号")};
     for (std::size_t i = 0; i < items.size(); ++i) {
@@ -54,13 +58,14 @@ void AddColumns(const Mode& mode) {
     kBomTable.SetColumnLabels(labels);
 }
 
-// The rows go with the old columns.
+// The rows go with the old columns, when the new ones are known.
 void RebuildColumns(const Mode& mode) {
+    const std::vector<WideText> items = ReadColumns(mode);
     kBomTable.DeleteAllRows();
     std::vector<std::string> old = kBomTable.ColumnNames();
     if (!old.empty()) old.erase(old.begin());
     if (!old.empty()) kBomTable.DeleteColumns(old);
-    AddColumns(mode);
+    AddColumns(items);
 }
 
 // --- What the user does ---
@@ -166,7 +171,7 @@ void VxBom() {
     CreatedDialog created(kBomDialog);
     if (created.Status() != PRO_TK_NO_ERROR) return;
     AttachActions();
-    AddColumns(kFlat);
+    AddColumns(ReadColumns(kFlat));
     if (!CanBeListed(current)) return;
     const ProMdl assembly = TopModelOf(current).model;
     FillFlatBom(assembly, kBomTable.ColumnLabels());

@@ -150,6 +150,37 @@ TEST_F(Bom, UpdatingTheSettingsBuildsNewColumnsAndTakesTheRowsAway) {
     });
 }
 
+TEST_F(Bom, TheSettingsAreReadBeforeRowsAndThenColumnsAreDeleted) {
+    const workbench::Names wanted = {
+        "ProUIRadiogroupSelectednamesGet",
+        "GetModuleHandleW",
+        "GetModuleFileNameW",
+        "GetPrivateProfileStringW",
+        "ProUITableRownamesGet",
+        "ProUITableRowsDelete",
+        "ProStringarrayFree",
+        "ProUITableColumnnamesGet",
+        "ProStringarrayFree",
+        "ProUITableColumnsDelete",
+        "ProUITableColumnsInsert",
+        "ProUITableColumnlabelsSet",
+    };
+    WithBom([&](Dialog& dialog) {
+        Record();
+        EXPECT_EQ(dialog.Press("VxUpdateBomIni"), "");
+        EXPECT_EQ(Recorded(), wanted);
+        EXPECT_EQ(dialog.Press("VxLoadBom"), "");
+        Record();
+        EXPECT_EQ(dialog.Use(Verb::Select, "BomRadio", {"LevelBom"}), "");
+        workbench::Names calls = Recorded();
+        // A change of the mode enables the depth first.
+        ASSERT_EQ(calls.size(), wanted.size() + 1);
+        EXPECT_EQ(calls[1], "ProUIOptionmenuEnable");
+        calls.erase(calls.begin() + 1);
+        EXPECT_EQ(calls, wanted);
+    });
+}
+
 TEST_F(Bom, UpdatingTheSettingsReadsThoseOfTheModeThatIsSelected) {
     WithBom([&](Dialog& dialog) {
         EXPECT_EQ(dialog.Use(Verb::Select, "BomRadio", {"LevelBom"}), "");

@@ -1,7 +1,5 @@
 // BatchColor: every part gets a colour of its own, so that the parts can be told apart. The colours
 // come from one of two palettes or are free random values, as the settings say.
-#include "display/batch_color.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <ctime>
@@ -10,6 +8,7 @@
 #include <utility>
 
 #include "display/appearance.h"
+#include "display/commands.h"
 #include "frame/services.h"
 
 namespace {
@@ -105,10 +104,8 @@ void ColourEntries(const ModelList& models, const Colouring& colouring) {
     Prohandle object = nullptr;
     for (const ProMdl model : models) {
         ProName name = {};
-        ProMdlType type = PRO_MDL_UNUSED;
         ProMdlNameGet(model, name);
-        ProMdlTypeGet(model, &type);
-        if (type == PRO_MDL_PART) {
+        if (TypeOf(model) == PRO_MDL_PART) {
             object = prodb_get_object_ptr(name, HostText("PRT"));
             ClearSurfaceOverrides(model);
         }
@@ -137,23 +134,18 @@ void BatchColor() {
     generator.seed(std::uint32_t(std::time(nullptr)));
     SetRecordButColour();
     Colouring colouring;
-    colouring.mode = ConfigValue(WIDE("VxRandomColorOpt"));
-    ProMdlType type = PRO_MDL_UNUSED;
+    colouring.mode = ConfigValue(WIDE("VxRandomColorOpt"), Place::BesideModule);
+    const ProMdlType type = TypeOf(model);
     ProName name = {};
-    ProMdlTypeGet(model, &type);
     ProMdlNameGet(model, name);
     for (ColourPalette& palette : colouring.palettes) {
         palette.path = ConfigPathFor(palette.fileName);
     }
-    if (type == PRO_MDL_MFG) {
-        ProAssembly assembly = nullptr;
-        ProMfgAssemGet(static_cast<ProMfg>(model), &assembly);
-        model = assembly;
-    }
+    const TopModel top = TopModelOf({model, type});
     if (type == PRO_MDL_PART) {
-        ColourPart(model, name, colouring);
+        ColourPart(top.model, name, colouring);
     } else if (type == PRO_MDL_ASSEMBLY || type == PRO_MDL_MFG) {
-        if (!ColourAssembly(model, colouring)) return;
+        if (!ColourAssembly(top.model, colouring)) return;
     }
     ProWindowRepaint(PRO_VALUE_UNUSED);
 }

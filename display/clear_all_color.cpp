@@ -1,6 +1,5 @@
 // VxClearAllColor: the host's own "clear all appearances", pressed by a macro.
-#include "display/clear_all_color.h"
-
+#include "display/commands.h"
 #include "frame/services.h"
 
 namespace {

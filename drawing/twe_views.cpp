@@ -1,20 +1,18 @@
 // TweViews: a drawing that shows a part or an assembly from all sides, made in one go. The command
 // opens the drawing if it is there, and otherwise asks how it should look; the dialog's button
 // makes it.
-#include "drawing/twe_views.h"
-
 #include <algorithm>
 #include <optional>
 #include <string>
 
-#include "drawing/normal_view.h"
+#include "drawing/commands.h"
 #include "drawing/twe_views_layout.h"
 #include "drawing/view_matrix.h"
 #include "frame/services.h"
 
 namespace {
 
-constexpr const char* kDialog = "TweViews";
+constexpr Dialog kDialog = "TweViews";
 
 // --- What is to be drawn ---
 
@@ -47,12 +45,7 @@ ProMdl FindTarget() {
 
 // A manufacturing model is drawn as its assembly.
 ProMdl SolidOf(ProMdl model) {
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
-    if (type != PRO_MDL_MFG) return model;
-    ProAssembly assembly = nullptr;
-    ProMfgAssemGet(static_cast<ProMfg>(model), &assembly);
-    return assembly;
+    return TopModelOf({model, TypeOf(model)}).model;
 }
 
 // A name that would be too long is cut to its first letters, however many would have fitted:
@@ -72,16 +65,16 @@ struct Choice {
     bool exportIt = false;
 };
 
-Choice ReadDialog(char* dialog) {
+Choice ReadDialog(Dialog dialog) {
     Choice choice;
-    const std::string direction = SelectedName(dialog, "DirectionRadio");
+    const std::string direction = dialog.Selected("DirectionRadio");
     if (direction == "main-h") choice.order.longSide = LongSide::Across;
     if (direction == "main-v") choice.order.longSide = LongSide::Upright;
-    const std::string views = SelectedName(dialog, "ViewsRadio");
+    const std::string views = dialog.Selected("ViewsRadio");
     if (views == "six-hidden") choice.order.style = ViewStyle::SixHidden;
     if (views == "six-nohidden") choice.order.style = ViewStyle::SixNoHidden;
     if (views == "twelve") choice.order.style = ViewStyle::Twelve;
-    choice.exportIt = CheckButtonState(dialog, "ExportCheckButton") == 1;
+    choice.exportIt = dialog.CheckState("ExportCheckButton") == 1;
     return choice;
 }
 
@@ -109,10 +102,8 @@ void OrderAxesByExtent(ProMdl model, ProMatrix matrix) {
 
 // As the screen shows it, or by the model's extents; the screen then stays as it was.
 void ChooseMainView(ProMdl model, ProMatrix matrix) {
-    const WideText setting = DeleteBlanks(ReadIniValue(
-        ConfigPathFor(WIDE("VxConfig.ini")), WIDE("TweViewsUseAutoMainView"), WIDE("value")));
-    if (setting == WIDE("1")) {
-        SnapViewToAxes();
+    if (ConfigValue(WIDE("TweViewsUseAutoMainView"), Place::TextFolder) == WIDE("1")) {
+        VxNormalView();
         ProViewMatrixGet(model, nullptr, matrix);
         NormalizeTransform(matrix);
         return;
@@ -200,15 +191,14 @@ void Apply(char* dialog, char*, ProAppData) {
     if (!model) return;
     const WideText name = DrawingName(model);
     const Choice choice = ReadDialog(dialog);
-    ProUIDialogExit(dialog, 0);
+    Dialog(dialog).End(0);
     MakeDrawing(model, name, workFolder, choice);
 }
 
 void PrepareDialog() {
-    char* dialog = HostText(kDialog);
-    ProUIPushbuttonActivateActionSet(dialog, HostText("ApplyBt"), Guarded<Apply>, nullptr);
-    ProUIPushbuttonActivateActionSet(dialog, HostText("Close"), EndDialogOnClose, nullptr);
-    ProUIDialogCloseActionSet(dialog, EndDialogOnClose, nullptr);
+    kDialog.OnPress("ApplyBt", Guarded<Apply>);
+    kDialog.OnPress("Close", EndDialogOnClose);
+    kDialog.OnClose(EndDialogOnClose);
 }
 
 }  // namespace

@@ -9,23 +9,22 @@
 struct CommandRow {
     const char* name;     // the command; also its button, its label key and its designation
     const char* helpKey;  // key of its help text in vxMenu.txt
-    const char* icon;     // picture file
+    const char* icon;     // picture file; null: it has none
     uiCmdCmdActFn action;
     uiCmdAccessFn access;
     bool designated;  // offered for the customising of the ribbon
+    bool built;       // false: the action is a notice that names the command
 };
 
 // All commands of the menu `Menu`, in its order.
 extern const std::array<CommandRow, 56> kCommandTable;
 
-// A command that also stands on the host's popup menus.
+// A command of the menu that is also on the host's popup menus.
 struct PopupRow {
-    const char* name;
+    const CommandRow* command;         // its row above: name, help and action
     const WideChar* actionMenuButton;  // its button name in the host's menu ActionMenu
     const WideChar* label;             // its label in the popup
-    const char* helpKey;
-    uiCmdCmdActFn action;
-    uiCmdAccessFn access;  // as a command of ActionMenu
+    uiCmdAccessFn access;              // as a command of ActionMenu
     ProPopupmenuAccessFn popupAccess;
 };
 extern const std::array<PopupRow, 5> kPopupTable;

@@ -5,12 +5,11 @@
 #include <string_view>
 
 #include "frame/services.h"
-#include "frame/services/dialog_values.h"
 #include "hostapi/windows.h"
 
 namespace {
 
-constexpr const char* kDialog = "VxConfig";
+constexpr Dialog kDialog = "VxConfig";
 
 // Choices in the order in which the dialog is filled, and in that in which they are saved.
 constexpr const char* kChoices[] = {
@@ -53,26 +52,25 @@ WideText SectionOf(std::string_view component) {
 }
 
 void ShowChoice(const WideText& path, const char* group) {
-    std::string name = Narrow(ReadIniValue(path, SectionOf(group), WIDE("value")));
-    char* names[] = {name.data()};
-    ProUIRadiogroupSelectednamesSet(HostText(kDialog), HostText(group), 1, names);
+    const WideText value = ReadIniValue(path, SectionOf(group), WIDE("value"));
+    kDialog.Select(group, Narrow(value));
 }
 
 void ShowTemplate(const WideText& path, const char* panel) {
     const WideText value = ReadIniValue(path, SectionOf(panel), WIDE("path"));
-    ProUIInputpanelValueSet(HostText(kDialog), HostText(panel), HostText(value));
+    kDialog.SetInputText(panel, value.c_str());
 }
 
 // A group without a selection leaves its section as it is on disk.
 void SaveChoice(const WideText& path, const char* group) {
-    const std::string name = SelectedName(kDialog, group);
+    const std::string name = kDialog.Selected(group);
     const WideText value = Widen(name.c_str());
     if (!value.empty()) WriteIniValue(path, SectionOf(group), WIDE("value"), value);
 }
 
 // A null text deletes the key; what could not be read stays as it is on disk.
 void SaveTemplate(const WideText& path, const char* panel) {
-    const auto value = InputPanelValue(kDialog, panel);
+    const auto value = kDialog.InputValue(panel);
     if (!value) return;
     WritePrivateProfileStringW(SectionOf(panel).c_str(), WIDE("path"), *value, path.c_str());
 }
@@ -97,7 +95,7 @@ void PickTemplate(const TemplateRow& row) {
                     path) != PRO_TK_NO_ERROR) {
         return;
     }
-    ProUIInputpanelValueSet(HostText(kDialog), HostText(row.panel), path);
+    kDialog.SetInputText(row.panel, path);
 }
 
 void OnPickTemplate(char*, char*, ProAppData row) {
@@ -105,12 +103,11 @@ void OnPickTemplate(char*, char*, ProAppData row) {
 }
 
 void Prepare() {
-    ProUIPushbuttonActivateActionSet(HostText(kDialog), HostText("save"), Guarded<OnSave>, nullptr);
+    kDialog.OnPress("save", Guarded<OnSave>);
     for (const TemplateRow& row : kTemplates) {
-        ProUIPushbuttonActivateActionSet(HostText(kDialog), HostText(row.button),
-                                         Guarded<OnPickTemplate>, const_cast<TemplateRow*>(&row));
+        kDialog.OnPress(row.button, Guarded<OnPickTemplate>, &row);
     }
-    ProUIDialogCloseActionSet(HostText(kDialog), EndDialogOnClose, nullptr);
+    kDialog.OnClose(EndDialogOnClose);
     const WideText path = FileBesideModule(kConfigFile);
     for (const char* group : kChoices) ShowChoice(path, group);
     for (const TemplateRow& row : kTemplates) ShowTemplate(path, row.panel);

@@ -5,7 +5,6 @@
 #include "frame/last_dir.h"
 #include "frame/menus.h"
 #include "frame/services/guard.h"
-#include "frame/services/paths.h"
 #include "frame/services/settings.h"
 #include "frame/services/text.h"
 
@@ -15,8 +14,7 @@ namespace {
 
 // Only an explicit "0" switches the popup additions on.
 bool PopupsAreWanted() {
-    const WideText path = AppTextDir().append(WIDE("\\")).append(kConfigFile);
-    return DeleteBlanks(ReadIniValue(path, WIDE("RmbDisable"), WIDE("value"))) == WIDE("0");
+    return ConfigValue(WIDE("RmbDisable"), Place::TextFolder) == WIDE("0");
 }
 
 int Initialize(const char* version) {

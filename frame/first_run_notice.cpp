@@ -4,14 +4,13 @@
 #include <algorithm>
 #include <string>
 
-#include "frame/services/dialogs.h"
-#include "frame/services/home_page.h"
-#include "frame/services/text.h"
+#include "frame/services/dialog.h"
+#include "frame/services/shell.h"
 #include "hostapi/windows.h"
 
 namespace {
 
-constexpr const char* kDialog = "VxInit.res";
+constexpr Dialog kDialog = "VxInit.res";
 constexpr const WideChar* kRegistryKey = WIDE("Software\\PTC\\Creo_Parametric");
 constexpr const WideChar* kMarkerValue = WIDE("VxReg");
 
@@ -68,10 +67,7 @@ WideView MarkerAfter(WideView found) {
 ProError FirstRunNotice() {
     const WideText found = ReadMarker();
     if (found == kLastMarker) return PRO_TK_NO_ERROR;
-    const ProError status = RunModalDialog(kDialog, [] {
-        ProUIPushbuttonActivateActionSet(HostText(kDialog), HostText("OK"), EndDialogWithOk,
-                                         nullptr);
-    });
+    const ProError status = RunModalDialog(kDialog, [] { kDialog.OnPress("OK", EndDialogWithOk); });
     if (status != PRO_TK_NO_ERROR) return status;
     WriteMarker(MarkerAfter(found));
     OpenHomePage();

@@ -16,7 +16,7 @@ void RegisterCommand(const CommandRow& row, const WideText& textFile) {
     ProMenubarmenuPushbuttonAdd(HostText("Menu"), HostText(row.name), HostText(row.name),
                                 HostText(row.helpKey), nullptr, PRO_B_TRUE, command,
                                 HostText(textFile));
-    ProCmdIconSet(command, HostText(row.icon));
+    if (row.icon) ProCmdIconSet(command, HostText(row.icon));
     if (row.designated) {
         ProCmdDesignate(command, HostText(row.name), HostText(row.helpKey), HostText(row.name),
                         HostText(textFile));

@@ -19,7 +19,3 @@ template <CommandName Name>
 void NotBuiltAction() {
     ShowNotBuilt(Name.text);
 }
-
-// For a row of the command table: NotBuilt<"VxBom">.
-template <CommandName Name>
-inline constexpr uiCmdCmdActFn NotBuilt = &Command<NotBuiltAction<Name>>;

@@ -24,10 +24,11 @@ void AddToActionMenu(const char* button, const char* labelKey, const char* helpK
 
 void AddPopupButton(ProPopupMenuId popup, const PopupRow& row) {
     uiCmdCmdId command = nullptr;
-    ProCmdCmdIdFind(HostText(row.name), &command);
+    ProCmdCmdIdFind(HostText(row.command->name), &command);
     // The help is the key itself, not its text.
-    ProPopupmenuButtonAdd(popup, -1, HostText(row.name), HostText(row.label),
-                          HostText(Widen(row.helpKey)), command, row.popupAccess, nullptr);
+    const WideText help = Widen(row.command->helpKey);
+    ProPopupmenuButtonAdd(popup, -1, HostText(row.command->name), HostText(row.label),
+                          HostText(help), command, row.popupAccess, nullptr);
 }
 
 // Opening a drawing is registered here and nowhere else, afresh for each popup.
@@ -57,10 +58,10 @@ ProError PopupHookSelObj(char* popupName) {
 
 void RegisterPopupCommand(const PopupRow& row, const WideText& textFile) {
     uiCmdCmdId command = nullptr;
-    ProCmdActionAdd(HostText(row.name), row.action, kOnSelection, row.access, PRO_B_FALSE,
-                    PRO_B_FALSE, &command);
+    ProCmdActionAdd(HostText(row.command->name), row.command->action, kOnSelection, row.access,
+                    PRO_B_FALSE, PRO_B_FALSE, &command);
     const std::string button = Narrow(row.actionMenuButton);
-    AddToActionMenu(button.c_str(), row.name, row.helpKey, command, textFile);
+    AddToActionMenu(button.c_str(), row.command->name, row.command->helpKey, command, textFile);
 }
 
 ProError PopupHookFirst(char*) {

@@ -1,7 +1,9 @@
-// Which models a batch command treats.
+// Which models a batch command treats, and the loop over them.
 #include "modeldata/batch_targets.h"
 
 #include <utility>
+
+#include "modeldata/keyword_filter.h"
 
 namespace {
 
@@ -25,16 +27,6 @@ const ScopeRow* FindScope(const std::string& name) {
     return nullptr;
 }
 
-}  // namespace
-
-ComponentArray CollectByScope(const TopModel& top, const std::string& scope) {
-    const ScopeRow* row = FindScope(scope);
-    if (row) return ComponentCollector(top.model, row->visitor);
-    ComponentArray none;
-    none.Allocate();
-    return none;
-}
-
 ModelList TargetsByScope(const TopModel& top, const std::string& scope, ComponentArray components) {
     const ScopeRow* row = FindScope(scope);
     ModelList models;
@@ -45,11 +37,34 @@ ModelList TargetsByScope(const TopModel& top, const std::string& scope, Componen
     return ReduceToModelList(std::move(components), size, models);
 }
 
-void ShowNoComponents() {
-    ShowPlainError(WIDE("当前模型中没有合适的子零件/组件"));
+}  // namespace
+
+ComponentArray CollectByScope(const TopModel& top, const std::string& scope) {
+    const ScopeRow* row = FindScope(scope);
+    if (row) return ComponentCollector(top.model, row->visitor);
+    ComponentArray none;
+    none.Allocate();
+    return none;
+}
+
+bool ForEachTarget(const TopModel& top, const std::string& scope, ComponentArray components,
+                   Dialog dialog, const char* keywordPanel,
+                   const std::function<void(ProMdl model, const WideText& name)>& work) {
+    if (components.Size() == 0) {
+        ShowPlainError(WIDE("当前模型中没有合适的子零件/组件"));
+        return false;
+    }
+    const ModelList targets = TargetsByScope(top, scope, std::move(components));
+    const auto filter = KeywordFilter::FromText(dialog.InputText(keywordPanel));
+    for (const ProMdl model : targets) {
+        const WideText name = ModelName(model);
+        if (!filter.Excludes(name)) work(model, name);
+    }
+    return true;
 }
 
 void RefreshCurrentTree() {
     ProMdl model = nullptr;
-    if (ProMdlCurrentGet(&model) == PRO_TK_NO_ERROR) ProTreetoolRefresh(model);
+    ProMdlCurrentGet(&model);
+    if (model) ProTreetoolRefresh(model);
 }

@@ -1,11 +1,9 @@
 // VxMdlCount: how often each model occurs in the current assembly, as an integer parameter of the
 // model. Instances of family tables join in if the settings say so.
-#include "modeldata/mdl_count.h"
-
 #include <vector>
 
 #include "frame/services.h"
-#include "modeldata/batch_targets.h"
+#include "modeldata/commands.h"
 
 namespace {
 
@@ -13,48 +11,25 @@ constexpr WideView kParameterName = WIDE("数量");
 constexpr WideView kFailureHeader =
     WIDE("以下模型“数量”参数创建/更新失败，请检查参数是否存在关系锁定等原因，需手动处理：\n");
 
-ProParamvalue WholeValue(int number) {
-    ProParamvalue value = {};
-    value.type = PRO_PARAM_INTEGER;
-    value.value.i_val = number;
-    return value;
-}
-
-// False: the parameter has not got its value.
-bool WriteCount(const ModelCount& count) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(count.model, &item) != PRO_TK_NO_ERROR) return false;
-    ProParamvalue value = WholeValue(count.count);
-    ProName name = {};
-    PutText(kParameterName, name);
-    ProParameter parameter = {};
-    const ProError status = ProParameterCreate(&item, name, &value, &parameter);
-    if (status != PRO_TK_E_FOUND) return status == PRO_TK_NO_ERROR;
-    // The host may leave the handle of a parameter that is there already to be asked for.
-    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
-        return false;
-    }
-    return ProParameterValueSet(&parameter, &value) == PRO_TK_NO_ERROR;
-}
-
 // Makes the parameter a column of the generic's family table. Where it is one already the host
 // refuses, and nothing more is wanted.
 void AddColumn(ProMdl generic) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(generic, &item) != PRO_TK_NO_ERROR) return;
-    ProName name = {};
-    PutText(kParameterName, name);
-    ProParamvalue value = WholeValue(0);
-    ProParameter parameter = {};
-    ProParameterCreate(&item, name, &value, &parameter);
-    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
-        return;
+    HostRecord<ProModelitem> item;
+    HostRecord<ProParameter> parameter;
+    ProMdlToModelitem(generic, item.Place());
+    if (item.IsFilled()) {
+        ProName name = {};
+        PutText(kParameterName, name);
+        ProParamvalue value = WholeValue(0);
+        ProParameterCreate(item.Place(), name, &value, parameter.Place());
+        // The host may leave the handle of a parameter that is there already to be asked for.
+        if (!parameter.IsFilled()) FindParameter(item.Place(), kParameterName, parameter.Place());
     }
-    ProFamtable table = {PRO_TYPE_UNUSED, 0, nullptr};
-    ProFamtableItem column = {};
-    if (ProFamtableInit(generic, &table) != PRO_TK_NO_ERROR) return;
-    if (ProParameterToFamtableItem(&parameter, &column) != PRO_TK_NO_ERROR) return;
-    ProFamtableItemAdd(&table, &column);
+    HostRecord<ProFamtable> table;
+    HostRecord<ProFamtableItem> column;
+    ProFamtableInit(generic, table.Place());
+    if (parameter.IsFilled()) ProParameterToFamtableItem(parameter.Place(), column.Place());
+    if (table.IsFilled() && column.IsFilled()) ProFamtableItemAdd(table.Place(), column.Place());
 }
 
 // Whether the model gets its number. An instance does not, unless the settings and its generic
@@ -70,10 +45,7 @@ bool IsCounted(ProMdl model, bool forInstances) {
 }
 
 bool InstancesAreCounted() {
-    const WideText path = ConfigPathFor(WIDE("VxConfig.ini"));
-    const WideText value =
-        DeleteBlanks(ReadIniValue(path, WIDE("VxCountForInstance"), WIDE("value")));
-    return FoldCase(value) == WIDE("TRUE");
+    return FoldCase(ConfigValue(WIDE("VxCountForInstance"), Place::TextFolder)) == WIDE("TRUE");
 }
 
 }  // namespace
@@ -88,7 +60,8 @@ void VxMdlCount() {
     const std::vector<ModelCount> counts = CountModels(top.model);
     WideText failures(kFailureHeader);
     for (const ModelCount& count : counts) {
-        if (!IsCounted(count.model, forInstances) || WriteCount(count)) continue;
+        if (!IsCounted(count.model, forInstances)) continue;
+        if (CreateOrSetParameter(count.model, kParameterName, WholeValue(count.count))) continue;
         failures += count.name + WIDE("\n");
     }
     if (top.model) ProTreetoolRefresh(top.model);

@@ -1,16 +1,13 @@
 // VxOutline: how large each model is along its own axes. A part is measured by the boxes of its
 // surfaces; in an assembly the two corners of each such box are turned with their component.
-#include "modeldata/outline.h"
-
 #include <algorithm>
 #include <utility>
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
 #include "modeldata/outline_text.h"
-#include "modeldata/parameters.h"
-#include "modeldata/params.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
 
@@ -78,9 +75,8 @@ Outcome MeasurePart(ProMdl part, SurfaceArray* surfaces, Measure* measure) {
 Outcome MeasureComponent(ProAsmcomppath* path, Measure* measure) {
     ProMdl model = nullptr;
     if (ProAsmcomppathMdlGet(path, &model) != PRO_TK_NO_ERROR) return Outcome::Measured;
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
-    if (type != PRO_MDL_PART) return Outcome::Measured;  // parts of assemblies have their own lines
+    if (TypeOf(model) != PRO_MDL_PART)
+        return Outcome::Measured;  // parts of assemblies have their own lines
     ProMatrix transform = {};
     if (ProAsmcomppathTrfGet(path, PRO_B_TRUE, transform) != PRO_TK_NO_ERROR) {
         return Outcome::Measured;
@@ -112,15 +108,6 @@ Outcome MeasureAssembly(ProMdl assembly, Measure* measure) {
     return Outcome::Measured;
 }
 
-void DeleteParameter(ProMdl model, ProName name) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProParameter parameter = {};
-    if (ProParameterInit(&item, name, &parameter) == PRO_TK_NO_ERROR) {
-        ProParameterDelete(&parameter);
-    }
-}
-
 // Empty if the check button's state is not known.
 WideText MeasuredText(const Measure& measure, int order, int decimalPlaces) {
     if (order != 0 && order != 1) return {};
@@ -132,15 +119,14 @@ WideText MeasuredText(const Measure& measure, int order, int decimalPlaces) {
                        order == 1 ? OutlineOrder::LargestFirst : OutlineOrder::AsModelled);
 }
 
-}  // namespace
-
-void ComputeOutlineParameter(ProMdl model, ProName name) {
-    const int order = CheckButtonState(kParamsDialog, "VxOutlineOrder");
-    const int places = DecimalPlaces(OptionMenuText(kParamsDialog, "VxOutlineNum"));
+// Measures a part or an assembly and writes its outline size into the parameter; for other models
+// it does nothing. A model without surfaces loses the parameter. Reads the dialog's options.
+void ComputeOutlineParameter(ProMdl model, const WideText& name) {
+    const int order = kParamsDialog.CheckState("VxOutlineOrder");
+    const int places = DecimalPlaces(kParamsDialog.MenuText("VxOutlineNum"));
     SurfaceArray surfaces;
     if (surfaces.Allocate() != PRO_TK_NO_ERROR) return;
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
+    const ProMdlType type = TypeOf(model);
     if (type != PRO_MDL_PART && type != PRO_MDL_ASSEMBLY) return;
     Measure measure;
     const Outcome outcome = type == PRO_MDL_PART ? MeasurePart(model, &surfaces, &measure)
@@ -150,8 +136,10 @@ void ComputeOutlineParameter(ProMdl model, ProName name) {
         DeleteParameter(model, name);
         return;
     }
-    WriteTextParameter(model, name, MeasuredText(measure, order, places));
+    FindAndWriteParameter(model, name, TextValue(MeasuredText(measure, order, places)));
 }
+
+}  // namespace
 
 void OnOutline(char*, char*, ProAppData) {
     SaveParamsSettings();
@@ -160,18 +148,12 @@ void OnOutline(char*, char*, ProAppData) {
         ShowNotice(WIDE("当前环境不是组件/制造，无法执行此操作"));
         return;
     }
-    const std::string scope = SelectedName(kParamsDialog, "TypeRadio2");
-    ProName name = {};
-    PutText(InputPanelText(kParamsDialog, "outlinePname"), name);
+    const std::string scope = kParamsDialog.Selected("TypeRadio2");
+    const WideText name = kParamsDialog.InputText("outlinePname");
     ComponentArray components = CollectByScope(top, scope);
-    if (components.Size() == 0) {
-        ShowNoComponents();
+    const auto write = [&](ProMdl model, const WideText&) { ComputeOutlineParameter(model, name); };
+    if (!ForEachTarget(top, scope, std::move(components), kParamsDialog, "InputKeyWords2", write)) {
         return;
-    }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords2"));
-    for (const ProMdl model : targets) {
-        if (!filter.Excludes(ModelName(model))) ComputeOutlineParameter(model, name);
     }
     ShowNotice(kCompletion);
     ProTreetoolRefresh(top.model);

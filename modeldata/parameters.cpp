@@ -1,13 +1,11 @@
 // Add, Update and Delete: one named parameter in many models. They end without a box.
-#include "modeldata/parameters.h"
-
 #include <string>
 #include <utility>
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
-#include "modeldata/params.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
 
@@ -38,8 +36,8 @@ struct Request {
 
 // The value that the dialog shows. False: it was refused, and the user knows.
 bool ReadValue(Operation operation, Request* request) {
-    const WideText text = InputPanelText(kParamsDialog, "ParaValue");
-    const WideText label = OptionMenuText(kParamsDialog, "PtypeOption");
+    const WideText text = kParamsDialog.InputText("ParaValue");
+    const WideText label = kParamsDialog.MenuText("PtypeOption");
     for (const TypeRow& row : kTypes) {
         if (label != row.label) continue;
         request->hasValue = true;
@@ -67,32 +65,35 @@ bool ReadValue(Operation operation, Request* request) {
 // False: there is nothing to do, and the user knows why.
 bool ReadRequest(Operation operation, Request* request) {
     request->operation = operation;
-    request->name = InputPanelText(kParamsDialog, "ParaName");
+    request->name = kParamsDialog.InputText("ParaName");
     return operation == Operation::Delete || ReadValue(operation, request);
 }
 
 void Apply(Request* request, ProMdl model) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProName name = {};
-    PutText(request->name, name);
-    ProParameter parameter = {};
+    HostRecord<ProModelitem> item;
+    ProMdlToModelitem(model, item.Place());
+    if (!item.IsFilled()) return;
+    HostRecord<ProParameter> parameter;
     if (request->operation == Operation::Add) {
-        if (request->hasValue) ProParameterCreate(&item, name, &request->value, &parameter);
+        ProName name = {};
+        PutText(request->name, name);
+        if (!request->hasValue) return;
+        ProParameterCreate(item.Place(), name, &request->value, parameter.Place());
         return;
     }
-    if (ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) return;
+    FindParameter(item.Place(), request->name, parameter.Place());
+    if (!parameter.IsFilled()) return;
     if (request->operation == Operation::Delete) {
-        ProParameterDelete(&parameter);
+        ProParameterDelete(parameter.Place());
     } else if (request->hasValue) {
-        ProParameterValueSet(&parameter, &request->value);
+        ProParameterValueSet(parameter.Place(), &request->value);
     }
 }
 
 void Run(Operation operation) {
     SaveParamsSettings();
     const TopModel top = CurrentTopModel();
-    const std::string scope = SelectedName(kParamsDialog, "TypeRadio");
+    const std::string scope = kParamsDialog.Selected("TypeRadio");
     Request request;
     if (!ReadRequest(operation, &request)) return;
     ComponentArray components = CollectByScope(top, scope);
@@ -100,38 +101,13 @@ void Run(Operation operation) {
         ShowPlainError(WIDE("ProArray Alloc error"));
         return;
     }
-    if (components.Size() == 0) {
-        ShowNoComponents();
-        return;
+    const auto apply = [&](ProMdl model, const WideText&) { Apply(&request, model); };
+    if (ForEachTarget(top, scope, std::move(components), kParamsDialog, "InputKeyWords", apply)) {
+        RefreshCurrentTree();
     }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords"));
-    for (const ProMdl model : targets) {
-        if (!filter.Excludes(ModelName(model))) Apply(&request, model);
-    }
-    RefreshCurrentTree();
 }
 
 }  // namespace
-
-ProParamvalue TextValue(WideView text) {
-    ProParamvalue value = {};
-    value.type = PRO_PARAM_STRING;
-    PutText(text, value.value.s_val);
-    return value;
-}
-
-void WriteTextParameter(ProMdl model, ProName name, WideView text) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProParameter parameter = {};
-    const bool there = ProParameterInit(&item, name, &parameter) == PRO_TK_NO_ERROR;
-    ProParamvalue value = TextValue(text);
-    // A refused creation need not fill its handle: that of the parameter which is there is kept.
-    ProParameter created = {};
-    const ProError status = ProParameterCreate(&item, name, &value, &created);
-    if (status == PRO_TK_E_FOUND && there) ProParameterValueSet(&parameter, &value);
-}
 
 void OnAddParameter(char*, char*, ProAppData) {
     Run(Operation::Add);

@@ -1,65 +1,10 @@
-// VxParams: the dialog as a whole, and its settings file.
-#include "modeldata/params.h"
-
-#include "frame/services.h"
-#include "hostapi/windows.h"
-#include "modeldata/outline.h"
-#include "modeldata/parameters.h"
-#include "modeldata/sheet_size.h"
+// VxParams: one parameter in many models at once, and the computed parameters for outline and sheet
+// size. Here is the dialog as a whole; its buttons have files of their own.
+#include "modeldata/commands.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
-
-constexpr const WideChar* kKey = WIDE("content");
-
-// Saved keywords may hold blanks; the other values end at their first one.
-WideText ReadSetting(const WideText& path, WideView section) {
-    return ReadIniValue(path, WideText(section), kKey);
-}
-
-WideText UpToBlank(const WideText& text) {
-    return text.substr(0, text.find(WideChar{' '}));
-}
-
-void SetInputPanel(const char* component, const WideText& text) {
-    ProUIInputpanelValueSet(HostText(kParamsDialog), HostText(component), HostText(text));
-}
-
-void SetOptionMenu(const char* component, const WideText& text) {
-    ProUIOptionmenuValueSet(HostText(kParamsDialog), HostText(component), HostText(text));
-}
-
-// The two parameter names are set as option menus and read as input panels ever since. A host that
-// minds the difference refuses the first call, so the second follows.
-void SetName(const char* component, const WideText& text) {
-    SetOptionMenu(component, text);
-    SetInputPanel(component, text);
-}
-
-void LoadSettings() {
-    const WideText path = ConfigPathFor(WIDE("VxParams.ini"));
-    const WideText keywords = ReadSetting(path, WIDE("InputKeyWords"));
-    SetInputPanel("InputKeyWords", keywords);
-    SetInputPanel("InputKeyWords2", keywords);
-    const WideText order = UpToBlank(ReadSetting(path, WIDE("VxOutlineOrder")));
-    char* const dialog = HostText(kParamsDialog);
-    if (order == WIDE("1")) ProUICheckbuttonSet(dialog, HostText("VxOutlineOrder"));
-    if (order == WIDE("0")) ProUICheckbuttonUnset(dialog, HostText("VxOutlineOrder"));
-    SetOptionMenu("VxOutlineNum", UpToBlank(ReadSetting(path, WIDE("VxOutlineNum"))));
-    SetName("outlinePname", UpToBlank(ReadSetting(path, WIDE("outlinePname"))));
-    SetName("shSizePname", UpToBlank(ReadSetting(path, WIDE("shSizePname"))));
-}
-
-// A null value deletes the key; what could not be read stays as it is on disk.
-void WriteSetting(const WideText& path, const WideChar* section,
-                  std::optional<const WideChar*> value) {
-    if (value) WritePrivateProfileStringW(section, kKey, *value, path.c_str());
-}
-
-std::optional<const WideChar*> StateText(int state) {
-    if (state == 1) return WIDE("1");
-    if (state == 0) return WIDE("0");
-    return std::nullopt;
-}
 
 struct Button {
     const char* name;
@@ -72,30 +17,12 @@ const Button kButtons[] = {
 };
 
 void Prepare() {
-    for (const Button& button : kButtons) {
-        ProUIPushbuttonActivateActionSet(HostText(kParamsDialog), HostText(button.name),
-                                         button.action, nullptr);
-    }
-    ProUIDialogCloseActionSet(HostText(kParamsDialog), EndDialogOnClose, nullptr);
-    LoadSettings();
+    for (const Button& button : kButtons) kParamsDialog.OnPress(button.name, button.action);
+    kParamsDialog.OnClose(EndDialogOnClose);
+    LoadParamsSettings();
 }
 
 }  // namespace
-
-void SaveParamsSettings() {
-    // Read from \VXconfig\, written to \vxconfig\: one folder to a system that folds case.
-    const WideText path = AppTextDir().append(WIDE("\\vxconfig\\VxParams.ini"));
-    const auto keywords = InputPanelValue(kParamsDialog, "InputKeyWords");
-    const int order = CheckButtonState(kParamsDialog, "VxOutlineOrder");
-    const auto places = OptionMenuValue(kParamsDialog, "VxOutlineNum");
-    const auto outline = InputPanelValue(kParamsDialog, "outlinePname");
-    const auto sheetSize = InputPanelValue(kParamsDialog, "shSizePname");
-    WriteSetting(path, WIDE("InputKeyWords"), keywords);
-    WriteSetting(path, WIDE("VxOutlineOrder"), StateText(order));
-    WriteSetting(path, WIDE("VxOutlineNum"), places);
-    WriteSetting(path, WIDE("outlinePname"), outline);
-    WriteSetting(path, WIDE("shSizePname"), sheetSize);
-}
 
 void VxParams() {
     RunModalDialog(kParamsDialog, Prepare);

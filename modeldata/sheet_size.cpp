@@ -5,9 +5,8 @@
 
 #include "frame/services.h"
 #include "modeldata/batch_targets.h"
-#include "modeldata/keyword_filter.h"
-#include "modeldata/parameters.h"
-#include "modeldata/params.h"
+#include "modeldata/params_buttons.h"
+#include "modeldata/params_settings.h"
 
 namespace {
 
@@ -30,9 +29,7 @@ void WriteSheetSizes(ProMdl model, const WideText& modelName, const WideText& pa
     ProMdl drawing = nullptr;
     if (ProMdlRetrieve(HostText(modelName), PRO_MDL_DRAWING, &drawing) != PRO_TK_NO_ERROR) return;
     const WideText text = SheetSizeText(SheetSizes(drawing));
-    ProName name = {};
-    PutText(parameterName, name);
-    WriteTextParameter(model, name, text);
+    FindAndWriteParameter(model, parameterName, TextValue(text));
 }
 
 }  // namespace
@@ -49,18 +46,14 @@ void OnSheetSize(char*, char*, ProAppData) {
     const TopModel top = CurrentModel();
     // The assembly of a manufacturing model is left alone, without a word.
     if (top.type != PRO_MDL_ASSEMBLY) return;
-    const std::string scope = SelectedName(kParamsDialog, "TypeRadio2");
-    const WideText parameterName = InputPanelText(kParamsDialog, "shSizePname");
+    const std::string scope = kParamsDialog.Selected("TypeRadio2");
+    const WideText parameterName = kParamsDialog.InputText("shSizePname");
     ComponentArray components = CollectByScope(top, scope);
-    if (components.Size() == 0) {
-        ShowNoComponents();
+    const auto write = [&](ProMdl model, const WideText& name) {
+        WriteSheetSizes(model, name, parameterName);
+    };
+    if (!ForEachTarget(top, scope, std::move(components), kParamsDialog, "InputKeyWords2", write)) {
         return;
-    }
-    const ModelList targets = TargetsByScope(top, scope, std::move(components));
-    const auto filter = KeywordFilter::FromText(InputPanelText(kParamsDialog, "InputKeyWords2"));
-    for (const ProMdl model : targets) {
-        const WideText name = ModelName(model);
-        if (!filter.Excludes(name)) WriteSheetSizes(model, name, parameterName);
     }
     ShowCompletion(WIDE("\t图幅大小参数批量创建/更新完成"));
     RefreshCurrentTree();

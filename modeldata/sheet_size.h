@@ -1,13 +1,9 @@
-// The button VxSheetSize of the dialog VxParams: the sheet sizes of each model's drawing as a text
-// parameter of the model.
+// The sheet sizes of a drawing as a text.
 #pragma once
 
-#include <string>
 #include <vector>
 
-#include "hostapi/host.h"
-
-void OnSheetSize(char* dialog, char* component, ProAppData data);
+#include "hostapi/wide.h"
 
 // "A3,A4"; empty for no sheets.
 WideText SheetSizeText(const std::vector<WideText>& sizes);

@@ -1,12 +1,11 @@
 // VxBom: the dialog, its columns, and its buttons but the one that exports.
-#include "tables/bom.h"
-
 #include <utility>
 #include <vector>
 
 #include "frame/services.h"
 #include "tables/bom_export.h"
 #include "tables/bom_table.h"
+#include "tables/commands.h"
 
 namespace {
 
@@ -24,7 +23,7 @@ constexpr Mode kFlat = {"SumBom", WIDE("tableCols_sum"), false};
 constexpr Mode kLevelled = {"LevelBom", WIDE("tableCols_level"), true};
 
 const Mode* SelectedMode() {
-    const std::string name = SelectedName(kBomDialog, kModes);
+    const std::string name = kBomDialog.Selected(kModes);
     if (name == kFlat.name) return &kFlat;
     if (name == kLevelled.name) return &kLevelled;
     return nullptr;
@@ -32,53 +31,41 @@ const Mode* SelectedMode() {
 
 void EnableLevels(bool enabled) {
     if (enabled) {
-        ProUIOptionmenuEnable(HostText(kBomDialog), HostText(kLevels));
+        kBomDialog.EnableMenu(kLevels);
     } else {
-        ProUIOptionmenuDisable(HostText(kBomDialog), HostText(kLevels));
+        kBomDialog.DisableMenu(kLevels);
     }
 }
 
 // --- Columns ---
 
-// Inserts columns of these names behind the running number. False if that failed.
-bool InsertColumns(std::vector<std::string> names) {
-    if (names.empty()) return true;
-    std::vector<char*> texts;
-    texts.reserve(names.size());
-    for (std::string& name : names) texts.push_back(name.data());
-    const std::string number = BomColumn(0);
-    return ProUITableColumnsInsert(HostText(kBomDialog), HostText(kBomTable),
-                                   HostText(number.c_str()), int(texts.size()),
-                                   texts.data()) == PRO_TK_NO_ERROR;
+// The items of the mode's list of columns.
+std::vector<WideText> ReadColumns(const Mode& mode) {
+    return SplitColumnList(
+        ReadIniValue(FileBesideModule(kSettings), mode.columns, WIDE("content")));
 }
 
-// Adds a column for each item of the mode's list behind the running number, and sets all labels.
-void AddColumns(const Mode& mode) {
-    const auto items =
-        SplitColumnList(ReadIniValue(FileBesideModule(kSettings), mode.columns, WIDE("content")));
+// Adds a column for each item after the running number, and sets all labels.
+void AddColumns(const std::vector<WideText>& items) {
     std::vector<std::string> names;
-    std::vector<WideChar*> labels = {HostText(WIDE("序号"))};
+    std::vector<WideText> labels = {WIDE("序号")};
     for (std::size_t i = 0; i < items.size(); ++i) {
         names.push_back(BomColumn(i + 1));
-        labels.push_back(HostText(items[i]));
+        labels.push_back(items[i]);
     }
     // A label without its column would be one too many for the host.
-    if (!InsertColumns(std::move(names))) labels.resize(1);
-    ProUITableColumnlabelsSet(HostText(kBomDialog), HostText(kBomTable), int(labels.size()),
-                              labels.data());
+    if (!names.empty() && !kBomTable.InsertColumns(BomColumn(0).c_str(), names)) labels.resize(1);
+    kBomTable.SetColumnLabels(labels);
 }
 
-// The rows go with the old columns.
+// The rows go with the old columns, when the new ones are known.
 void RebuildColumns(const Mode& mode) {
-    DeleteAllTableRows(kBomDialog, kBomTable);
-    std::vector<std::string> names = TableColumnNames(kBomDialog, kBomTable);
-    std::vector<char*> old;
-    for (std::size_t i = 1; i < names.size(); ++i) old.push_back(names[i].data());
-    if (!old.empty()) {
-        ProUITableColumnsDelete(HostText(kBomDialog), HostText(kBomTable), int(old.size()),
-                                old.data());
-    }
-    AddColumns(mode);
+    const std::vector<WideText> items = ReadColumns(mode);
+    kBomTable.DeleteAllRows();
+    std::vector<std::string> old = kBomTable.ColumnNames();
+    if (!old.empty()) old.erase(old.begin());
+    if (!old.empty()) kBomTable.DeleteColumns(old);
+    AddColumns(items);
 }
 
 // --- What the user does ---
@@ -92,10 +79,10 @@ bool CanBeListed(const TopModel& current) {
 
 void OnLoad(char*, char*, ProAppData) {
     const Mode* mode = SelectedMode();
-    const std::vector<WideText> labels = TableColumnLabels(kBomDialog, kBomTable);
-    DeleteAllTableRows(kBomDialog, kBomTable);
+    const std::vector<WideText> labels = kBomTable.ColumnLabels();
+    kBomTable.DeleteAllRows();
     if (!mode) return;
-    const int depth = mode->hasLevels ? WholeNumber(OptionMenuText(kBomDialog, kLevels)) : 0;
+    const int depth = mode->hasLevels ? WholeNumber(kBomDialog.MenuText(kLevels)) : 0;
     const TopModel current = CurrentModel();
     if (!CanBeListed(current)) return;
     const ProMdl assembly = TopModelOf(current).model;
@@ -124,7 +111,7 @@ void OnOpenSettings(char*, char*, ProAppData) {
 
 // The column of the models' names, the last one of several; empty if there is none.
 std::string NameColumn() {
-    const std::vector<WideText> labels = TableColumnLabels(kBomDialog, kBomTable);
+    const std::vector<WideText> labels = kBomTable.ColumnLabels();
     std::string column;
     for (std::size_t i = 0; i < labels.size(); ++i) {
         if (labels[i] == kModelNameLabel) column = BomColumn(i);
@@ -134,28 +121,28 @@ std::string NameColumn() {
 
 // Shows the model of the row; the current model is that one from now on.
 void OnDoubleClick(char*, char*, ProAppData) {
-    ProUIDialogAboveactivewindowSet(HostText(kBomDialog), PRO_B_TRUE);
+    kBomDialog.StayAboveWindow();
     const std::string column = NameColumn();
     if (column.empty()) return;
-    const std::string row = FirstSelectedRow(kBomDialog, kBomTable);
+    const std::string row = kBomTable.FirstSelectedRow();
     if (row.empty()) return;
-    const WideText name = TableCellText(kBomDialog, kBomTable, row, column);
-    const bool isAssembly = TableCellColour(kBomDialog, kBomTable, row, column) == kAssemblyColour;
+    const WideText name = kBomTable.CellText(row, column);
+    const bool isAssembly = kBomTable.CellColour(row, column) == kAssemblyColour;
     ProMdl model = nullptr;
     ProMdlRetrieve(HostText(name), isAssembly ? PRO_MDL_ASSEMBLY : PRO_MDL_PART, &model);
     if (model) ProMdlDisplay(model);
 }
 
 // The list of the one picture is left to the drawing area.
-void OnPictureManaged(char*, char*, ProAppData dialog) {
+void OnPictureManaged(char*, char*, ProAppData name) {
     ProArray list = nullptr;
     if (ProArrayAlloc(1, int(sizeof(char*)), 1, &list) != PRO_TK_NO_ERROR) return;
     auto** images = static_cast<char**>(list);
     images[0] = HostText("VxQQ2.gif");
-    auto* name = static_cast<char*>(dialog);
+    const Dialog dialog(static_cast<const char*>(name));
     ProUIPoint position = {2, 2};
-    ProUIDrawingareaImagesSet(name, HostText("DrawingArea"), 1, images);
-    ProUIDrawingareaImagesDraw(name, HostText("DrawingArea"), 1, images, &position);
+    dialog.SetImages("DrawingArea", 1, images);
+    dialog.DrawImages("DrawingArea", 1, images, &position);
 }
 
 struct Button {
@@ -171,31 +158,25 @@ const Button kButtons[] = {
 };
 
 void AttachActions() {
-    char* const dialog = HostText(kBomDialog);
-    for (const Button& button : kButtons) {
-        ProUIPushbuttonActivateActionSet(dialog, HostText(button.name), button.action, nullptr);
-    }
-    ProUIRadiogroupSelectActionSet(dialog, HostText(kModes), Guarded<OnMode>, nullptr);
-    ProUITableActivateActionSet(dialog, HostText(kBomTable), Guarded<OnDoubleClick>, nullptr);
-    ProUIDialogCloseActionSet(dialog, EndDialogOnClose, nullptr);
+    for (const Button& button : kButtons) kBomDialog.OnPress(button.name, button.action);
+    kBomDialog.OnSelect(kModes, Guarded<OnMode>);
+    kBomTable.OnActivate(Guarded<OnDoubleClick>);
+    kBomDialog.OnClose(EndDialogOnClose);
 }
 
 }  // namespace
 
 void VxBom() {
     const TopModel current = CurrentModel();
-    if (CreateDialog(kBomDialog) != PRO_TK_NO_ERROR) return;
+    CreatedDialog created(kBomDialog);
+    if (created.Status() != PRO_TK_NO_ERROR) return;
     AttachActions();
-    AddColumns(kFlat);
-    if (!CanBeListed(current)) {
-        ProUIDialogDestroy(HostText(kBomDialog));
-        return;
-    }
+    AddColumns(ReadColumns(kFlat));
+    if (!CanBeListed(current)) return;
     const ProMdl assembly = TopModelOf(current).model;
-    FillFlatBom(assembly, TableColumnLabels(kBomDialog, kBomTable));
+    FillFlatBom(assembly, kBomTable.ColumnLabels());
     if (SelectedMode() == &kFlat) EnableLevels(false);
-    ProUIDrawingareaPostmanagenotifyActionSet(HostText(kBomDialog), HostText("DrawingArea"),
-                                              Guarded<OnPictureManaged>, HostText(kBomDialog));
-    if (ShowCreatedDialog(kBomDialog) != PRO_TK_NO_ERROR) return;
+    kBomDialog.OnManaged("DrawingArea", Guarded<OnPictureManaged>, kBomDialog.Name());
+    if (created.Show() != PRO_TK_NO_ERROR) return;
     ProMdlDisplay(current.model);
 }

@@ -35,9 +35,8 @@ std::optional<WideText> FreePath() {
 // As text, so that numbers keep their decimals.
 void WriteCell(const Workbook& book, std::size_t column, int row, const std::string& rowName) {
     const std::string columnName = BomColumn(column);
-    const WideText text = TableCellText(kBomDialog, kBomTable, rowName, columnName);
-    const bool marked =
-        TableCellColour(kBomDialog, kBomTable, rowName, columnName) == kAssemblyColour;
+    const WideText text = kBomTable.CellText(rowName, columnName);
+    const bool marked = kBomTable.CellColour(rowName, columnName) == kAssemblyColour;
     const excel::Object cell = SheetCell(book, column, row);
     cell.Put(excel::kNumberFormat, excel::Text(WIDE("@")));
     cell.Put(excel::kValue2, excel::Text(text.c_str()));
@@ -51,8 +50,8 @@ void OnExportBom(char*, char*, ProAppData) {
     const WideText name = CurrentName();
     const auto path = FreePath();
     if (!path) return;
-    const std::vector<WideText> labels = TableColumnLabels(kBomDialog, kBomTable);
-    const int rows = TableRowCount(kBomDialog, kBomTable);
+    const std::vector<WideText> labels = kBomTable.ColumnLabels();
+    const int rows = kBomTable.RowCount();
     Workbook book;
     if (!MakeWorkbook(&book)) return;
     if (labels.size() > kMostSheetColumns) {

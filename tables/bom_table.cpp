@@ -17,11 +17,9 @@ struct BomRow {
 };
 
 std::optional<WideText> ParameterOf(ProModelitem* item, const WideText& label) {
-    ProName name = {};
     if (!item->owner || label.size() >= PRO_NAME_SIZE) return std::nullopt;
-    PutText(label, name);
     ProParameter parameter = {};
-    if (ProParameterInit(item, name, &parameter) != PRO_TK_NO_ERROR) return std::nullopt;
+    if (!FindParameter(item, label, &parameter)) return std::nullopt;
     ProParamvalue value = {};
     if (ProParameterValueGet(&parameter, &value) != PRO_TK_NO_ERROR) return std::nullopt;
     return ParameterText(value);
@@ -61,11 +59,7 @@ private:
 
     bool Insert(const std::string& number) {
         const std::string last = rows_ > 0 ? std::to_string(rows_) : std::string();
-        char* name = HostText(number.c_str());
-        if (ProUITableRowsInsert(HostText(kBomDialog), HostText(kBomTable), HostText(last.c_str()),
-                                 1, &name) != PRO_TK_NO_ERROR) {
-            return false;
-        }
+        if (!kBomTable.InsertRow(last, number)) return false;
         ++rows_;
         return true;
     }
@@ -81,11 +75,8 @@ private:
 
     static void SetCell(const BomRow& row, const std::string& number, const std::string& column,
                         const WideText& text) {
-        SetTableCellText(kBomDialog, kBomTable, number, column, text);
-        if (row.type != PRO_MDL_ASSEMBLY) return;
-        ProUITableCellBackgroundColorSet(HostText(kBomDialog), HostText(kBomTable),
-                                         HostText(number.c_str()), HostText(column.c_str()),
-                                         kAssemblyColour);
+        kBomTable.SetCellText(number, column, text);
+        if (row.type == PRO_MDL_ASSEMBLY) kBomTable.SetCellColour(number, column, kAssemblyColour);
     }
 
     const std::vector<WideText>& labels_;
@@ -113,7 +104,7 @@ void FillFlatBom(ProMdl assembly, const std::vector<WideText>& labels) {
     TableFill fill(labels);
     for (const ModelCount& one : CountModels(assembly)) {
         BomRow row;
-        ProMdlTypeGet(one.model, &row.type);
+        row.type = TypeOf(one.model);
         row.name = ModelName(one.model);
         row.count = one.count;
         fill.Add(row);

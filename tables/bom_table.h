@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "hostapi/host.h"
+#include "frame/services.h"
 
-inline constexpr const char* kBomDialog = "VxBom";
-inline constexpr const char* kBomTable = "bom_list";
+inline constexpr Dialog kBomDialog = "VxBom";
+inline constexpr Table kBomTable{"VxBom", "bom_list"};
 
 // The colour behind the cells of assemblies. It is read back as the mark of an assembly.
 inline constexpr ProUIColorType kAssemblyColour = 17;

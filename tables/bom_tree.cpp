@@ -20,20 +20,6 @@ struct Parent {
 
 void VisitBelow(ProMdl model, BomNode* node);
 
-ProMdlType TypeOf(ProMdl model) {
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
-    return type;
-}
-
-bool IsActiveAndVisible(ProFeature* feature) {
-    ProFeatStatus status = PRO_FEAT_ACTIVE;
-    ProBoolean visible = PRO_B_FALSE;
-    ProFeatureStatusGet(feature, &status);
-    ProFeatureVisibilityGet(feature, &visible);
-    return visible == PRO_B_TRUE && status == PRO_FEAT_ACTIVE;
-}
-
 // The number of the child that comes next; the root's own 0 is not shown before it.
 WideText NextNumber(const BomNode& parent) {
     constexpr WideView kRoot = WIDE("0.");
@@ -43,7 +29,7 @@ WideText NextNumber(const BomNode& parent) {
 }
 
 ProError VisitComponent(ProFeature* feature, ProError, ProAppData data) {
-    if (!IsActiveAndVisible(feature)) return PRO_TK_NO_ERROR;
+    if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     Parent& parent = *static_cast<Parent*>(data);
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;

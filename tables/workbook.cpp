@@ -77,18 +77,3 @@ void SaveAndQuit(Workbook* book, const WideText& path) {
     book->application.Call(excel::kQuit);
     book->application.Release();
 }
-
-bool IsHeldOpen(const WideText& path) {
-    const HANDLE file = CreateFileW(path.c_str(), FILE_ALL_ACCESS, FILE_SHARE_READ, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
-        const DWORD error = GetLastError();
-        return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
-    }
-    CloseHandle(file);
-    return false;
-}
-
-void OpenFile(const WideText& path) {
-    ShellExecuteW(nullptr, WIDE("open"), path.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-}

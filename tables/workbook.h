@@ -26,9 +26,3 @@ excel::Object SheetCell(const Workbook& book, std::size_t column, int row);
 
 // Fits columns and rows, saves a copy under this path, and quits the application.
 void SaveAndQuit(Workbook* book, const WideText& path);
-
-// Whether another program has the file open, so that it cannot be written.
-bool IsHeldOpen(const WideText& path);
-
-// Opens a file in the program that is registered for it.
-void OpenFile(const WideText& path);

@@ -321,7 +321,25 @@ def read_messages(tree, path):
     return messages, problems
 
 
-ROW = re.compile(r'\{\s*"(?P<name>\w+)",\s*"(?P<help>\w+)",\s*"[\w-]+\.png"\s*,')
+# A row of the table: what follows from its name is written only where it differs.
+ROW = re.compile(r'Row<"(?P<name>\w+)">\s*\((?P<action>NotBuilt|Command<\w+>),\s*\w+\)'
+                 r'(?P<differs>(?:\s*\.\w+\([^()]*\))*)')
+
+
+def table_rows(code):
+    """The rows of the menu; the command that only the popup menus have is none of them."""
+    return [row for row in ROW.finditer(code) if row["name"] not in MENU_KEYS_WITHOUT_ROW]
+
+
+def help_key(row):
+    other = re.search(r'\.Help\("(\w+)"\)', row["differs"])
+    return other[1] if other else row["name"] + "_Help"
+
+
+def built_commands(code):
+    """The names of the commands that have an action of their own, with their lines."""
+    return {row["name"]: line_of(code, row.start()) for row in ROW.finditer(code)
+            if row["action"] != "NotBuilt"}
 
 
 def commands_have_their_texts(tree):
@@ -337,7 +355,7 @@ def commands_have_their_texts(tree):
     code = tree.without_comments(COMMAND_TABLE)
     messages, problems = read_messages(tree, MENU_TEXTS)
     yield from problems
-    rows, used = list(ROW.finditer(code)), set(MENU_KEYS_WITHOUT_ROW)
+    rows, used = table_rows(code), set(MENU_KEYS_WITHOUT_ROW)
     if len(rows) != COMMAND_ROWS:
         yield Finding(COMMAND_TABLE, 1, f"{len(rows)} rows (the menu has {COMMAND_ROWS} commands)")
     names = collections.Counter(row["name"] for row in rows)
@@ -345,7 +363,7 @@ def commands_have_their_texts(tree):
         line = line_of(code, row.start())
         if names[row["name"]] > 1:
             yield Finding(COMMAND_TABLE, line, f'"{row["name"]}" has more than one row')
-        for key in (row["name"], row["help"]):
+        for key in (row["name"], help_key(row)):
             used.add(key)
             if key not in messages:
                 yield Finding(COMMAND_TABLE, line, f'"{key}" is not in {MENU_TEXTS} '
@@ -355,6 +373,63 @@ def commands_have_their_texts(tree):
     for key, line in messages.items():
         if key not in used:
             yield Finding(MENU_TEXTS, line, f'no command uses "{key}"')
+
+
+def rows_name_their_own_command(tree):
+    """A row that presses its neighbour's function looks right in every list; only the designer who
+    presses it sees the wrong dialog."""
+    if COMMAND_TABLE not in tree.paths:
+        return
+    code = tree.without_comments(COMMAND_TABLE)
+    for row in ROW.finditer(code):
+        if row["action"] not in ("NotBuilt", f"Command<{row['name']}>"):
+            yield Finding(COMMAND_TABLE, line_of(code, row.start()),
+                          f'"{row["name"]}" runs {row["action"]} (a row runs its own command)')
+
+
+def commands_are_named_by_their_file(tree):
+    """Whoever looks for a command looks at the first lines of the files. A command that none names
+    is not found, and one that two name is found in the wrong one."""
+    if COMMAND_TABLE not in tree.paths:
+        return
+    first = {path: tree.text(path).split("\n", 1)[0]
+             for path in tree.plugin_sources() if path.endswith(".cpp")}
+    for name, line in built_commands(tree.without_comments(COMMAND_TABLE)).items():
+        files = [path for path, text in first.items() if re.search(rf"\b{name}\b", text)]
+        if len(files) != 1:
+            found = ", ".join(files) or "no file"
+            yield Finding(COMMAND_TABLE, line, f'"{name}" is named by the first line of {found} '
+                          "(one file opens with the command's name)")
+
+
+README = "README.md"
+WHAT_WORKS = "## What works today"
+
+
+def readme_tells_what_works(tree):
+    """A stranger believes the README. A command that is built and not told is never tried, and one
+    that is told and not built is tried once."""
+    if COMMAND_TABLE not in tree.paths or README not in tree.paths:
+        return
+    text = tree.text(README)
+    start = text.find(WHAT_WORKS)
+    if start < 0:
+        yield Finding(README, 1, f'no heading "{WHAT_WORKS}" (the commands that are built)')
+        return
+    section = text[start + len(WHAT_WORKS):].split("\n## ", 1)[0]
+    told = {}
+    for row in re.finditer(r"^\|([^|\n]*)\|", section, re.MULTILINE):
+        for name in re.findall(r"`(\w+)`", row[1]):
+            told[name] = line_of(text, start + len(WHAT_WORKS) + row.start())
+    built = built_commands(tree.without_comments(COMMAND_TABLE))
+    for name, line in built.items():
+        if name not in told:
+            yield Finding(COMMAND_TABLE, line, f'"{name}" is not in the table of {README} '
+                          "(what works is told there)")
+    for name, line in told.items():
+        if name not in built:
+            yield Finding(README, line, f'"{name}" is told to work, but the command table has no '
+                          "action for it")
 
 
 # Functions that hand a key on to ProMessageDisplay, by the file that defines them.
@@ -441,7 +516,9 @@ def dialogs_bear_their_commands_label(tree):
 
 RULES = (includes_go_one_way, no_conditional_code, wide_literals_have_one_form,
          sources_open_with_a_banner, lines_are_tidy, long_files_are_named, no_planning_papers,
-         commands_have_their_texts, messages_have_their_texts, dialogs_bear_their_commands_label)
+         commands_have_their_texts, rows_name_their_own_command,
+         commands_are_named_by_their_file, readme_tells_what_works, messages_have_their_texts,
+         dialogs_bear_their_commands_label)
 
 
 def check_rules(root):

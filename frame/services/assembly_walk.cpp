@@ -5,6 +5,8 @@
 #include <functional>
 #include <unordered_set>
 
+#include "frame/services/models.h"
+
 namespace {
 
 // Status flags of a feature that is not to be visited; compared as a whole, not bit by bit.
@@ -21,20 +23,6 @@ ProFeattype TypeToVisit(ProFeature* feature) {
     if (flags == kSkippedStatusFlags) return 0;
     ProFeattype type = 0;
     if (ProFeatureTypeGet(feature, &type) != PRO_TK_NO_ERROR) return 0;
-    return type;
-}
-
-bool IsActiveAndVisible(ProFeature* feature) {
-    ProFeatStatus status = PRO_FEAT_ACTIVE;
-    ProBoolean visible = PRO_B_FALSE;
-    ProFeatureStatusGet(feature, &status);
-    ProFeatureVisibilityGet(feature, &visible);
-    return visible == PRO_B_TRUE && status == PRO_FEAT_ACTIVE;
-}
-
-ProMdlType TypeOf(ProMdl model) {
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
     return type;
 }
 
@@ -58,7 +46,7 @@ ProError ComponentFilterWide(ProFeature* feature, ProAppData) noexcept {
 
 // Every component, even one whose model is not in memory.
 ProError VisitAllComponents(ProFeature* feature, ProError, ProAppData data) noexcept {
-    if (!IsActiveAndVisible(feature)) return PRO_TK_NO_ERROR;
+    if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     AppendTo(data, feature);
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
@@ -68,7 +56,7 @@ ProError VisitAllComponents(ProFeature* feature, ProError, ProAppData data) noex
 
 // Parts; a sub-assembly is only descended into.
 ProError VisitPartComponents(ProFeature* feature, ProError, ProAppData data) noexcept {
-    if (!IsActiveAndVisible(feature)) return PRO_TK_NO_ERROR;
+    if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
     const ProMdlType type = TypeOf(model);
@@ -79,7 +67,7 @@ ProError VisitPartComponents(ProFeature* feature, ProError, ProAppData data) noe
 
 // Sub-assemblies, before what lies below them.
 ProError VisitAsmComponents(ProFeature* feature, ProError, ProAppData data) noexcept {
-    if (!IsActiveAndVisible(feature)) return PRO_TK_NO_ERROR;
+    if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
     if (TypeOf(model) != PRO_MDL_ASSEMBLY) return PRO_TK_NO_ERROR;
@@ -90,7 +78,7 @@ ProError VisitAsmComponents(ProFeature* feature, ProError, ProAppData data) noex
 
 // Whatever has the subtype of sheet metal.
 ProError VisitSheetMetalComponents(ProFeature* feature, ProError, ProAppData data) noexcept {
-    if (!IsActiveAndVisible(feature)) return PRO_TK_NO_ERROR;
+    if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
     ProMdlsubtype subtype = PROMDLSTYPE_NONE;

@@ -8,6 +8,7 @@
 #include "frame/services/assembly_walk.h"
 #include "frame/services/fixed_text.h"
 #include "frame/services/guard.h"
+#include "frame/services/models.h"
 #include "frame/services/numbers.h"
 
 WideText ComponentTreeText;
@@ -67,11 +68,7 @@ void VisitBelow(ProMdl assembly, ProAppData outer) {
 }  // namespace
 
 ProError ComponentTreeVisitor(ProFeature* feature, ProError, ProAppData data) {
-    ProFeatStatus status = PRO_FEAT_ACTIVE;
-    ProBoolean visible = PRO_B_FALSE;
-    ProFeatureStatusGet(feature, &status);
-    ProFeatureVisibilityGet(feature, &visible);
-    if (visible != PRO_B_TRUE || status != PRO_FEAT_ACTIVE) return PRO_TK_NO_ERROR;
+    if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_NO_ERROR;
     ProMdldata about = {};

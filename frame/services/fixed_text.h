@@ -28,10 +28,3 @@ void PutText(WideView text, WideChar (&record)[Size]) {
     std::copy_n(text.begin(), length, record);
     std::fill(record + length, record + Size, WideChar{});
 }
-
-// A model's name; empty after a failed call.
-inline WideText ModelName(ProMdl model) {
-    ProName name = {};
-    ProMdlNameGet(model, name);
-    return TextIn(name);
-}

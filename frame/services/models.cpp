@@ -1,5 +1,7 @@
-// The model that is current, and the assembly that commands work on in its place.
+// What commands ask of models and components.
 #include "frame/services/models.h"
+
+#include "frame/services/fixed_text.h"
 
 TopModel CurrentModel() {
     TopModel current;
@@ -19,4 +21,24 @@ TopModel TopModelOf(TopModel current) {
 
 TopModel CurrentTopModel() {
     return TopModelOf(CurrentModel());
+}
+
+ProMdlType TypeOf(ProMdl model) {
+    ProMdlType type = PRO_MDL_UNUSED;
+    ProMdlTypeGet(model, &type);
+    return type;
+}
+
+WideText ModelName(ProMdl model) {
+    ProName name = {};
+    ProMdlNameGet(model, name);
+    return TextIn(name);
+}
+
+bool IsShown(ProFeature* feature) {
+    ProFeatStatus status = PRO_FEAT_ACTIVE;
+    ProBoolean visible = PRO_B_FALSE;
+    ProFeatureStatusGet(feature, &status);
+    ProFeatureVisibilityGet(feature, &visible);
+    return visible == PRO_B_TRUE && status == PRO_FEAT_ACTIVE;
 }

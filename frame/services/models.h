@@ -1,4 +1,5 @@
-// The model that is current, and the assembly that commands work on in its place.
+// Models: the one that is current, the assembly that commands work on in its place, and what they
+// ask of every model and component.
 #pragma once
 
 #include "hostapi/host.h"
@@ -12,5 +13,16 @@ struct TopModel {
 TopModel CurrentModel();
 TopModel CurrentTopModel();  // or the assembly of a manufacturing model
 
-// The current model with the assembly of a manufacturing model in its place.
+// The current model with the assembly of a manufacturing model in its place; null if that assembly
+// cannot be had.
 TopModel TopModelOf(TopModel current);
+
+// PRO_MDL_UNUSED after a failed call.
+ProMdlType TypeOf(ProMdl model);
+
+// A model's name; empty after a failed call.
+WideText ModelName(ProMdl model);
+
+// Whether a component is active and visible. A failed call counts as no for the visibility, and as
+// yes for the status.
+bool IsShown(ProFeature* feature);

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "frame/services/assembly_walk.h"
-#include "frame/services/fixed_text.h"
+#include "frame/services/models.h"
 #include "frame/services/text.h"
 
 namespace {
@@ -29,8 +29,7 @@ public:
 private:
     std::size_t PlaceOf(ProMdl model) {
         const WideText name = ModelName(model);
-        ProMdlType type = PRO_MDL_UNUSED;
-        ProMdlTypeGet(model, &type);
+        const ProMdlType type = TypeOf(model);
         // A model that cannot be told by its name is counted by itself.
         if (!name.empty()) {
             const WideText key = FoldCase(name) + WideChar('.') + WideChar(int(type) + 1);

@@ -20,6 +20,8 @@ void WriteIniValue(const WideText& path, const WideText& section, const WideText
     WritePrivateProfileStringW(section.c_str(), key.c_str(), value.c_str(), path.c_str());
 }
 
-WideText ConfigValue(const WideText& section) {
-    return DeleteBlanks(ReadIniValue(FileBesideModule(kConfigFile), section, WIDE("value")));
+WideText ConfigValue(const WideText& section, Place place) {
+    const WideText path = place == Place::BesideModule ? FileBesideModule(kConfigFile)
+                                                       : ConfigPathFor(WIDE("VxConfig.ini"));
+    return DeleteBlanks(ReadIniValue(path, section, WIDE("value")));
 }

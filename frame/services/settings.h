@@ -11,5 +11,9 @@ WideText ReadIniValue(const WideText& path, const WideText& section, const WideT
 void WriteIniValue(const WideText& path, const WideText& section, const WideText& key,
                    const WideText& value);
 
-// The key `value` of a section of VxConfig.ini beside the module, with all blanks deleted.
-WideText ConfigValue(const WideText& section);
+// The two places of VxConfig.ini. Installed they are one folder, and nothing checks that; each
+// command keeps its own.
+enum class Place { BesideModule, TextFolder };
+
+// The key `value` of a section of VxConfig.ini, with all blanks deleted.
+WideText ConfigValue(const WideText& section, Place place);

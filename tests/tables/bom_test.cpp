@@ -1,6 +1,7 @@
 // VxBom: the bill of materials in its table, summed and level by level.
 #include <gtest/gtest.h>
 
+#include "simhost/trail/robot.h"
 #include "simhost/ui/textfield.h"
 #include "simhost/windows/windows.h"
 #include "tests/tables/bom_bench.h"
@@ -146,6 +147,37 @@ TEST_F(Bom, UpdatingTheSettingsBuildsNewColumnsAndTakesTheRowsAway) {
         EXPECT_FALSE(dialog.Find("LevelOption")->enabled);
         EXPECT_EQ(dialog.Press("VxLoadBom"), "");
         EXPECT_EQ(dialog.Find("bom_list")->State(), "4 rows of 4 columns");
+    });
+}
+
+TEST_F(Bom, TheSettingsAreReadBeforeRowsAndThenColumnsAreDeleted) {
+    const workbench::Names wanted = {
+        "ProUIRadiogroupSelectednamesGet",
+        "GetModuleHandleW",
+        "GetModuleFileNameW",
+        "GetPrivateProfileStringW",
+        "ProUITableRownamesGet",
+        "ProUITableRowsDelete",
+        "ProStringarrayFree",
+        "ProUITableColumnnamesGet",
+        "ProStringarrayFree",
+        "ProUITableColumnsDelete",
+        "ProUITableColumnsInsert",
+        "ProUITableColumnlabelsSet",
+    };
+    WithBom([&](Dialog& dialog) {
+        Record();
+        EXPECT_EQ(dialog.Press("VxUpdateBomIni"), "");
+        EXPECT_EQ(Recorded(), wanted);
+        EXPECT_EQ(dialog.Press("VxLoadBom"), "");
+        Record();
+        EXPECT_EQ(dialog.Use(Verb::Select, "BomRadio", {"LevelBom"}), "");
+        workbench::Names calls = Recorded();
+        // A change of the mode enables the depth first.
+        ASSERT_EQ(calls.size(), wanted.size() + 1);
+        EXPECT_EQ(calls[1], "ProUIOptionmenuEnable");
+        calls.erase(calls.begin() + 1);
+        EXPECT_EQ(calls, wanted);
     });
 }
 
@@ -338,6 +370,29 @@ TEST_F(Bom, ADoubleClickOnAnAssemblyShowsTheAssembly) {
     EXPECT_EQ(Lines("ProUIDialogAboveactivewindowSet"),
               workbench::Names{"ProUIDialogAboveactivewindowSet(dialog=\"VxBom\", above=1) = 0"});
     EXPECT_EQ(host().session.CurrentModel(), top_);
+}
+
+// Memory runs out while a box is open, which is all that an outsider can bring about.
+class UserWithoutMemory : public RobotUser {
+public:
+    int AnswerBox(const Box& box) override {
+        if (boxes_++ == 0) throw std::bad_alloc();
+        return RobotUser::AnswerBox(box);
+    }
+
+private:
+    int boxes_ = 0;
+};
+
+TEST_F(Bom, IsGoneAgainWhenItCannotBePreparedForLackOfMemory) {
+    UserWithoutMemory user;
+    FailCall("ProMdlTypeGet", 1);
+    host().user = &user;
+    EXPECT_TRUE(host().commands.Press("VxBom"));
+    host().user = nullptr;
+    EXPECT_EQ(Boxes().back(), "操作未能完成：内存不足");
+    EXPECT_EQ(host().dialogs.Existing(), std::vector<std::string>{});
+    Check("@ expect rows bom_list 4\n");
 }
 
 TEST_F(Bom, AfterADoubleClickOnAPartThereIsNothingToLoad) {

@@ -63,16 +63,16 @@ class Includes(RuleTest):
             self.assertFalse(self.verdict("display/x.cpp", include), include)
 
     def test_only_the_command_table_sees_the_rooms(self):
-        self.assertTrue(self.verdict("frame/command_table.cpp", '"tables/bom.h"'))
+        self.assertTrue(self.verdict("frame/command_table.cpp", '"tables/commands.h"'))
         self.assertFalse(self.verdict("frame/command_table.cpp", '"simhost/host.h"'))
         self.write("frame/command_table.cpp", BANNER)
-        self.assertFalse(self.verdict("frame/menus.cpp", '"tables/bom.h"'))
+        self.assertFalse(self.verdict("frame/menus.cpp", '"tables/commands.h"'))
 
     def test_the_services_stand_on_the_door_and_know_nobody_above(self):
         for path in ("frame/services/x.cpp", "frame/services.h"):
             for include in ('"frame/services/y.h"', '"hostapi/host.h"', "<string>"):
                 self.assertTrue(self.verdict(path, include), include)
-            for include in ('"frame/menus.h"', '"frame/services.h"', '"tables/bom.h"'):
+            for include in ('"frame/menus.h"', '"frame/services.h"', '"tables/commands.h"'):
                 self.assertFalse(self.verdict(path, include), include)
             self.write(path, BANNER)
 
@@ -202,12 +202,13 @@ class PlanningPapers(RuleTest):
 class CommandTexts(RuleTest):
     def setUp(self):
         super().setUp()
-        self.rows = [(f"Vx{n}", f"Vx{n}_Help", f"Vx{n}.png") for n in range(56)]
-        self.keys = [key for row in self.rows for key in row[:2]]
+        self.rows = [f"Vx{n}" for n in range(56)]
+        self.keys = [key for name in self.rows for key in (name, f"{name}_Help")]
         self.keys += sorted(lint.MENU_KEYS_WITHOUT_ROW)
 
     def lay(self):
-        table = "".join('    {"%s",  "%s", "%s", Act, Always, true},\n' % row for row in self.rows)
+        table = "".join('    Row<"%s">  (NotBuilt, Always),\n' % name for name in self.rows)
+        table += 'Row = Row<"VxOpenDrw">(NotBuilt, Always).MenuOnly().NoIcon();\n'
         self.write("frame/command_table.cpp", BANNER + table)
         menu = "".join(f"{key}\nEnglish\n中文\n#\n" for key in self.keys)
         self.write("text/vxMenu.txt", "\ufeff" + menu)
@@ -261,6 +262,67 @@ class CommandTexts(RuleTest):
         self.lay()
         (self.root / "frame/command_table.cpp").unlink()
         self.assertEqual(self.found(lint.commands_have_their_texts), ["frame/command_table.cpp:1"])
+
+
+class CommandRows(RuleTest):
+    """Rows against the files of the rooms and against the README."""
+
+    def setUp(self):
+        super().setUp()
+        self.table('    Row<"VxBom">   (Command<VxBom>, Always),\n'
+                   '    Row<"VxIsolate">   (NotBuilt, Always)\n        .Help("H").Icon("i.png"),\n'
+                   '    Row<"Paint">   (Command<Paint>, Always).MenuOnly(),\n')
+        self.write("tables/bom.cpp", "// VxBom: the list of all parts, in a table.\n")
+        self.write("display/paint.cpp", "// Paint: a colour for each and every part.\n")
+        self.readme("| `VxBom`, `Paint` | lists and paints; `VxIsolate` is told elsewhere |\n")
+
+    def table(self, rows):
+        self.write("frame/command_table.cpp", BANNER + rows)
+
+    def readme(self, rows):
+        self.write("README.md", "# Product\n\n## What works today\n\n| Command | Does |\n"
+                   f"|---|---|\n{rows}\n## Other commands\n\n| `vx` | builds |\n")
+
+    def test_rows_files_and_readme_that_agree_are_free(self):
+        for rule in (lint.rows_name_their_own_command, lint.commands_are_named_by_their_file,
+                     lint.readme_tells_what_works):
+            self.assertEqual(self.found(rule), [])
+
+    def test_a_help_that_differs_is_asked_for_in_the_menu_texts(self):
+        self.write("text/vxMenu.txt", "VxIsolate\nEnglish\n中文\n#\n")
+        texts = "".join(self.texts(lint.commands_have_their_texts))
+        self.assertIn('"H" is not in', texts)
+        self.assertNotIn("VxIsolate_Help", texts)
+
+    def test_a_row_that_runs_another_command_is_found(self):
+        self.table('    Row<"VxBom">   (Command<Paint>, Always),\n')
+        self.assertEqual(self.found(lint.rows_name_their_own_command),
+                         ["frame/command_table.cpp:2"])
+
+    def test_a_command_that_no_file_or_two_files_name_is_found(self):
+        self.write("display/paint.cpp", "// Colours for each and every part.\n// Paint.\n")
+        self.write("tables/bom_table.cpp", "// What the table of VxBom shows in its cells.\n")
+        self.assertEqual(self.found(lint.commands_are_named_by_their_file),
+                         ["frame/command_table.cpp:2", "frame/command_table.cpp:5"])
+        self.assertIn("tables/bom.cpp, tables/bom_table.cpp",
+                      self.texts(lint.commands_are_named_by_their_file)[0])
+
+    def test_part_of_a_word_and_headers_do_not_name_a_command(self):
+        self.write("display/other.cpp", "// VxBomb and Painter are other words of the language.\n")
+        self.write("tables/commands.h", "// VxBom and all other commands of this very room.\n")
+        self.assertEqual(self.found(lint.commands_are_named_by_their_file), [])
+
+    def test_a_built_command_that_the_readme_forgets_is_found_at_its_row(self):
+        self.readme("| `VxBom` | lists; `Paint` in the second column does not count |\n")
+        self.assertEqual(self.found(lint.readme_tells_what_works), ["frame/command_table.cpp:5"])
+
+    def test_a_command_that_the_readme_promises_too_early_is_found_there(self):
+        self.readme("| `VxBom`, `Paint` | both |\n| `VxIsolate` | not yet |\n")
+        self.assertEqual(self.found(lint.readme_tells_what_works), ["README.md:8"])
+
+    def test_a_readme_without_the_table_is_found(self):
+        self.write("README.md", "# Product\n")
+        self.assertEqual(self.found(lint.readme_tells_what_works), ["README.md:1"])
 
 
 class MessageTexts(RuleTest):

@@ -4,7 +4,7 @@
 #include "frame/services/component_tree.h"
 #include "frame/services/fixed_text.h"
 #include "frame/services/numbers.h"
-#include "modeldata/parameters.h"
+#include "frame/services/parameters.h"
 #include "modeldata/sheet_size.h"
 
 namespace {

@@ -24,7 +24,7 @@ TEST_F(Settings, AreEmptyWithoutFileSectionOrKey) {
     EXPECT_EQ(ReadIniValue(kFile, WIDE("B"), WIDE("value")), WIDE(""));
     EXPECT_EQ(ReadIniValue(kFile, WIDE("A"), WIDE("path")), WIDE(""));
     EXPECT_EQ(ReadIniValue(kFile, WIDE("A"), WIDE("value")), WIDE("1"));
-    EXPECT_EQ(ConfigValue(WIDE("NoSuchSection")), WIDE(""));
+    EXPECT_EQ(ConfigValue(WIDE("NoSuchSection"), Place::BesideModule), WIDE(""));
 }
 
 TEST_F(Settings, AreCutAfter254Characters) {
@@ -38,7 +38,8 @@ TEST_F(Settings, AreCutAfter254Characters) {
 TEST_F(Settings, AreCutBeforeTheirBlanksAreDeleted) {
     // 200 blanks inside count: 1, the blanks and 53 of the 100 letters are read.
     Setting("Long", "1" + std::string(200, ' ') + std::string(100, 'x'));
-    EXPECT_EQ(ConfigValue(WIDE("Long")), WIDE("1") + WideText(53, WideChar{'x'}));
+    EXPECT_EQ(ConfigValue(WIDE("Long"), Place::BesideModule),
+              WIDE("1") + WideText(53, WideChar{'x'}));
 }
 
 TEST_F(Settings, KeepTheirBlanksWhereTheyArePaths) {
@@ -49,29 +50,30 @@ TEST_F(Settings, KeepTheirBlanksWhereTheyArePaths) {
 
 TEST_F(Settings, LoseTheirBlanksWhereTheyAreChoices) {
     Setting("Choice", "\" as  UG \"");
-    EXPECT_EQ(ConfigValue(WIDE("Choice")), WIDE("asUG"));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::BesideModule), WIDE("asUG"));
     Setting("Choice", " 1 ");
-    EXPECT_EQ(ConfigValue(WIDE("Choice")), WIDE("1"));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::BesideModule), WIDE("1"));
     Setting("Choice", "   ");
-    EXPECT_EQ(ConfigValue(WIDE("Choice")), WIDE(""));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::BesideModule), WIDE(""));
 }
 
-TEST_F(Settings, AreReadBesideTheModule) {
+TEST_F(Settings, AreReadInThePlaceThatIsNamed) {
     Setting("Choice", "module");
     TextFolderSetting("Choice", "text");
-    EXPECT_EQ(ConfigValue(WIDE("Choice")), WIDE("module"));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::BesideModule), WIDE("module"));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::TextFolder), WIDE("text"));
 }
 
 TEST_F(Settings, AreReadWithTheirOwnKeyOnly) {
     Write(workbench::kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini"),
           "[Choice]\r\npath=p\r\ncontent=c\r\n");
-    EXPECT_EQ(ConfigValue(WIDE("Choice")), WIDE(""));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::BesideModule), WIDE(""));
 }
 
 TEST_F(Settings, AreReadByOneCallWithTheEmptyTextAsDefault) {
     Setting("Choice", "1");
     host().journal.Start();
-    ConfigValue(WIDE("Choice"));
+    ConfigValue(WIDE("Choice"), Place::BesideModule);
     host().journal.Stop();
     ASSERT_EQ(Calls().size(), 3u);
     EXPECT_EQ(Calls()[0], R"(GetModuleHandleW(name="vorlatix5.1.dll") = pointer)");
@@ -83,7 +85,7 @@ TEST_F(Settings, AreReadByOneCallWithTheEmptyTextAsDefault) {
 TEST_F(Settings, AreEmptyWhenTheyCannotBeRead) {
     Setting("Choice", "1");
     Fail("GetPrivateProfileStringW");
-    EXPECT_EQ(ConfigValue(WIDE("Choice")), WIDE(""));
+    EXPECT_EQ(ConfigValue(WIDE("Choice"), Place::BesideModule), WIDE(""));
 }
 
 TEST_F(Settings, MayBeChinese) {

@@ -1,6 +1,6 @@
 // The pattern of all dialogs: its order of calls, what a failed step shows and leaves, and the two
 // ways in which a dialog ends.
-#include "frame/services/dialogs.h"
+#include "frame/services/dialog.h"
 #include "frame/services/text.h"
 #include "tests/support/workbench.h"
 
@@ -103,6 +103,16 @@ TEST_F(ModalDialog, ThatCannotBeDestroyedSaysSo) {
     Fail("ProUIDialogDestroy", PRO_TK_BAD_CONTEXT);
     EXPECT_EQ(Run("~ Activate `Question` `OK`\n@ ok"), PRO_TK_BAD_CONTEXT);
     ExpectPlainError("UIDialog Destroy error!");
+}
+
+TEST_F(ModalDialog, WhosePreparationThrowsIsDestroyedSilentlyAndNotShown) {
+    host().journal.Start();
+    EXPECT_THROW(RunModalDialog(kName, [] { throw std::bad_alloc(); }), std::bad_alloc);
+    host().journal.Stop();
+    const Lines wanted = {"ProUIDialogCreate", "ProUIDialogDestroy"};
+    EXPECT_EQ(host().journal.Names(), wanted);
+    EXPECT_TRUE(host().dialogs.Existing().empty());
+    EXPECT_EQ(Boxes(), Lines{});
 }
 
 TEST_F(ModalDialog, GoesOnWhenAnActionCannotBeAttached) {

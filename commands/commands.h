@@ -1,0 +1,5 @@
+// The commands of this room: small ones that stand alone.
+#pragma once
+
+// A place-holder without an effect: asks the host for the current model and ignores the answer.
+void ForTest();

@@ -1,0 +1,67 @@
+// What commands ask of the shell of Windows.
+#include "frame/services/shell.h"
+
+#include <algorithm>
+#include <string>
+
+#include "frame/services/paths.h"
+#include "frame/services/text.h"
+#include "hostapi/windows.h"
+
+namespace {
+
+// The one place of the address; a reserved example until there is a real one.
+constexpr const char* kHomePage = "https://vorlatix.example/";
+
+}  // namespace
+
+WideText DesktopFolder() {
+    WideChar path[MAX_PATH] = {};
+    if (!SHGetSpecialFolderPathW(nullptr, path, CSIDL_DESKTOPDIRECTORY, FALSE)) return {};
+    return path;
+}
+
+std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExtension,
+                                    const WideText& folder) {
+    WideText pairs(filter);
+    std::replace(pairs.begin(), pairs.end(), WideChar{'|'}, WideChar{});
+    WideChar path[MAX_PATH] = {};
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.lpstrFilter = pairs.c_str();
+    dialog.nFilterIndex = 1;
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+    dialog.lpstrDefExt = defaultExtension;
+    if (!GetSaveFileNameW(&dialog) || !path[0]) return std::nullopt;
+    return path;
+}
+
+bool IsHeldOpen(const WideText& path) {
+    const HANDLE file = CreateFileW(path.c_str(), FILE_ALL_ACCESS, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        const DWORD error = GetLastError();
+        return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    }
+    CloseHandle(file);
+    return false;
+}
+
+void OpenFile(const WideText& path) {
+    ShellExecuteW(nullptr, WIDE("open"), path.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+void OpenInNotepad(WideView fileBesideModule) {
+    const auto path = WritableFileBesideModule(fileBesideModule);
+    if (!path) return;
+    // The editor takes all that follows its name for the path, so blanks need no quotes.
+    WinExec(Narrow(WIDE("notepad.exe ") + *path).c_str(), SW_SHOW);
+}
+
+void OpenHomePage() {
+    const std::string command = std::string("cmd /c start ") + kHomePage;
+    WinExec(command.c_str(), SW_HIDE);
+}

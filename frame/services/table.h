@@ -1,0 +1,47 @@
+// Tables of dialogs, by the names of their rows and columns.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "hostapi/host.h"
+
+// A table of a dialog. Holds the two names and nothing else: every member is one call of the host
+// at the moment at which it is called, but for the arrays of names, which are given back at once.
+// Failed calls give empty answers. As with Dialog, no two members stand in one expression.
+class Table {
+public:
+    constexpr Table(const char* dialog, const char* name) : dialog_(dialog), name_(name) {}
+
+    // A double click on a cell.
+    void OnActivate(ProUIAction action) const;
+
+    // --- Columns ---
+    std::vector<WideText> ColumnLabels() const;
+    std::vector<std::string> ColumnNames() const;
+    // Inserts columns after one that is there. False if that failed.
+    bool InsertColumns(const char* after, std::vector<std::string> names) const;
+    void DeleteColumns(std::vector<std::string> names) const;
+    void SetColumnLabels(const std::vector<WideText>& labels) const;
+
+    // --- Rows ---
+    int RowCount() const;
+    // The first of the selected rows; empty if none is selected.
+    std::string FirstSelectedRow() const;
+    // Inserts a row after another; an empty `after` makes it the first. False if that failed.
+    bool InsertRow(const std::string& after, const std::string& name) const;
+    // Asks for the names of all rows, and deletes them if there are any.
+    void DeleteAllRows() const;
+
+    // --- Cells ---
+    WideText CellText(const std::string& row, const std::string& column) const;
+    void SetCellText(const std::string& row, const std::string& column, const WideText& text) const;
+    // The colour behind the text; -1 after a failed call.
+    ProUIColorType CellColour(const std::string& row, const std::string& column) const;
+    void SetCellColour(const std::string& row, const std::string& column,
+                       ProUIColorType colour) const;
+
+private:
+    const char* dialog_;
+    const char* name_;
+};

@@ -1,9 +1,13 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy on what has changed since it was last found clean.
+"""Has clang look at what has changed since it was last found clean.
 
     tools/tidy.py DIR    over the compile_commands.json in the build folder DIR
 
-Findings are shown as clang-tidy words them, each once. The exit status is 1 if there is any.
+clang-tidy reads each source once, and tells the compiler's own warnings together with its findings.
+Tests are compiled for the warnings alone: they are half of all sources, and clang-tidy is the slowest
+of the checks. Nothing is linked and no code is made, so the folder need not be built.
+
+Findings are shown as clang words them, each once. The exit status is 1 if there is any.
 Its test is tests/tools/tidy_test.py.
 """
 
@@ -14,14 +18,15 @@ import hashlib
 import json
 import os
 import re
+import shlex
 import subprocess
 import sys
 from pathlib import Path
 
 
 class Tidy:
-    """Runs clang-tidy on each source of ours, and remembers what was found clean: by the contents
-    of the file and of all our headers that it includes, its compile command and the checks."""
+    """Looks at each source of ours, and remembers what was found clean: by the contents of the file
+    and of all our headers that it includes, its compile command and the checks."""
 
     def __init__(self, root, folder):
         self.root, self.folder = Path(root).resolve(), Path(folder).resolve()
@@ -49,26 +54,29 @@ class Tidy:
         return digest.hexdigest()
 
     def jobs(self):
-        """What has to be looked at: (source, place to remember it). Tests are left to the
-        compilers: they are half of all sources, and clang-tidy is the slowest of the checks."""
+        """What has to be looked at: (source, command that looks, folder where, place to remember)."""
         entries = json.loads((self.folder / "compile_commands.json").read_text(encoding="utf-8"))
         for entry in {e["file"]: e for e in entries}.values():
             source = Path(entry["directory"], entry["file"]).resolve()
-            ours = source.is_relative_to(self.root)
-            left_out = (self.folder.parent, self.root / "tests")
-            if ours and not any(source.is_relative_to(folder) for folder in left_out):
-                stamp = self.cache / self.key(source, entry["command"])
-                if not stamp.exists():
-                    yield source, stamp
+            if not source.is_relative_to(self.root) or source.is_relative_to(self.folder.parent):
+                continue
+            stamp = self.cache / self.key(source, entry["command"])
+            if stamp.exists():
+                continue
+            if source.is_relative_to(self.root / "tests"):
+                yield source, shlex.split(entry["command"]) + ["-fsyntax-only"], \
+                    entry["directory"], stamp
+            else:
+                yield source, ["clang-tidy", "--quiet", "-p", str(self.folder), str(source)], \
+                    self.root, stamp
 
     def look(self, job):
-        source, stamp = job
-        run = subprocess.run(["clang-tidy", "--quiet", "-p", str(self.folder), str(source)],
-                             capture_output=True, text=True, cwd=self.root)
+        source, command, place, stamp = job
+        run = subprocess.run(command, capture_output=True, text=True, cwd=place)
         if run.returncode == 0:
             stamp.touch()
             return ""
-        return run.stdout or run.stderr or f"{source}: clang-tidy ended with {run.returncode}"
+        return run.stdout or run.stderr or f"{source}: {command[0]} ended with {run.returncode}"
 
     def run(self):
         self.cache.mkdir(parents=True, exist_ok=True)
@@ -87,7 +95,7 @@ class Tidy:
 
 
 def main():
-    parser = argparse.ArgumentParser(description="Runs clang-tidy on what has changed.")
+    parser = argparse.ArgumentParser(description="Has clang look at what has changed.")
     parser.add_argument("folder", metavar="DIR", help="build folder with compile_commands.json")
     root = Path(__file__).resolve().parent.parent
     return Tidy(root, parser.parse_args().folder).run()

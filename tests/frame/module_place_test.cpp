@@ -7,7 +7,7 @@
 #include "simhost/host.h"
 #include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
-#include "tests/support/desk.h"
+#include "tests/support/drive.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"
 

@@ -8,7 +8,7 @@
 #include "simhost/host.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
-#include "tests/support/desk.h"
+#include "tests/support/drive.h"
 #include "tests/support/places.h"
 
 namespace {

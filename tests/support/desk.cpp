@@ -1,133 +1,71 @@
-// Drive C of the tests.
+// What tests and the fault sweep do with the plug-in before anybody presses a command.
 #include "tests/support/desk.h"
 
-#ifdef _WIN32
-
-#include <cstdio>
-#include <cstdlib>
-#include <set>
-
+#include "hostapi/windows.h"
+#include "simhost/core/disk.h"
 #include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/windows/windows.h"
-
-namespace fs = std::filesystem;
+#include "tests/support/places.h"
 
 namespace workbench {
 
+using namespace simhost;
+
 namespace {
 
-const fs::path kDrive = L"C:\\";
-const fs::path kPrograms = L"C:\\Program Files";
-
-// Asked once, before any test lets a call of Windows fail.
-bool IsForTests() {
-    static const bool isWine =
-        GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-    return isWine || std::getenv("VX_TEST_COMPUTER") != nullptr;
-}
-
-std::set<fs::path> Entries() {
-    static const fs::path desktop = simhost::TheWindows().Desktop();
-    std::set<fs::path> entries;
-    for (const fs::path& folder : {kDrive, kPrograms, desktop}) {
-        std::error_code error;
-        for (const auto& entry : fs::directory_iterator(folder, error)) {
-            entries.insert(entry.path());
-        }
-    }
-    return entries;
-}
-
-// What was there when the program began.
-std::set<fs::path>& EntriesAtFirst() {
-    static std::set<fs::path> entries = Entries();
-    return entries;
-}
-
-// The form in which a path may have more than 260 characters, which the standard library lacks.
-std::wstring Long(const fs::path& path) {
-    return L"\\\\?\\" + path.native();
-}
-
-// Removes a file or a whole folder, read-only ones too; false if something of it stays.
-bool Remove(const fs::path& place) {
-    const std::wstring name = Long(place);
-    const DWORD attributes = GetFileAttributesW(name.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) return false;
-    SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) return DeleteFileW(name.c_str());
-    WIN32_FIND_DATAW found;
-    const HANDLE search = FindFirstFileW((name + L"\\*").c_str(), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            const std::wstring child = found.cFileName;
-            if (child != L"." && child != L"..") Remove(place / child);
-        } while (FindNextFileW(search, &found));
-        FindClose(search);
-    }
-    return RemoveDirectoryW(name.c_str());
+void WriteIn(const WideText& folder, const std::string& file, const std::string& section,
+             const std::string& key, const std::string& value) {
+    const WideText path = folder + WIDE("\\VXconfig\\") + Wide(file);
+    WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(), Wide(value).c_str(),
+                               path.c_str());
 }
 
 }  // namespace
 
-fs::path DriveOfTests() {
-    if (!IsForTests()) {
-        std::fputs(
-            "These tests write to C:\\ and clear it: run them with ./vx windows, or set "
-            "VX_TEST_COMPUTER=1 on a computer that is only for tests\n",
-            stderr);
-        std::exit(2);
-    }
-    EntriesAtFirst();
-    // What a test calls itself counts as natively, also from plug-in code that is linked into it.
-    static const bool watched = [] {
-        simhost::WatchCalls(GetModuleHandleW(nullptr));
-        return true;
-    }();
-    return watched ? kDrive : fs::path();
+WorkplaceOptions DeskOptions(const std::filesystem::path& drive) {
+    WorkplaceOptions options;
+    options.drive = drive;
+    options.newUser = true;
+    options.installed = kSourceFolder;
+    options.module = kModuleBuilt;
+    options.moduleFolder = kModuleFolder;
+    options.textFolder = kTextFolder;
+    return options;
 }
 
-std::vector<std::string> ClearDrive() {
-    simhost::RestartWindows();  // lets go of what the test itself held and loaded
-    std::vector<std::string> left;
-    for (const fs::path& place : Entries()) {
-        if (EntriesAtFirst().count(place) > 0) continue;
-        if (Remove(place)) continue;
-        left.push_back(simhost::Utf8(place.native()));
-        EntriesAtFirst().insert(place);  // told once
+void MarkFirstRunSeen() {
+    TheWindows().SetRegistry(kRegistryFolder, kRegistryName, kRegistryMarker);
+}
+
+void WriteSetting(const std::string& section, const std::string& value) {
+    WriteIn(kModuleFolder, "VxConfig.ini", section, "value", value);
+}
+
+void WriteTextFolderSetting(const std::string& section, const std::string& value) {
+    WriteIn(kTextFolder, "VxConfig.ini", section, "value", value);
+}
+
+void WriteIni(const std::string& file, const std::string& section, const std::string& key,
+              const std::string& value) {
+    for (const WideText& folder : {kModuleFolder, kTextFolder}) {
+        WriteIn(folder, file, section, key, value);
     }
+}
+
+bool WriteBomColumns(const std::string& summed, const std::string& levelled) {
+    return WriteFile(
+        TheHost().disk.Real(kModuleFolder + WIDE("\\VXconfig\\VxBom.ini")),
+        ToSystemCodePage(Wide("[tableCols_sum]\r\ncontent=" + summed +
+                              "\r\n[tableCols_level]\r\ncontent=" + levelled + "\r\n")));
+}
+
+std::vector<std::string> LeftOpen() {
+    std::vector<std::string> left = TheHost().arrays.HeldByMistake();
+    for (const std::string& handle : TheWindows().OpenHandles()) left.push_back(handle);
+    for (const std::string& object : TheSpreadsheets().NotReleased()) left.push_back(object);
     return left;
 }
 
-std::vector<fs::path> PlacesOnDrive(const fs::path&) {
-    std::vector<fs::path> places;
-    for (const fs::path& place : Entries()) {
-        if (EntriesAtFirst().count(place) == 0) places.push_back(place);
-    }
-    return places;
-}
-
 }  // namespace workbench
-
-#else
-
-namespace workbench {
-
-std::filesystem::path DriveOfTests() {
-    return {};
-}
-std::vector<std::string> ClearDrive() {
-    return {};
-}
-
-std::vector<std::filesystem::path> PlacesOnDrive(const std::filesystem::path& drive) {
-    std::vector<std::filesystem::path> places;
-    for (const auto& entry : std::filesystem::directory_iterator(drive)) {
-        places.push_back(entry.path());
-    }
-    return places;
-}
-
-}  // namespace workbench
-
-#endif

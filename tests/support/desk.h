@@ -1,22 +1,42 @@
-// What lies under the tests' drive C: on Windows the real one of a computer that is only for tests,
-// elsewhere a temporary folder.
+// A designer's desk: the plug-in installed on drive C, started and stopped, and its settings. Tests
+// and the fault sweep sit at the same one.
 #pragma once
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "simhost/app/workplace.h"
+
 namespace workbench {
 
-// The folder that plays drive C; empty: a temporary one for each test. On Windows the program ends
-// here with a message if the computer is somebody's own.
-std::filesystem::path DriveOfTests();
+// The folders of a test are told apart, though they are one in an installation.
+inline const WideText kModuleFolder = WIDE("C:\\Plug-in");
+inline const WideText kTextFolder = WIDE("C:\\App Text");
 
-// Removes what a test left on the drive; gives what could not be removed, such as a file that is
-// still open. Temporary drives go by themselves.
-std::vector<std::string> ClearDrive();
+// What the registry holds of a user who has seen the first-run notice.
+inline const WideText kRegistryFolder = WIDE("Software\\PTC\\Creo_Parametric");
+inline const WideText kRegistryName = WIDE("VxReg");
+inline const WideText kRegistryMarker = WIDE("5130");
 
-// What a test has put into the root of its drive, without what belongs to Windows.
-std::vector<std::filesystem::path> PlacesOnDrive(const std::filesystem::path& drive);
+// The plug-in of this build, to be installed from the sources onto the drive; a new user's.
+simhost::WorkplaceOptions DeskOptions(const std::filesystem::path& drive);
+
+// From now on the user has seen the first-run notice.
+void MarkFirstRunSeen();
+
+// Settings of VxConfig.ini, in the folder of the module or of the texts.
+void WriteSetting(const std::string& section, const std::string& value);
+void WriteTextFolderSetting(const std::string& section, const std::string& value);
+
+// A value of another file of settings, in both folders.
+void WriteIni(const std::string& file, const std::string& section, const std::string& key,
+              const std::string& value);
+
+// The lists of columns of the bill of materials, as they stand in its settings.
+bool WriteBomColumns(const std::string& summed, const std::string& levelled);
+
+// What must not be left behind: host arrays, handles of Windows, objects of the spreadsheets.
+std::vector<std::string> LeftOpen();
 
 }  // namespace workbench

@@ -8,37 +8,19 @@
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/windows/windows.h"
-#include "tests/support/desk.h"
-#include "tests/support/places.h"
+#include "tests/support/drive.h"
 
 namespace workbench {
 
 using namespace simhost;
 
-namespace {
-
-WorkplaceOptions Options() {
-    WorkplaceOptions options;
-    options.drive = DriveOfTests();
-    options.newUser = true;
-    options.installed = workbench::kSourceFolder;
-    options.module = workbench::kModuleBuilt;
-    options.moduleFolder = kModuleFolder;
-    options.textFolder = kTextFolder;
-    return options;
-}
-
-}  // namespace
-
-Workbench::Workbench() : workplace_(std::make_unique<Workplace>(Options())) {}
+Workbench::Workbench() : workplace_(std::make_unique<Workplace>(DeskOptions(DriveOfTests()))) {}
 
 Workbench::~Workbench() = default;
 
 void Workbench::TearDown() {
     EXPECT_EQ(Complaints(), std::vector<std::string>{});
-    EXPECT_EQ(host().arrays.HeldByMistake(), std::vector<std::string>{});
-    EXPECT_EQ(TheWindows().OpenHandles(), std::vector<std::string>{});
-    EXPECT_EQ(TheSpreadsheets().NotReleased(), std::vector<std::string>{});
+    EXPECT_EQ(LeftOpen(), std::vector<std::string>{});
     if (!leavesSpreadsheets_) {
         EXPECT_EQ(TheSpreadsheets().NotQuit(), std::vector<std::string>{});
     }
@@ -48,7 +30,7 @@ void Workbench::TearDown() {
 }
 
 void Workbench::Start() {
-    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+    MarkFirstRunSeen();
     StartAsNewUser();
 }
 
@@ -87,15 +69,11 @@ std::vector<std::string> Workbench::Calls() const {
 }
 
 void Workbench::Setting(const std::string& section, const std::string& value) {
-    const WideText path = kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini");
-    WritePrivateProfileStringW(Wide(section).c_str(), WIDE("value"), Wide(value).c_str(),
-                               path.c_str());
+    WriteSetting(section, value);
 }
 
 void Workbench::TextFolderSetting(const std::string& section, const std::string& value) {
-    const WideText path = kTextFolder + WIDE("\\VXconfig\\VxConfig.ini");
-    WritePrivateProfileStringW(Wide(section).c_str(), WIDE("value"), Wide(value).c_str(),
-                               path.c_str());
+    WriteTextFolderSetting(section, value);
 }
 
 void Workbench::Write(const WideText& windowsPath, const std::string& bytes) {
@@ -108,41 +86,23 @@ std::string Workbench::Read(const WideText& windowsPath, bool* found) {
 }
 
 Model& Workbench::Part(const std::string& name, int solids) {
-    Model& model = host().session.Create(Wide(name), PRO_MDL_PART);
-    for (int i = 0; i < solids; ++i) {
-        Solid solid;
-        solid.id = 10 * (i + 1);
-        solid.shape = Shape::Box;
-        solid.size = {10, 20, 30};
-        solid.at = {40.0 * i, 0, 0};
-        model.solids.push_back(solid);
-    }
-    return model;
+    return MakePart(name, solids);
 }
 
 Model& Workbench::SheetMetal(const std::string& name) {
-    Model& model = Part(name);
-    model.subtype = PROMDLSTYPE_PART_SHEETMETAL;
-    return model;
+    return MakeModels(name + "!sheet");
 }
 
 Model& Workbench::Assembly(const std::string& name) {
-    return host().session.Create(Wide(name), PRO_MDL_ASSEMBLY);
+    return MakeModel(name, PRO_MDL_ASSEMBLY);
 }
 
 Model& Workbench::Manufacturing(const std::string& name, Model& assembly) {
-    Model& model = host().session.Create(Wide(name), PRO_MDL_MFG);
-    model.manufacturedFile = assembly.FileName();
-    model.manufactured = &assembly;
-    return model;
+    return MakeManufacturing(name, assembly);
 }
 
 Feature& Workbench::Use(Model& assembly, Model& model) {
-    Feature feature;
-    feature.type = PRO_FEAT_COMPONENT;
-    feature.file = model.FileName();
-    feature.model = &model;
-    return assembly.AddFeature(feature);
+    return AddComponent(assembly, model);
 }
 
 void Workbench::Open(Model& model) {

@@ -12,12 +12,10 @@
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "tests/support/desk.h"
+#include "tests/support/models.h"
 
 namespace workbench {
-
-// The folders of a test are told apart, though they are one in an installation.
-inline const WideText kModuleFolder = WIDE("C:\\Plug-in");
-inline const WideText kTextFolder = WIDE("C:\\App Text");
 
 class Workbench : public ::testing::Test {
 protected:
@@ -25,8 +23,8 @@ protected:
     ~Workbench() override;
 
     // Checks what every test wants: no complaints of the host (unless taken before), no host array
-    // held beyond the known ones, no open
-    // handle of Windows, no object or application of the spreadsheets.
+    // held beyond the known ones, no open handle of Windows, no object or application of the
+    // spreadsheets.
     void TearDown() override;
 
     // Starts the plug-in with the first-run notice already behind the user.

@@ -10,11 +10,11 @@
 
 #include "hostapi/windows.h"
 #include "simhost/core/disk.h"
-#include "simhost/core/text.h"
-#include "simhost/spreadsheet/spreadsheets.h"
+#include "simhost/trail/interpreter.h"
 #include "simhost/user/clock.h"
-#include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
+#include "tests/support/drive.h"
+#include "tests/support/models.h"
 #include "tests/support/places.h"
 
 namespace sweep {
@@ -23,9 +23,6 @@ using namespace simhost;
 namespace fs = std::filesystem;
 
 namespace {
-
-const WideText kModuleFolder = WIDE("C:\\Plug-in");
-const WideText kTextFolder = WIDE("C:\\App Text");
 
 // One drive for all runs, since copying what nobody writes to would take most of their time. What
 // can be written, the settings and the working folder, is made anew for each run.
@@ -79,20 +76,9 @@ const fs::path& TidiedDrive() {
     return drive.Tidied();
 }
 
-WorkplaceOptions Options() {
-    WorkplaceOptions options;
-    options.drive = TidiedDrive();
-    options.newUser = true;
-    options.installed = workbench::kSourceFolder;
-    options.module = workbench::kModuleBuilt;
-    options.moduleFolder = kModuleFolder;
-    options.textFolder = kTextFolder;
-    return options;
-}
-
 }  // namespace
 
-World::World() : workplace_(std::make_unique<Workplace>(Options())) {
+World::World() : workplace_(std::make_unique<Workplace>(workbench::DeskOptions(TidiedDrive()))) {
     host().user = &robot_;
 }
 
@@ -101,7 +87,7 @@ World::~World() {
 }
 
 int World::Start() {
-    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+    workbench::MarkFirstRunSeen();
     return StartAsNewUser();
 }
 
@@ -139,115 +125,65 @@ void World::Wait() {
     host().commands.RunMacros();
 }
 
-void World::Setting(const std::string& section, const std::string& value) {
-    for (const WideText& folder : {kModuleFolder, kTextFolder}) {
-        WritePrivateProfileStringW(Wide(section).c_str(), WIDE("value"), Wide(value).c_str(),
-                                   (folder + WIDE("\\VXconfig\\VxConfig.ini")).c_str());
-    }
+void World::Play(const std::string& lines) {
+    for (std::string& failure : RunScript(lines)) failures_.push_back(std::move(failure));
 }
 
-void World::WriteBomSettings(const std::string& summed, const std::string& levelled) {
-    WriteFile(host().disk.Real(kModuleFolder + WIDE("\\VXconfig\\VxBom.ini")),
-              ToSystemCodePage(Wide("[tableCols_sum]\r\ncontent=" + summed +
-                                    "\r\n[tableCols_level]\r\ncontent=" + levelled + "\r\n")));
+void World::Setting(const std::string& section, const std::string& value) {
+    workbench::WriteSetting(section, value);
+    workbench::WriteTextFolderSetting(section, value);
 }
 
 void World::WriteLastDir(const std::string& bytes) {
-    WriteFile(host().disk.Real(kModuleFolder + WIDE("\\VXconfig\\vorlatix.ini")), bytes);
-}
-
-std::vector<std::string> World::LeftOpen() const {
-    std::vector<std::string> left = TheHost().arrays.HeldByMistake();
-    for (const std::string& handle : TheWindows().OpenHandles()) left.push_back(handle);
-    for (const std::string& object : TheSpreadsheets().NotReleased()) left.push_back(object);
-    return left;
+    WriteFile(host().disk.Real(workbench::kModuleFolder + WIDE("\\VXconfig\\vorlatix.ini")), bytes);
 }
 
 // --- Scenes ------------------------------------------------------------------------------------
 
 namespace {
 
-Model& Make(World& world, const char* name, ProMdlType type) {
-    Model& model = world.host().session.Create(Wide(name), type);
-    if (type != PRO_MDL_PART) return model;
-    Solid solid;
-    solid.id = 10;
-    solid.shape = Shape::Cylinder;  // three surfaces
-    solid.diameter = 20;
-    solid.size = {20, 20, 30};
-    model.solids.push_back(solid);
-    return model;
-}
-
-Feature& Use(Model& assembly, Model& model) {
-    Feature feature;
-    feature.type = PRO_FEAT_COMPONENT;
-    feature.file = model.FileName();
-    feature.model = &model;
-    return assembly.AddFeature(feature);
-}
+using workbench::MakeModels;
 
 void NoModel(World&) {}
 
 void OnePart(World& world) {
-    Model& part = Make(world, "single", PRO_MDL_PART);
+    Model& part = MakeModels("single!round");
     part.surfaceAppearances[11] = DefaultAppearance();
     world.host().session.Open(part);
 }
 
 void SheetMetalPart(World& world) {
-    Model& part = Make(world, "panel", PRO_MDL_PART);
-    part.subtype = PROMDLSTYPE_PART_SHEETMETAL;
-    world.host().session.Open(part);
+    world.host().session.Open(MakeModels("panel!sheet!round"));
 }
 
-Model& MakeAssembly(World& world) {
-    Model& top = Make(world, "top", PRO_MDL_ASSEMBLY);
-    Model& sub = Make(world, "sub", PRO_MDL_ASSEMBLY);
-    Model& bolt = Make(world, "bolt", PRO_MDL_PART);
-    Model& panel = Make(world, "panel", PRO_MDL_PART);
-    Model& skeleton = Make(world, "skeleton", PRO_MDL_PART);
-    panel.subtype = PROMDLSTYPE_PART_SHEETMETAL;
-    skeleton.skeleton = true;
-    Use(sub, bolt);
-    Use(sub, panel);
-    Use(top, skeleton);
-    Use(top, bolt);
-    Use(top, sub);
-    Use(top, bolt).status = PRO_FEAT_SUPPRESSED;
-    Use(top, panel).hidden = true;
-    Feature missing;
-    missing.type = PRO_FEAT_COMPONENT;
-    missing.file = "lost.prt";
-    top.AddFeature(missing);
-    return top;
+Model& MakeAssembly() {
+    return MakeModels(
+        "top: skeleton!skeleton!round, bolt!round, sub(bolt, panel!sheet!round), "
+        "bolt!suppressed, panel!hidden, lost!missing");
 }
 
 void WholeAssembly(World& world) {
-    world.host().session.Open(MakeAssembly(world));
+    world.host().session.Open(MakeAssembly());
 }
 
 void EmptyAssembly(World& world) {
-    world.host().session.Open(Make(world, "empty", PRO_MDL_ASSEMBLY));
+    world.host().session.Open(MakeModels("empty:"));
 }
 
 void ManufacturingModel(World& world) {
-    Model& assembly = MakeAssembly(world);
-    Model& mill = Make(world, "mill", PRO_MDL_MFG);
-    mill.manufacturedFile = assembly.FileName();
-    mill.manufactured = &assembly;
-    world.host().session.Open(mill);
+    MakeAssembly();
+    world.host().session.Open(MakeModels("mill.mfg: top.asm"));
 }
 
 void Drawing(World& world) {
-    MakeAssembly(world);
-    world.host().session.Open(Make(world, "top", PRO_MDL_DRAWING));
+    MakeAssembly();
+    world.host().session.Open(MakeModels("top.drw"));
 }
 
 }  // namespace
 
 void BuildSelection(World& world) {
-    Model& top = MakeAssembly(world);
+    Model& top = MakeAssembly();
     Session& session = world.host().session;
     session.Open(top);
     const std::vector<int> bolt = {top.features()[1].id};

@@ -34,21 +34,21 @@ public:
     void PressPopup(const std::string& label);
     // Time enough for the timer.
     void Wait();
+    // Trail lines in the place of the robot. Steps that do not fit any more after a failure are
+    // left out; what did not come true is in failures().
+    void Play(const std::string& lines);
+    const std::vector<std::string>& failures() const { return failures_; }
 
     // --- Settings and files ---
     void Setting(const std::string& section, const std::string& value);  // in both folders
-    // The column lists of the bill of materials.
-    void WriteBomSettings(const std::string& summed, const std::string& levelled);
     void WriteLastDir(const std::string& bytes);
-
-    // What must not be left behind: host arrays, handles of Windows.
-    std::vector<std::string> LeftOpen() const;
 
     simhost::Host& host() { return simhost::TheHost(); }
 
 private:
     std::unique_ptr<simhost::Workplace> workplace_;
     simhost::RobotUser robot_;
+    std::vector<std::string> failures_;
     bool started_ = false;
 };
 

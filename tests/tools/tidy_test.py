@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of tools/tidy.py: only what has changed is looked at again, and each finding is shown
-once."""
+"""Tests of tools/tidy.py: only what has changed is looked at again, tests by the compiler alone, and
+each finding is shown once."""
 
 import contextlib
 import importlib.util
@@ -19,7 +19,8 @@ _module.loader.exec_module(tidy)
 
 
 class ClangTidyRuns(unittest.TestCase):
-    """A stand-in for clang-tidy counts its runs, so that what is skipped can be told."""
+    """Stand-ins for clang-tidy and the compiler note their runs, so that what is skipped can be
+    told."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory(prefix="tidy test ")
@@ -34,8 +35,14 @@ grep -q BROKEN "$last" && echo "$last:1:1: error: bad [clang-diagnostic-error]" 
 grep -q CRASH "$last" && status=139
 exit ${{status:-0}}
 """)
-        tool = self.root / "bin/clang-tidy"
-        tool.chmod(tool.stat().st_mode | stat.S_IXUSR)
+        self.write("bin/c++", f"""#!/bin/sh
+echo "$PWD: $*" >> "{self.root}/compiled"
+grep -q BAD "$2" && echo "$2:1:1: error: unused [-Werror,-Wunused]" >&2 && exit 1
+exit 0
+""")
+        for name in ("clang-tidy", "c++"):
+            tool = self.root / "bin" / name
+            tool.chmod(tool.stat().st_mode | stat.S_IXUSR)
         path = os.environ["PATH"]
         self.addCleanup(os.environ.__setitem__, "PATH", path)
         os.environ["PATH"] = f"{self.root}/bin:{path}"
@@ -47,8 +54,11 @@ exit ${{status:-0}}
         files = [self.root / "frame/a.cpp", self.root / "frame/c.cpp", "/usr/include/z.cpp",
                  self.root / "build/clang/generated.cpp"]
         self.write("build/clang/generated.cpp", "")
+        self.write_commands(files)
+
+    def write_commands(self, files):
         self.write("build/clang/compile_commands.json", json.dumps(
-            [{"directory": "/", "file": str(f), "command": f"c++ {f}"} for f in files]))
+            [{"directory": "/", "file": str(f), "command": f"c++ -c '{f}'"} for f in files]))
 
     def write(self, path, text):
         place = self.root / path
@@ -90,6 +100,31 @@ exit ${{status:-0}}
         self.write("frame/c.cpp", "BAD BROKEN\n")
         self.assertEqual(self.looked_at()[0], 1)
         self.assertEqual(self.said, "frame/c.cpp:1:1: error: bad [clang-diagnostic-error]\n")
+
+    def compiled(self):
+        """What the compiler was told since the last question."""
+        place = self.root / "compiled"
+        said = place.read_text(encoding="utf-8") if place.exists() else ""
+        place.unlink(missing_ok=True)
+        return said
+
+    def test_tests_are_only_compiled_and_no_code_is_made(self):
+        test = self.root / "tests/frame/a_test.cpp"
+        self.write("tests/frame/a_test.cpp", "int z;\n")
+        self.write_commands([test])
+        self.assertEqual(self.looked_at(), (0, []))
+        self.assertEqual(self.compiled(), f"/: -c {test} -fsyntax-only\n")
+        self.assertEqual((self.looked_at(), self.compiled()), ((0, []), ""))
+
+    def test_a_warning_in_a_test_is_a_finding(self):
+        test = self.root / "tests/frame/a_test.cpp"
+        self.write("tests/frame/a_test.cpp", "BAD\n")
+        self.write_commands([test])
+        for _ in range(2):  # what was found is not remembered as clean
+            self.assertEqual(self.looked_at(), (1, []))
+            self.assertEqual(self.said, "tests/frame/a_test.cpp:1:1: error: unused [-Werror,-Wunused]\n")
+        self.write("tests/frame/a_test.cpp", "GOOD\n")
+        self.assertEqual(self.looked_at(), (0, []))
 
     def test_a_crash_without_a_word_is_a_finding(self):
         self.write("frame/c.cpp", "CRASH\n")

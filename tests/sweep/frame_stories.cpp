@@ -1,0 +1,133 @@
+// Start, timer, end and popups.
+#include "tests/sweep/frame_stories.h"
+
+namespace sweep {
+
+namespace {
+
+// Registering examines no status, by rule: what follows on a failed step is done with the id as it
+// came, and the host refuses it.
+const Forced kNoId[] = {
+    {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd: a command id that the host did not give",
+     "buttons are added with the id as it came"},
+    {"ProCmdActionAdd", "ProCmdIconSet: a command id that the host did not give",
+     "icons are set with the id as it came"},
+    {"ProCmdActionAdd", "ProCmdDesignate: a command id that the host did not give",
+     "commands are designated with the id as it came"},
+};
+
+// What a user does next, whatever became of the start.
+void GoOn(World& world) {
+    world.Wait();
+    Scenes()[1].build(world);
+    world.Press("Menu", "BatchColor");
+    world.RightClick();
+    world.RightClick();
+}
+
+void NewUser(World& world) {
+    world.Setting("RmbDisable", "0");
+}
+
+FrameStories Start() {
+    return {"Start",
+            {{"the start for a new user",
+              NewUser,
+              [](World& w) { w.StartAsNewUser(); },
+              GoOn,
+              {"ProUIDialogActivate", "RegSetValueExW", "WinExec", "ProCmdDesignate", "SetTimer",
+               "ProNotificationSet"}},
+             {"the start for a known user",
+              NewUser,
+              [](World& w) { w.Start(); },
+              GoOn,
+              {"RegQueryValueExW", "ProMenubarMenuAdd"}}},
+            {kNoId[0], kNoId[1], kNoId[2]}};
+}
+
+FrameStories Timer() {
+    const auto prepare = [](World& world) {
+        world.Setting("SetLastDir", "1");
+        world.WriteLastDir("C:\\Work");
+        world.Start();
+    };
+    return {
+        "Timer",
+        {{"the timer",
+          prepare,
+          [](World& w) { w.Wait(); },
+          {},
+          {"KillTimer", "ReadFile", "CloseHandle", "MultiByteToWideChar", "ProDirectoryChange"}}},
+        {}};
+}
+
+FrameStories End() {
+    return {"End",
+            {{"the end",
+              [](World& w) { w.Start(); },
+              [](World& w) { w.Stop(); },
+              {},
+              {"ProDirectoryCurrentGet", "CreateFileW", "WriteFile", "CloseHandle"}}},
+            {}};
+}
+
+void OpenPopup(World& world) {
+    world.RightClick();
+}
+
+FrameStories Popups() {
+    const auto nothingSelected = [](World& world) {
+        StartBehindFirstPopup(world);
+        world.host().session.buffer.clear();
+    };
+    const auto twoSelected = [](World& world) {
+        StartBehindFirstPopup(world);
+        auto& buffer = world.host().session.buffer;
+        buffer.push_back(buffer.front());
+    };
+    return {"Popups",
+            {{"the first popup",
+              StartWithPopups,
+              OpenPopup,
+              {},
+              {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd", "ProNotificationSet"}},
+             {"a later popup",
+              StartBehindFirstPopup,
+              OpenPopup,
+              {},
+              {"ProPopupmenuIdGet", "ProPopupmenuButtonAdd", "ProMessageToBuffer",
+               "ProSelbufferSelectionsGet", "ProArraySizeGet", "ProSelectionModelitemGet"}},
+             {"a later popup without a selection",
+              nothingSelected,
+              OpenPopup,
+              {},
+              {"ProSelbufferSelectionsGet"}},
+             {"a later popup with two selections", twoSelected, OpenPopup}},
+            {kNoId[0],
+             {"ProCmdActionAdd", "ProPopupmenuButtonAdd: a command id that the host did not give",
+              "the button of the drawing is added with the id as it came"},
+             {"ProCmdCmdIdFind", "ProPopupmenuButtonAdd: a command id that the host did not give",
+              "popup buttons are added with the id as it came"},
+             {"ProPopupmenuIdGet", "ProPopupmenuButtonAdd: no popup of the id 0",
+              "popup buttons are added with the id as it came"}}};
+}
+
+}  // namespace
+
+void StartWithPopups(World& world) {
+    world.Setting("RmbDisable", "0");
+    world.Start();
+}
+
+void StartBehindFirstPopup(World& world) {
+    StartWithPopups(world);
+    BuildSelection(world);
+    world.RightClick();
+}
+
+const std::vector<FrameStories>& AllFrameStories() {
+    static const std::vector<FrameStories> all = {Start(), Timer(), End(), Popups()};
+    return all;
+}
+
+}  // namespace sweep

@@ -73,7 +73,7 @@ if "--gtest_list_tests" in sys.argv:
     for name in CASES:
         print("  " + name)
     sys.exit()
-with open(os.path.dirname(sys.argv[0]) + "/runs", "a") as runs:
+with open("RUNS", "a") as runs:
     runs.write("run\\n")
 module = ctypes.CDLL(os.environ["VX_MODULE_FILE"])
 chosen = next(a for a in sys.argv if a.startswith("--gtest_filter=")).split("=")[1]
@@ -94,7 +94,7 @@ class Mutants(unittest.TestCase):
         cls.source = cls.root / "small.cpp"
         cls.source.write_text(SOURCE, encoding="utf-8")
         cls.program = cls.root / "small_tests"
-        cls.program.write_text(PROGRAM, encoding="utf-8")
+        cls.program.write_text(PROGRAM.replace("RUNS", str(cls.root / "runs")), encoding="utf-8")
         cls.program.chmod(cls.program.stat().st_mode | stat.S_IXUSR)
         cls.test_source = cls.root / "tests/small/small_test.cpp"
         cls.test_source.parent.mkdir(parents=True)

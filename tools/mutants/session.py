@@ -75,6 +75,7 @@ class Session:
 
     def work(self, mutants, left, old, fresh):
         self.place.mkdir(parents=True, exist_ok=True)
+        self.build.keep_programs(self.place / "programs")
         source = self.build.source.read_bytes()
         runtime = self.place / "runtime.cpp"
         if self.build.compile(RUNTIME.read_text(encoding="utf-8"), runtime):

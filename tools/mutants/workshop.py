@@ -5,6 +5,7 @@ import dataclasses
 import json
 import re
 import shlex
+import shutil
 import subprocess
 from pathlib import Path
 
@@ -14,6 +15,8 @@ from schema import Schema, alone
 RUNTIME = Path(__file__).with_name("runtime.cpp")
 # A choice between two numbers is no constant: what is fine in braces for the one is narrowing then.
 LENIENT = ["-w", "-Wno-narrowing", "-Wno-error"]
+# What sanitizers would stop ends the program here too, without their libraries.
+STRICT = ["-D_GLIBCXX_ASSERTIONS", "-fsanitize=undefined", "-fsanitize-undefined-trap-on-error"]
 
 
 def run(command, folder):
@@ -43,8 +46,8 @@ class Build:
     def compile(self, text, place):
         """The gcc errors as a list of (start, end) in the text's bytes, empty if it went well."""
         place.write_text(text, encoding="utf-8")
-        done = run(self.compiler + LENIENT + ["-fdiagnostics-format=json", "-c", str(place), "-o",
-                                              f"{place}.o"], self.folder)
+        done = run(self.compiler + LENIENT + STRICT + [
+            "-fdiagnostics-format=json", "-c", str(place), "-o", f"{place}.o"], self.folder)
         return [] if done.returncode == 0 else list(errors(done.stderr, text, place))
 
     def link(self, objects, place):
@@ -54,6 +57,15 @@ class Build:
             at = command.index("OBJECT")
             checked([w.replace(HERE, str(place)) for w in
                      command[:at] + [str(o) for o in objects] + command[at + 1:]], self.folder)
+
+    def keep_programs(self, place):
+        """From now on the programs as they are now: the build may go on meanwhile."""
+        place.mkdir(parents=True, exist_ok=True)
+        for name, program in self.programs.items():
+            kept = place / name
+            kept.unlink(missing_ok=True)
+            shutil.copy(program, kept)
+            self.programs[name] = kept
 
     def program(self, name, place):
         return place / name if name in self.links else self.programs[name]

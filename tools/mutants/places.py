@@ -121,7 +121,8 @@ class Finder:
         kind, outer = cursor.kind, self.function
         if kind in FUNCTIONS:
             self.function = cursor.spelling
-        if kind == Kind.STATIC_ASSERT or self.is_to_be_filled(cursor):
+        if kind == Kind.STATIC_ASSERT or self.is_to_be_filled(cursor) or \
+                self.is_of_a_type(cursor, parent):
             return
         if parent is not None and kind.is_expression() and self.is_statement(cursor, parent):
             self.leave_out(cursor)
@@ -238,6 +239,8 @@ class Finder:
 
     def is_of_a_type(self, cursor, parent):
         """A template's argument, the size of an array, or the label of a case."""
+        if parent is None or not cursor.kind.is_expression():
+            return False
         start = cursor.extent.start.offset
         if parent.kind == Kind.CASE_STMT:
             return cursor == next(parent.get_children())
@@ -245,10 +248,8 @@ class Finder:
         return parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL, Kind.PARM_DECL) and (
             start < parent.location.offset or before == "[")
 
-    def number_literal(self, cursor, parent):
+    def number_literal(self, cursor, _parent):
         text = self.of(cursor)
-        if self.is_of_a_type(cursor, parent):
-            return
         if re.fullmatch(r"[\d.]+(e[-+]?\d+)?[uUlLfFzZ]*|0[xX][0-9a-fA-F]+[uUlL]*", text):
             self.instead(cursor, f"{text} + 1", f"{text} -> {text} + 1")
 
@@ -276,8 +277,6 @@ class Finder:
     def reference(self, cursor, parent):
         constant = cursor.referenced
         if constant is None or constant.kind != Kind.ENUM_CONSTANT_DECL:
-            return
-        if self.is_of_a_type(cursor, parent):
             return
         # That a status is compared with another one is what the changed operator says already.
         if constant.spelling == "PRO_TK_NO_ERROR" and parent.kind == Kind.BINARY_OPERATOR:

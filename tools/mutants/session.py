@@ -102,7 +102,7 @@ class Session:
             made = compile_alone(self.build, source, mutant, place / "alone.cpp")
             if made is None:
                 return False
-            self.build.link([made, f"{runtime}.o"], place)
+            self.build.link([made, f"{runtime}.o"], place, {program for program, _ in cases})
             return trials.noticed_by(mutant.number, cases, reach.seconds, first, place)
 
         kept = old if fresh else {}

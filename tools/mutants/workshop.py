@@ -50,10 +50,13 @@ class Build:
             "-fdiagnostics-format=json", "-c", str(place), "-o", f"{place}.o"], self.folder)
         return [] if done.returncode == 0 else list(errors(done.stderr, text, place))
 
-    def link(self, objects, place):
-        """Everything with these objects in the place of the source's own, into the folder."""
+    def link(self, objects, place, programs=None):
+        """The module and these programs (all if None) with these objects in the place of the
+        source's own, into the folder."""
         place.mkdir(parents=True, exist_ok=True)
-        for command in self.links.values():
+        for name, command in self.links.items():
+            if programs is not None and name not in {self.module, *programs}:
+                continue
             at = command.index("OBJECT")
             checked([w.replace(HERE, str(place)) for w in
                      command[:at] + [str(o) for o in objects] + command[at + 1:]], self.folder)

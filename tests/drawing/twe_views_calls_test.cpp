@@ -59,15 +59,17 @@ TEST_F(TwelveViewsCalls, TheDialogIsReadAndEndsBeforeTheDrawingIsMade) {
     EXPECT_EQ(
         CallsOf({"ProUIRadiogroupSelectednamesGet", "ProUICheckbuttonGetState", "ProUIDialogExit",
                  "ProViewMatrixGet", "ProDrawingFromTmpltCreate", "ProUIDialogDestroy",
-                 "ProDirectoryCurrentGet", "ProSelbufferSelectionsGet"},
+                 "ProDirectoryCurrentGet", "ProSelbufferSelectionsGet", "ProMdlNameGet"},
                 [&] {
                     MakeViews({"main-h", "six-hidden"});
                 }),
-        (Names{"ProSelbufferSelectionsGet", "ProDirectoryCurrentGet", "ProSelbufferSelectionsGet",
+        (Names{"ProSelbufferSelectionsGet", "ProMdlNameGet box.prt", "ProDirectoryCurrentGet",
+               "ProSelbufferSelectionsGet", "ProMdlNameGet box.prt",
                "ProUIRadiogroupSelectednamesGet DirectionRadio",
                "ProUIRadiogroupSelectednamesGet ViewsRadio",
                "ProUICheckbuttonGetState ExportCheckButton", "ProUIDialogExit",
                "ProViewMatrixGet box.prt", "ProDrawingFromTmpltCreate", "ProUIDialogDestroy"}));
+    EXPECT_NE(LineOf("ProUIDialogExit").find("status=0"), std::string::npos);
 }
 
 TEST_F(TwelveViewsCalls, TheDialogGetsItsButtonsAndThenItsCloseAction) {
@@ -124,6 +126,53 @@ TEST_F(TwelveViewsCalls, ByExtentsTheScreenIsRestoredAndThenRepainted) {
               (Names{"ProViewMatrixGet tall.prt", "ProViewMatrixSet tall.prt", "ProSolidOutlineGet",
                      "ProViewRotate tall.prt", "ProViewMatrixGet tall.prt",
                      "ProViewMatrixSet tall.prt", "ProWindowRepaint"}));
+    // What is not turned is not asked how it is turned.
+    Open(*box_);
+    EXPECT_EQ(CallsOf(kScreenCalls,
+                      [&] {
+                          MakeViews({"main-h", "six-hidden"});
+                      }),
+              (Names{"ProViewMatrixGet box.prt", "ProViewMatrixSet box.prt", "ProSolidOutlineGet",
+                     "ProViewMatrixSet box.prt", "ProWindowRepaint"}));
+}
+
+TEST_F(TwelveViewsCalls, AScreenThatIsNotKnownIsLeftAsItWasMeasured) {
+    Fail("ProViewMatrixGet");
+    MakeViews({"main-h", "six-hidden"});
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 4; ++column) {
+            EXPECT_EQ(ScreenOf(*box_).matrix[row][column], row == column ? 1.0 : 0.0);
+        }
+    }
+}
+
+TEST_F(TwelveViewsCalls, AFolderThatCouldNotBeFoundAgainIsNotLeft) {
+    Fail("ProDirectoryCurrentGet");
+    EXPECT_EQ(CallsOf({"ProDirectoryChange"},
+                      [&] {
+                          MakeViews({"main-h", "six-hidden"},
+                                    "@ expect box \"未找到可用模板（vx.drw）\"\n@ ok");
+                      }),
+              Names{});
+}
+
+TEST_F(TwelveViewsCalls, ASelectedSubAssemblyIsDrawn) {
+    Model& top = Assembly("TOP");
+    Model& sub = Assembly("SUB");
+    Use(sub, *box_);
+    Use(top, sub);
+    Open(top);
+    Play("@ select SUB\n~ Command `TweViews`\n" + Answer({}));
+    ASSERT_EQ(Views("SUB-12").size(), 7u);
+    EXPECT_EQ(ModelOf(*Views("SUB-12")[0]), &sub);
+}
+
+TEST_F(TwelveViewsCalls, ASelectionThatCannotBeCountedIsRefused) {
+    Model& top = Assembly("TOP");
+    Use(top, *box_);
+    Open(top);
+    Fail("ProArraySizeGet");
+    Play("@ select BOX\n~ Command `TweViews`\n@ expect box \"当前模式只能选择1个元件\"\n@ ok");
 }
 
 TEST_F(TwelveViewsCalls, WithTheSettingTheScreenIsRepaintedOnceBeforeTheTargetIsAsked) {

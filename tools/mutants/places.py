@@ -63,6 +63,7 @@ class Finder:
         self.tokens = list(unit.get_tokens(extent=unit.cursor.extent))
         self.starts = [t.extent.start.offset for t in self.tokens]
         self.mutants = []
+        self.compared = set()
         self.function = ""
         for cursor in unit.cursor.get_children():
             if cursor.location.file and cursor.location.file.name == self.path:
@@ -157,6 +158,8 @@ class Finder:
         for token in self.tokens_in(left.extent.end.offset, right.extent.start.offset):
             if token.spelling in OPERATORS:
                 self.change_operator(cursor, token)
+                if token.spelling in COMPARISONS:
+                    self.compared |= {self.span(left), self.span(right)}
                 if token.spelling in ("&&", "||"):
                     self.condition(left)
                     self.condition(right)
@@ -274,12 +277,12 @@ class Finder:
         self.add(start, end, 0, f"{text} -> {changed}",
                  f"(VxMutant(@) ? &({changed})[0] : &({HERE})[0])", changed)
 
-    def reference(self, cursor, parent):
+    def reference(self, cursor, _parent):
         constant = cursor.referenced
         if constant is None or constant.kind != Kind.ENUM_CONSTANT_DECL:
             return
         # That a status is compared with another one is what the changed operator says already.
-        if constant.spelling == "PRO_TK_NO_ERROR" and parent.kind == Kind.BINARY_OPERATOR:
+        if constant.spelling == "PRO_TK_NO_ERROR" and self.span(cursor) in self.compared:
             return
         rows = [c for c in constant.semantic_parent.get_children()
                 if c.kind == Kind.ENUM_CONSTANT_DECL]
@@ -331,8 +334,10 @@ class Finder:
         """Whether something is called that is not the standard library's."""
         for inner in cursor.walk_preorder():
             called = inner.referenced if inner.kind == Kind.CALL_EXPR else None
-            if called is not None and called.kind in (Kind.FUNCTION_DECL, Kind.CXX_METHOD) and \
-                    called.location.file and not called.location.file.name.startswith("/usr/") and \
+            if called is None or called.kind not in (Kind.FUNCTION_DECL, Kind.CXX_METHOD):
+                continue
+            file = called.location.file.name if called.location.file else "/usr/"
+            if not re.match("/usr/|.*/include/c[+][+]/", file) and \
                     not called.spelling.startswith("operator"):
                 return True
         return False

@@ -253,4 +253,35 @@ TEST_F(ModelCount, TheTreeIsShownAfreshBeforeTheBoxes) {
     EXPECT_EQ(mill.treeRefreshes, 0);
 }
 
+TEST_F(ModelCount, AModelThatIsNoItemOrWhoseParameterCannotBeFoundAgainIsNamed) {
+    Operation::Fail({"ProMdlToModelitem", 1, false, PRO_TK_GENERAL_ERROR});
+    Count(Failed("TOP\\n"));
+    EXPECT_EQ(NumberOf(*top_), "none");
+    EXPECT_EQ(NumberOf(*a_), "5");
+    // TOP gets its number now; A and S have theirs, and A's, the first, is not found.
+    Operation::Fail({"ProParameterInit", 1, false, PRO_TK_GENERAL_ERROR});
+    Count(Failed("A\\n"));
+    EXPECT_EQ(NumberOf(*top_), "1");
+}
+
+TEST_F(ModelCount, TheImmediateGenericIsAskedForAndWhetherAllOfItCanBeChanged) {
+    TextFolderSetting("VxCountForInstance", "true");
+    Use(*top_, *MakeInstance("bolt_m8", Part("bolt")));
+    host().journal.Start();
+    Count();
+    int generics = 0, questions = 0;
+    for (const std::string& line : host().journal.lines()) {
+        if (line.find("ProFaminstanceGenericGet(") == 0) {
+            ++generics;
+            EXPECT_NE(line.find("immediate=1"), std::string::npos) << line;
+        }
+        if (line.find("ProMdlIsModifiable(") == 0) {
+            ++questions;
+            EXPECT_NE(line.find("checkAll=1"), std::string::npos) << line;
+        }
+    }
+    EXPECT_EQ(generics, 4);  // TOP, A, S and the instance
+    EXPECT_EQ(questions, 1);
+}
+
 }  // namespace

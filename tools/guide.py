@@ -80,14 +80,14 @@ class Product:
         """(help key, access rule, whether it is built) by name, in the menu's order."""
         table = self.read("frame/command_table.cpp")
         commands = {}
-        for row in re.finditer(r'^\s*\{"(\w+)",(.*?)\},?\s*$', table, re.M):
-            name, rest = row[1], row[2]
-            access = re.search(r"\bAccess\w+", rest)
+        for row in re.finditer(r'^\s*Row<"(\w+)">\s*\((.*?)\)(?=,?\s*$|\s*\.)([^,]*)', table, re.M):
+            name, given, more = row.groups()
+            access = re.search(r"\bAccess\w+", given)
             if not access or name not in self.texts:
                 continue
-            keys = [key for key in re.findall(r'(?<!<)"(\w+)"', rest) if key in self.texts]
-            commands.setdefault(name, (keys[0] if keys else name + "_Help", access[0],
-                                       "NotBuilt" not in rest))
+            own = re.search(r'\.Help\("(\w+)"\)', more)
+            commands[name] = (own[1] if own else name + "_Help", access[0],
+                              "NotBuilt" not in given)
         return commands
 
     def built(self):

@@ -158,6 +158,7 @@ TEST_F(BatchColor, TheValuesOfAPaletteAreReadAsTheyStand) {
         {" 1 2. 34 .5 ", 12, 34, 5},
         {"\" 10.20.30 \"", 10, 20, 30},
         {"x.y.z", 0, 0, 0},
+        {"12:.3/4.56x", 12, 3, 56},   // the signs beside the digits end a number, too
         {"300.256.-4", 255, 255, 0},  // kept within what the host takes
         {"99999999999999999999.1.1", 255, 1, 1},
     };
@@ -297,6 +298,21 @@ TEST_F(BatchColor, TheKeptPartOfTheLastRunIsForgotten) {
     EXPECT_EQ(Lines("prodb_set_surface_props"), Names{});
     Recorded();
     EXPECT_EQ(ColourOf(part), kept);
+}
+
+TEST_F(BatchColor, SeveralSubAssembliesInARowAllPaintThePartBeforeThem) {
+    Model& part = Part("part");
+    Model& first = AssemblyBehind(part);
+    Model& second = AssemblyBehind(first);
+    Model& third = AssemblyBehind(second);
+    OpenAssembly({&part, &first, &second, &third});
+    for (const char* mode : {"asUG", "Optimization", "random"}) {
+        Setting("VxRandomColorOpt", mode);
+        Record();
+        ExpectForetold(mode, {&part, &first, &second, &third});  // the fourth draw stays
+        Recorded();
+        EXPECT_EQ(Lines("prodb_set_surface_props").size(), 4u);
+    }
 }
 
 TEST_F(BatchColor, AMixedListGoesByTheHandles) {

@@ -230,4 +230,87 @@ TEST_F(ModelCount, WithoutAColumnTheInstanceCannotHaveItsNumberAndIsNamed) {
     EXPECT_EQ(NumberOf(*m8), "none");
 }
 
+TEST_F(ModelCount, OnlyTheWordTrueSwitchesInstancesOn) {
+    Model& generic = Part("bolt");
+    Model* m8 = MakeInstance("bolt_m8", generic);
+    Use(*top_, *m8);
+    for (const char* value : {"1", "yes", "trues", ""}) {
+        TextFolderSetting("VxCountForInstance", value);
+        Count();
+        EXPECT_EQ(NumberOf(*m8), "none") << value;
+    }
+    TextFolderSetting("VxCountForInstance", "tRuE");
+    Count();
+    EXPECT_EQ(NumberOf(*m8), "1");
+}
+
+TEST_F(ModelCount, OnlyAStatusOfSuccessMakesAnInstance) {
+    // Whatever else the host says of a generic, the model gets its number.
+    for (const int status : {-1, -2, -4, -5}) {
+        Operation::ForgetFaults();
+        Operation::Fail({"ProFaminstanceGenericGet", 1, true, status});
+        a_->parameters = {};
+        Count();
+        EXPECT_EQ(NumberOf(*a_), "5") << status;
+    }
+}
+
+TEST_F(ModelCount, WithoutAnArrayForTheWalkTheTopHasItsNumberAllTheSame) {
+    Operation::Fail({"ProArrayAlloc", 1, true, PRO_TK_OUT_OF_MEMORY});
+    Count();
+    EXPECT_EQ(NumberOf(*top_), "1");
+    EXPECT_EQ(NumberOf(*a_), "none");
+}
+
+TEST_F(ModelCount, TheTreeIsShownAfreshBeforeTheBoxes) {
+    Model& mill = Manufacturing("mill", *top_);
+    Open(mill);
+    Operation::Fail({"ProParameterCreate", 1, false, PRO_TK_GENERAL_ERROR});
+    host().journal.Start();
+    Count(Failed("TOP\\n"));
+    std::vector<std::string> order;
+    for (const std::string& name : host().journal.Names()) {
+        for (const char* told : {"GetPrivateProfileStringW", "ProSolidFeatVisit",
+                                 "ProParameterCreate", "ProTreetoolRefresh", "MessageBoxW"}) {
+            if (name == told && (order.empty() || order.back() != name)) order.push_back(name);
+        }
+    }
+    EXPECT_EQ(order, (std::vector<std::string>{"GetPrivateProfileStringW", "ProSolidFeatVisit",
+                                               "ProParameterCreate", "ProTreetoolRefresh",
+                                               "MessageBoxW"}));
+    EXPECT_EQ(top_->treeRefreshes, 1);
+    EXPECT_EQ(mill.treeRefreshes, 0);
+}
+
+TEST_F(ModelCount, AModelThatIsNoItemOrWhoseParameterCannotBeFoundAgainIsNamed) {
+    Operation::Fail({"ProMdlToModelitem", 1, false, PRO_TK_GENERAL_ERROR});
+    Count(Failed("TOP\\n"));
+    EXPECT_EQ(NumberOf(*top_), "none");
+    EXPECT_EQ(NumberOf(*a_), "5");
+    // TOP gets its number now; A and S have theirs, and A's, the first, is not found.
+    Operation::Fail({"ProParameterInit", 1, false, PRO_TK_GENERAL_ERROR});
+    Count(Failed("A\\n"));
+    EXPECT_EQ(NumberOf(*top_), "1");
+}
+
+TEST_F(ModelCount, TheImmediateGenericIsAskedForAndWhetherAllOfItCanBeChanged) {
+    TextFolderSetting("VxCountForInstance", "true");
+    Use(*top_, *MakeInstance("bolt_m8", Part("bolt")));
+    host().journal.Start();
+    Count();
+    int generics = 0, questions = 0;
+    for (const std::string& line : host().journal.lines()) {
+        if (line.find("ProFaminstanceGenericGet(") == 0) {
+            ++generics;
+            EXPECT_NE(line.find("immediate=1"), std::string::npos) << line;
+        }
+        if (line.find("ProMdlIsModifiable(") == 0) {
+            ++questions;
+            EXPECT_NE(line.find("checkAll=1"), std::string::npos) << line;
+        }
+    }
+    EXPECT_EQ(generics, 4);  // TOP, A, S and the instance
+    EXPECT_EQ(questions, 1);
+}
+
 }  // namespace

@@ -223,7 +223,80 @@ TEST_F(OutlineAndSheets, AManufacturingModelIsMeasuredThroughItsAssembly) {
     EXPECT_EQ(top_->treeRefreshes, 1);
 }
 
+TEST_F(OutlineAndSheets, EverySurfaceOfABoxIsAsked) {
+    host().journal.Start();
+    Run(Scope("Part") + outline_);
+    const auto names = host().journal.Names();
+    EXPECT_EQ(std::count(names.begin(), names.end(), "ProSurfaceDataGet"), 6);
+}
+
+TEST_F(OutlineAndSheets, AComponentThatCannotBeReachedIsLeftOutAndTheOthersCount) {
+    // A reaches from 0 to 10 in x, B from 90 to 100.
+    Put(*top_, Part("b"), {90, 0, 0}, {0, 0, 0});
+    for (const char* operation :
+         {"ProAsmcomppathInit", "ProAsmcomppathMdlGet", "ProAsmcomppathTrfGet"}) {
+        Run(kInOrder + outline_);
+        EXPECT_EQ(ValueOn(*top_), "100×20×30");
+        Operation::Fail({operation, 1, false, PRO_TK_GENERAL_ERROR});
+        Run(kInOrder + outline_);
+        EXPECT_EQ(ValueOn(*top_), "10×20×30") << operation;
+    }
+}
+
+TEST_F(OutlineAndSheets, AnAssemblyOfWhichNoCornerCanBeTurnedLosesTheParameter) {
+    Operation::Fail({"ProPntTrfEval", 1, true, PRO_TK_GENERAL_ERROR});
+    top_->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
+    Run(outline_);
+    EXPECT_EQ(ValueOn(*top_), "none");
+    EXPECT_EQ(ValueOn(*a_), "30×20×10");
+}
+
+TEST_F(OutlineAndSheets, AModelWhoseTypeCannotBeReadKeepsItsParameter) {
+    a_->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
+    host().journal.Start();
+    Run(Scope("Part") + outline_);
+    EXPECT_EQ(ValueOn(*a_), "30×20×10");
+    a_->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
+    // The last of its questions is the one for the measure.
+    const auto names = host().journal.Names();
+    const auto asked = std::count(names.begin(), names.end(), "ProMdlTypeGet");
+    Operation::Fail({"ProMdlTypeGet", std::uint64_t(asked), false, PRO_TK_GENERAL_ERROR});
+    Run(Scope("Part") + outline_);
+    EXPECT_EQ(ValueOn(*a_), "old");
+}
+
+TEST_F(OutlineAndSheets, OnlyAParameterThatIsThereAlreadyIsSetAfterItsCreationWasRefused) {
+    a_->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
+    Operation::Fail({"ProParameterCreate", 1, true, PRO_TK_GENERAL_ERROR});
+    Run(Scope("Part") + outline_);
+    EXPECT_EQ(ValueOn(*a_), "old");
+}
+
+TEST_F(OutlineAndSheets, WhatIsSuppressedOrInvisibleHasNoSize) {
+    Feature& suppressed = Use(*top_, Part("b"));
+    suppressed.placement = PlacementFrom({90, 0, 0}, {0, 0, 0});
+    suppressed.status = PRO_FEAT_SUPPRESSED;
+    Feature& invisible = Use(*top_, Part("c"));
+    invisible.placement = PlacementFrom({190, 0, 0}, {0, 0, 0});
+    invisible.visible = false;
+    Run(kInOrder + outline_);
+    EXPECT_EQ(ValueOn(*top_), "10×20×30");
+}
+
 // --- Sheet sizes ---
+
+TEST_F(OutlineAndSheets, KeywordsAndScopeOfTheSecondGroupCountForSheetSizesToo) {
+    DrawingOf("a", {WIDE("A3")});
+    DrawingOf("bolt", {WIDE("A4")});
+    DrawingOf("top", {WIDE("A1")});
+    Model& bolt = Part("bolt");
+    Put(*top_, bolt, {0, 0, 0}, {0, 0, 0});
+    Run(Scope("Part") + "~ Input `VxParams` `InputKeyWords` `A`\n" +
+        "~ Input `VxParams` `InputKeyWords2` `BO`\n" + sheetSize_);
+    EXPECT_EQ(ValueOn(*a_, "SHEET"), "A3");
+    EXPECT_EQ(ValueOn(bolt, "SHEET"), "none");
+    EXPECT_EQ(ValueOn(*top_, "SHEET"), "none");
+}
 
 TEST_F(OutlineAndSheets, AModelGetsTheSheetSizesOfTheDrawingOfItsName) {
     DrawingOf("a", {WIDE("A3"), WIDE("A4")});

@@ -202,6 +202,7 @@ TEST_F(BatchParameters, WithoutATypeNothingIsWritten) {
     Run(Fill("P", "9", "整数") + kAdd + kUpdate);
     EXPECT_EQ(ValueOn(*a_, "P"), "integer 1");
     EXPECT_EQ(ValueOn(*bolt_, "P"), "none");
+    EXPECT_EQ(top_->treeRefreshes, 2);  // the end is as ever
 }
 
 // --- Settings ---

@@ -247,4 +247,49 @@ TEST_F(BatchRelations, AMissingResourceIsTold) {
     Play("~ Command `VxRelations`\n@ expect box \"UIDialog Create error!\"\n@ ok");
 }
 
+TEST_F(BatchRelations, TheFirstPresentLineCountsForNewLinesOnly) {
+    a_->relations.initial = {WIDE("x=1"), WIDE("old=1")};
+    Run(Type("x=1"), "AddRels", added_);
+    EXPECT_EQ(Initial(*a_), (Lines{WIDE("x=1"), WIDE("old=1"), WIDE("x=1")}));
+    Run(Type("x=1"), "AddRelsAndNoRepeat", addedNew_);
+    EXPECT_EQ(Initial(*a_), (Lines{WIDE("x=1"), WIDE("old=1"), WIDE("x=1")}));
+}
+
+TEST_F(BatchRelations, TheArrayIsFreedBeforeTheFreeThatTheHostRefuses) {
+    host().journal.Start();
+    Run(Type("x=1") + Scope("Smt"), "AddRelsAndNoRepeat", addedNew_);
+    std::string frees;  // of the walk's array, the lines, and no array
+    for (const std::string& line : host().journal.lines()) {
+        if (line.find("ProArrayFree(") != std::string::npos) {
+            frees += line.substr(line.rfind(" = "));
+        }
+    }
+    EXPECT_EQ(frees, " = 0 = 0 = -2");
+}
+
+TEST_F(BatchRelations, WhereEveryModelIsLeftOutTheEndIsToldAllTheSame) {
+    Run(Type("x=1") + Keywords("TOP,A,B,SUB,S"), "AddRels", added_);
+    for (Model* model : {top_, a_, b_, sub_, sheet_}) EXPECT_FALSE(model->relations.initial);
+    EXPECT_EQ(top_->treeRefreshes, 1);
+}
+
+TEST_F(BatchRelations, WithoutAScopeThereAreNoComponents) {
+    Operation::Fail({"ProUIRadiogroupSelectednamesGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Run(Type("x=1"), "AddRels", none_);
+    EXPECT_FALSE(a_->relations.initial);
+}
+
+TEST_F(BatchRelations, WithoutAChosenSetNothingIsWrittenAndTheEndIsTold) {
+    Operation::Fail({"ProUIRadiogroupSelectednamesGet", 2, false, PRO_TK_GENERAL_ERROR});
+    Run(Type("x=1"), "AddRels", added_);
+    for (Model* model : {top_, a_, b_, sub_, sheet_}) EXPECT_FALSE(model->relations.initial);
+}
+
+TEST_F(BatchRelations, ATextThatCannotBeReadCountsAsEmpty) {
+    a_->relations.initial = {WIDE("old=1")};
+    Operation::Fail({"ProUITextareaValueGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Run(Type("x=1"), "CoverRels", covered_);
+    EXPECT_EQ(a_->relations.initial, Lines{});
+}
+
 }  // namespace

@@ -281,4 +281,14 @@ TEST_F(BomExport, ACellThatFailsIsEmptyAndTheOthersAreWritten) {
     EXPECT_EQ(TextAt(book, 4, 2), "BOLT");
 }
 
+TEST_F(BomExport, TheTableStaysAsItIsAndCanGoOutAgain) {
+    Export(
+        "@ answer C:\\Work\\first.xlsx\n"
+        "@ expect rows bom_list 4\n@ expect row bom_list 4 \"4|GEAR|4\"\n"
+        "@ expect row colours bom_list 3 17 17 17\n"
+        "~ Activate `VxBom` `VxExportBom`\n@ answer C:\\Work\\list.xlsx\n");
+    EXPECT_EQ(TextAt(Written(WIDE("C:\\Work\\first.xlsx")), 6, 2), "GEAR");
+    EXPECT_EQ(TextAt(Written(), 6, 2), "GEAR");
+}
+
 }  // namespace

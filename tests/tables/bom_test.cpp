@@ -232,7 +232,8 @@ TEST_F(Bom, FollowsTheTreeAndNumbersIt) {
           "@ expect row bom_list 4 \"4|2|3.1|GEAR|2\"\n"
           "@ expect row bom_list 5 \"5|2|3.2|BOLT|1\"\n"
           "@ expect row colours bom_list 1 17 17 17 17 17\n"
-          "@ expect row colours bom_list 2 - - - - -\n");
+          "@ expect row colours bom_list 2 - - - - -\n"
+          "@ expect row colours bom_list 3 17 17 17 17 17\n");
 }
 
 TEST_F(Bom, StopsAtTheDepthThatIsChosen) {
@@ -255,7 +256,32 @@ TEST_F(Bom, ADepthThatIsNoNumberShowsTheAssemblyAlone) {
 TEST_F(Bom, AnAssemblyAndAPartOfOneNameShareALevelledRow) {
     Use(*top_, Part("sub"));
     Check(LoadLevels("1") + "@ expect rows bom_list 3\n" +
-          "@ expect row bom_list 3 \"3|1|3|SUB|3\"\n");
+          "@ expect row bom_list 3 \"3|1|3|SUB|3\"\n"
+          "@ expect row colours bom_list 3 17 17 17 17 17\n");  // the first one's kind
+}
+
+TEST_F(Bom, LevelsHaveNoRowsOfFeaturesThatAreNoComponentsOrNoneToBeSeen) {
+    // Datum features, and components that the host keeps for itself (flags 130).
+    for (Model* assembly : {top_, sub_}) {
+        Feature datum;
+        datum.type = 923;
+        datum.model = gear_;
+        assembly->AddFeature(datum);
+        Use(*assembly, *gear_).flags = 130;
+    }
+    Check(LoadLevels("99") + "@ expect rows bom_list 5\n" +
+          "@ expect row bom_list 4 \"4|2|3.1|GEAR|2\"\n");
+}
+
+TEST_F(Bom, LettersBeyondAsciiAreNotFolded) {
+    Model& capital = Part("e1");
+    Model& small = Part("e2");
+    capital.name = WIDE("É");
+    small.name = WIDE("é");
+    UseAll(*top_, {&capital, &small});
+    Check(
+        "@ expect rows bom_list 6\n@ expect row bom_list 5 \"5|É|1\"\n"
+        "@ expect row bom_list 6 \"6|é|1\"\n");
 }
 
 TEST_F(Bom, ASkeletonWithComponentsIsPassedOverButNotWhatLiesBelow) {
@@ -293,6 +319,49 @@ TEST_F(Bom, AFirstModelThatCannotBeRetrievedHasNoParameters) {
 TEST_F(Bom, WhatCannotBeToldFromASkeletonIsNone) {
     FailCall("ProMdlIsSkeleton", 0);
     Check("@ expect rows bom_list 5\n@ expect row bom_list 2 \"2|SKEL|1\"\n");
+}
+
+TEST_F(Bom, AfterASkeletonWhatCannotBeToldFromOneIsNone) {
+    // Asked are TOP, SKEL, which is one, and BOLT, for which the host does not answer.
+    FailCall("ProMdlIsSkeleton", 3);
+    Check("@ expect rows bom_list 4\n@ expect row bom_list 2 \"2|BOLT|5\"\n");
+}
+
+TEST_F(Bom, AModelWhoseKindCannotBeReadHasAnUncolouredRowOfTheModelBefore) {
+    Open(Assembly("empty"));
+    Columns("模型名称,材料");
+    Record();
+    Check("@ expect row colours bom_list 1 17 17 -\n");
+    Recorded();
+    // The last question is the one for the row.
+    FailCall("ProMdlTypeGet", unsigned(Lines("ProMdlTypeGet").size()));
+    Check("@ expect row bom_list 1 \"1|EMPTY|\"\n@ expect row colours bom_list 1 - - -\n");
+}
+
+TEST_F(Bom, InTheTreeAModelWhoseKindCannotBeReadIsNoAssembly) {
+    Open(*sub_);
+    Record();
+    Check(LoadLevels("1") + "@ expect rows bom_list 3\n");
+    Recorded();
+    FailCall("ProMdlTypeGet", unsigned(Lines("ProMdlTypeGet").size()));  // that of BOLT
+    Check(LoadLevels("1") + "@ expect row bom_list 3 \"3|1|2|BOLT|1\"\n" +
+          "@ expect row colours bom_list 3 - - - - -\n");
+}
+
+TEST_F(Bom, AComponentThatDoesNotTellWhetherItShowsIsLeftOutOfTheTree) {
+    Open(*sub_);
+    WithBom([&](Dialog& dialog) {
+        dialog.Use(Verb::Select, "BomRadio", {"LevelBom"});
+        FailCall("ProFeatureVisibilityGet", 0);
+        EXPECT_EQ(dialog.Press("VxLoadBom"), "");
+        EXPECT_EQ(dialog.Find("bom_list")->State(), "1 rows of 5 columns");
+    });
+}
+
+TEST_F(Bom, AtTheOpeningOnlyTheSummedModeGreysTheDepth) {
+    FailCall("ProUIRadiogroupSelectednamesGet", 1);
+    WithBom([&](Dialog& dialog) { EXPECT_TRUE(dialog.Find("LevelOption")->enabled); });
+    WithBom([&](Dialog& dialog) { EXPECT_FALSE(dialog.Find("LevelOption")->enabled); });
 }
 
 TEST_F(Bom, AParameterWhoseValueCannotBeReadIsAsGoodAsNone) {

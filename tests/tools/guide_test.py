@@ -12,9 +12,12 @@ sys.path.insert(0, str(ROOT / "tools"))
 import guide  # noqa: E402
 
 TABLE = """
-    {"VxBom",   Command<VxBom>, AccessAssemblyOrMfg, true},
-    {"BatchColor", "Color_Help", "RandomColor.png", Command<BatchColor>, AccessSolid, true},
-    {"VxLater", NotBuilt<"VxLater">, AccessAlways, true},
+constexpr std::array<CommandRow, 3> kCommandTable = {{
+    Row<"VxBom">      (Command<VxBom>,      AccessAssemblyOrMfg),
+    Row<"BatchColor"> (Command<BatchColor>, AccessSolid)
+        .Help("Color_Help").Icon("RandomColor.png"),
+    Row<"VxLater">    (NotBuilt,            AccessAlways).MenuOnly(),
+}};
 """
 TEXTS = ("Menu\nV\n菜单\n#\nVxBom\nBill\nBOM表\n#\nVxBom_Help\nShow\n显示BOM表\n#\n"
          "BatchColor\nColour\n上色\n#\nColor_Help\nC\n给零件上色\n#\nVxLater\nL\n以后\n#\n")

@@ -48,4 +48,23 @@ TEST(OutlineText, OrdersByTheUnroundedExtents) {
     EXPECT_EQ(OutlineText({50, 100, 100}, 0, OutlineOrder::LargestFirst), WIDE("100×100×50"));
 }
 
+TEST(OutlineText, EachOfTheSixOrdersCanBeTheOneFromTheLargest) {
+    for (const OutlineExtents& extents :
+         {OutlineExtents{9, 6, 3}, OutlineExtents{9, 3, 6}, OutlineExtents{6, 9, 3},
+          OutlineExtents{3, 9, 6}, OutlineExtents{6, 3, 9}, OutlineExtents{3, 6, 9}}) {
+        EXPECT_EQ(OutlineText(extents, 0, OutlineOrder::LargestFirst), WIDE("9×6×3"));
+    }
+}
+
+TEST(OutlineText, TwoThatAreEqualAreInOrderWhereverTheThirdIs) {
+    for (const OutlineExtents& extents :
+         {OutlineExtents{9, 3, 3}, OutlineExtents{3, 9, 3}, OutlineExtents{3, 3, 9}}) {
+        EXPECT_EQ(OutlineText(extents, 0, OutlineOrder::LargestFirst), WIDE("9×3×3"));
+    }
+    for (const OutlineExtents& extents :
+         {OutlineExtents{9, 9, 3}, OutlineExtents{9, 3, 9}, OutlineExtents{3, 9, 9}}) {
+        EXPECT_EQ(OutlineText(extents, 0, OutlineOrder::LargestFirst), WIDE("9×9×3"));
+    }
+}
+
 }  // namespace

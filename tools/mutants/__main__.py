@@ -1,0 +1,52 @@
+"""Changes the plug-in's sources one small thing at a time, and tells which changes no test notices.
+
+    tools/mutants [--build DIR] [--doubt] [FILE...]
+
+All mutants of a source are compiled into one module in which a number chooses; each is tried with
+the test cases that come by it. Results stay in build/mutants until the source, what it includes,
+its tests or the flags change. The exit status is 1 if a mutant is left that is neither noticed nor
+listed as equivalent in tests/mutants_equivalent.txt. Its test is tests/tools/mutants_test.py.
+"""
+
+import argparse
+import sys
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).parent))
+# pylint: disable=wrong-import-position
+from equivalents import Equivalents  # noqa: E402
+from session import ROOMS, Session  # noqa: E402
+from workshop import cmake_build  # noqa: E402
+
+ROOT = Path(__file__).resolve().parents[2]
+
+
+def sources(names):
+    """The files that are meant: those named, or all of the plug-in."""
+    if names:
+        return [(Path.cwd() / name).resolve() for name in names]
+    return sorted(p for room in ROOMS for p in (ROOT / room).glob("*.cpp"))
+
+
+def main():
+    parser = argparse.ArgumentParser(prog="vx mutants", description=(
+        "Changes sources by a little, and lists the changes that no test notices."))
+    parser.add_argument("--build", default=ROOT / "build/quick", type=Path, metavar="DIR",
+                        help="build to start from (build/quick)")
+    parser.add_argument("--doubt", action="store_true",
+                        help="try those listed as equivalent, too, and tell which are noticed")
+    parser.add_argument("files", nargs="*", metavar="FILE", help="sources (all of the plug-in)")
+    arguments = parser.parse_args()
+    equivalents = Equivalents(ROOT / "tests/mutants_equivalent.txt")
+    left = False
+    for source in sources(arguments.files):
+        build = cmake_build(arguments.build.resolve(), source)
+        session = Session(ROOT, build, arguments.build.resolve().parent / "mutants")
+        result = session.result(equivalents, arguments.doubt)
+        print(result.report(), flush=True)
+        left = left or not result.is_good()
+    return 1 if left else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

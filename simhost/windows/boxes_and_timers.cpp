@@ -40,6 +40,12 @@ bool SimulatedWindows::StopTimer(UINT_PTR id) {
     return timers_.remove_if([id](const Timer& timer) { return timer.id == id; }) > 0;
 }
 
+int SimulatedWindows::StopTimers(const std::function<bool(TIMERPROC)>& which) {
+    const auto stopped =
+        timers_.remove_if([&](const Timer& timer) { return which(timer.procedure); });
+    return static_cast<int>(stopped);
+}
+
 void SimulatedWindows::AdvanceClock(std::uint32_t milliseconds) {
     const std::uint64_t until = tick_ + milliseconds;
     while (!timers_.empty()) {

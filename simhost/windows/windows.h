@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
@@ -95,6 +96,8 @@ public:
     const std::list<Timer>& timers() const { return timers_; }
     UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
     bool StopTimer(UINT_PTR id);
+    // Stops those whose procedure is one of `which`; how many there were.
+    int StopTimers(const std::function<bool(TIMERPROC)>& which);
 
     // --- Registry of the current user; paths such as "Software\\PTC" ---
     void SetRegistry(WideView path, WideView name, DWORD type, std::string bytes);

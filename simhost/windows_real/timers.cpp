@@ -30,8 +30,13 @@ bool RealWindows::StopTimer(UINT_PTR id) {
     return KillTimer(nullptr, id);
 }
 
-void RealWindows::StopTimers() {
-    while (!timers_.empty()) StopTimer(timers_.front().id);
+int RealWindows::StopTimers(const std::function<bool(TIMERPROC)>& which) {
+    std::vector<UINT_PTR> ids;
+    for (const Timer& timer : timers_) {
+        if (which(timer.procedure)) ids.push_back(timer.id);
+    }
+    for (const UINT_PTR id : ids) StopTimer(id);
+    return static_cast<int>(ids.size());
 }
 
 // Runs the message loop until the timer has fired; false if it does not.

@@ -53,7 +53,7 @@ RealWindows::RealWindows()
 }
 
 RealWindows::~RealWindows() {
-    StopTimers();
+    StopTimers([](TIMERPROC) { return true; });
     for (const auto& [key, path] : keys) RegCloseKey(key);
     for (const auto& [file, path] : files) CloseHandle(file);
     for (const auto& [path, file] : held_) CloseHandle(file);

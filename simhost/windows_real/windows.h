@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <map>
 #include <optional>
@@ -63,7 +64,8 @@ public:
     const std::list<Timer>& timers() const { return timers_; }
     UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
     bool StopTimer(UINT_PTR id);
-    void StopTimers();  // those of a module that is about to leave memory
+    // Stops those whose procedure is one of `which`; how many there were.
+    int StopTimers(const std::function<bool(TIMERPROC)>& which);
 
     // --- Files ---
     // Holds the file open and shares it with nobody.

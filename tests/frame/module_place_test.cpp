@@ -161,6 +161,7 @@ TEST_F(PlaceOfTheModule, UnderAnotherNameStillHasMenuAndPopups) {
     EXPECT_EQ(host().commands.FindMenu("Menu")->buttons.size(), 56u);
     host().commands.OpenPopup("Sel Obj Menu");
     EXPECT_EQ(host().commands.registrations().size(), 61u);
+    plugin.Terminate();
 }
 
 TEST_F(PlaceOfTheModule, UnderAnotherNameDoesNotMakeAFileOfAMissingExecutable) {

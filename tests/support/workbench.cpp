@@ -7,6 +7,7 @@
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/user/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
 #include "tests/support/places.h"
@@ -16,6 +17,8 @@ namespace workbench {
 using namespace simhost;
 
 namespace {
+
+constexpr unsigned kLongAfter = 5000;  // milliseconds; longer than any timer of the plug-in
 
 WorkplaceOptions Options() {
     WorkplaceOptions options;
@@ -35,6 +38,11 @@ Workbench::Workbench() : workplace_(std::make_unique<Workplace>(Options())) {}
 Workbench::~Workbench() = default;
 
 void Workbench::TearDown() {
+    // The plug-in goes while the drive and the models are still there. What it has left to run
+    // later would run now.
+    Operation::ForgetFaults();
+    workplace_->StopPlugin();
+    AdvanceClock(kLongAfter);
     EXPECT_EQ(Complaints(), std::vector<std::string>{});
     EXPECT_EQ(host().arrays.HeldByMistake(), std::vector<std::string>{});
     EXPECT_EQ(TheWindows().OpenHandles(), std::vector<std::string>{});
@@ -42,7 +50,6 @@ void Workbench::TearDown() {
     if (!leavesSpreadsheets_) {
         EXPECT_EQ(TheSpreadsheets().NotQuit(), std::vector<std::string>{});
     }
-    // The plug-in goes while the drive and the models are still there.
     workplace_.reset();
     EXPECT_EQ(ClearDrive(), std::vector<std::string>{}) << "Left open?";
 }

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "simhost/core/operation.h"
-#include "simhost/host.h"
 #include "simhost/windows/windows.h"
 
 using namespace simhost;
@@ -77,7 +76,7 @@ int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT 
                          box.caption = caption ? caption : WIDE("");
                          box.hasCaption = caption != nullptr;
                          box.flags = flags;
-                         return TheHost().ShowBox(box);
+                         return TheWindows().host().desk.ShowBox(box);
                      },
                      "text", text, "caption", caption, "flags", flags);
 }

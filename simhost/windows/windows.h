@@ -20,6 +20,7 @@
 
 #include "hostapi/windows.h"
 #include "simhost/core/handles.h"
+#include "simhost/user/desk.h"
 #include "simhost/windows/ini_text.h"
 
 namespace simhost {
@@ -74,6 +75,9 @@ public:
     ~SimulatedWindows();
     SimulatedWindows(const SimulatedWindows&) = delete;
     SimulatedWindows& operator=(const SimulatedWindows&) = delete;
+
+    // The host that runs here. Throws std::logic_error where none does; see ServeHost.
+    const HostSide& host() const;
 
     // --- Modules ---
     void AddModule(WideView name, WideView windowsPath);
@@ -166,6 +170,9 @@ private:
 
 // The Windows of this process.
 SimulatedWindows& TheWindows();
+
+// Windows serves this host from now on; null: none. The host calls it when it starts and ends.
+void ServeHost(const HostSide* host);
 
 // Forgets modules, registry, timers, open handles and all else, as at a computer's start.
 void RestartWindows();

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include "simhost/host.h"
 #include "simhost/windows_real/windows.h"
 
 namespace simhost {
@@ -66,7 +65,7 @@ void RealWindows::AdvanceClock(unsigned milliseconds) {
         timers_.splice(timers_.end(), timers_, next);
         const Timer due = *next;
         if (!Fire(due)) {
-            TheHost().Complain("a timer that was due did not fire");
+            host().desk.Complain("a timer that was due did not fire");
             break;
         }
         const auto is = [&due](const Timer& each) { return each.id == due.id; };

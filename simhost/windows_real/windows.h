@@ -13,6 +13,7 @@
 
 #include "hostapi/wide.h"
 #include "hostapi/windows.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
@@ -38,6 +39,9 @@ public:
     ~RealWindows();
     RealWindows(const RealWindows&) = delete;
     RealWindows& operator=(const RealWindows&) = delete;
+
+    // The host that runs here. Throws std::logic_error where none does; see ServeHost.
+    const HostSide& host() const;
 
     // --- Modules ---
     // Really loads some library under this name, where no module of the plug-in's is at hand.
@@ -97,6 +101,9 @@ private:
 
 // The Windows of this process.
 RealWindows& TheWindows();
+
+// Windows serves this host from now on; null: none. The host calls it when it starts and ends.
+void ServeHost(const HostSide* host);
 
 // As at a computer's start: an empty registry, nothing noted.
 void RestartWindows();

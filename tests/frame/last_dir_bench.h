@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "simhost/host.h"
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/workbench.h"
 

@@ -5,7 +5,7 @@
 
 #include "simhost/app/plugin.h"
 #include "simhost/host.h"
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
 #include "tests/support/places.h"

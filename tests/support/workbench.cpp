@@ -7,7 +7,7 @@
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
 #include "tests/support/places.h"

@@ -12,7 +12,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/desk.h"
 #include "tests/support/places.h"

@@ -34,5 +34,7 @@ int user_initialize(int, char*[], char* version, char*, WideChar[80]) {
 }
 
 void user_terminate() {
+    // Guarded one by one: the timer must go also where the directory could not be saved.
     Guard<SaveLastDir>::Call();
+    Guard<RestoreLastDirNoMore>::Call();
 }

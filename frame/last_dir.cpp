@@ -67,16 +67,28 @@ void RestoreLastDir() {
     ProDirectoryChange(directory.data());
 }
 
+// The timer that Windows may still fire; 0 for none. Kept until it is known to be killed: one that
+// outlives the module would call into memory that is no longer its own.
+UINT_PTR pendingTimer = 0;
+
+void Kill(UINT_PTR timer) {
+    if (KillTimer(nullptr, timer)) pendingTimer = 0;
+}
+
 // Windows hands over the timer's real id, which is not the one asked for.
 void CALLBACK OnTimer(HWND, UINT, UINT_PTR timer, DWORD) {
-    KillTimer(nullptr, timer);
+    Kill(timer);
     RestoreLastDir();
 }
 
 }  // namespace
 
 void RestoreLastDirLater() {
-    SetTimer(nullptr, 1, kDelayMilliseconds, Guarded<OnTimer>);
+    pendingTimer = SetTimer(nullptr, 1, kDelayMilliseconds, Guarded<OnTimer>);
+}
+
+void RestoreLastDirNoMore() {
+    if (pendingTimer != 0) Kill(pendingTimer);
 }
 
 void SaveLastDir() {

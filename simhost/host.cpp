@@ -1,6 +1,8 @@
 // The one simulated host of the process.
 #include "simhost/host.h"
 
+#include "simhost/windows/windows.h"
+
 namespace simhost {
 
 namespace {
@@ -18,22 +20,20 @@ Host& TheHost() {
     return *host;
 }
 
+Host::Host() {
+    ServeHost(&forWindows_);
+}
+
+Host::~Host() {
+    ServeHost(nullptr);
+}
+
 void RestartHost() {
     Operation::ForgetFaults();
     Operation::ResetCounts();
     Operation::journalling = false;
     Instance().reset();
-}
-
-void Host::Complain(const std::string& what) {
-    complaints.push_back(what);
-}
-
-int Host::ShowBox(const Box& box) {
-    shown.push_back({Shown::Kind::Box, box.text, box});
-    if (user) return user->AnswerBox(box);
-    Complain("a box is open and nobody answers it");
-    return 1;
+    TheHost();  // Windows serves it from now on
 }
 
 }  // namespace simhost

@@ -15,32 +15,39 @@
 #include "simhost/ui/commands.h"
 #include "simhost/ui/dialogs.h"
 #include "simhost/ui/messages.h"
-#include "simhost/user/user.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
 class Host {
 public:
+    Host();
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
     Disk disk;
+    WideText textFolder;  // what ProToolkitApplTextPathGet reports; no separator at its end
     ArrayLedger arrays;
     Journal journal;
-    Session session;
-    Commands commands;
-    Dialogs dialogs;
-    Messages messages;
-
-    WideText textFolder;  // what ProToolkitApplTextPathGet reports; no separator at its end
+    Desk desk;
+    Session session{disk};
+    Commands commands{desk, session, arrays};
+    Dialogs dialogs{desk, disk, textFolder, session};
+    Messages messages{desk, disk, textFolder};
     ConfigOptions configOptions;
     std::deque<WideText> lentTexts;  // texts that operations handed out for good
-    std::vector<WideText> macros;    // queued by ProMacroLoad, run when the command has returned
-    User* user = nullptr;            // none: every question is a complaint
 
-    std::vector<Shown> shown;
-    std::vector<std::string> complaints;
-    void Complain(const std::string& what);
+    // Short ways to what is asked for most.
+    User*& user = desk.user;
+    std::vector<Shown>& shown = desk.shown;
+    std::vector<std::string>& complaints = desk.complaints;
+    std::vector<WideText>& macros = commands.macros;
+    void Complain(const std::string& what) { desk.Complain(what); }
+    int ShowBox(const Box& box) { return desk.ShowBox(box); }
 
-    // Shows a box to the user and notes it. Used by whoever plays MessageBoxW.
-    int ShowBox(const Box& box);
+private:
+    HostSide forWindows_{desk, disk, session.workingDirectory};
 };
 
 // The host of this process.

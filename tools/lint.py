@@ -192,6 +192,62 @@ def includes_go_one_way(tree):
                 yield Finding(path, line, f"includes by a macro, {what} (nobody can follow it)")
 
 
+# The floors of the simulated host, from the ground up: a file includes its own and those below.
+SIMHOST_FLOORS = (("core",), ("user",),
+                  ("ui", "model", "windows", "windows_real", "spreadsheet", "picture"),
+                  ("host.h", "host.cpp"), ("app", "trail", "door", "web"))
+# Those who may ask for the one host of the process.
+ASK_THE_HOST = SIMHOST_FLOORS[-2] + SIMHOST_FLOORS[-1]
+# Arrows that still go up, and files that still ask: file, what it names, why.
+SIMHOST_EXCEPTIONS = (
+    ("simhost/core/operation.cpp", "simhost/host.h", "it describes handles for the journal"),
+    ("simhost/core/operation.cpp", "simhost/model/drawing.h", "it describes views for the journal"),
+    ("simhost/core/operation.cpp", "TheHost", "it is not handed the journal yet"),
+)
+
+
+def simhost_floor(path):
+    """The floor of a file of the simulated host; nothing for any other file."""
+    folder = path.removeprefix("simhost/").split("/")[0]
+    floors = [i for i, names in enumerate(SIMHOST_FLOORS) if folder in names]
+    return floors[0] if path.startswith("simhost/") and floors else None
+
+
+def simhost_has_floors(tree):
+    """When everything below the doors could reach everything else through one global, 24 files had
+    to be understood at once. What a floor needs from above is handed to it."""
+    sources = [path for path in tree.sources("cpp") if path.startswith("simhost/")]
+    needed = set()
+
+    def found(path, line, what, why):
+        rows = [row for row in SIMHOST_EXCEPTIONS if row[:2] == (path, what)]
+        needed.update(rows)
+        if not rows:
+            yield Finding(path, line, why)
+
+    for path in sources:
+        text, own = tree.without_comments(path), simhost_floor(path)
+        if own is None:
+            yield Finding(path, 1, "in a folder that has no floor (name it in SIMHOST_FLOORS of "
+                          "tools/lint.py)")
+            continue
+        for match in INCLUDE.finditer(text):
+            header = match[1].strip('"')
+            if (simhost_floor(header) or 0) > own:
+                yield from found(path, line_of(text, match.start()), header,
+                                 f'may not include "{header}" (it stands on this floor; what is '
+                                 "needed from there is handed down)")
+        asked = re.search(r"\bTheHost\b", text)
+        if asked and path.split("/")[1] not in ASK_THE_HOST:
+            yield from found(path, line_of(text, asked.start()), "TheHost",
+                             "asks TheHost() (only door/, trail/ and app/ do; take a reference to "
+                             "what is needed)")
+    for row in SIMHOST_EXCEPTIONS:
+        if row[0] in sources and row not in needed:
+            yield Finding(row[0], 1, f"needs no exception for {row[1]} any more (strike it from "
+                          "SIMHOST_EXCEPTIONS of tools/lint.py)")
+
+
 def no_conditional_code(tree):
     """Who answers a call, the vendor's library or the simulated host, is decided by linking. The
     first #ifdef in a command would be the first line that its tests never see."""
@@ -514,7 +570,7 @@ def dialogs_bear_their_commands_label(tree):
                           f'"{title[1]}" is the title of what the menu calls "{label}"')
 
 
-RULES = (includes_go_one_way, no_conditional_code, wide_literals_have_one_form,
+RULES = (includes_go_one_way, simhost_has_floors, no_conditional_code, wide_literals_have_one_form,
          sources_open_with_a_banner, lines_are_tidy, long_files_are_named, no_planning_papers,
          commands_have_their_texts, rows_name_their_own_command,
          commands_are_named_by_their_file, readme_tells_what_works, messages_have_their_texts,

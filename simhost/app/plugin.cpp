@@ -18,6 +18,8 @@ namespace {
 using InitializeFunction = int (*)(int, char*[], char*, char*, WideChar[80]);
 using TerminateFunction = void (*)();
 
+constexpr const char* kTerminate = "user_terminate";
+
 WideText FileNameOf(const WideText& path) {
     return path.substr(path.find_last_of(WIDE("\\/")) + 1);
 }
@@ -64,8 +66,14 @@ void* Open(const std::filesystem::path& file) {
     return reinterpret_cast<void*>(module);
 }
 void Close(void* module) {
-    TheWindows().StopTimers();
     FreeLibrary(reinterpret_cast<HMODULE>(module));
+}
+bool LiesIn(void* module, const void* address) {
+    HMODULE holder = nullptr;
+    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                                  GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                              static_cast<const WideChar*>(address), &holder) &&
+           holder == reinterpret_cast<HMODULE>(module);
 }
 void* Find(void* module, const char* name) {
     return reinterpret_cast<void*>(GetProcAddress(reinterpret_cast<HMODULE>(module), name));
@@ -87,6 +95,11 @@ void Close(void* module) {
 void* Find(void* module, const char* name) {
     return dlsym(module, name);
 }
+bool LiesIn(void* module, const void* address) {
+    Dl_info place = {}, own = {};
+    return dladdr(address, &place) != 0 && dladdr(Find(module, kTerminate), &own) != 0 &&
+           place.dli_fbase == own.dli_fbase;
+}
 void Announce(const WideText& name, const WideText& path) {
     TheWindows().AddModule(name, path);
 }
@@ -106,10 +119,22 @@ Plugin::Plugin(const std::filesystem::path& file, const WideText& windowsPath)
 
 Plugin::~Plugin() {
     TheHost().commands.Clear();
+    StopTimers();
     Withdraw(name_);
     Close(module_);
     std::error_code ignored;
     if (!copy_.empty()) std::filesystem::remove(copy_, ignored);
+}
+
+// A real Windows would go on calling a procedure whose memory is gone.
+void Plugin::StopTimers() {
+    const auto calls = [this](TIMERPROC procedure) {
+        return procedure && LiesIn(module_, reinterpret_cast<const void*>(procedure));
+    };
+    for (int left = TheWindows().StopTimers(calls); left > 0; --left) {
+        TheHost().Complain("a timer is still set whose procedure lies in " + Utf8(name_) +
+                           ", which leaves memory");
+    }
 }
 
 void* Plugin::Symbol(const char* name) const {
@@ -126,7 +151,7 @@ int Plugin::Initialize(std::string version) {
 }
 
 void Plugin::Terminate() {
-    reinterpret_cast<TerminateFunction>(Symbol("user_terminate"))();
+    reinterpret_cast<TerminateFunction>(Symbol(kTerminate))();
 }
 
 }  // namespace simhost

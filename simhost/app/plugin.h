@@ -14,6 +14,7 @@ public:
     // `windowsPath`; on Windows a copy of `file` really is put there.
     // Throws std::runtime_error with a sentence that says what is wrong.
     Plugin(const std::filesystem::path& file, const WideText& windowsPath);
+    // Takes the module out of memory. Complains about timers that would still call into it.
     ~Plugin();
     Plugin(const Plugin&) = delete;
     Plugin& operator=(const Plugin&) = delete;
@@ -24,6 +25,7 @@ public:
 
 private:
     void* Symbol(const char* name) const;
+    void StopTimers();
     WideText name_;
     std::filesystem::path copy_;  // goes with the module; empty where none was made
     void* module_ = nullptr;

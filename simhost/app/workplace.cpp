@@ -4,9 +4,11 @@
 #include <atomic>
 #include <stdexcept>
 
+#include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
+#include "simhost/trail/macro.h"
 #include "simhost/windows/windows.h"
 
 #ifdef _WIN32
@@ -40,7 +42,7 @@ WideText Placed(const WideText& path, const fs::path&) {
 #endif
 
 void MarkFirstRunSeen() {
-    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+    TheWindows().SetRegistry(the_plugin::kMarkerKey, the_plugin::kMarker, the_plugin::kNoticeSeen);
 }
 
 fs::path TemporaryFolder() {
@@ -74,8 +76,10 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
         *folder = Placed(*folder, options_.drive);
     }
     Host& host = TheHost();
+    host.arrays.Forgive(the_plugin::kHeldOnPurpose, the_plugin::kNullFreedOnPurpose);
+    host.commands.runMacro = RunMacro;
     host.disk.SetRoot(options_.drive);
-    for (const char* folder : {"VXconfig", "text", "tp", "vxudf"}) {
+    for (const char* folder : the_plugin::kInstalledFolders) {
         const fs::path from = options_.installed / folder;
         if (!fs::is_directory(from)) continue;
         CopyFolder(from, Real(options_.moduleFolder) / folder);
@@ -100,8 +104,8 @@ fs::path Workplace::Real(const WideText& windowsPath) const {
 }
 
 int Workplace::StartPlugin() {
-    plugin_ = std::make_unique<Plugin>(options_.module,
-                                       options_.moduleFolder + WIDE("\\vorlatix5.1.dll"));
+    plugin_ = std::make_unique<Plugin>(
+        options_.module, options_.moduleFolder + WIDE("\\") + WideText(the_plugin::kModule));
     return plugin_->Initialize();
 }
 

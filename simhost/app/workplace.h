@@ -9,6 +9,7 @@
 
 #include "hostapi/wide.h"
 #include "simhost/app/plugin.h"
+#include "simhost/app/the_plugin.h"
 
 namespace simhost {
 
@@ -19,8 +20,8 @@ struct WorkplaceOptions {
     std::filesystem::path project;    // a folder of model files to copy; empty: none
     // Where the plug-in lies, and where the host says its text folder is. Installed by hand they
     // are one folder.
-    WideText moduleFolder = WIDE("C:\\Program Files\\Vorlatix");
-    WideText textFolder = WIDE("C:\\Program Files\\Vorlatix");
+    WideText moduleFolder = WideText(the_plugin::kFolder);
+    WideText textFolder = WideText(the_plugin::kFolder);
     WideText workingDirectory = WIDE("C:\\Work");
     bool newUser = false;  // true: the first-run notice has not been shown yet
 };

@@ -48,7 +48,7 @@ ProArray ArrayLedger::Allocate(int objects, int objectSize, int step, std::strin
 
 void ArrayLedger::Free(ProArray array) {
     const auto forgiven = [&](const NullFreedOnPurpose& row) { return holder == row.holder; };
-    if (!array && std::any_of(kNullFreedOnPurpose.begin(), kNullFreedOnPurpose.end(), forgiven)) {
+    if (!array && std::any_of(nullFreedOnPurpose_.begin(), nullFreedOnPurpose_.end(), forgiven)) {
         Refuse(PRO_TK_BAD_INPUTS);
     }
     Header* header = Require(array);
@@ -107,17 +107,6 @@ void ArrayLedger::FreeNames(char** names, int count) {
     Free(names);
 }
 
-const std::vector<HeldOnPurpose> kHeldOnPurpose = {
-    {"popup access", "ProSelbufferSelectionsGet", 0,
-     "the access rules of popup buttons leave the array of selections to the host"},
-    {"command VxBom", "ProArrayAlloc", sizeof(char*),
-     "the drawing area is left the list of its picture"},
-};
-
-const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {
-    {"command VxRelations", "adding only new relations frees twice for each model"},
-};
-
 std::string ArrayLedger::Line(const Header& header) {
     return fmt::format("{}, {}: {} objects of {} bytes", header.holder, header.origin, header.size,
                        header.objectSize);
@@ -136,7 +125,7 @@ std::vector<std::string> ArrayLedger::HeldByMistake() const {
             return header.holder == row.holder && header.origin == row.origin &&
                    (row.objectSize == 0 || row.objectSize == header.objectSize);
         };
-        if (std::none_of(kHeldOnPurpose.begin(), kHeldOnPurpose.end(), known)) {
+        if (std::none_of(heldOnPurpose_.begin(), heldOnPurpose_.end(), known)) {
             held.push_back(Line(*header));
         }
     }

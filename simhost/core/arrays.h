@@ -18,18 +18,22 @@ struct HeldOnPurpose {
     std::size_t objectSize;  // 0: of any size
     const char* why;
 };
-extern const std::vector<HeldOnPurpose> kHeldOnPurpose;
 
 // A caller that frees a null array and ignores the answer.
 struct NullFreedOnPurpose {
     const char* holder;
     const char* why;
 };
-extern const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose;
 
 class ArrayLedger {
 public:
     ~ArrayLedger();
+
+    // What the plug-in at hand does on purpose; nothing before.
+    void Forgive(std::vector<HeldOnPurpose> held, std::vector<NullFreedOnPurpose> nullFreed) {
+        heldOnPurpose_ = std::move(held);
+        nullFreedOnPurpose_ = std::move(nullFreed);
+    }
 
     ProArray Allocate(int objects, int objectSize, int step, std::string origin = {});
     void Free(ProArray array);
@@ -54,7 +58,7 @@ public:
     // What is still allocated, as lines "holder, origin: n objects of m bytes"; the origin is the
     // operation that made the array, "ProArrayAlloc" for the plug-in's own.
     std::vector<std::string> Held() const;
-    // The same without those that are left on purpose; see kHeldOnPurpose for which and why.
+    // The same without those that are left on purpose; see Forgive.
     std::vector<std::string> HeldByMistake() const;
     std::size_t BytesHeld() const;
     void FreeAll();
@@ -63,6 +67,8 @@ private:
     struct Header;
     Header* Require(ProArray array) const;
     static std::string Line(const Header& header);
+    std::vector<HeldOnPurpose> heldOnPurpose_;
+    std::vector<NullFreedOnPurpose> nullFreedOnPurpose_;
     std::unordered_map<const void*, Header*> live_;
     std::unordered_map<const void*, std::vector<std::string>> names_;  // texts by their array
 };

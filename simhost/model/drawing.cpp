@@ -8,10 +8,10 @@
 
 #include "simhost/core/handles.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/projection.h"
 #include "simhost/model/screen_view.h"
+#include "simhost/model/session.h"
 
 namespace simhost {
 
@@ -197,10 +197,11 @@ Drawing& DrawingOf(Model& model) {
 }
 
 Model* ModelOf(const DrawingView& view) {
-    Session& session = TheHost().session;
-    if (Model* model = session.Find(view.model)) return model;
+    Session* session = view.drawing->session;
+    if (!session) return nullptr;
+    if (Model* model = session->Find(view.model)) return model;
     try {
-        return session.Retrieve(view.file);
+        return session->Retrieve(view.file);
     } catch (const ModelFileError&) {
         return nullptr;
     }

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 
 namespace simhost {
 
@@ -103,7 +102,9 @@ const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
             for (int i = 1; i <= SurfaceCount(solid); ++i) {
                 surfaces_.push_back(
                     std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}, {}}));
-                TheHost().session.Register(surfaces_.back().get());
+                Surface* surface = surfaces_.back().get();
+                if (!surfaceHandles) continue;
+                surface->handle = static_cast<ProSurface>(surfaceHandles->Add(surface));
             }
         }
     }

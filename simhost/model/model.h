@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "hostapi/host.h"
+#include "simhost/core/handles.h"
 #include "simhost/model/drawing_sheets.h"
 #include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
@@ -19,6 +20,7 @@
 namespace simhost {
 
 class Model;
+class Session;
 class Drawing;
 struct ScreenView;
 
@@ -54,6 +56,8 @@ ProdbSurfaceProps DefaultAppearance();
 class Model {
 public:
     ProMdl handle = nullptr;
+    Session* session = nullptr;                      // whose it is; null for one that stands alone
+    HandleTable<Surface>* surfaceHandles = nullptr;  // the session's, which its surfaces join
     ProMdlType type = PRO_MDL_PART;
     ProMdlsubtype subtype = PROMDLSTYPE_NONE;
     WideText name;      // in capitals as far as it is ASCII, without the type

@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/model/drawing.h"
+#include "simhost/model/session.h"
 
 namespace simhost {
 
@@ -126,7 +126,8 @@ void AddView(std::string* text, const DrawingView& view) {
         Line(text, "side", TextText(SideName(view.side)));
     } else {
         // The model in memory may have another name by now.
-        const Model* model = TheHost().session.Find(view.model);
+        const Session* session = view.drawing->session;
+        const Model* model = session ? session->Find(view.model) : nullptr;
         Line(text, "model", TextText(model ? model->FileName() : view.file));
         Line(text, "sheet", std::to_string(view.sheet));
     }

@@ -10,8 +10,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "simhost/host.h"
-
 namespace simhost {
 
 namespace {

@@ -8,14 +8,23 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/model/model_file.h"
 
 namespace simhost {
 
 namespace fs = std::filesystem;
 
-Session::Session() = default;
+namespace {
+
+const Disk& NoDisk() {
+    static const Disk none;
+    return none;
+}
+
+}  // namespace
+
+Session::Session() : Session(NoDisk()) {}
+Session::Session(const Disk& disk) : disk_(disk) {}
 Session::~Session() = default;
 
 // --- Models in memory ---
@@ -24,6 +33,8 @@ Model& Session::Create(WideView name, ProMdlType type) {
     auto model = std::make_unique<Model>();
     model->name = Upper(name);
     model->type = type;
+    model->session = this;
+    model->surfaceHandles = &surfaces_;
     if (type == PRO_MDL_PART) model->subtype = PROMDLSTYPE_PART_SOLID;
     const std::string file = model->FileName();
     if (byFile_.count(file)) Complain(PRO_TK_E_FOUND, file + " is in memory already");
@@ -142,7 +153,7 @@ Model* Session::Load(const std::string& fileName) {
     const std::size_t dot = fileName.rfind('.');
     const ProMdlType type =
         dot == std::string::npos ? PRO_MDL_UNUSED : TypeOfSuffix(fileName.substr(dot + 1));
-    const fs::path folder = TheHost().disk.Real(workingDirectory);
+    const fs::path folder = disk_.Real(workingDirectory);
     fs::path path;
     const int version = folderIndex_.Newest(folder, fileName, &path);
     if (type == PRO_MDL_UNUSED || version == 0) return nullptr;
@@ -168,7 +179,7 @@ Model* Session::Retrieve(const std::string& name) {
     bool folderIsRead = false;
     const auto load = [&](const std::string& file) {
         if (!folderIsRead && !FindByFile(file)) {
-            folderIndex_.Read(TheHost().disk.Real(workingDirectory));
+            folderIndex_.Read(disk_.Real(workingDirectory));
             folderIsRead = true;
         }
         return Load(file);
@@ -211,7 +222,7 @@ std::string Session::Save(Model& model) {
 }
 
 std::string Session::SaveInto(Model& model, const WideText& folder) {
-    const fs::path real = TheHost().disk.Real(folder);
+    const fs::path real = disk_.Real(folder);
     const std::string fileName = model.FileName();
     fs::path newest;
     const int version = NewestVersion(real, fileName, &newest) + 1;
@@ -311,10 +322,6 @@ Selection& Session::Select(Model& top, std::vector<int> path, ProModelitem item)
     selection->handle = static_cast<ProSelection>(selections_.Add(selection.get()));
     ownedSelections_.push_back(std::move(selection));
     return *ownedSelections_.back();
-}
-
-void Session::Register(Surface* surface) {
-    surface->handle = static_cast<ProSurface>(surfaces_.Add(surface));
 }
 
 Prohandle Session::ObjectOf(const Model& model) {

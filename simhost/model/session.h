@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "simhost/core/disk.h"
 #include "simhost/core/handles.h"
 #include "simhost/model/model.h"
 
@@ -44,8 +45,12 @@ private:
 
 class Session {
 public:
+    // Without a disk no model file is found, and none can be written.
     Session();
+    explicit Session(const Disk& disk);
     ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
 
     // --- Models in memory ---
     Model& Create(WideView name, ProMdlType type);  // complains if the name is taken
@@ -93,10 +98,10 @@ public:
     Model* FindObject(const void* object) const;
 
     Surface* FindSurface(const void* handle) const { return surfaces_.Find(handle); }
-    void Register(Surface* surface);
 
 private:
     Model* Load(const std::string& fileName);
+    const Disk& disk_;
     HandleTable<Model> models_{HandleKind::Model};
     HandleTable<Selection> selections_{HandleKind::Selection};
     HandleTable<Surface> surfaces_{HandleKind::Surface};

@@ -1,7 +1,6 @@
 // Files of spreadsheets between programs.
 #include "simhost/spreadsheet/held_files.h"
 
-#include "simhost/host.h"
 #include "simhost/windows/windows.h"
 
 namespace simhost {
@@ -28,12 +27,12 @@ bool MayNotBeWritten(const std::filesystem::path& real) {
 }  // namespace
 
 std::string ReadablePath(const WideText& windowsPath) {
-    const auto real = TheHost().disk.Real(windowsPath);
+    const auto real = TheWindows().host().disk.Real(windowsPath);
     return IsHeld(real) ? std::string() : real.string();
 }
 
 std::string WritablePath(const WideText& windowsPath) {
-    const auto real = TheHost().disk.Real(windowsPath);
+    const auto real = TheWindows().host().disk.Real(windowsPath);
     std::error_code error;
     const bool hasFolder = std::filesystem::is_directory(real.parent_path(), error);
     const bool refused = !hasFolder || IsHeld(real) || MayNotBeWritten(real);

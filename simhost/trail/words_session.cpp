@@ -6,13 +6,14 @@
 #include <filesystem>
 
 #include "hostapi/windows.h"
+#include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 
 namespace simhost {
 namespace {
@@ -47,7 +48,7 @@ std::string TakeWord(std::string* text) {
 
 // The folder of the loaded plug-in; before it is loaded, the folder that the host knows of it.
 WideText ModuleFolder() {
-    const HMODULE module = GetModuleHandleW(WIDE("vorlatix5.1.dll"));
+    const HMODULE module = GetModuleHandleW(the_plugin::kModule.data());
     if (!module) return TheHost().textFolder;
     WideChar buffer[MAX_PATH] = {};
     const WideText path(buffer, GetModuleFileNameW(module, buffer, MAX_PATH));
@@ -147,7 +148,7 @@ void WriteSetting(Trail& trail, const std::string& rest) {
     if (section.empty() || key.empty()) {
         return trail.Fail("a setting is SECTION KEY VALUE, such as RmbDisable value 0");
     }
-    const WideText path = ModuleFolder() + WIDE("\\VXconfig\\VxConfig.ini");
+    const WideText path = ModuleFolder() + WIDE("\\") + WideText(the_plugin::kSettingsFile);
     if (!WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(),
                                     Wide(ParseText(left).text).c_str(), path.c_str())) {
         trail.Fail(fmt::format("cannot write {}", Utf8(path)));

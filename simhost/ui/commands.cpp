@@ -9,8 +9,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
-#include "simhost/trail/macro.h"
 #include "simhost/ui/near_name.h"
 
 namespace simhost {
@@ -61,7 +59,8 @@ const char* AccessWord(uiCmdAccessState state) {
     }
 }
 
-Commands::Commands() {
+Commands::Commands(Desk& desk, Session& session, ArrayLedger& arrays)
+    : desk_(desk), session_(session), arrays_(arrays) {
     Clear();
 }
 
@@ -212,7 +211,7 @@ std::optional<uiCmdAccessState> Commands::Access(const std::string& name) {
 
 Pressed Commands::Run(Command& command, uiCmdAccessState state) {
     if (state == ACCESS_AVAILABLE) return RunAction(command);
-    const bool noModel = TheHost().session.CurrentModel() == nullptr;
+    const bool noModel = session_.CurrentModel() == nullptr;
     return {false,
             fmt::format("{} is {} {} (its access rule answers {})", command.name, AccessWord(state),
                         noModel ? "while no model is open" : "in the present window",
@@ -222,12 +221,12 @@ Pressed Commands::Run(Command& command, uiCmdAccessState state) {
 Pressed Commands::RunAction(Command& command) {
     ClosePopup();
     Pressed pressed{true, {}, 0};
-    const HolderScope holder(TheHost().arrays, "command " + command.name);
+    const HolderScope holder(arrays_, "command " + command.name);
     ++running_;
     try {
         if (command.action) pressed.result = command.action(command.id, nullptr, nullptr);
     } catch (const std::exception& error) {
-        TheHost().Complain(
+        desk_.Complain(
             fmt::format("the action of {} let an exception out: {}", command.name, error.what()));
     }
     --running_;
@@ -238,16 +237,19 @@ Pressed Commands::RunAction(Command& command) {
 void Commands::RunMacros() {
     if (running_ > 0 || runningMacros_) return;
     runningMacros_ = true;
-    std::vector<WideText>& macros = TheHost().macros;
     for (int left = kMostMacros; !macros.empty(); --left) {
         if (left == 0) {
-            TheHost().Complain("macros queue macros without end; the rest is thrown away");
+            desk_.Complain("macros queue macros without end; the rest is thrown away");
             macros.clear();
             break;
         }
         const WideText macro = std::move(macros.front());
         macros.erase(macros.begin());
-        RunMacro(Utf8(macro));
+        if (runMacro) {
+            runMacro(Utf8(macro));
+        } else {
+            desk_.Complain("a macro is queued and nobody runs it");
+        }
     }
     runningMacros_ = false;
 }

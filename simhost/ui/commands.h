@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -10,7 +11,10 @@
 #include <vector>
 
 #include "hostapi/host.h"
+#include "simhost/core/arrays.h"
 #include "simhost/core/handles.h"
+#include "simhost/model/session.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
@@ -47,7 +51,7 @@ struct PopupEntry {
     Command* command = nullptr;  // null for the host's own entries
     ProPopupmenuAccessFn access = nullptr;
     ProAppData data = nullptr;
-    void (*own)() = nullptr;                    // what an entry of the host's own does
+    void (*own)(Session&) = nullptr;            // what an entry of the host's own does
     uiCmdAccessState state = ACCESS_AVAILABLE;  // as its access function answered
 };
 
@@ -67,7 +71,7 @@ struct Pressed {
 
 class Commands {
 public:
-    Commands();
+    Commands(Desk& desk, Session& session, ArrayLedger& arrays);
     Commands(const Commands&) = delete;
     Commands& operator=(const Commands&) = delete;
 
@@ -117,7 +121,12 @@ public:
     Pressed PressPopup(const std::string& label);
     static std::vector<std::string> PopupNames();
 
-    // Runs what ProMacroLoad queued, unless a command is running still.
+    // --- Macros ---
+    std::vector<WideText> macros;  // queued by ProMacroLoad, run when the command has returned
+    // How a macro (UTF-8) is run. Whoever can do trail steps hands it in; unset, a macro is a
+    // complaint.
+    std::function<void(const std::string& macro)> runMacro;
+    // Runs what is queued, unless a command is running still.
     void RunMacros();
 
 private:
@@ -126,6 +135,9 @@ private:
     Command* ByPress(const std::string& name);
     Menu* EditMenu(std::string_view name);
 
+    Desk& desk_;
+    Session& session_;
+    ArrayLedger& arrays_;
     HandleTable<Command> ids_{HandleKind::Command};
     std::deque<Command> commands_;
     std::vector<Menu> menus_;

@@ -7,7 +7,6 @@
 #include <exception>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/ui/drawingarea.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/textfield.h"
@@ -26,8 +25,8 @@ bool EndsWith(std::string_view text, std::string_view end) {
 
 // --- One dialog -------------------------------------------------------------------------------
 
-Dialog::Dialog(std::string name, DialogResource resource)
-    : name_(std::move(name)), resource_(std::move(resource)) {
+Dialog::Dialog(std::string name, DialogResource resource, Desk* desk)
+    : name_(std::move(name)), resource_(std::move(resource)), desk_(desk) {
     for (const ResourceComponent& declared : resource_.components) {
         components_.push_back(MakeComponent(*this, declared, resource_));
     }
@@ -92,7 +91,8 @@ void Dialog::RunAction(const DialogAction& action, const std::string& component)
     try {
         action.function(dialogName.data(), componentName.data(), action.data);
     } catch (const std::exception& error) {
-        TheHost().Complain(
+        if (!desk_) throw;
+        desk_->Complain(
             fmt::format("an action of dialog {} let an exception out: {}", name_, error.what()));
     }
     --runningActions_;
@@ -106,12 +106,13 @@ void Dialogs::Create(const char* name, const char* resource) {
     if (Find(dialogName)) Refuse(PRO_TK_E_FOUND);
     std::string fileName = Utf8(FromSystemCodePage(resource));
     if (!EndsWith(fileName, ".res")) fileName += ".res";
-    const WideText path = TheHost().textFolder + WIDE("\\text\\resource\\") + Wide(fileName);
+    const WideText path = textFolder_ + WIDE("\\text\\resource\\") + Wide(fileName);
     bool found = false;
-    const std::string text = ReadFile(TheHost().disk.Real(path), &found);
+    const std::string text = ReadFile(disk_.Real(path), &found);
     if (!found) Refuse(PRO_TK_E_NOT_FOUND);
     try {
-        dialogs_.push_back(std::make_unique<Dialog>(dialogName, ParseResource(text, fileName)));
+        dialogs_.push_back(
+            std::make_unique<Dialog>(dialogName, ParseResource(text, fileName), &desk_));
     } catch (const ResourceError& error) {
         Complain(PRO_TK_INVALID_FILE, error.what());
     }
@@ -134,22 +135,22 @@ int Dialogs::Activate(Dialog& dialog) {
     if (dialog.active_) {
         Complain(PRO_TK_BAD_CONTEXT, fmt::format("dialog {} is active already", dialog.name()));
     }
-    Host& host = TheHost();
     dialog.active_ = true;
     dialog.exiting_ = false;
     dialog.status_ = 0;
     active_.push_back(&dialog);
-    host.shown.push_back({Shown::Kind::Dialog, Wide(dialog.name()), {}});
+    desk_.shown.push_back({Shown::Kind::Dialog, Wide(dialog.name()), {}});
     for (const auto& component : dialog.components_) {
         auto* area = dynamic_cast<DrawingArea*>(component.get());
         if (area && area->visible) area->BecomeManaged();
     }
-    if (host.user) {
-        host.user->UseDialog(dialog);
+    if (desk_.user) {
+        desk_.user->UseDialog(dialog);
     }
     if (!dialog.ended()) {
-        const char* what = host.user ? "the user left open the dialog " : "nobody uses the dialog ";
-        host.Complain(what + dialog.name());
+        const char* what =
+            desk_.user ? "the user left open the dialog " : "nobody uses the dialog ";
+        desk_.Complain(what + dialog.name());
         dialog.CloseWindow();
     }
     if (!dialog.ended()) dialog.Exit(kClosedWindow);
@@ -175,7 +176,7 @@ std::vector<std::string> Dialogs::Existing() const {
 void Dialogs::Clear() {
     // An active dialog is in use further up; only its end may take it away.
     std::erase_if(dialogs_, [](const auto& dialog) { return !dialog->active(); });
-    mainWindow = MainWindow();
+    mainWindow.CloseAll();
 }
 
 std::string Dialogs::Use(Verb verb, const std::string& dialog, const std::string& component,

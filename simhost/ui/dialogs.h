@@ -6,15 +6,18 @@
 #include <string_view>
 #include <vector>
 
+#include "simhost/model/session.h"
 #include "simhost/ui/component.h"
 #include "simhost/ui/host_dialogs.h"
 #include "simhost/ui/resource.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
 class Dialog {
 public:
-    Dialog(std::string name, DialogResource resource);
+    // An exception that an action lets out is a complaint at the desk; without a desk it goes on.
+    Dialog(std::string name, DialogResource resource, Desk* desk = nullptr);
 
     const std::string& name() const { return name_; }
     WideText title() const;
@@ -48,6 +51,7 @@ private:
     std::string name_;
     DialogResource resource_;
     std::vector<std::unique_ptr<Component>> components_;
+    Desk* desk_;
     bool active_ = false;
     bool exiting_ = false;
     int status_ = 0;
@@ -56,6 +60,10 @@ private:
 
 class Dialogs {
 public:
+    // Resources lie in \text\resource below `textFolder`, as it is when they are asked for.
+    Dialogs(Desk& desk, const Disk& disk, const WideText& textFolder, Session& session)
+        : mainWindow(desk, session), desk_(desk), disk_(disk), textFolder_(textFolder) {}
+
     // --- The plug-in's side; failures are refusals ---
     void Create(const char* name, const char* resource);
     Dialog& Require(const char* name) const;
@@ -75,6 +83,9 @@ public:
     MainWindow mainWindow;
 
 private:
+    Desk& desk_;
+    const Disk& disk_;
+    const WideText& textFolder_;
     std::vector<std::unique_ptr<Dialog>> dialogs_;
     std::vector<Dialog*> active_;  // the last one has the user's attention
 };

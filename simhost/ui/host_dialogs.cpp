@@ -8,8 +8,10 @@
 #include <vector>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/model/session.h"
+#include "simhost/ui/component.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 namespace {
@@ -24,7 +26,7 @@ void CollectBelow(Model* model, std::set<Model*>* models) {
     for (const Feature& feature : model->features()) CollectBelow(feature.model, models);
 }
 
-void ClearAllAppearances(Model& top) {
+void ClearAllAppearances(Session& session, Model& top) {
     std::set<Model*> models;
     CollectBelow(&top, &models);
     for (Model* model : models) {
@@ -33,7 +35,7 @@ void ClearAllAppearances(Model& top) {
         model->surfaceAppearances.clear();
         model->modified = true;
     }
-    if (TheHost().session.current) ++TheHost().session.current->repaints;
+    if (session.current) ++session.current->repaints;
 }
 
 std::string NoComponent(const std::string& component, const char* dialog,
@@ -48,7 +50,7 @@ std::string CannotDo(Verb verb, const std::string& component) {
 }  // namespace
 
 std::string MainWindow::OpenGallery() {
-    if (!TheHost().session.CurrentModel()) return "the appearance gallery needs an open model";
+    if (!session_.CurrentModel()) return "the appearance gallery needs an open model";
     galleryOpen_ = true;
     return {};
 }
@@ -65,7 +67,7 @@ std::string MainWindow::AskClearAll() {
     }
     clearMenuOpen_ = clearMenuJustClosed_ = false;
     questionOpen_ = true;
-    TheHost().shown.push_back({Shown::Kind::Dialog, Wide(kQuestionName), {}});
+    desk_.shown.push_back({Shown::Kind::Dialog, Wide(kQuestionName), {}});
     return {};
 }
 
@@ -103,8 +105,8 @@ std::string MainWindow::UseQuestion(Verb verb, const std::string& component) {
     if (verb == Verb::FocusIn || verb == Verb::FocusOut) return {};
     if (verb != Verb::Activate) return CannotDo(verb, component);
     questionOpen_ = false;
-    Model* model = TheHost().session.CurrentModel();
-    if (component == "yes" && model) ClearAllAppearances(*model);
+    Model* model = session_.CurrentModel();
+    if (component == "yes" && model) ClearAllAppearances(session_, *model);
     return {};
 }
 

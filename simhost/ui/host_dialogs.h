@@ -6,10 +6,14 @@
 
 namespace simhost {
 
+class Desk;
+class Session;
 enum class Verb;
 
 class MainWindow {
 public:
+    MainWindow(Desk& desk, Session& session) : desk_(desk), session_(session) {}
+
     static constexpr const char* kName = "main_dlg_cur";
     static constexpr const char* kQuestionName = "UI Message Dialog";
 
@@ -19,12 +23,17 @@ public:
 
     bool questionOpen() const { return questionOpen_; }
     void CloseQuestion() { questionOpen_ = false; }
+    void CloseAll() {
+        questionOpen_ = galleryOpen_ = clearMenuOpen_ = clearMenuJustClosed_ = false;
+    }
 
 private:
     std::string OpenGallery();
     std::string OpenClearMenu();
     std::string AskClearAll();
 
+    Desk& desk_;
+    Session& session_;
     bool galleryOpen_ = false;
     bool clearMenuOpen_ = false;
     // A press on an entry closes its drop-down first, so the entry can be reached just after the

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 
 namespace simhost {
 namespace {
@@ -37,9 +36,9 @@ bool IsEndMark(const WideText& line) {
 }  // namespace
 
 const Messages::File* Messages::Load(WideView file) {
-    WideText path = TheHost().textFolder;
+    WideText path = textFolder_;
     path.append(WIDE("\\text\\")).append(file);
-    const std::filesystem::path real = TheHost().disk.Real(path);
+    const std::filesystem::path real = disk_.Real(path);
     std::error_code error;
     const auto written = std::filesystem::last_write_time(real, error);
     const auto size = error ? 0 : std::filesystem::file_size(real, error);
@@ -53,8 +52,8 @@ const Messages::File* Messages::Load(WideView file) {
     for (std::size_t at = 0; at < lines.size(); at += 4) {
         if (lines[at].empty() && at + 1 == lines.size()) break;
         if (at + 3 >= lines.size() || !IsEndMark(lines[at + 3])) {
-            TheHost().Complain(fmt::format(
-                "{}:{}: a message has four lines, the fourth begins with #", Utf8(file), at + 1));
+            desk_.Complain(fmt::format("{}:{}: a message has four lines, the fourth begins with #",
+                                       Utf8(file), at + 1));
             break;
         }
         const bool translated = !lines[at + 2].empty() && !IsEndMark(lines[at + 2]);
@@ -79,17 +78,16 @@ void Messages::Display(const WideText& text) {
     const std::size_t bar = text.find(WIDE("|||"));
     last_ = text.substr(0, bar);
     lastDefault_ = bar == WideText::npos ? WideText() : text.substr(bar + 3);
-    TheHost().shown.push_back({Shown::Kind::Message, last_, {}});
+    desk_.shown.push_back({Shown::Kind::Message, last_, {}});
 }
 
 std::optional<WideText> Messages::Read() {
-    Host& host = TheHost();
-    host.shown.push_back({Shown::Kind::Prompt, last_, {}});
-    if (!host.user) {
-        host.Complain(fmt::format("nobody answers the prompt \"{}\"", Utf8(last_)));
+    desk_.shown.push_back({Shown::Kind::Prompt, last_, {}});
+    if (!desk_.user) {
+        desk_.Complain(fmt::format("nobody answers the prompt \"{}\"", Utf8(last_)));
         return std::nullopt;
     }
-    std::optional<WideText> answer = host.user->AnswerPrompt(last_, lastDefault_);
+    std::optional<WideText> answer = desk_.user->AnswerPrompt(last_, lastDefault_);
     if (answer && answer->empty()) answer = lastDefault_;
     return answer;
 }

@@ -10,11 +10,16 @@
 #include <string_view>
 
 #include "hostapi/wide.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
 class Messages {
 public:
+    // Files lie in \text below `textFolder`, as it is when they are asked for.
+    Messages(Desk& desk, const Disk& disk, const WideText& textFolder)
+        : desk_(desk), disk_(disk), textFolder_(textFolder) {}
+
     // The text of a key as the user shall see it (the translation, or the original where that is
     // missing), with its arguments not yet put in. Nothing for an unknown key or file.
     std::optional<WideText> Find(WideView file, WideView key);
@@ -43,6 +48,9 @@ private:
     };
     const File* Load(WideView file);
 
+    Desk& desk_;
+    const Disk& disk_;
+    const WideText& textFolder_;
     std::map<std::filesystem::path, File> files_;
     WideText last_, lastDefault_;
 };

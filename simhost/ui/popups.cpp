@@ -8,7 +8,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/ui/commands.h"
 #include "simhost/ui/near_name.h"
 
@@ -26,39 +25,36 @@ Feature* SelectedComponent(const Selection& selection) {
     return component;
 }
 
-void OpenSelected() {
-    Session& session = TheHost().session;
+void OpenSelected(Session& session) {
     if (session.buffer.empty()) return;
     if (Model* model = session.Find(session.buffer.front()->item.owner)) session.Open(*model);
 }
 
-void ShowSelected(bool shown) {
-    Session& session = TheHost().session;
+void ShowSelected(Session& session, bool shown) {
     for (const Selection* selection : session.buffer) {
         if (Feature* component = SelectedComponent(*selection)) component->hidden = !shown;
     }
     if (session.current) ++session.current->repaints;
 }
 
-void HideSelected() {
-    ShowSelected(/*shown=*/false);
+void HideSelected(Session& session) {
+    ShowSelected(session, /*shown=*/false);
 }
-void UnhideSelected() {
-    ShowSelected(/*shown=*/true);
+void UnhideSelected(Session& session) {
+    ShowSelected(session, /*shown=*/true);
 }
-void Repaint() {
-    Session& session = TheHost().session;
+void Repaint(Session& session) {
     if (session.current) ++session.current->repaints;
 }
-void ClearSelected() {
-    TheHost().session.buffer.clear();
+void ClearSelected(Session& session) {
+    session.buffer.clear();
 }
 
 struct OwnEntry {
     const char* popup;
     const char* name;
     const WideChar* label;
-    void (*own)();
+    void (*own)(Session&);
 };
 // The popups of the host and what they hold before any plug-in comes.
 // clang-format off
@@ -81,19 +77,20 @@ bool IsShown(const PopupEntry& entry) {
 // The selections as the host hands them to access functions: a host array, null for none.
 class SelectionArgument {
 public:
-    SelectionArgument() {
+    SelectionArgument(const Session& session, ArrayLedger& arrays) : arrays_(arrays) {
         std::vector<ProSelection> handles;
-        for (const Selection* each : TheHost().session.buffer) handles.push_back(each->handle);
-        if (!handles.empty()) array_ = TheHost().arrays.Make(handles, "popup menu");
+        for (const Selection* each : session.buffer) handles.push_back(each->handle);
+        if (!handles.empty()) array_ = arrays_.Make(handles, "popup menu");
     }
     ~SelectionArgument() {
-        if (array_) TheHost().arrays.Free(array_);
+        if (array_) arrays_.Free(array_);
     }
     SelectionArgument(const SelectionArgument&) = delete;
     SelectionArgument& operator=(const SelectionArgument&) = delete;
     ProSelection* get() const { return array_; }
 
 private:
+    ArrayLedger& arrays_;
     ProSelection* array_ = nullptr;
 };
 
@@ -128,12 +125,12 @@ const Popup* Commands::OpenPopup(const std::string& name) {
             // Each event has a parameter list of its own behind the one type of the door.
             reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(found->second))(argument.data());
         } catch (const std::exception& error) {
-            TheHost().Complain(fmt::format("the handler of the popup {} let an exception out: {}",
-                                           name, error.what()));
+            desk_.Complain(fmt::format("the handler of the popup {} let an exception out: {}", name,
+                                       error.what()));
         }
     }
-    const SelectionArgument selections;
-    const HolderScope holder(TheHost().arrays, "popup access");
+    const SelectionArgument selections(session_, arrays_);
+    const HolderScope holder(arrays_, "popup access");
     for (PopupEntry& entry : popup_->entries) {
         if (entry.access) {
             entry.state = entry.access(entry.command->id, entry.data, selections.get());
@@ -177,7 +174,7 @@ Pressed Commands::PressPopup(const std::string& label) {
     const PopupEntry entry = *found;
     ClosePopup();
     if (entry.command) return RunAction(*entry.command);
-    entry.own();
+    entry.own(session_);
     return {true, {}, 0};
 }
 

@@ -5,7 +5,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 
 namespace simhost {
 
@@ -37,24 +36,24 @@ WideText FirstPattern(const WideChar* pairs) {
     return WideText(pattern);
 }
 
-BOOL AskForSaveName(OPENFILENAMEW* dialog) {
+BOOL AskForSaveName(const HostSide& host, OPENFILENAMEW* dialog) {
     Need(dialog->lpstrFile, "the place for the path");
     if (dialog->lStructSize != sizeof *dialog) Complain(0, "a record of another size");
-    Host& host = TheHost();
+    Desk& desk = host.desk;
     FileQuestion question{dialog->lpstrTitle ? dialog->lpstrTitle : WideText(kTitle),
-                          FirstPattern(dialog->lpstrFilter), host.session.workingDirectory,
+                          FirstPattern(dialog->lpstrFilter), host.workingDirectory,
                           dialog->lpstrFile, true};
     if (dialog->lpstrInitialDir) question.folder = dialog->lpstrInitialDir;
-    host.shown.push_back({Shown::Kind::Prompt, question.title, {}});
+    desk.shown.push_back({Shown::Kind::Prompt, question.title, {}});
     while (true) {
-        const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
+        const auto answer = desk.user ? desk.user->AnswerFile(question) : std::nullopt;
         if (!answer) return FALSE;
         const WideText path = WithExtension(*answer, dialog->lpstrDefExt);
         if (path.size() >= dialog->nMaxFile) return FALSE;
         std::error_code error;
         const bool asks = dialog->Flags & OFN_OVERWRITEPROMPT;
         if (asks && std::filesystem::exists(host.disk.Real(path), error) &&
-            !host.user->AnswerReplace(path)) {
+            !desk.user->AnswerReplace(path)) {
             continue;
         }
         CopyCut(path, dialog->lpstrFile, dialog->nMaxFile);

@@ -4,11 +4,12 @@
 
 #include "hostapi/wide.h"
 #include "hostapi/windows.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
 // Plays GetSaveFileNameW. Complains about a record that the real one would not bear.
-BOOL AskForSaveName(OPENFILENAMEW* dialog);
+BOOL AskForSaveName(const HostSide& host, OPENFILENAMEW* dialog);
 
 // The first pattern of pairs of label and pattern, which end with an empty label.
 WideText FirstPattern(const WideChar* pairs);

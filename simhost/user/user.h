@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "hostapi/wide.h"
-#include "simhost/model/session.h"
 
 namespace simhost {
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "simhost/core/operation.h"
-#include "simhost/host.h"
 #include "simhost/windows/windows.h"
 
 using namespace simhost;
@@ -40,6 +39,12 @@ bool SimulatedWindows::StopTimer(UINT_PTR id) {
     return timers_.remove_if([id](const Timer& timer) { return timer.id == id; }) > 0;
 }
 
+int SimulatedWindows::StopTimers(const std::function<bool(TIMERPROC)>& which) {
+    const auto stopped =
+        timers_.remove_if([&](const Timer& timer) { return which(timer.procedure); });
+    return static_cast<int>(stopped);
+}
+
 void SimulatedWindows::AdvanceClock(std::uint32_t milliseconds) {
     const std::uint64_t until = tick_ + milliseconds;
     while (!timers_.empty()) {
@@ -71,7 +76,7 @@ int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT 
                          box.caption = caption ? caption : WIDE("");
                          box.hasCaption = caption != nullptr;
                          box.flags = flags;
-                         return TheHost().ShowBox(box);
+                         return TheWindows().host().desk.ShowBox(box);
                      },
                      "text", text, "caption", caption, "flags", flags);
 }

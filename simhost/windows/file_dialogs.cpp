@@ -13,7 +13,7 @@ BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          Need(dialog, "the record");
-                         const BOOL chosen = AskForSaveName(dialog);
+                         const BOOL chosen = AskForSaveName(TheWindows().host(), dialog);
                          filter = FirstPattern(dialog->lpstrFilter);
                          path = chosen ? dialog->lpstrFile : WIDE("");
                          return chosen;

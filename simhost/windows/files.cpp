@@ -11,7 +11,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/windows/windows.h"
 
 using namespace simhost;
@@ -66,7 +65,7 @@ std::filesystem::path RealFile(WideView windowsPath) {
     if (windowsPath.size() >= MAX_PATH || names.empty()) return {};
     if (names.back() == u'\\' || names.back() == u'/') return {};
     if (std::any_of(names.begin(), names.end(), isForbidden)) return {};
-    return TheHost().disk.Real(windowsPath);
+    return TheWindows().host().disk.Real(windowsPath);
 }
 
 SimulatedWindows::~SimulatedWindows() {
@@ -74,11 +73,11 @@ SimulatedWindows::~SimulatedWindows() {
 }
 
 void SimulatedWindows::Hold(WideView windowsPath) {
-    held_.insert(PlaceOf(TheHost().disk.Real(windowsPath)));
+    held_.insert(PlaceOf(host().disk.Real(windowsPath)));
 }
 
 void SimulatedWindows::Release(WideView windowsPath) {
-    held_.erase(PlaceOf(TheHost().disk.Real(windowsPath)));
+    held_.erase(PlaceOf(host().disk.Real(windowsPath)));
 }
 
 bool SimulatedWindows::IsHeld(const std::filesystem::path& real) const {

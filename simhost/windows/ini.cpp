@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <chrono>
 
+#include "simhost/core/disk.h"
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/windows/windows.h"
 
 using namespace simhost;

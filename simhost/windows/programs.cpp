@@ -3,7 +3,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/windows/windows.h"
 
 using namespace simhost;
@@ -11,15 +10,16 @@ using namespace simhost;
 UINT WinExec(const char* commandLine, UINT show) {
     static Operation op("WinExec");
     constexpr UINT kFileNotFound = 2, kStarted = 33;
-    return op.CallOr([](int) { return kFileNotFound; },
-                     [&] {
-                         Need(commandLine, "the command line");
-                         const WideText command = FromSystemCodePage(commandLine);
-                         TheWindows().programs.push_back(command);
-                         TheHost().shown.push_back({Shown::Kind::Program, command, {}});
-                         return kStarted;
-                     },
-                     "commandLine", commandLine, "show", show);
+    return op.CallOr(
+        [](int) { return kFileNotFound; },
+        [&] {
+            Need(commandLine, "the command line");
+            const WideText command = FromSystemCodePage(commandLine);
+            TheWindows().programs.push_back(command);
+            TheWindows().host().desk.shown.push_back({Shown::Kind::Program, command, {}});
+            return kStarted;
+        },
+        "commandLine", commandLine, "show", show);
 }
 
 HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
@@ -27,20 +27,21 @@ HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
     static Operation op("ShellExecuteW");
     constexpr std::uintptr_t kFileNotFound = 2, kStarted = 33;
     const auto result = [](std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); };
-    return op.CallOr([&](int) { return result(kFileNotFound); },
-                     [&] {
-                         Need(file, "the file");
-                         const WideText done = WideText(verb ? verb : WIDE("open")) + WIDE(" ");
-                         std::error_code error;
-                         if (!std::filesystem::exists(RealFile(file), error)) {
-                             return result(kFileNotFound);
-                         }
-                         TheWindows().programs.push_back(done + file);
-                         TheHost().shown.push_back({Shown::Kind::Program, done + file, {}});
-                         return result(kStarted);
-                     },
-                     "owner", static_cast<const void*>(owner), "verb", verb, "file", file,
-                     "arguments", arguments, "folder", folder, "show", show);
+    return op.CallOr(
+        [&](int) { return result(kFileNotFound); },
+        [&] {
+            Need(file, "the file");
+            const WideText done = WideText(verb ? verb : WIDE("open")) + WIDE(" ");
+            std::error_code error;
+            if (!std::filesystem::exists(RealFile(file), error)) {
+                return result(kFileNotFound);
+            }
+            TheWindows().programs.push_back(done + file);
+            TheWindows().host().desk.shown.push_back({Shown::Kind::Program, done + file, {}});
+            return result(kStarted);
+        },
+        "owner", static_cast<const void*>(owner), "verb", verb, "file", file, "arguments",
+        arguments, "folder", folder, "show", show);
 }
 
 #endif

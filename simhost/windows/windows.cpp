@@ -3,6 +3,8 @@
 
 #include "simhost/windows/windows.h"
 
+#include <stdexcept>
+
 #include "simhost/core/text.h"
 
 namespace simhost {
@@ -14,12 +16,23 @@ std::unique_ptr<SimulatedWindows>& Instance() {
     return windows;
 }
 
+const HostSide* served = nullptr;
+
 }  // namespace
 
 SimulatedWindows& TheWindows() {
     auto& windows = Instance();
     if (!windows) windows = std::make_unique<SimulatedWindows>();
     return *windows;
+}
+
+void ServeHost(const HostSide* host) {
+    served = host;
+}
+
+const HostSide& SimulatedWindows::host() const {
+    if (!served) throw std::logic_error("no host runs on this Windows");
+    return *served;
 }
 
 void RestartWindows() {

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
@@ -19,6 +20,7 @@
 
 #include "hostapi/windows.h"
 #include "simhost/core/handles.h"
+#include "simhost/user/desk.h"
 #include "simhost/windows/ini_text.h"
 
 namespace simhost {
@@ -74,6 +76,9 @@ public:
     SimulatedWindows(const SimulatedWindows&) = delete;
     SimulatedWindows& operator=(const SimulatedWindows&) = delete;
 
+    // The host that runs here. Throws std::logic_error where none does; see ServeHost.
+    const HostSide& host() const;
+
     // --- Modules ---
     void AddModule(WideView name, WideView windowsPath);
     void RemoveModule(WideView name);
@@ -95,6 +100,8 @@ public:
     const std::list<Timer>& timers() const { return timers_; }
     UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
     bool StopTimer(UINT_PTR id);
+    // Stops those whose procedure is one of `which`; how many there were.
+    int StopTimers(const std::function<bool(TIMERPROC)>& which);
 
     // --- Registry of the current user; paths such as "Software\\PTC" ---
     void SetRegistry(WideView path, WideView name, DWORD type, std::string bytes);
@@ -163,6 +170,9 @@ private:
 
 // The Windows of this process.
 SimulatedWindows& TheWindows();
+
+// Windows serves this host from now on; null: none. The host calls it when it starts and ends.
+void ServeHost(const HostSide* host);
 
 // Forgets modules, registry, timers, open handles and all else, as at a computer's start.
 void RestartWindows();

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "simhost/host.h"
 #include "simhost/windows_real/windows.h"
 
 namespace simhost {
@@ -118,7 +117,7 @@ void CALLBACK Answer(HWND box, UINT, UINT_PTR timer, DWORD) {
         systemCaption = TextOf(box);
         Press(box, IDOK);
     } else {
-        Press(box, TheHost().ShowBox(ReadBox(box)));
+        Press(box, TheWindows().host().desk.ShowBox(ReadBox(box)));
     }
 }
 

@@ -8,7 +8,6 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
 #include "simhost/user/save_dialog.h"
 #include "simhost/windows_real/windows.h"
 
@@ -168,15 +167,16 @@ LSTATUS WINAPI CloseKey(HKEY key) {
 UINT WINAPI RunProgram(const char* commandLine, UINT show) {
     static Operation op("WinExec");
     constexpr UINT kFileNotFound = 2, kStarted = 33;
-    return op.CallOr([](int) { return kFileNotFound; },
-                     [&] {
-                         Need(commandLine, "the command line");
-                         const WideText command = FromSystemCodePage(commandLine);
-                         TheWindows().programs.push_back(command);
-                         TheHost().shown.push_back({Shown::Kind::Program, command, {}});
-                         return kStarted;
-                     },
-                     "commandLine", commandLine, "show", show);
+    return op.CallOr(
+        [](int) { return kFileNotFound; },
+        [&] {
+            Need(commandLine, "the command line");
+            const WideText command = FromSystemCodePage(commandLine);
+            TheWindows().programs.push_back(command);
+            TheWindows().host().desk.shown.push_back({Shown::Kind::Program, command, {}});
+            return kStarted;
+        },
+        "commandLine", commandLine, "show", show);
 }
 
 HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar* file,
@@ -192,7 +192,7 @@ HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar*
                          }
                          const WideText done = WideText(verb ? verb : L"open") + L" " + file;
                          TheWindows().programs.push_back(done);
-                         TheHost().shown.push_back({Shown::Kind::Program, done, {}});
+                         TheWindows().host().desk.shown.push_back({Shown::Kind::Program, done, {}});
                          return result(kStarted);
                      },
                      "owner", static_cast<const void*>(owner), "verb", verb, "file", file,
@@ -207,7 +207,7 @@ BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
         False,
         [&] {
             Need(dialog, "the record");
-            return AskForSaveName(dialog);
+            return AskForSaveName(TheWindows().host(), dialog);
         },
         "extension", dialog->lpstrDefExt, "folder", dialog->lpstrInitialDir, "flags", dialog->Flags,
         "path", Out(dialog->lpstrFile));

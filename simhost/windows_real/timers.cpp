@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include "simhost/host.h"
 #include "simhost/windows_real/windows.h"
 
 namespace simhost {
@@ -30,8 +29,13 @@ bool RealWindows::StopTimer(UINT_PTR id) {
     return KillTimer(nullptr, id);
 }
 
-void RealWindows::StopTimers() {
-    while (!timers_.empty()) StopTimer(timers_.front().id);
+int RealWindows::StopTimers(const std::function<bool(TIMERPROC)>& which) {
+    std::vector<UINT_PTR> ids;
+    for (const Timer& timer : timers_) {
+        if (which(timer.procedure)) ids.push_back(timer.id);
+    }
+    for (const UINT_PTR id : ids) StopTimer(id);
+    return static_cast<int>(ids.size());
 }
 
 // Runs the message loop until the timer has fired; false if it does not.
@@ -61,7 +65,7 @@ void RealWindows::AdvanceClock(unsigned milliseconds) {
         timers_.splice(timers_.end(), timers_, next);
         const Timer due = *next;
         if (!Fire(due)) {
-            TheHost().Complain("a timer that was due did not fire");
+            host().desk.Complain("a timer that was due did not fire");
             break;
         }
         const auto is = [&due](const Timer& each) { return each.id == due.id; };

@@ -19,6 +19,8 @@ std::unique_ptr<RealWindows>& Instance() {
     return windows;
 }
 
+const HostSide* served = nullptr;
+
 WideText PathOf(HMODULE module) {
     WideText path(0x8000, L'\0');
     path.resize(GetModuleFileNameW(module, path.data(), 0x8000));
@@ -31,6 +33,15 @@ RealWindows& TheWindows() {
     auto& windows = Instance();
     if (!windows) windows = std::make_unique<RealWindows>();
     return *windows;
+}
+
+void ServeHost(const HostSide* host) {
+    served = host;
+}
+
+const HostSide& RealWindows::host() const {
+    if (!served) throw std::logic_error("no host runs on this Windows");
+    return *served;
 }
 
 void RestartWindows() {
@@ -53,7 +64,7 @@ RealWindows::RealWindows()
 }
 
 RealWindows::~RealWindows() {
-    StopTimers();
+    StopTimers([](TIMERPROC) { return true; });
     for (const auto& [key, path] : keys) RegCloseKey(key);
     for (const auto& [file, path] : files) CloseHandle(file);
     for (const auto& [path, file] : held_) CloseHandle(file);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <map>
 #include <optional>
@@ -12,6 +13,7 @@
 
 #include "hostapi/wide.h"
 #include "hostapi/windows.h"
+#include "simhost/user/desk.h"
 
 namespace simhost {
 
@@ -38,6 +40,9 @@ public:
     RealWindows(const RealWindows&) = delete;
     RealWindows& operator=(const RealWindows&) = delete;
 
+    // The host that runs here. Throws std::logic_error where none does; see ServeHost.
+    const HostSide& host() const;
+
     // --- Modules ---
     // Really loads some library under this name, where no module of the plug-in's is at hand.
     void AddModule(WideView name, WideView windowsPath);
@@ -63,7 +68,8 @@ public:
     const std::list<Timer>& timers() const { return timers_; }
     UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
     bool StopTimer(UINT_PTR id);
-    void StopTimers();  // those of a module that is about to leave memory
+    // Stops those whose procedure is one of `which`; how many there were.
+    int StopTimers(const std::function<bool(TIMERPROC)>& which);
 
     // --- Files ---
     // Holds the file open and shares it with nobody.
@@ -95,6 +101,9 @@ private:
 
 // The Windows of this process.
 RealWindows& TheWindows();
+
+// Windows serves this host from now on; null: none. The host calls it when it starts and ends.
+void ServeHost(const HostSide* host);
 
 // As at a computer's start: an empty registry, nothing noted.
 void RestartWindows();

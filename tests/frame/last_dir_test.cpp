@@ -1,131 +1,12 @@
 // The working directory from one run of the host to the next: the file that the end of a run
-// writes, and the timer that reads it two seconds after the next start.
-#include <algorithm>
+// writes, and what the next run takes from it.
 #include <clocale>
 
-#include "simhost/host.h"
-#include "simhost/user/clock.h"
-#include "simhost/windows/windows.h"
-#include "tests/support/workbench.h"
+#include "tests/frame/last_dir_bench.h"
 
 namespace {
 
-using namespace simhost;
-using workbench::Workbench;
-using Lines = std::vector<std::string>;
-
-const WideText kFile = workbench::kModuleFolder + WIDE("\\VXconfig\\vorlatix.ini");
-const WideText kSettings = workbench::kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini");
-
-class LastDirectory : public Workbench {
-protected:
-    void MakeFolder(const WideText& folder) {
-        std::filesystem::create_directories(host().disk.Real(folder));
-    }
-    std::string WorkingDirectory() { return Utf8(host().session.workingDirectory); }
-
-    // A run with the setting on and this LastDirFile, up to the timer.
-    void RestoreFrom(const std::string& bytes) {
-        Setting("SetLastDir", "1");
-        Write(kFile, bytes);
-        StartAndWait();
-    }
-    void StartAndWait() {
-        Start();
-        if (!TheWindows().timers().empty()) timer_ = TheWindows().timers().back().id;
-        host().journal.Clear();
-        host().journal.Start();
-        AdvanceClock(2000);
-        host().journal.Stop();
-    }
-    std::ptrdiff_t CallsOf(const std::string& operation) {
-        const Lines names = host().journal.Names();
-        return std::count(names.begin(), names.end(), operation);
-    }
-    void ExpectNothingRestored() {
-        EXPECT_EQ(WorkingDirectory(), "C:\\Work");
-        EXPECT_EQ(Boxes(), Lines{});
-    }
-    // What the end of a run leaves in the file.
-    std::string SavedBytes() {
-        bool found = false;
-        const std::string bytes = Read(kFile, &found);
-        EXPECT_TRUE(found);
-        return bytes;
-    }
-    std::string KillsIt() const { return "KillTimer(id=" + std::to_string(timer_) + ") = 1"; }
-
-    UINT_PTR timer_ = 0;  // the real id of the plug-in's timer
-};
-
-// --- The timer ---
-
-TEST_F(LastDirectory, IsRestoredAfterTwoSecondsAndNotBefore) {
-    MakeFolder(WIDE("C:\\Projects"));
-    Setting("SetLastDir", "1");
-    Write(kFile, "C:\\Projects");
-    Start();
-    AdvanceClock(1999);
-    EXPECT_EQ(WorkingDirectory(), "C:\\Work");
-    AdvanceClock(1);
-    EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
-    EXPECT_EQ(Boxes(), Lines{});
-}
-
-TEST_F(LastDirectory, IsRestoredByTheStepsInTheirOrder) {
-    MakeFolder(WIDE("C:\\Projects"));
-    RestoreFrom("C:\\Projects");
-    const Lines wanted = {"KillTimer",
-                          "GetModuleHandleW",
-                          "GetModuleFileNameW",
-                          "GetPrivateProfileStringW",
-                          "CreateFileW",
-                          "GetFileSizeEx",
-                          "ReadFile",
-                          "CloseHandle",
-                          "MultiByteToWideChar",
-                          "ProDirectoryChange"};
-    EXPECT_EQ(host().journal.Names(), wanted);
-    const Lines calls = Calls();
-    EXPECT_EQ(calls[0], KillsIt());
-    EXPECT_EQ(calls[3],
-              R"(GetPrivateProfileStringW(section="SetLastDir", key="value", fallback="", )"
-              R"(value="1", size=255, path="C:\Plug-in\VXconfig\VxConfig.ini") = 1)");
-    EXPECT_EQ(calls.back(), R"(ProDirectoryChange(directory="C:\Projects") = 0)");
-}
-
-TEST_F(LastDirectory, TheTimerIsKilledByTheIdThatItReceives) {
-    // Timers that others run already shift the ids: this one gets another than the 1 it asks for.
-    TheWindows().StartTimer(0, 100000, nullptr);
-    TheWindows().StartTimer(0, 100000, nullptr);
-    StartAndWait();
-    ASSERT_FALSE(Calls().empty());
-    EXPECT_NE(timer_, 1u);
-    EXPECT_EQ(Calls().front(), KillsIt());
-    EXPECT_EQ(TheWindows().timers().size(), 2u);
-}
-
-TEST_F(LastDirectory, TheTimerFiresOnce) {
-    RestoreFrom("C:\\Projects");
-    EXPECT_TRUE(TheWindows().timers().empty());
-    MakeFolder(WIDE("C:\\Projects"));
-    AdvanceClock(600000);
-    EXPECT_EQ(WorkingDirectory(), "C:\\Work");
-}
-
-TEST_F(LastDirectory, TheTimerFiresOnceAlsoWithTheSettingOff) {
-    Setting("SetLastDir", "0");
-    StartAndWait();
-    EXPECT_TRUE(TheWindows().timers().empty());
-    EXPECT_EQ(CallsOf("CreateFileW"), 0);
-}
-
-TEST_F(LastDirectory, IsRestoredAlsoWhenTheTimerCannotBeKilled) {
-    MakeFolder(WIDE("C:\\Projects"));
-    Fail("KillTimer");
-    RestoreFrom("C:\\Projects");
-    EXPECT_EQ(WorkingDirectory(), "C:\\Projects");
-}
+using namespace last_dir;
 
 // --- The setting ---
 
@@ -352,9 +233,15 @@ TEST_F(LastDirectory, IsWrittenByTheStepsInTheirOrder) {
     host().journal.Start();
     workplace_->StopPlugin();
     host().journal.Stop();
-    const Lines wanted = {
-        "ProDirectoryCurrentGet", "GetModuleHandleW", "GetModuleFileNameW", "_wsetlocale",
-        "WideCharToMultiByte",    "CreateFileW",      "WriteFile",          "CloseHandle"};
+    const Lines wanted = {"ProDirectoryCurrentGet",
+                          "GetModuleHandleW",
+                          "GetModuleFileNameW",
+                          "_wsetlocale",
+                          "WideCharToMultiByte",
+                          "CreateFileW",
+                          "WriteFile",
+                          "CloseHandle",
+                          "KillTimer"};
     EXPECT_EQ(host().journal.Names(), wanted);
 }
 

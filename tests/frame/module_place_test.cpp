@@ -5,7 +5,7 @@
 
 #include "simhost/app/plugin.h"
 #include "simhost/host.h"
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/drive.h"
 #include "tests/support/places.h"
@@ -161,6 +161,7 @@ TEST_F(PlaceOfTheModule, UnderAnotherNameStillHasMenuAndPopups) {
     EXPECT_EQ(host().commands.FindMenu("Menu")->buttons.size(), 56u);
     host().commands.OpenPopup("Sel Obj Menu");
     EXPECT_EQ(host().commands.registrations().size(), 61u);
+    plugin.Terminate();
 }
 
 TEST_F(PlaceOfTheModule, UnderAnotherNameDoesNotMakeAFileOfAMissingExecutable) {

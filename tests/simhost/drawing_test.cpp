@@ -223,6 +223,7 @@ TEST_F(DrawingTest, ADrawingIsReadAsItWasWritten) {
     drawing.AddProjected(main, {160, 100, 0});
     const std::string text = ModelText(sheet);
     Model copy;
+    copy.session = &TheHost().session;
     ReadModelText(text, "sheet.drw.1", &copy);
     EXPECT_EQ(ModelText(copy), text);
     const auto& views = DrawingOf(copy).views();

@@ -7,6 +7,7 @@
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/windows/clock.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/drive.h"
 
@@ -14,17 +15,27 @@ namespace workbench {
 
 using namespace simhost;
 
+namespace {
+
+constexpr unsigned kLongAfter = 5000;  // milliseconds; longer than any timer of the plug-in
+
+}  // namespace
+
 Workbench::Workbench() : workplace_(std::make_unique<Workplace>(DeskOptions(DriveOfTests()))) {}
 
 Workbench::~Workbench() = default;
 
 void Workbench::TearDown() {
+    // The plug-in goes while the drive and the models are still there. What it has left to run
+    // later would run now.
+    Operation::ForgetFaults();
+    workplace_->StopPlugin();
+    AdvanceClock(kLongAfter);
     EXPECT_EQ(Complaints(), std::vector<std::string>{});
     EXPECT_EQ(LeftOpen(), std::vector<std::string>{});
     if (!leavesSpreadsheets_) {
         EXPECT_EQ(TheSpreadsheets().NotQuit(), std::vector<std::string>{});
     }
-    // The plug-in goes while the drive and the models are still there.
     workplace_.reset();
     EXPECT_EQ(ClearDrive(), std::vector<std::string>{}) << "Left open?";
 }

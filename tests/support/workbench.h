@@ -22,9 +22,9 @@ protected:
     Workbench();
     ~Workbench() override;
 
-    // Checks what every test wants: no complaints of the host (unless taken before), no host array
-    // held beyond the known ones, no open handle of Windows, no object or application of the
-    // spreadsheets.
+    // Ends the plug-in, lets time pass, and checks what every test wants: no complaints of the host
+    // (unless taken before), no host array held beyond the known ones, no open handle of Windows,
+    // no object or application of the spreadsheets.
     void TearDown() override;
 
     // Starts the plug-in with the first-run notice already behind the user.

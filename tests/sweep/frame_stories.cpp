@@ -62,13 +62,15 @@ FrameStories Timer() {
 }
 
 FrameStories End() {
-    return {"End",
-            {{"the end",
-              [](World& w) { w.Start(); },
-              [](World& w) { w.Stop(); },
-              {},
-              {"ProDirectoryCurrentGet", "CreateFileW", "WriteFile", "CloseHandle"}}},
-            {}};
+    return {
+        "End",
+        {{"the end",
+          [](World& w) { w.Start(); },
+          [](World& w) { w.Stop(); },
+          {},
+          {"ProDirectoryCurrentGet", "CreateFileW", "WriteFile", "CloseHandle", "KillTimer"}}},
+        {{"KillTimer", "a timer is still set whose procedure lies in vorlatix5.1.dll",
+          "a timer that cannot be killed is all that Windows leaves the plug-in"}}};
 }
 
 void OpenPopup(World& world) {

@@ -47,6 +47,8 @@ void Do(const std::function<void(World&)>& act, World& world, const std::string&
 void CheckUnloaded(World& world, const std::string& run) {
     Do([](World& w) { w.Stop(); }, world, run);
     EXPECT_FALSE(World::ModuleIsInMemory()) << run << ": the module stays in memory";
+    // Time in which whatever the module left to Windows would run.
+    Do([](World& w) { w.Wait(); }, world, run);
 }
 
 bool StartsWith(const std::string& text, const std::string& beginning) {

@@ -7,6 +7,7 @@ import importlib.util
 import io
 import tempfile
 import unittest
+import unittest.mock
 from pathlib import Path
 
 LINT = Path(__file__).resolve().parents[2] / "tools" / "lint.py"
@@ -100,6 +101,46 @@ class Includes(RuleTest):
         self.write("frame/x.cpp", BANNER + '/*\n#include "tests/x.h"\n*/\n\n#include "tests/x.h"\n')
         self.assertEqual(self.found(lint.includes_go_one_way), ["frame/x.cpp:6"])
 
+
+
+class Floors(RuleTest):
+    def verdict(self, path, line):
+        self.write(path, f"{BANNER}{line}\n")
+        return self.found(lint.simhost_has_floors) == []
+
+    def test_a_floor_includes_itself_and_what_is_below(self):
+        for path, header in (("app/x.cpp", "door/x.h"), ("door/x.cpp", "app/x.h"),
+                             ("trail/x.cpp", "host.h"), ("ui/x.cpp", "model/x.h"),
+                             ("windows/x.cpp", "user/x.h"), ("user/x.cpp", "core/x.h"),
+                             ("picture/x.cpp", "core/x.h"), ("host.cpp", "windows/x.h")):
+            self.assertTrue(self.verdict(f"simhost/{path}", f'#include "simhost/{header}"'), path)
+
+    def test_a_floor_includes_nothing_above(self):
+        for path, header in (("core/x.cpp", "host.h"), ("core/x.h", "user/x.h"),
+                             ("user/x.cpp", "windows/x.h"), ("ui/x.cpp", "trail/x.h"),
+                             ("model/x.cpp", "host.h"), ("spreadsheet/x.cpp", "app/x.h"),
+                             ("host.cpp", "app/x.h")):
+            line = f'#include "simhost/{header}"'
+            self.assertFalse(self.verdict(f"simhost/{path}", line), path)
+            self.assertTrue(self.verdict(f"simhost/{path}", "// " + line), path)
+
+    def test_only_doors_trails_and_the_program_ask_the_host(self):
+        for path in ("door/x.cpp", "trail/x.cpp", "app/x.cpp", "host.cpp"):
+            self.assertTrue(self.verdict(f"simhost/{path}", "int i = TheHost().number;"), path)
+        for path in ("core/x.cpp", "user/x.cpp", "ui/x.cpp", "model/x.cpp", "windows/x.cpp"):
+            self.assertFalse(self.verdict(f"simhost/{path}", "int i = TheHost().number;"), path)
+            self.assertTrue(self.verdict(f"simhost/{path}", "// TheHost() is above."), path)
+
+    def test_a_folder_without_a_floor_is_told(self):
+        self.assertFalse(self.verdict("simhost/attic/x.cpp", "int i = 0;"))
+
+    def test_an_exception_holds_for_its_file_alone_and_as_long_as_it_is_needed(self):
+        rows = (("simhost/core/x.cpp", "simhost/host.h", "for now"),)
+        with unittest.mock.patch.object(lint, "SIMHOST_EXCEPTIONS", rows):
+            self.assertTrue(self.verdict("simhost/core/x.cpp", '#include "simhost/host.h"'))
+            self.assertFalse(self.verdict("simhost/core/y.cpp", '#include "simhost/host.h"'))
+            self.assertTrue(self.verdict("simhost/core/y.cpp", "int i = 0;"))
+            self.assertFalse(self.verdict("simhost/core/x.cpp", "int i = 0;"))
 
 class ConditionalCode(RuleTest):
     def test_each_form_is_found_in_the_plug_in(self):

@@ -1,5 +1,5 @@
 // Lets time pass on the clock of whichever Windows this is.
-#include "simhost/user/clock.h"
+#include "simhost/windows/clock.h"
 
 #include "simhost/windows/windows.h"
 

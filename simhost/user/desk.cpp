@@ -1,0 +1,13 @@
+// Boxes that are shown at the user's desk.
+#include "simhost/user/desk.h"
+
+namespace simhost {
+
+int Desk::ShowBox(const Box& box) {
+    shown.push_back({Shown::Kind::Box, box.text, box});
+    if (user) return user->AnswerBox(box);
+    Complain("a box is open and nobody answers it");
+    return 1;
+}
+
+}  // namespace simhost

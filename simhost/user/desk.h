@@ -1,0 +1,33 @@
+// The desk at which the host's user sits: what has been shown there, what was complained about, and
+// who answers. Whoever shows or asks something is given the desk.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simhost/core/disk.h"
+#include "simhost/user/user.h"
+
+namespace simhost {
+
+class Desk {
+public:
+    User* user = nullptr;  // none: every question is a complaint
+
+    std::vector<Shown> shown;  // in order
+    // Misuse of the host or of Windows, and questions without an answer; each fails a run.
+    std::vector<std::string> complaints;
+    void Complain(const std::string& what) { complaints.push_back(what); }
+
+    // Shows a message box and gives the button that the user pressed.
+    int ShowBox(const Box& box);
+};
+
+// What Windows and its dialogs are given of the host that runs on it.
+struct HostSide {
+    Desk& desk;
+    const Disk& disk;                  // where Windows paths lead
+    const WideText& workingDirectory;  // where file dialogs open
+};
+
+}  // namespace simhost

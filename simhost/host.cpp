@@ -18,11 +18,20 @@ Host& TheHost() {
     return *host;
 }
 
+Host::Host() {
+    Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
+}
+
+Host::~Host() {
+    Operation::Serve(nullptr, {});
+}
+
 void RestartHost() {
     Operation::ForgetFaults();
     Operation::ResetCounts();
     Operation::journalling = false;
     Instance().reset();
+    TheHost();  // hears the complaints of operations from now on
 }
 
 void Host::Complain(const std::string& what) {

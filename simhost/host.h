@@ -21,6 +21,9 @@ namespace simhost {
 
 class Host {
 public:
+    Host();
+    ~Host();
+
     Disk disk;
     ArrayLedger arrays;
     Journal journal;

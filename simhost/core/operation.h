@@ -12,6 +12,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -19,10 +20,11 @@
 #include <utility>
 #include <vector>
 
-#include "hostapi/host/parameter.h"
 #include "hostapi/host/types.h"
 
 namespace simhost {
+
+class Journal;
 
 // Thrown inside an operation: it ends with this status. `complaint` is not empty where a real host
 // would misbehave or crash (a dangling handle, a null output): it fails the run.
@@ -60,10 +62,8 @@ std::string Describe(unsigned long long value);
 std::string Describe(double value);
 std::string Describe(const char* text);
 std::string Describe(const WideChar* text);
-std::string Describe(const void* handle);  // a model's name and so on, else "handle" or "null"
-std::string Describe(const ProModelitem& item);
-std::string Describe(const ProParameter& parameter);
-std::string Describe(const ProParamvalue& value);
+std::string InQuotes(const std::string& utf8);
+std::string Describe(const void* handle);  // by whoever knows handles; else "pointer" or "null"
 inline std::string Describe(char* text) {
     return Describe(static_cast<const char*>(text));
 }
@@ -74,19 +74,27 @@ inline std::string Describe(void* handle) {
     return Describe(static_cast<const void*>(handle));
 }
 
+// Records look as whoever knows them says: template <> struct JournalText<ProModelitem> with
+// `static std::string Of(const ProModelitem&)`, to be seen wherever the record is an argument.
+template <class T>
+struct JournalText;
+template <class T>
+concept HasJournalText = requires(const T& value) { JournalText<T>::Of(value); };
+
 template <class T>
 std::string DescribeAny(const T& value) {
-    if constexpr (std::is_enum_v<T>) {
+    if constexpr (HasJournalText<T>) {
+        return JournalText<T>::Of(value);
+    } else if constexpr (std::is_enum_v<T>) {
         return Describe(static_cast<int>(value));
     } else if constexpr (std::is_pointer_v<T> && std::is_function_v<std::remove_pointer_t<T>>) {
         return value ? "function" : "null";
-    } else if constexpr (std::is_pointer_v<T> &&
-                         !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, char> &&
-                         !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, WideChar>) {
-        if constexpr (std::is_convertible_v<T, const ProModelitem*> ||
-                      std::is_convertible_v<T, const ProParameter*> ||
-                      std::is_convertible_v<T, const ProParamvalue*>) {
-            return value ? Describe(*value) : "null";
+    } else if constexpr (std::is_pointer_v<T>) {
+        using Pointee = std::remove_cv_t<std::remove_pointer_t<T>>;
+        if constexpr (std::is_same_v<Pointee, char> || std::is_same_v<Pointee, WideChar>) {
+            return Describe(value);
+        } else if constexpr (HasJournalText<Pointee>) {
+            return value ? JournalText<Pointee>::Of(*value) : "null";
         } else {
             return Describe(static_cast<const void*>(value));
         }
@@ -157,6 +165,14 @@ public:
 
     const char* name() const { return name_; }
     std::uint64_t calls() const { return calls_; }
+
+    // --- The host's side ---
+    // Where calls are recorded and complaints go; the host hands itself in at its start and takes
+    // itself out at its end.
+    using ComplaintSink = std::function<void(const std::string&)>;
+    static void Serve(Journal* journal, ComplaintSink complain);
+    // Who describes handles in the journal.
+    static void DescribeHandlesBy(std::string (*describe)(const void* handle));
 
     // --- The user's side ---
     static bool journalling;  // set by Journal

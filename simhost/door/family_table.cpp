@@ -2,6 +2,7 @@
 #include "hostapi/host/family_table.h"
 
 #include "simhost/core/text.h"
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 
 using namespace simhost;

@@ -2,6 +2,7 @@
 #include "hostapi/host/feature.h"
 
 #include "hostapi/host/assembly.h"
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 
 using namespace simhost;

@@ -2,6 +2,7 @@
 #include "hostapi/host/model.h"
 
 #include "simhost/core/text.h"
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 #include "simhost/model/model_file.h"
 

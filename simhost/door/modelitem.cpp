@@ -1,6 +1,7 @@
 // Items of models at the door.
 #include "hostapi/host/modelitem.h"
 
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 
 using namespace simhost;

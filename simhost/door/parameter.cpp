@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "simhost/core/text.h"
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 #include "simhost/model/parameters.h"
 

@@ -1,6 +1,7 @@
 // Relations at the door.
 #include "hostapi/host/relation.h"
 
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 
 using namespace simhost;

@@ -1,6 +1,7 @@
 // Selections at the door.
 #include "hostapi/host/selection.h"
 
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 
 using namespace simhost;

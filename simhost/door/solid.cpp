@@ -1,6 +1,7 @@
 // Visits to features and surfaces at the door.
 #include "hostapi/host/solid.h"
 
+#include "simhost/door/describe.h"
 #include "simhost/host.h"
 
 using namespace simhost;

@@ -1,16 +1,10 @@
 // Every operation of the door runs through here: it is counted, told to fail if the user asked for
-// that, recorded in the journal, and a misuse becomes a complaint instead of a crash.
-//
-//     ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
-//         static Operation op("ProMdlTypeGet");
-//         return op.Call([&] {
-//             Need(type);
-//             *type = ProMdlType(TheHost().session.Require(model).type);
-//             return PRO_TK_NO_ERROR;
-//         }, "model", model, "type", Out(type));
-//     }
+// that, recorded in the journal, and a misuse becomes a complaint instead of a crash. See
+// simhost/door/door.h for the form that operations are written in.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -36,14 +30,30 @@ struct Refusal {
 [[noreturn]] void Refuse(int status);
 [[noreturn]] void Complain(int status, std::string complaint);
 
-// An output of a call, shown in the journal with the value that it has after the call.
+// An output of a call, shown in the journal with the value that it has after the call. Null is a
+// complaint where the place is needed.
 template <class T>
 struct Output {
     T* place;
+    bool needed = false;
 };
 template <class T>
 Output<T> Out(T* place) {
     return {place};
+}
+template <class T>
+Output<T> NeededOut(T* place) {
+    return {place, true};
+}
+
+// An input that must not be null: a text, a record, a list.
+template <class T>
+struct GivenInput {
+    T* value;
+};
+template <class T>
+GivenInput<T> Given(T* value) {
+    return {value};
 }
 
 // Complains about a null pointer where the caller must give a place or a text.
@@ -111,6 +121,10 @@ std::string DescribeAny(const Output<T>& output) {
         return DescribeAny(*output.place);
     }
 }
+template <class T>
+std::string DescribeAny(const GivenInput<T>& input) {
+    return DescribeAny(input.value);
+}
 
 // The n-th call from now on fails (1 is the next), and with `forGood` every later one too.
 struct Fault {
@@ -125,30 +139,37 @@ public:
     explicit Operation(const char* name);
     Operation(const Operation&) = delete;
 
+    // What a body without a result gives is success.
+    template <class Body>
+    using ResultOf = std::conditional_t<std::is_void_v<std::invoke_result_t<Body>>, ProError,
+                                        std::invoke_result_t<Body>>;
+
     // Runs `body` unless this call is told to fail. The rest are names and values for the journal;
-    // an Out() is shown only on success.
+    // an output is shown only on success.
     template <class Body, class... NamesAndValues>
-    std::invoke_result_t<Body> Call(Body&& body, const NamesAndValues&... arguments) {
-        using Result = std::invoke_result_t<Body>;
-        return CallOr([](int status) { return Result(status); }, std::forward<Body>(body),
+    ResultOf<Body> Call(Body&& body, const NamesAndValues&... arguments) {
+        return CallOr([](int status) { return ResultOf<Body>(status); }, std::forward<Body>(body),
                       arguments...);
     }
 
     // The same for an operation whose failures are not statuses: `failed(status)` gives its result.
     template <class Failed, class Body, class... NamesAndValues>
-    std::invoke_result_t<Body> CallOr(Failed&& failed, Body&& body,
-                                      const NamesAndValues&... arguments) {
-        using Result = std::invoke_result_t<Body>;
+    ResultOf<Body> CallOr(Failed&& failed, Body&& body, const NamesAndValues&... arguments) {
         ++calls_;
         const long line = journalling ? Begin() : -1;
-        Result result{};
+        ResultOf<Body> result{};
         int injected = 0;
         bool refused = true;
         if (faultsArmed && Fails(&injected)) {
             result = failed(injected);
         } else {
             try {
-                result = body();
+                RefuseNull(arguments...);
+                if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+                    body();
+                } else {
+                    result = body();
+                }
                 refused = false;
             } catch (const Refusal& refusal) {
                 Report(refusal);
@@ -178,7 +199,8 @@ public:
     static bool journalling;  // set by Journal
     static bool faultsArmed;  // set by Fail
 
-    // Operations that were called since the process began, by name.
+    // All operations by name. Those made by Op are known from the start, others from their first
+    // call.
     static const std::map<std::string, Operation*>& All();
     // Makes calls of an operation, known yet or not, end with `status`: see Fault.
     static void Fail(Fault fault);
@@ -192,6 +214,17 @@ private:
     void End(long line, const std::string& arguments, const std::string& result);
     bool Fails(int* status);
     void Report(const Refusal& refusal);
+
+    static void RefuseNull() {}
+    template <class Value, class... Rest>
+    static void RefuseNull(const char* name, const Value& value, const Rest&... rest) {
+        if constexpr (IsOutput<Value>::value) {
+            if (value.needed) Need(value.place, name);
+        } else if constexpr (IsGiven<Value>::value) {
+            Need(value.value, name);
+        }
+        RefuseNull(rest...);
+    }
 
     static void Append(std::string*, bool) {}
     template <class Value, class... Rest>
@@ -209,9 +242,24 @@ private:
     struct IsOutput : std::false_type {};
     template <class T>
     struct IsOutput<Output<T>> : std::true_type {};
+    template <class T>
+    struct IsGiven : std::false_type {};
+    template <class T>
+    struct IsGiven<GivenInput<T>> : std::true_type {};
 
     const char* name_;
     std::uint64_t calls_ = 0;
 };
+
+template <std::size_t Size>
+struct OperationName {
+    consteval OperationName(const char (&name)[Size]) { std::copy_n(name, Size, text); }
+    char text[Size];
+};
+
+// The operation of a name: Op<"ProMdlTypeGet">. It is made when the library is loaded, so that the
+// list of operations is whole before the first call.
+template <OperationName Name>
+inline Operation Op{Name.text};
 
 }  // namespace simhost

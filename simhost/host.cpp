@@ -22,9 +22,11 @@ Host& TheHost() {
 
 Host::Host() {
     ServeHost(&forWindows_);
+    Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
 }
 
 Host::~Host() {
+    Operation::Serve(nullptr, {});
     ServeHost(nullptr);
 }
 
@@ -33,7 +35,7 @@ void RestartHost() {
     Operation::ResetCounts();
     Operation::journalling = false;
     Instance().reset();
-    TheHost();  // Windows serves it from now on
+    TheHost();  // serves Windows and hears the complaints of operations from now on
 }
 
 }  // namespace simhost

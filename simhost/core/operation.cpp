@@ -4,12 +4,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <stdexcept>
 
-#include "simhost/core/handles.h"
+#include "simhost/core/journal.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
-#include "simhost/model/drawing.h"
 
 namespace simhost {
 
@@ -26,6 +24,16 @@ std::vector<Fault>& Faults() {
 }
 
 std::uint64_t firedFaults = 0;
+
+struct Listeners {
+    Journal* journal = nullptr;
+    Operation::ComplaintSink complain;
+    std::string (*describe)(const void*) = nullptr;
+};
+Listeners& TheListeners() {
+    static Listeners listeners;
+    return listeners;
+}
 
 }  // namespace
 
@@ -85,18 +93,29 @@ bool Operation::Fails(int* status) {
     return false;
 }
 
+void Operation::Serve(Journal* journal, ComplaintSink complain) {
+    TheListeners().journal = journal;
+    TheListeners().complain = std::move(complain);
+}
+
+void Operation::DescribeHandlesBy(std::string (*describe)(const void* handle)) {
+    TheListeners().describe = describe;
+}
+
 void Operation::Report(const Refusal& refusal) {
-    if (!refusal.complaint.empty()) {
-        TheHost().Complain(fmt::format("{}: {}", name_, refusal.complaint));
-    }
+    if (refusal.complaint.empty()) return;
+    const std::string complaint = fmt::format("{}: {}", name_, refusal.complaint);
+    // A complaint that nobody hears must not pass for a good run.
+    if (!TheListeners().complain) throw std::logic_error("no host hears: " + complaint);
+    TheListeners().complain(complaint);
 }
 
 long Operation::Begin() {
-    return TheHost().journal.Begin(name_);
+    return TheListeners().journal ? TheListeners().journal->Begin(name_) : -1;
 }
 
 void Operation::End(long line, const std::string& arguments, const std::string& result) {
-    TheHost().journal.End(line, arguments, result);
+    if (TheListeners().journal) TheListeners().journal->End(line, arguments, result);
 }
 
 void Operation::Add(std::string* text, const char* name, const std::string& value) {
@@ -118,9 +137,7 @@ std::string Describe(unsigned long long value) { return fmt::format("{}", value)
 std::string Describe(double value) { return fmt::format("{}", value); }
 // clang-format on
 
-namespace {
-
-std::string Quoted(const std::string& utf8) {
+std::string InQuotes(const std::string& utf8) {
     std::string text = "\"";
     for (char c : utf8) {
         switch (c) {
@@ -134,62 +151,17 @@ std::string Quoted(const std::string& utf8) {
     return text + '"';
 }
 
-}  // namespace
-
 std::string Describe(const char* text) {
-    return text ? Quoted(Utf8(FromSystemCodePage(text))) : "null";
+    return text ? InQuotes(Utf8(FromSystemCodePage(text))) : "null";
 }
 
 std::string Describe(const WideChar* text) {
-    return text ? Quoted(Utf8(text)) : "null";
+    return text ? InQuotes(Utf8(text)) : "null";
 }
 
 std::string Describe(const void* handle) {
     if (!handle) return "null";
-    const Session& session = TheHost().session;
-    switch (KindOf(handle)) {
-        case HandleKind::Model:
-            if (const Model* model = session.Find(const_cast<void*>(handle))) {
-                return model->FileName();
-            }
-            return "dangling model";
-        case HandleKind::Object:
-            if (const Model* model = session.FindObject(handle)) {
-                return model->FileName() + " object";
-            }
-            break;
-        case HandleKind::Surface:
-            if (const Surface* surface = session.FindSurface(handle)) {
-                return fmt::format("{} surface {}", surface->part->FileName(), surface->id);
-            }
-            break;
-        case HandleKind::Selection:
-            if (const Selection* selection = session.FindSelection(handle)) {
-                return "selection of " + Describe(selection->item);
-            }
-            break;
-        case HandleKind::View: return DescribeView(handle);
-        case HandleKind::Command: return TheHost().commands.Describe(handle);
-    }
-    return "pointer";
-}
-
-std::string Describe(const ProModelitem& item) {
-    return fmt::format("{} item {} of type {}", Describe(static_cast<const void*>(item.owner)),
-                       item.id, int(item.type));
-}
-
-std::string Describe(const ProParameter& parameter) {
-    const WideChar* id = parameter.id;
-    const WideText name(id, std::find(id, id + PRO_NAME_SIZE, WideChar{}));
-    return fmt::format("{} of {}", Quoted(Utf8(name)), Describe(parameter.owner.owner));
-}
-
-std::string Describe(const ProParamvalue& value) {
-    Parameter parameter;
-    TakeValue(value, &parameter);
-    const std::string text = ValueText(parameter);
-    return parameter.type == PRO_PARAM_STRING ? Quoted(text) : text;
+    return TheListeners().describe ? TheListeners().describe(handle) : "pointer";
 }
 
 }  // namespace simhost

@@ -1,17 +1,12 @@
 // Every operation of the door runs through here: it is counted, told to fail if the user asked for
-// that, recorded in the journal, and a misuse becomes a complaint instead of a crash.
-//
-//     ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
-//         static Operation op("ProMdlTypeGet");
-//         return op.Call([&] {
-//             Need(type);
-//             *type = ProMdlType(TheHost().session.Require(model).type);
-//             return PRO_TK_NO_ERROR;
-//         }, "model", model, "type", Out(type));
-//     }
+// that, recorded in the journal, and a misuse becomes a complaint instead of a crash. See
+// simhost/door/door.h for the form that operations are written in.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -19,10 +14,11 @@
 #include <utility>
 #include <vector>
 
-#include "hostapi/host/parameter.h"
 #include "hostapi/host/types.h"
 
 namespace simhost {
+
+class Journal;
 
 // Thrown inside an operation: it ends with this status. `complaint` is not empty where a real host
 // would misbehave or crash (a dangling handle, a null output): it fails the run.
@@ -34,14 +30,30 @@ struct Refusal {
 [[noreturn]] void Refuse(int status);
 [[noreturn]] void Complain(int status, std::string complaint);
 
-// An output of a call, shown in the journal with the value that it has after the call.
+// An output of a call, shown in the journal with the value that it has after the call. Null is a
+// complaint where the place is needed.
 template <class T>
 struct Output {
     T* place;
+    bool needed = false;
 };
 template <class T>
 Output<T> Out(T* place) {
     return {place};
+}
+template <class T>
+Output<T> NeededOut(T* place) {
+    return {place, true};
+}
+
+// An input that must not be null: a text, a record, a list.
+template <class T>
+struct GivenInput {
+    T* value;
+};
+template <class T>
+GivenInput<T> Given(T* value) {
+    return {value};
 }
 
 // Complains about a null pointer where the caller must give a place or a text.
@@ -60,10 +72,8 @@ std::string Describe(unsigned long long value);
 std::string Describe(double value);
 std::string Describe(const char* text);
 std::string Describe(const WideChar* text);
-std::string Describe(const void* handle);  // a model's name and so on, else "handle" or "null"
-std::string Describe(const ProModelitem& item);
-std::string Describe(const ProParameter& parameter);
-std::string Describe(const ProParamvalue& value);
+std::string InQuotes(const std::string& utf8);
+std::string Describe(const void* handle);  // by whoever knows handles; else "pointer" or "null"
 inline std::string Describe(char* text) {
     return Describe(static_cast<const char*>(text));
 }
@@ -74,19 +84,27 @@ inline std::string Describe(void* handle) {
     return Describe(static_cast<const void*>(handle));
 }
 
+// Records look as whoever knows them says: template <> struct JournalText<ProModelitem> with
+// `static std::string Of(const ProModelitem&)`, to be seen wherever the record is an argument.
+template <class T>
+struct JournalText;
+template <class T>
+concept HasJournalText = requires(const T& value) { JournalText<T>::Of(value); };
+
 template <class T>
 std::string DescribeAny(const T& value) {
-    if constexpr (std::is_enum_v<T>) {
+    if constexpr (HasJournalText<T>) {
+        return JournalText<T>::Of(value);
+    } else if constexpr (std::is_enum_v<T>) {
         return Describe(static_cast<int>(value));
     } else if constexpr (std::is_pointer_v<T> && std::is_function_v<std::remove_pointer_t<T>>) {
         return value ? "function" : "null";
-    } else if constexpr (std::is_pointer_v<T> &&
-                         !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, char> &&
-                         !std::is_same_v<std::remove_cv_t<std::remove_pointer_t<T>>, WideChar>) {
-        if constexpr (std::is_convertible_v<T, const ProModelitem*> ||
-                      std::is_convertible_v<T, const ProParameter*> ||
-                      std::is_convertible_v<T, const ProParamvalue*>) {
-            return value ? Describe(*value) : "null";
+    } else if constexpr (std::is_pointer_v<T>) {
+        using Pointee = std::remove_cv_t<std::remove_pointer_t<T>>;
+        if constexpr (std::is_same_v<Pointee, char> || std::is_same_v<Pointee, WideChar>) {
+            return Describe(value);
+        } else if constexpr (HasJournalText<Pointee>) {
+            return value ? JournalText<Pointee>::Of(*value) : "null";
         } else {
             return Describe(static_cast<const void*>(value));
         }
@@ -103,6 +121,10 @@ std::string DescribeAny(const Output<T>& output) {
         return DescribeAny(*output.place);
     }
 }
+template <class T>
+std::string DescribeAny(const GivenInput<T>& input) {
+    return DescribeAny(input.value);
+}
 
 // The n-th call from now on fails (1 is the next), and with `forGood` every later one too.
 struct Fault {
@@ -117,30 +139,37 @@ public:
     explicit Operation(const char* name);
     Operation(const Operation&) = delete;
 
+    // What a body without a result gives is success.
+    template <class Body>
+    using ResultOf = std::conditional_t<std::is_void_v<std::invoke_result_t<Body>>, ProError,
+                                        std::invoke_result_t<Body>>;
+
     // Runs `body` unless this call is told to fail. The rest are names and values for the journal;
-    // an Out() is shown only on success.
+    // an output is shown only on success.
     template <class Body, class... NamesAndValues>
-    std::invoke_result_t<Body> Call(Body&& body, const NamesAndValues&... arguments) {
-        using Result = std::invoke_result_t<Body>;
-        return CallOr([](int status) { return Result(status); }, std::forward<Body>(body),
+    ResultOf<Body> Call(Body&& body, const NamesAndValues&... arguments) {
+        return CallOr([](int status) { return ResultOf<Body>(status); }, std::forward<Body>(body),
                       arguments...);
     }
 
     // The same for an operation whose failures are not statuses: `failed(status)` gives its result.
     template <class Failed, class Body, class... NamesAndValues>
-    std::invoke_result_t<Body> CallOr(Failed&& failed, Body&& body,
-                                      const NamesAndValues&... arguments) {
-        using Result = std::invoke_result_t<Body>;
+    ResultOf<Body> CallOr(Failed&& failed, Body&& body, const NamesAndValues&... arguments) {
         ++calls_;
         const long line = journalling ? Begin() : -1;
-        Result result{};
+        ResultOf<Body> result{};
         int injected = 0;
         bool refused = true;
         if (faultsArmed && Fails(&injected)) {
             result = failed(injected);
         } else {
             try {
-                result = body();
+                RefuseNull(arguments...);
+                if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+                    body();
+                } else {
+                    result = body();
+                }
                 refused = false;
             } catch (const Refusal& refusal) {
                 Report(refusal);
@@ -158,11 +187,20 @@ public:
     const char* name() const { return name_; }
     std::uint64_t calls() const { return calls_; }
 
+    // --- The host's side ---
+    // Where calls are recorded and complaints go; the host hands itself in at its start and takes
+    // itself out at its end.
+    using ComplaintSink = std::function<void(const std::string&)>;
+    static void Serve(Journal* journal, ComplaintSink complain);
+    // Who describes handles in the journal.
+    static void DescribeHandlesBy(std::string (*describe)(const void* handle));
+
     // --- The user's side ---
     static bool journalling;  // set by Journal
     static bool faultsArmed;  // set by Fail
 
-    // Operations that were called since the process began, by name.
+    // All operations by name. Those made by Op are known from the start, others from their first
+    // call.
     static const std::map<std::string, Operation*>& All();
     // Makes calls of an operation, known yet or not, end with `status`: see Fault.
     static void Fail(Fault fault);
@@ -176,6 +214,17 @@ private:
     void End(long line, const std::string& arguments, const std::string& result);
     bool Fails(int* status);
     void Report(const Refusal& refusal);
+
+    static void RefuseNull() {}
+    template <class Value, class... Rest>
+    static void RefuseNull(const char* name, const Value& value, const Rest&... rest) {
+        if constexpr (IsOutput<Value>::value) {
+            if (value.needed) Need(value.place, name);
+        } else if constexpr (IsGiven<Value>::value) {
+            Need(value.value, name);
+        }
+        RefuseNull(rest...);
+    }
 
     static void Append(std::string*, bool) {}
     template <class Value, class... Rest>
@@ -193,9 +242,24 @@ private:
     struct IsOutput : std::false_type {};
     template <class T>
     struct IsOutput<Output<T>> : std::true_type {};
+    template <class T>
+    struct IsGiven : std::false_type {};
+    template <class T>
+    struct IsGiven<GivenInput<T>> : std::true_type {};
 
     const char* name_;
     std::uint64_t calls_ = 0;
 };
+
+template <std::size_t Size>
+struct OperationName {
+    consteval OperationName(const char (&name)[Size]) { std::copy_n(name, Size, text); }
+    char text[Size];
+};
+
+// The operation of a name: Op<"ProMdlTypeGet">. It is made when the library is loaded, so that the
+// list of operations is whole before the first call.
+template <OperationName Name>
+inline Operation Op{Name.text};
 
 }  // namespace simhost

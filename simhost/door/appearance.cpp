@@ -4,7 +4,7 @@
 #include <string>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -36,28 +36,25 @@ void RequireRange(const ProdbSurfaceProps& props) {
 }  // namespace
 
 Prohandle prodb_get_object_ptr(WideChar* name, char* kind) {
-    static Operation op("prodb_get_object_ptr");
-    return op.CallOr([](int) -> Prohandle { return nullptr; },
-                     [&]() -> Prohandle {
-                         Need(name, "the name");
-                         Need(kind, "the kind");
-                         const std::string word = kind;
-                         if (word != "PRT" && word != "ASM") {
-                             Complain(PRO_TK_BAD_INPUTS, "the kind is not PRT or ASM");
-                         }
-                         const ProMdlType type = word == "PRT" ? PRO_MDL_PART : PRO_MDL_ASSEMBLY;
-                         const Model* model = TheHost().session.FindByName(name, type);
-                         if (!model) Refuse(PRO_TK_E_NOT_FOUND);
-                         return Session::ObjectOf(*model);
-                     },
-                     "name", name, "kind", kind);
+    return Op<"prodb_get_object_ptr">.CallOr(
+        [](int) -> Prohandle { return nullptr; },
+        [&]() -> Prohandle {
+            const std::string word = kind;
+            if (word != "PRT" && word != "ASM") {
+                Complain(PRO_TK_BAD_INPUTS, "the kind is not PRT or ASM");
+            }
+            const ProMdlType type = word == "PRT" ? PRO_MDL_PART : PRO_MDL_ASSEMBLY;
+            const Model* model = TheHost().session.FindByName(name, type);
+            if (!model) Refuse(PRO_TK_E_NOT_FOUND);
+            return Session::ObjectOf(*model);
+        },
+        GIVEN(name), GIVEN(kind));
 }
 
 int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
                             ProdbSurfaceProps* props) {
-    static Operation op("prodb_get_surface_props");
-    return op.Call(
-        [&]() -> int {
+    return Op<"prodb_get_surface_props">.Call(
+        [&] {
             Need(props, "the place for the appearance");
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
@@ -67,16 +64,14 @@ int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
             } else {
                 *props = model.appearance.value_or(DefaultAppearance());
             }
-            return 0;
         },
-        "object", object, "itemType", itemType, "id", id, "unused", unused);
+        ARG(object), ARG(itemType), ARG(id), ARG(unused));
 }
 
 int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
                             ProdbSurfaceProps* props) {
-    static Operation op("prodb_set_surface_props");
-    return op.Call(
-        [&]() -> int {
+    return Op<"prodb_set_surface_props">.Call(
+        [&] {
             Need(props, "the appearance");
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
@@ -87,15 +82,13 @@ int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
                 model.appearance = *props;
             }
             model.modified = true;
-            return 0;
         },
-        "object", object, "itemType", itemType, "id", id, "unused", unused);
+        ARG(object), ARG(itemType), ARG(id), ARG(unused));
 }
 
 int prodb_unset_surface_props(Prohandle object, int itemType, int id, int unused) {
-    static Operation op("prodb_unset_surface_props");
-    return op.Call(
-        [&]() -> int {
+    return Op<"prodb_unset_surface_props">.Call(
+        [&] {
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
             if (itemType == PRODB_SURFACE) {
@@ -104,7 +97,6 @@ int prodb_unset_surface_props(Prohandle object, int itemType, int id, int unused
                 model.appearance.reset();
             }
             model.modified = true;
-            return 0;
         },
-        "object", object, "itemType", itemType, "id", id, "unused", unused);
+        ARG(object), ARG(itemType), ARG(id), ARG(unused));
 }

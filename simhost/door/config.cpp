@@ -4,7 +4,7 @@
 #include "hostapi/host/file_dialog.h"
 #include "hostapi/host/treetool.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -17,10 +17,9 @@ struct PathRecord {
 }  // namespace
 
 ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
-    static Operation op("ProConfigoptArrayGet");
+    Operation& op = Op<"ProConfigoptArrayGet">;
     return op.Call(
         [&] {
-            Need(option, "the option");
             Need(values, "the place for the values");
             Host& host = TheHost();
             const auto found = host.configOptions.find(Lower(WideView(option)));
@@ -32,19 +31,14 @@ ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
                 CopyCut(found->second[i], records[i].text, PRO_PATH_SIZE);
             }
             *values = &host.arrays.Make(records, op.name())->text;
-            return PRO_TK_NO_ERROR;
         },
-        "option", option);
+        GIVEN(option));
 }
 
 ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
                      ProFileName proposed, ProPath path) {
-    static Operation op("ProFileOpen");
-    return op.Call(
+    return Op<"ProFileOpen">.Call(
         [&] {
-            Need(title, "the title");
-            Need(filter, "the filter");
-            Need(path, "the place for the path");
             Host& host = TheHost();
             FileQuestion question{title, filter, host.session.workingDirectory, {}};
             if (folder && *folder) question.folder = folder;
@@ -53,17 +47,11 @@ ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProP
             const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
             if (!answer) Refuse(PRO_TK_USER_ABORT);
             CopyCut(*answer, path, PRO_PATH_SIZE);
-            return PRO_TK_NO_ERROR;
         },
-        "title", title, "filter", filter, "folder", folder, "path", Out(path));
+        GIVEN(title), GIVEN(filter), ARG(folder), OUT(path));
 }
 
 ProError ProTreetoolRefresh(ProMdl model) {
-    static Operation op("ProTreetoolRefresh");
-    return op.Call(
-        [&] {
-            ++TheHost().session.Require(model).treeRefreshes;
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model);
+    return Op<"ProTreetoolRefresh">.Call([&] { ++TheHost().session.Require(model).treeRefreshes; },
+                                         ARG(model));
 }

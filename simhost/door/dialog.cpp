@@ -1,91 +1,56 @@
 // The door's operations on dialogs and their push-buttons.
 #include "hostapi/host.h"
-#include "simhost/core/operation.h"
-#include "simhost/host.h"
+#include "simhost/door/dialog_component.h"
 
 using namespace simhost;
 
 ProError ProUIDialogCreate(char* dialog, char* resource) {
-    static Operation op("ProUIDialogCreate");
-    return op.Call(
-        [&] {
-            Need(dialog, "the dialog's name");
-            Need(resource, "the resource's name");
-            TheHost().dialogs.Create(dialog, resource);
-            return PRO_TK_NO_ERROR;
-        },
-        "dialog", dialog, "resource", resource);
+    return Op<"ProUIDialogCreate">.Call([&] { TheHost().dialogs.Create(dialog, resource); },
+                                        GIVEN(dialog), GIVEN(resource));
 }
 
 ProError ProUIDialogActivate(char* dialog, int* status) {
-    static Operation op("ProUIDialogActivate");
-    return op.Call(
+    return Op<"ProUIDialogActivate">.Call(
         [&] {
-            Need(dialog, "the dialog's name");
-            Need(status, "the place for the status");
             Dialogs& dialogs = TheHost().dialogs;
             *status = dialogs.Activate(dialogs.Require(dialog));
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog, "status", Out(status));
+        GIVEN(dialog), OUT(status));
 }
 
 ProError ProUIDialogExit(char* dialog, int status) {
-    static Operation op("ProUIDialogExit");
-    return op.Call(
-        [&] {
-            Need(dialog, "the dialog's name");
-            TheHost().dialogs.Require(dialog).Exit(status);
-            return PRO_TK_NO_ERROR;
-        },
-        "dialog", dialog, "status", status);
+    return Op<"ProUIDialogExit">.Call([&] { TheHost().dialogs.Require(dialog).Exit(status); },
+                                      GIVEN(dialog), ARG(status));
 }
 
 ProError ProUIDialogDestroy(char* dialog) {
-    static Operation op("ProUIDialogDestroy");
-    return op.Call(
+    return Op<"ProUIDialogDestroy">.Call(
         [&] {
-            Need(dialog, "the dialog's name");
             Dialogs& dialogs = TheHost().dialogs;
             dialogs.Destroy(dialogs.Require(dialog));
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog);
+        GIVEN(dialog));
 }
 
 ProError ProUIDialogCloseActionSet(char* dialog, ProUIAction action, ProAppData data) {
-    static Operation op("ProUIDialogCloseActionSet");
-    return op.Call(
+    return Op<"ProUIDialogCloseActionSet">.Call(
         [&] {
-            Need(dialog, "the dialog's name");
             TheHost().dialogs.Require(dialog).closeAction = {action, data};
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog, "action", action, "data", data);
+        GIVEN(dialog), ARG(action), ARG(data));
 }
 
 ProError ProUIDialogAboveactivewindowSet(char* dialog, ProBoolean above) {
-    static Operation op("ProUIDialogAboveactivewindowSet");
-    return op.Call(
-        [&] {
-            Need(dialog, "the dialog's name");
-            TheHost().dialogs.Require(dialog).aboveActiveWindow = above != PRO_B_FALSE;
-            return PRO_TK_NO_ERROR;
-        },
-        "dialog", dialog, "above", above);
+    return Op<"ProUIDialogAboveactivewindowSet">.Call(
+        [&] { TheHost().dialogs.Require(dialog).aboveActiveWindow = above != PRO_B_FALSE; },
+        GIVEN(dialog), ARG(above));
 }
 
 ProError ProUIPushbuttonActivateActionSet(char* dialog, char* component, ProUIAction action,
                                           ProAppData data) {
-    static Operation op("ProUIPushbuttonActivateActionSet");
-    return op.Call(
+    return Op<"ProUIPushbuttonActivateActionSet">.Call(
         [&] {
-            Need(dialog, "the dialog's name");
-            Need(component, "the component's name");
-            Dialog& owner = TheHost().dialogs.Require(dialog);
-            RequireKind<PushButton>(owner.Require(component), owner.name()).activateAction = {
-                action, data};
-            return PRO_TK_NO_ERROR;
+            Required<PushButton>(dialog, component).activateAction = {action, data};
         },
-        "dialog", dialog, "component", component, "action", action, "data", data);
+        GIVEN(dialog), GIVEN(component), ARG(action), ARG(data));
 }

@@ -4,19 +4,12 @@
 #include "hostapi/host.h"
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/dialog_component.h"
 #include "simhost/ui/drawingarea.h"
 
 using namespace simhost;
 
 namespace {
-
-DrawingArea& RequireArea(const char* dialog, const char* component) {
-    Need(dialog, "the dialog's name");
-    Need(component, "the component's name");
-    const Dialog& owner = TheHost().dialogs.Require(dialog);
-    return RequireKind<DrawingArea>(owner.Require(component), owner.name());
-}
 
 std::vector<std::string> Names(int count, char** images) {
     if (count < 1) Complain(PRO_TK_BAD_INPUTS, "no pictures");
@@ -33,20 +26,17 @@ std::vector<std::string> Names(int count, char** images) {
 
 ProError ProUIDrawingareaPostmanagenotifyActionSet(char* dialog, char* area, ProUIAction action,
                                                    ProAppData data) {
-    static Operation op("ProUIDrawingareaPostmanagenotifyActionSet");
-    return op.Call(
+    return Op<"ProUIDrawingareaPostmanagenotifyActionSet">.Call(
         [&] {
-            RequireArea(dialog, area).manageAction = {action, data};
-            return PRO_TK_NO_ERROR;
+            Required<DrawingArea>(dialog, area).manageAction = {action, data};
         },
-        "dialog", dialog, "area", area, "action", action, "data", data);
+        ARG(dialog), ARG(area), ARG(action), ARG(data));
 }
 
 ProError ProUIDrawingareaImagesSet(char* dialog, char* area, int count, char** images) {
-    static Operation op("ProUIDrawingareaImagesSet");
-    return op.Call(
+    return Op<"ProUIDrawingareaImagesSet">.Call(
         [&] {
-            DrawingArea& found = RequireArea(dialog, area);
+            DrawingArea& found = Required<DrawingArea>(dialog, area);
             const std::vector<std::string> names = Names(count, images);
             for (const std::string& name : names) {
                 const WideText path =
@@ -56,18 +46,16 @@ ProError ProUIDrawingareaImagesSet(char* dialog, char* area, int count, char** i
                 if (!there) Refuse(PRO_TK_E_NOT_FOUND);
             }
             found.images = names;
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog, "area", area, "count", count, "image",
+        ARG(dialog), ARG(area), ARG(count), "image",
         count > 0 && images ? images[0] : static_cast<char*>(nullptr));
 }
 
 ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** images,
                                     ProUIPoint* positions) {
-    static Operation op("ProUIDrawingareaImagesDraw");
-    return op.Call(
+    return Op<"ProUIDrawingareaImagesDraw">.Call(
         [&] {
-            DrawingArea& found = RequireArea(dialog, area);
+            DrawingArea& found = Required<DrawingArea>(dialog, area);
             const std::vector<std::string> names = Names(count, images);
             Need(positions, "the positions");
             for (std::size_t i = 0; i < names.size(); ++i) {
@@ -77,9 +65,8 @@ ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** 
                 }
                 found.drawn.push_back({names[i], positions[i].x, positions[i].y});
             }
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog, "area", area, "count", count, "image",
+        ARG(dialog), ARG(area), ARG(count), "image",
         count > 0 && images ? images[0] : static_cast<char*>(nullptr), "x",
         positions ? positions->x : 0, "y", positions ? positions->y : 0);
 }

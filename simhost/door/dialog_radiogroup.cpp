@@ -1,58 +1,40 @@
 // Radio groups at the door.
 #include "hostapi/host.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/dialog_component.h"
 #include "simhost/ui/radiogroup.h"
 
 using namespace simhost;
 
-namespace {
-
-RadioGroup& RequireRadioGroup(const char* dialog, const char* component) {
-    Need(dialog, "the dialog's name");
-    Need(component, "the component's name");
-    const Dialog& owner = TheHost().dialogs.Require(dialog);
-    return RequireKind<RadioGroup>(owner.Require(component), owner.name());
-}
-
-}  // namespace
-
 ProError ProUIRadiogroupSelectednamesGet(char* dialog, char* component, int* count, char*** names) {
-    static Operation op("ProUIRadiogroupSelectednamesGet");
-    return op.Call(
+    return Op<"ProUIRadiogroupSelectednamesGet">.Call(
         [&] {
-            Need(count, "the place for the number");
             Need(names, "the place for the names");
-            RadioGroup& group = RequireRadioGroup(dialog, component);
+            RadioGroup& group = Required<RadioGroup>(dialog, component);
             *names = group.SelectedForCaller();
             *count = *names ? 1 : 0;
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog, "component", component, "count", Out(count));
+        ARG(dialog), ARG(component), OUT(count));
 }
 
 ProError ProUIRadiogroupSelectednamesSet(char* dialog, char* component, int count, char** names) {
-    static Operation op("ProUIRadiogroupSelectednamesSet");
-    return op.Call(
+    return Op<"ProUIRadiogroupSelectednamesSet">.Call(
         [&] {
-            RadioGroup& group = RequireRadioGroup(dialog, component);
+            RadioGroup& group = Required<RadioGroup>(dialog, component);
             if (count != 1) Complain(PRO_TK_BAD_INPUTS, "a radio group selects one name");
             Need(names, "the names");
             Need(names[0], "the name");
             if (!group.Select(Utf8(FromSystemCodePage(names[0])))) Refuse(PRO_TK_BAD_INPUTS);
-            return PRO_TK_NO_ERROR;
         },
-        "dialog", dialog, "component", component, "name",
+        ARG(dialog), ARG(component), "name",
         count == 1 && names ? names[0] : static_cast<char*>(nullptr));
 }
 
 ProError ProUIRadiogroupSelectActionSet(char* dialog, char* component, ProUIAction action,
                                         ProAppData data) {
-    static Operation op("ProUIRadiogroupSelectActionSet");
-    return op.Call(
+    return Op<"ProUIRadiogroupSelectActionSet">.Call(
         [&] {
-            RequireRadioGroup(dialog, component).selectAction = {action, data};
-            return PRO_TK_NO_ERROR;
+            Required<RadioGroup>(dialog, component).selectAction = {action, data};
         },
-        "dialog", dialog, "component", component, "action", action, "data", data);
+        ARG(dialog), ARG(component), ARG(action), ARG(data));
 }

@@ -2,26 +2,19 @@
 #include "hostapi/host/drawing.h"
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
 ProError ProDrawingSheetsCount(ProDrawing drawing, int* count) {
-    static Operation op("ProDrawingSheetsCount");
-    return op.Call(
-        [&] {
-            Need(count, "the place for the number");
-            *count = int(TheHost().session.RequireDrawing(drawing).sheets.sizes.size());
-            return PRO_TK_NO_ERROR;
-        },
-        "drawing", static_cast<ProMdl>(drawing), "count", Out(count));
+    return Op<"ProDrawingSheetsCount">.Call(
+        [&] { *count = int(TheHost().session.RequireDrawing(drawing).sheets.sizes.size()); },
+        ARG(drawing), OUT(count));
 }
 
 ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProMatrix transform) {
-    static Operation op("ProDrawingSheetTrfGet");
-    return op.Call(
+    return Op<"ProDrawingSheetTrfGet">.Call(
         [&] {
-            Need(size, "the place for the size");
             Need(transform, "the place for the transform");
             const auto& sizes = TheHost().session.RequireDrawing(drawing).sheets.sizes;
             if (sheet < 1 || std::size_t(sheet) > sizes.size()) Refuse(PRO_TK_E_NOT_FOUND);
@@ -31,7 +24,6 @@ ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProM
                     transform[row][column] = row == column ? 1 : 0;
                 }
             }
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "sheet", sheet, "size", Out(size));
+        ARG(drawing), ARG(sheet), OUT(size));
 }

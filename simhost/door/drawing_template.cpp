@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/drawing.h"
 #include "simhost/model/model_file.h"
 
@@ -80,10 +80,8 @@ void ShowInWindow(Model& model) {
 ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProModel* model,
                                    ProDwgcreateOptions options, ProDrawing* drawing,
                                    ProDwgcreateErrs* errors) {
-    static Operation op("ProDrawingFromTmpltCreate");
-    return op.Call(
+    return Op<"ProDrawingFromTmpltCreate">.Call(
         [&] {
-            Need(name, "the name");
             Need(drawingTemplate, "the template");
             Need(model, "the model");
             Need(drawing, "the place for the drawing");
@@ -106,7 +104,6 @@ ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProMod
             if (options & PRODWGCREATE_DISPLAY_DRAWING) ShowInWindow(made);
             *errors = nullptr;
             *drawing = static_cast<ProDrawing>(made.handle);
-            return PRO_TK_NO_ERROR;
         },
-        "name", name, "template", drawingTemplate, "options", options);
+        GIVEN(name), "template", drawingTemplate, ARG(options));
 }

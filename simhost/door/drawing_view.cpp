@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/drawing.h"
 #include "simhost/model/screen_view.h"
 
@@ -53,12 +53,10 @@ int AxisOf(const char* reference) {
 ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int sheet,
                                      ProBoolean exploded, Pro3dPnt position, double scale,
                                      ProMatrix orientation, ProView* view) {
-    static Operation op("ProDrawingGeneralviewCreate");
-    return op.Call(
+    return Op<"ProDrawingGeneralviewCreate">.Call(
         [&] {
             Need(position, "the position");
             Need(orientation, "the orientation");
-            Need(view, "the place for the view");
             Model& model = TheHost().session.RequireDrawing(drawing);
             Model& shown = TheHost().session.Require(solid);
             if (shown.type != PRO_MDL_PART && shown.type != PRO_MDL_ASSEMBLY) {
@@ -76,19 +74,15 @@ ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int she
             const Vec3 at = PlaceOf(position);
             *view = DrawingOf(model).AddGeneral(shown, sheet, at, scale, frame).handle;
             model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "solid", static_cast<ProMdl>(solid), "sheet",
-        sheet, "exploded", exploded, "scale", scale, "view", Out(view));
+        ARG(drawing), ARG(solid), ARG(sheet), ARG(exploded), ARG(scale), OUT(view));
 }
 
 ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent, ProBoolean exploded,
                                        Pro3dPnt position, ProView* view) {
-    static Operation op("ProDrawingProjectedviewCreate");
-    return op.Call(
+    return Op<"ProDrawingProjectedviewCreate">.Call(
         [&] {
             Need(position, "the position");
-            Need(view, "the place for the view");
             Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingView& from = RequireView(model, parent);
             if (exploded) Refuse(PRO_TK_CRE_VIEW_BAD_EXPLODE);
@@ -96,15 +90,12 @@ ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent, ProBo
             if (!made) Refuse(PRO_TK_CRE_VIEW_BAD_PARENT);
             *view = made->handle;
             model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "parent", parent, "exploded", exploded, "view",
-        Out(view));
+        ARG(drawing), ARG(parent), ARG(exploded), OUT(view));
 }
 
 ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt outline[2]) {
-    static Operation op("ProDrawingViewOutlineGet");
-    return op.Call(
+    return Op<"ProDrawingViewOutlineGet">.Call(
         [&] {
             Need(outline, "the place for the outline");
             Model& model = TheHost().session.RequireDrawing(drawing);
@@ -115,40 +106,33 @@ ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt out
                 outline[i][1] = corners[i].y;
                 outline[i][2] = 0;
             }
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view);
+        ARG(drawing), ARG(view));
 }
 
 ProError ProDrawingViewMove(ProDrawing drawing, ProView view, ProVector by) {
-    static Operation op("ProDrawingViewMove");
-    return op.Call(
+    return Op<"ProDrawingViewMove">.Call(
         [&] {
             Need(by, "the way");
             Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingOf(model).Move(RequireView(model, view), PlaceOf(by));
             model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view, "x", by ? by[0] : 0, "y",
-        by ? by[1] : 0);
+        ARG(drawing), ARG(view), "x", by ? by[0] : 0, "y", by ? by[1] : 0);
 }
 
 ProError ProDrawingViewRegenerate(ProDrawing drawing, ProView view) {
-    static Operation op("ProDrawingViewRegenerate");
-    return op.Call(
+    return Op<"ProDrawingViewRegenerate">.Call(
         [&] {
             Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingOf(model).Regenerate(RequireView(model, view));
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view);
+        ARG(drawing), ARG(view));
 }
 
 ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
                                   ProDrawingViewDisplay* display) {
-    static Operation op("ProDrawingViewDisplaySet");
-    return op.Call(
+    return Op<"ProDrawingViewDisplaySet">.Call(
         [&] {
             Need(display, "the display");
             Model& model = TheHost().session.RequireDrawing(drawing);
@@ -158,16 +142,13 @@ ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
             }
             RequireView(model, view).display = *display;
             model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view, "style",
-        display ? int(display->style) : -1);
+        ARG(drawing), ARG(view), "style", display ? int(display->style) : -1);
 }
 
 ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean toSheet,
                                     ProMatrix transform) {
-    static Operation op("ProDrawingViewTransformGet");
-    return op.Call(
+    return Op<"ProDrawingViewTransformGet">.Call(
         [&] {
             Need(transform, "the place for the transform");
             Model& model = TheHost().session.RequireDrawing(drawing);
@@ -181,13 +162,12 @@ ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean
             } else {
                 Invert(frame, scale, place, transform);
             }
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view, "toSheet", toSheet);
+        ARG(drawing), ARG(view), ARG(toSheet));
 }
 
 ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
-    static Operation op("ProDrawingViewsCollect");
+    Operation& op = Op<"ProDrawingViewsCollect">;
     return op.Call(
         [&] {
             Need(views, "the place for the views");
@@ -197,25 +177,20 @@ ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
             }
             if (handles.empty()) Refuse(PRO_TK_E_NOT_FOUND);
             *views = TheHost().arrays.Make(handles, op.name());
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing));
+        ARG(drawing));
 }
 
 ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view, char* reference,
                                                ProSelection axis, double angle) {
-    static Operation op("ProDrawingViewOrientationFromAngleSet");
-    return op.Call(
+    return Op<"ProDrawingViewOrientationFromAngleSet">.Call(
         [&] {
-            Need(reference, "the reference");
             Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingView& turned = RequireView(model, view);
             const int about = AxisOf(reference);
             if (about < 0 || axis || !turned.IsGeneral()) Refuse(PRO_TK_BAD_INPUTS);
             turned.orientation = Turned(turned.orientation, about, angle);
             model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "drawing", static_cast<ProMdl>(drawing), "view", view, "reference", reference, "axis", axis,
-        "angle", angle);
+        ARG(drawing), ARG(view), GIVEN(reference), ARG(axis), ARG(angle));
 }

@@ -3,7 +3,7 @@
 
 #include "hostapi/excel.h"
 
-#include "simhost/core/operation.h"
+#include "simhost/door/door.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 
 namespace simhost {
@@ -59,35 +59,29 @@ ExcelObject InvokeForObject(Operation& op, ExcelObject object, int member, Sheet
 using namespace simhost;
 
 ExcelObject ExcelCreate(const WideChar* programId) {
-    static Operation op("ExcelCreate");
     ExcelObject result = nullptr;
-    return op.CallOr(
+    return Op<"ExcelCreate">.CallOr(
         NoObject,
         [&] {
-            Need(programId, "the program id");
             result = TheSpreadsheets().Create(programId);
             return result;
         },
-        "programId", programId, "result", ObjectThen{&result});
+        GIVEN(programId), "result", ObjectThen{&result});
 }
 
 ExcelObject ExcelGet(ExcelObject object, int member, const ExcelArgument* arguments, int count) {
-    static Operation op("ExcelGet");
-    return InvokeForObject(op, object, member, SheetUse::Get, arguments, count);
+    return InvokeForObject(Op<"ExcelGet">, object, member, SheetUse::Get, arguments, count);
 }
 
 ExcelObject ExcelCall(ExcelObject object, int member, const ExcelArgument* arguments, int count) {
-    static Operation op("ExcelCall");
-    return InvokeForObject(op, object, member, SheetUse::Call, arguments, count);
+    return InvokeForObject(Op<"ExcelCall">, object, member, SheetUse::Call, arguments, count);
 }
 
 int ExcelPut(ExcelObject object, int member, const ExcelArgument* value) {
-    static Operation op("ExcelPut");
-    return op.Call(
+    return Op<"ExcelPut">.Call(
         [&] {
             Need(value, "the value");
             TheSpreadsheets().Invoke(object, member, SheetUse::Put, value, 1);
-            return 0;
         },
         "object", ObjectThen{&object}, "member", MemberOf{object, member}, "value",
         ArgumentList{value, value ? 1 : 0});
@@ -95,14 +89,12 @@ int ExcelPut(ExcelObject object, int member, const ExcelArgument* value) {
 
 int ExcelRead(ExcelObject object, int member, const ExcelArgument* arguments, int count,
               ExcelResult* result) {
-    static Operation op("ExcelRead");
-    return op.Call(
+    return Op<"ExcelRead">.Call(
         [&] {
             Need(result, "the place for the result");
             *result = {EXCEL_OTHER, {}, 0, 0};
             *result =
                 TheSpreadsheets().Invoke(object, member, SheetUse::Read, arguments, count).value;
-            return 0;
         },
         "object", ObjectThen{&object}, "member", MemberOf{object, member}, "arguments",
         ArgumentList{arguments, count});
@@ -110,16 +102,14 @@ int ExcelRead(ExcelObject object, int member, const ExcelArgument* arguments, in
 
 // A release cannot fail, whatever else does.
 void ExcelRelease(ExcelObject object) {
-    static Operation op("ExcelRelease");
     const std::string name = Operation::journalling ? TheSpreadsheets().Describe(object) : "";
-    op.CallOr(
+    Op<"ExcelRelease">.CallOr(
         [&](int) {
             TheSpreadsheets().Forget(object);
-            return 0;
+            return PRO_TK_NO_ERROR;
         },
         [&] {
             if (object) TheSpreadsheets().Release(object);
-            return 0;
         },
         "object", name.c_str());
 }

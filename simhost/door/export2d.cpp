@@ -4,7 +4,7 @@
 
 #include "simhost/picture/dxf.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/drawing.h"
 
 using namespace simhost;
@@ -26,10 +26,8 @@ WideText WholePath(const WideText& path) {
 }  // namespace
 
 ProError Pro2dExport(Pro2dExportType format, ProPath file, ProMdl drawing, Pro2dExportdata data) {
-    static Operation op("Pro2dExport");
-    return op.Call(
+    return Op<"Pro2dExport">.Call(
         [&] {
-            Need(file, "the file");
             Model& model = TheHost().session.Require(drawing);
             if (model.type != PRO_MDL_DRAWING) Refuse(PRO_TK_BAD_INPUTS);
             if (format != PRO_DWG_FILE && format != PRO_DXF_FILE) Refuse(PRO_TK_BAD_INPUTS);
@@ -39,7 +37,6 @@ ProError Pro2dExport(Pro2dExportType format, ProPath file, ProMdl drawing, Pro2d
             const auto real = TheHost().disk.Real(path);
             const std::string text = SheetDxf(model, DrawingOf(model).currentSheet);
             if (real.empty() || !WriteFile(real, text)) Refuse(PRO_TK_CANT_WRITE);
-            return PRO_TK_NO_ERROR;
         },
-        "format", format, "file", file, "drawing", drawing);
+        ARG(format), GIVEN(file), ARG(drawing));
 }

@@ -2,7 +2,7 @@
 #include "hostapi/host/family_table.h"
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -14,36 +14,29 @@ constexpr int kParameterColumn = 1;
 }  // namespace
 
 ProError ProFaminstanceGenericGet(ProMdl instance, ProBoolean immediate, ProMdl* generic) {
-    static Operation op("ProFaminstanceGenericGet");
-    return op.Call(
+    return Op<"ProFaminstanceGenericGet">.Call(
         [&] {
-            Need(generic, "the place for the generic");
             const Model* found = TheHost().session.Require(instance).family.generic;
             if (!found) Refuse(PRO_TK_E_NOT_FOUND);
             while (!immediate && found->family.generic) found = found->family.generic;
             *generic = found->handle;
-            return PRO_TK_NO_ERROR;
         },
-        "instance", instance, "immediate", immediate, "generic", Out(generic));
+        ARG(instance), ARG(immediate), OUT(generic));
 }
 
 ProError ProFamtableInit(ProMdl model, ProFamtable* table) {
-    static Operation op("ProFamtableInit");
-    return op.Call(
+    return Op<"ProFamtableInit">.Call(
         [&] {
             Need(table, "the place for the table");
             const Model& found = TheHost().session.RequireSolid(model);
             *table = {ProType(found.type), -1, found.handle};
-            return PRO_TK_NO_ERROR;
         },
-        "model", model);
+        ARG(model));
 }
 
 ProError ProParameterToFamtableItem(ProParameter* parameter, ProFamtableItem* item) {
-    static Operation op("ProParameterToFamtableItem");
-    return op.Call(
+    return Op<"ProParameterToFamtableItem">.Call(
         [&] {
-            Need(parameter, "the parameter");
             Need(item, "the place for the item");
             const Model& model = TheHost().session.Require(parameter->owner.owner);
             const Parameter* found = ShownParameter(model, parameter->id);
@@ -52,16 +45,13 @@ ProError ProParameterToFamtableItem(ProParameter* parameter, ProFamtableItem* it
             item->type = kParameterColumn;
             item->owner = parameter->owner;
             CopyCut(found->name, item->name, PRO_LINE_SIZE);
-            return PRO_TK_NO_ERROR;
         },
-        "parameter", parameter);
+        GIVEN(parameter));
 }
 
 ProError ProFamtableItemAdd(ProFamtable* table, ProFamtableItem* item) {
-    static Operation op("ProFamtableItemAdd");
-    return op.Call(
+    return Op<"ProFamtableItemAdd">.Call(
         [&] {
-            Need(table, "the table");
             Need(item, "the item");
             Model& generic = TheHost().session.RequireSolid(table->owner);
             if (item->type != kParameterColumn) {
@@ -71,7 +61,6 @@ ProError ProFamtableItemAdd(ProFamtable* table, ProFamtableItem* item) {
             if (generic.family.HasColumn(item->name)) Refuse(PRO_TK_E_FOUND);
             generic.family.columns.emplace_back(item->name);
             generic.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "table", table, "item", item ? item->name : nullptr);
+        GIVEN(table), "item", item ? item->name : nullptr);
 }

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "hostapi/host/component_path.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -49,21 +49,18 @@ Placement Inverse(const Placement& p) {
 }  // namespace
 
 ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
-    static Operation op("ProSurfaceDataGet");
-    return op.Call(
+    return Op<"ProSurfaceDataGet">.Call(
         [&] {
             Need(data, "the place for the data");
             Surface* found = TheHost().session.FindSurface(surface);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
             *data = Model::SurfaceData(*found);
-            return PRO_TK_NO_ERROR;
         },
-        "surface", surface);
+        ARG(surface));
 }
 
 ProError ProPntTrfEval(ProVector point, ProMatrix transform, ProVector result) {
-    static Operation op("ProPntTrfEval");
-    return op.Call([&] {
+    return Op<"ProPntTrfEval">.Call([&] {
         Need(point, "the point");
         Need(transform, "the transform");
         Need(result, "the place for the result");
@@ -75,13 +72,11 @@ ProError ProPntTrfEval(ProVector point, ProMatrix transform, ProVector result) {
             }
         }
         std::copy_n(sum, 3, result);
-        return PRO_TK_NO_ERROR;
     });
 }
 
 ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int count, ProAsmcomppath* path) {
-    static Operation op("ProAsmcomppathInit");
-    return op.Call(
+    return Op<"ProAsmcomppathInit">.Call(
         [&] {
             Need(ids, "the table of ids");
             Need(path, "the place for the path");
@@ -93,32 +88,26 @@ ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int count, ProAsm
             path->owner = assembly;
             std::copy_n(ids, count, path->comp_id_tab);
             path->table_num = count;
-            return PRO_TK_NO_ERROR;
         },
-        "assembly", assembly, "count", count);
+        ARG(assembly), ARG(count));
 }
 
 ProError ProAsmcomppathMdlGet(ProAsmcomppath* path, ProMdl* model) {
-    static Operation op("ProAsmcomppathMdlGet");
-    return op.Call(
+    return Op<"ProAsmcomppathMdlGet">.Call(
         [&] {
-            Need(model, "the place for the model");
             Placement ignored;
             *model = Follow(path, &ignored).handle;
-            return PRO_TK_NO_ERROR;
         },
-        "model", Out(model));
+        OUT(model));
 }
 
 ProError ProAsmcomppathTrfGet(ProAsmcomppath* path, ProBoolean bottomUp, ProMatrix transform) {
-    static Operation op("ProAsmcomppathTrfGet");
-    return op.Call(
+    return Op<"ProAsmcomppathTrfGet">.Call(
         [&] {
             Need(transform, "the place for the transform");
             Placement placement;
             Follow(path, &placement);
             Fill(bottomUp ? placement : Inverse(placement), transform);
-            return PRO_TK_NO_ERROR;
         },
-        "bottomUp", bottomUp);
+        ARG(bottomUp));
 }

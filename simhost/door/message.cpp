@@ -5,9 +5,8 @@
 #include <string>
 
 #include "hostapi/host.h"
-#include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -27,78 +26,62 @@ WideText Filled(WideChar* file, char* key, std::va_list arguments) {
 }  // namespace
 
 ProError ProMessageToBuffer(WideChar* buffer, WideChar* messageFile, char* key, ...) {
-    static Operation op("ProMessageToBuffer");
     std::va_list arguments;
     va_start(arguments, key);
-    const ProError status = op.Call(
-        [&] {
-            Need(buffer, "the buffer");
-            CopyCut(Filled(messageFile, key, arguments), buffer, PRO_LINE_SIZE);
-            return PRO_TK_NO_ERROR;
-        },
-        "buffer", Out(buffer), "messageFile", messageFile, "key", key);
+    const ProError status = Op<"ProMessageToBuffer">.Call(
+        [&] { CopyCut(Filled(messageFile, key, arguments), buffer, PRO_LINE_SIZE); }, OUT(buffer),
+        ARG(messageFile), ARG(key));
     va_end(arguments);
     return status;
 }
 
 ProError ProMessageDisplay(WideChar* messageFile, char* key, ...) {
-    static Operation op("ProMessageDisplay");
     std::va_list arguments;
     va_start(arguments, key);
-    const ProError status = op.Call(
-        [&] {
-            TheHost().messages.Display(Filled(messageFile, key, arguments));
-            return PRO_TK_NO_ERROR;
-        },
-        "messageFile", messageFile, "key", key);
+    const ProError status = Op<"ProMessageDisplay">.Call(
+        [&] { TheHost().messages.Display(Filled(messageFile, key, arguments)); }, ARG(messageFile),
+        ARG(key));
     va_end(arguments);
     return status;
 }
 
 ProError ProMessageStringRead(int size, WideChar* text) {
-    static Operation op("ProMessageStringRead");
-    return op.Call(
+    return Op<"ProMessageStringRead">.Call(
         [&] {
-            Need(text, "the buffer");
             if (size < 1) Refuse(PRO_TK_BAD_INPUTS);
             const auto answer = TheHost().messages.Read();
             if (!answer) Refuse(PRO_TK_MSG_USER_QUIT);
             CopyCut(*answer, text, static_cast<std::size_t>(size));
-            return PRO_TK_NO_ERROR;
         },
-        "size", size, "text", Out(text));
+        ARG(size), OUT(text));
 }
 
 WideChar* ProStringToWstring(WideChar* wide, char* narrow) {
-    static Operation op("ProStringToWstring");
-    return op.CallOr(
+    return Op<"ProStringToWstring">.CallOr(
         [&](int) {
             if (wide) *wide = 0;
             return static_cast<WideChar*>(nullptr);
         },
         [&] {
             Need(wide, "the buffer");
-            Need(narrow, "the text");
             const WideText text = FromSystemCodePage(narrow);
             std::copy_n(text.c_str(), text.size() + 1, wide);
             return wide;
         },
-        "narrow", narrow);
+        GIVEN(narrow));
 }
 
 char* ProWstringToString(char* narrow, WideChar* wide) {
-    static Operation op("ProWstringToString");
-    return op.CallOr(
+    return Op<"ProWstringToString">.CallOr(
         [&](int) {
             if (narrow) *narrow = 0;
             return static_cast<char*>(nullptr);
         },
         [&] {
             Need(narrow, "the buffer");
-            Need(wide, "the text");
             const std::string text = ToSystemCodePage(wide);
             std::copy_n(text.c_str(), text.size() + 1, narrow);
             return narrow;
         },
-        "wide", wide);
+        GIVEN(wide));
 }

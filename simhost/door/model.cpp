@@ -2,60 +2,39 @@
 #include "hostapi/host/model.h"
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/model_file.h"
 
 using namespace simhost;
 
 ProError ProMdlCurrentGet(ProMdl* model) {
-    static Operation op("ProMdlCurrentGet");
-    return op.Call(
+    return Op<"ProMdlCurrentGet">.Call(
         [&] {
-            Need(model, "the place for the model");
             const Model* current = TheHost().session.CurrentModel();
             if (!current) Refuse(PRO_TK_BAD_CONTEXT);
             *model = current->handle;
-            return PRO_TK_NO_ERROR;
         },
-        "model", Out(model));
+        OUT(model));
 }
 
 ProError ProMdlNameGet(ProMdl model, ProName name) {
-    static Operation op("ProMdlNameGet");
-    return op.Call(
-        [&] {
-            Need(name, "the place for the name");
-            CopyCut(TheHost().session.Require(model).name, name, PRO_NAME_SIZE);
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model, "name", Out(name));
+    return Op<"ProMdlNameGet">.Call(
+        [&] { CopyCut(TheHost().session.Require(model).name, name, PRO_NAME_SIZE); }, ARG(model),
+        OUT(name));
 }
 
 ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
-    static Operation op("ProMdlTypeGet");
-    return op.Call(
-        [&] {
-            Need(type, "the place for the type");
-            *type = TheHost().session.Require(model).type;
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model, "type", Out(type));
+    return Op<"ProMdlTypeGet">.Call([&] { *type = TheHost().session.Require(model).type; },
+                                    ARG(model), OUT(type));
 }
 
 ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype) {
-    static Operation op("ProMdlSubtypeGet");
-    return op.Call(
-        [&] {
-            Need(subtype, "the place for the subtype");
-            *subtype = TheHost().session.Require(model).subtype;
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model, "subtype", Out(subtype));
+    return Op<"ProMdlSubtypeGet">.Call([&] { *subtype = TheHost().session.Require(model).subtype; },
+                                       ARG(model), OUT(subtype));
 }
 
 ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
-    static Operation op("ProMdlDataGet");
-    return op.Call(
+    return Op<"ProMdlDataGet">.Call(
         [&] {
             Need(data, "the place for the data");
             const Model& found = TheHost().session.Require(model);
@@ -64,17 +43,13 @@ ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
             CopyCut(found.name, data->name, PRO_NAME_SIZE);
             CopyCut(Upper(Wide(SuffixOf(found.type))), data->type, PRO_TYPE_SIZE);
             data->version = found.version;
-            return PRO_TK_NO_ERROR;
         },
-        "model", model);
+        ARG(model));
 }
 
 ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
-    static Operation op("ProMdlRetrieve");
-    return op.Call(
+    return Op<"ProMdlRetrieve">.Call(
         [&] {
-            Need(name, "the name");
-            Need(model, "the place for the model");
             const std::string file = Utf8(Lower(WideView(name))) + '.' + SuffixOf(type);
             try {
                 const Model* found = TheHost().session.Retrieve(file);
@@ -83,57 +58,40 @@ ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
             } catch (const ModelFileError& error) {
                 Complain(PRO_TK_INVALID_FILE, error.what());
             }
-            return PRO_TK_NO_ERROR;
         },
-        "name", name, "type", type, "model", Out(model));
+        GIVEN(name), ARG(type), OUT(model));
 }
 
 ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable) {
-    static Operation op("ProMdlIsModifiable");
-    return op.Call(
-        [&] {
-            Need(modifiable, "the place for the answer");
-            *modifiable = TheHost().session.Require(model).readOnly ? PRO_B_FALSE : PRO_B_TRUE;
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model, "checkAll", checkAll, "modifiable", Out(modifiable));
+    return Op<"ProMdlIsModifiable">.Call(
+        [&] { *modifiable = TheHost().session.Require(model).readOnly ? PRO_B_FALSE : PRO_B_TRUE; },
+        ARG(model), ARG(checkAll), OUT(modifiable));
 }
 
 ProError ProMdlIsSkeleton(ProMdl model, ProBoolean* skeleton) {
-    static Operation op("ProMdlIsSkeleton");
-    return op.Call(
-        [&] {
-            Need(skeleton, "the place for the answer");
-            *skeleton = TheHost().session.Require(model).skeleton ? PRO_B_TRUE : PRO_B_FALSE;
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model, "skeleton", Out(skeleton));
+    return Op<"ProMdlIsSkeleton">.Call(
+        [&] { *skeleton = TheHost().session.Require(model).skeleton ? PRO_B_TRUE : PRO_B_FALSE; },
+        ARG(model), OUT(skeleton));
 }
 
 ProError ProMdlToModelitem(ProMdl model, ProModelitem* item) {
-    static Operation op("ProMdlToModelitem");
-    return op.Call(
+    return Op<"ProMdlToModelitem">.Call(
         [&] {
-            Need(item, "the place for the item");
             const Model& found = TheHost().session.Require(model);
             *item = {ProType(found.type), -1, found.handle};
-            return PRO_TK_NO_ERROR;
         },
-        "model", model, "item", Out(item));
+        ARG(model), OUT(item));
 }
 
 ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {
-    static Operation op("ProMfgAssemGet");
-    return op.Call(
+    return Op<"ProMfgAssemGet">.Call(
         [&] {
-            Need(assembly, "the place for the assembly");
             const Model& model = TheHost().session.Require(manufacturing);
             if (model.type != PRO_MDL_MFG) {
                 Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a manufacturing model");
             }
             if (!model.manufactured) Refuse(PRO_TK_E_NOT_FOUND);
             *assembly = static_cast<ProAssembly>(model.manufactured->handle);
-            return PRO_TK_NO_ERROR;
         },
-        "manufacturing", manufacturing, "assembly", Out(assembly));
+        ARG(manufacturing), OUT(assembly));
 }

@@ -1,18 +1,11 @@
 // Items of models at the door.
 #include "hostapi/host/modelitem.h"
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
 ProError ProModelitemMdlGet(ProModelitem* item, ProMdl* model) {
-    static Operation op("ProModelitemMdlGet");
-    return op.Call(
-        [&] {
-            Need(item, "the item");
-            Need(model, "the place for the model");
-            *model = TheHost().session.Require(item->owner).handle;
-            return PRO_TK_NO_ERROR;
-        },
-        "item", item, "model", Out(model));
+    return Op<"ProModelitemMdlGet">.Call(
+        [&] { *model = TheHost().session.Require(item->owner).handle; }, GIVEN(item), OUT(model));
 }

@@ -1,14 +1,13 @@
 // The size of solids at the door.
 #include "hostapi/host/outline.h"
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/projection.h"
 
 using namespace simhost;
 
 ProError ProSolidOutlineGet(ProSolid solid, Pro3dPnt outline[2]) {
-    static Operation op("ProSolidOutlineGet");
-    return op.Call(
+    return Op<"ProSolidOutlineGet">.Call(
         [&] {
             Need(outline, "the place for the outline");
             const Extents box = ExtentsIn(TheHost().session.RequireSolid(solid), Placement());
@@ -19,7 +18,6 @@ ProError ProSolidOutlineGet(ProSolid solid, Pro3dPnt outline[2]) {
                 outline[i][1] = corners[i].y;
                 outline[i][2] = corners[i].z;
             }
-            return PRO_TK_NO_ERROR;
         },
-        "solid", static_cast<ProMdl>(solid));
+        ARG(solid));
 }

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/parameters.h"
 
 using namespace simhost;
@@ -80,10 +80,8 @@ void Fill(ProParameter* parameter, const Model& model, WideView name) {
 
 ProError ProParameterCreate(ProModelitem* owner, ProName name, ProParamvalue* value,
                             ProParameter* parameter) {
-    static Operation op("ProParameterCreate");
-    return op.Call(
+    return Op<"ProParameterCreate">.Call(
         [&] {
-            Need(parameter, "the place for the parameter");
             Model& model = RequireOwner(owner);
             const WideText wanted = RequireName(name);
             RequireValue(value);
@@ -96,37 +94,26 @@ ProError ProParameterCreate(ProModelitem* owner, ProName name, ProParamvalue* va
             model.parameters.Set(made);
             model.modified = true;
             Fill(parameter, model, wanted);
-            return PRO_TK_NO_ERROR;
         },
-        "owner", owner, "name", name, "value", value, "parameter", Out(parameter));
+        ARG(owner), ARG(name), ARG(value), OUT(parameter));
 }
 
 ProError ProParameterInit(ProModelitem* owner, ProName name, ProParameter* parameter) {
-    static Operation op("ProParameterInit");
-    return op.Call(
+    return Op<"ProParameterInit">.Call(
         [&] {
-            Need(parameter, "the place for the parameter");
             const Named named{RequireOwner(owner), RequireName(name)};
             Fill(parameter, named.model, Wanted(named).name);
-            return PRO_TK_NO_ERROR;
         },
-        "owner", owner, "name", name, "parameter", Out(parameter));
+        ARG(owner), ARG(name), OUT(parameter));
 }
 
 ProError ProParameterValueGet(ProParameter* parameter, ProParamvalue* value) {
-    static Operation op("ProParameterValueGet");
-    return op.Call(
-        [&] {
-            Need(value, "the place for the value");
-            *value = ValueOf(Wanted(RequireParameter(parameter)));
-            return PRO_TK_NO_ERROR;
-        },
-        "parameter", parameter, "value", Out(value));
+    return Op<"ProParameterValueGet">.Call(
+        [&] { *value = ValueOf(Wanted(RequireParameter(parameter))); }, ARG(parameter), OUT(value));
 }
 
 ProError ProParameterValueSet(ProParameter* parameter, ProParamvalue* value) {
-    static Operation op("ProParameterValueSet");
-    return op.Call(
+    return Op<"ProParameterValueSet">.Call(
         [&] {
             const Named named = RequireParameter(parameter);
             RequireValue(value);
@@ -136,21 +123,18 @@ ProError ProParameterValueSet(ProParameter* parameter, ProParamvalue* value) {
             TakeValue(*value, &changed);
             named.model.parameters.Set(changed);
             named.model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "parameter", parameter, "value", value);
+        ARG(parameter), ARG(value));
 }
 
 ProError ProParameterDelete(ProParameter* parameter) {
-    static Operation op("ProParameterDelete");
-    return op.Call(
+    return Op<"ProParameterDelete">.Call(
         [&] {
             const Named named = RequireParameter(parameter);
             Wanted(named);
             if (WhyFixed(named.model, named.name)) Refuse(PRO_TK_GENERAL_ERROR);
             named.model.parameters.Remove(named.name);
             named.model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "parameter", parameter);
+        ARG(parameter));
 }

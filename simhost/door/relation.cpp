@@ -1,7 +1,7 @@
 // Relations at the door.
 #include "hostapi/host/relation.h"
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -31,33 +31,28 @@ Set RequireSet(const ProRelset* set) {
 }  // namespace
 
 ProError ProModelitemToRelset(ProModelitem* item, ProRelset* set) {
-    static Operation op("ProModelitemToRelset");
-    return op.Call(
+    return Op<"ProModelitemToRelset">.Call(
         [&] {
             Need(set, "the place for the relation set");
             const Model& model = RequireOwner(item);
             if (!model.relations.initial) Refuse(PRO_TK_E_NOT_FOUND);
             *set = {*item, 0};
-            return PRO_TK_NO_ERROR;
         },
-        "item", item);
+        ARG(item));
 }
 
 ProError ProRelsetPostregenerationInit(ProMdl model, ProRelset* set) {
-    static Operation op("ProRelsetPostregenerationInit");
-    return op.Call(
+    return Op<"ProRelsetPostregenerationInit">.Call(
         [&] {
             Need(set, "the place for the relation set");
             const Model& found = TheHost().session.RequireSolid(model);
             *set = {{ProType(found.type), -1, found.handle}, 1};
-            return PRO_TK_NO_ERROR;
         },
-        "model", model);
+        ARG(model));
 }
 
 ProError ProRelsetCreate(ProModelitem* item, ProRelset* set) {
-    static Operation op("ProRelsetCreate");
-    return op.Call(
+    return Op<"ProRelsetCreate">.Call(
         [&] {
             Need(set, "the place for the relation set");
             Model& model = RequireOwner(item);
@@ -65,14 +60,12 @@ ProError ProRelsetCreate(ProModelitem* item, ProRelset* set) {
             model.relations.initial.emplace();
             model.modified = true;
             *set = {*item, 0};
-            return PRO_TK_NO_ERROR;
         },
-        "item", item);
+        ARG(item));
 }
 
 ProError ProRelsetRelationsGet(ProRelset* set, WideChar*** lines) {
-    static Operation op("ProRelsetRelationsGet");
-    return op.Call(
+    return Op<"ProRelsetRelationsGet">.Call(
         [&] {
             Need(lines, "the place of the array");
             const Set found = RequireSet(set);
@@ -83,14 +76,12 @@ ProError ProRelsetRelationsGet(ProRelset* set, WideChar*** lines) {
                 host.arrays.Insert(&array, -1, 1, &text);
             }
             *lines = static_cast<WideChar**>(array);
-            return PRO_TK_NO_ERROR;
         },
         "owner", set ? set->owner.owner : nullptr);
 }
 
 ProError ProRelsetRelationsSet(ProRelset* set, WideChar** lines, int count) {
-    static Operation op("ProRelsetRelationsSet");
-    return op.Call(
+    return Op<"ProRelsetRelationsSet">.Call(
         [&] {
             const Set found = RequireSet(set);
             if (count < 0) Complain(PRO_TK_BAD_INPUTS, "a negative number of relations");
@@ -104,7 +95,6 @@ ProError ProRelsetRelationsSet(ProRelset* set, WideChar** lines, int count) {
             }
             found.lines = std::move(texts);
             found.model.modified = true;
-            return PRO_TK_NO_ERROR;
         },
-        "owner", set ? set->owner.owner : nullptr, "count", count);
+        "owner", set ? set->owner.owner : nullptr, ARG(count));
 }

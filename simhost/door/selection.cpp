@@ -1,12 +1,12 @@
 // Selections at the door.
 #include "hostapi/host/selection.h"
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
 ProError ProSelbufferSelectionsGet(ProSelection** selections) {
-    static Operation op("ProSelbufferSelectionsGet");
+    Operation& op = Op<"ProSelbufferSelectionsGet">;
     return op.Call([&] {
         Need(selections, "the place for the selections");
         Host& host = TheHost();
@@ -14,19 +14,15 @@ ProError ProSelbufferSelectionsGet(ProSelection** selections) {
         std::vector<ProSelection> handles;
         for (const Selection* one : host.session.buffer) handles.push_back(one->handle);
         *selections = host.arrays.Make(handles, op.name());
-        return PRO_TK_NO_ERROR;
     });
 }
 
 ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem* item) {
-    static Operation op("ProSelectionModelitemGet");
-    return op.Call(
+    return Op<"ProSelectionModelitemGet">.Call(
         [&] {
-            Need(item, "the place for the item");
             const Selection* found = TheHost().session.FindSelection(selection);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a live selection");
             *item = found->item;
-            return PRO_TK_NO_ERROR;
         },
-        "selection", selection, "item", Out(item));
+        ARG(selection), OUT(item));
 }

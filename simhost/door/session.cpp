@@ -5,39 +5,29 @@
 
 #include "hostapi/host/window.h"
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
 ProError ProModeCurrentGet(ProMode* mode) {
-    static Operation op("ProModeCurrentGet");
-    return op.Call(
+    return Op<"ProModeCurrentGet">.Call(
         [&] {
-            Need(mode, "the place for the mode");
             const ProMode current = TheHost().session.Mode();
             if (current == PRO_MODE_UNKNOWN) Refuse(PRO_TK_BAD_CONTEXT);
             *mode = current;
-            return PRO_TK_NO_ERROR;
         },
-        "mode", Out(mode));
+        OUT(mode));
 }
 
 ProError ProDirectoryCurrentGet(ProPath directory) {
-    static Operation op("ProDirectoryCurrentGet");
-    return op.Call(
-        [&] {
-            Need(directory, "the place for the folder");
-            CopyCut(TheHost().session.workingDirectory + WIDE("\\"), directory, PRO_PATH_SIZE);
-            return PRO_TK_NO_ERROR;
-        },
-        "directory", Out(directory));
+    return Op<"ProDirectoryCurrentGet">.Call(
+        [&] { CopyCut(TheHost().session.workingDirectory + WIDE("\\"), directory, PRO_PATH_SIZE); },
+        OUT(directory));
 }
 
 ProError ProDirectoryChange(ProPath directory) {
-    static Operation op("ProDirectoryChange");
-    return op.Call(
+    return Op<"ProDirectoryChange">.Call(
         [&] {
-            Need(directory, "the folder");
             WideText folder = directory;
             if (folder.empty()) Complain(PRO_TK_BAD_INPUTS, "the folder has no name");
             if (folder.size() >= PRO_PATH_SIZE) {
@@ -52,51 +42,30 @@ ProError ProDirectoryChange(ProPath directory) {
                 Refuse(PRO_TK_INVALID_DIR);
             }
             TheHost().session.workingDirectory = folder;
-            return PRO_TK_NO_ERROR;
         },
-        "directory", directory);
+        GIVEN(directory));
 }
 
 ProError ProToolkitApplTextPathGet(ProPath directory) {
-    static Operation op("ProToolkitApplTextPathGet");
-    return op.Call(
-        [&] {
-            Need(directory, "the place for the folder");
-            CopyCut(TheHost().textFolder, directory, PRO_PATH_SIZE);
-            return PRO_TK_NO_ERROR;
-        },
-        "directory", Out(directory));
+    return Op<"ProToolkitApplTextPathGet">.Call(
+        [&] { CopyCut(TheHost().textFolder, directory, PRO_PATH_SIZE); }, OUT(directory));
 }
 
 ProError ProNotificationSet(ProNotifyType type, ProFunction handler) {
-    static Operation op("ProNotificationSet");
-    return op.Call(
-        [&] {
-            TheHost().commands.SetNotification(type, handler);
-            return PRO_TK_NO_ERROR;
-        },
-        "type", type);
+    return Op<"ProNotificationSet">.Call([&] { TheHost().commands.SetNotification(type, handler); },
+                                         ARG(type));
 }
 
 ProError ProMacroLoad(WideChar* macro) {
-    static Operation op("ProMacroLoad");
-    return op.Call(
-        [&] {
-            Need(macro, "the macro");
-            TheHost().macros.emplace_back(macro);
-            return PRO_TK_NO_ERROR;
-        },
-        "macro", macro);
+    return Op<"ProMacroLoad">.Call([&] { TheHost().macros.emplace_back(macro); }, GIVEN(macro));
 }
 
 ProError ProWindowRepaint(int window) {
-    static Operation op("ProWindowRepaint");
-    return op.Call(
+    return Op<"ProWindowRepaint">.Call(
         [&] {
             Window* found = TheHost().session.FindWindow(window);
             if (!found) Refuse(PRO_TK_BAD_INPUTS);
             ++found->repaints;
-            return PRO_TK_NO_ERROR;
         },
-        "window", window);
+        ARG(window));
 }

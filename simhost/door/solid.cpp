@@ -1,7 +1,7 @@
 // Visits to features and surfaces at the door.
 #include "hostapi/host/solid.h"
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 
 using namespace simhost;
 
@@ -27,8 +27,7 @@ ProError VisitOne(Filter&& filter, Action&& action, bool* goOn, bool* any) {
 
 ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
                            ProFeatureFilterAction filter, ProAppData data) {
-    static Operation op("ProSolidFeatVisit");
-    return op.Call(
+    return Op<"ProSolidFeatVisit">.Call(
         [&] {
             if (!action) Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
             Model& model = TheHost().session.RequireSolid(solid);
@@ -44,13 +43,12 @@ ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
             }
             return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
         },
-        "solid", solid);
+        ARG(solid));
 }
 
 ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
                               ProSurfaceFilterAction filter, ProAppData data) {
-    static Operation op("ProSolidSurfaceVisit");
-    return op.Call(
+    return Op<"ProSolidSurfaceVisit">.Call(
         [&] {
             if (!action) Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
             Model& model = TheHost().session.RequireSolid(part);
@@ -65,21 +63,18 @@ ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
             }
             return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
         },
-        "part", part);
+        ARG(part));
 }
 
 ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item) {
-    static Operation op("ProSurfaceToGeomitem");
-    return op.Call(
+    return Op<"ProSurfaceToGeomitem">.Call(
         [&] {
-            Need(item, "the place for the item");
             const Model& model = TheHost().session.RequireSolid(part);
             const Surface* found = TheHost().session.FindSurface(surface);
             if (!found || found->part != &model) {
                 Complain(PRO_TK_BAD_INPUTS, "not a surface of " + model.FileName());
             }
             *item = {PRO_SURFACE, found->id, model.handle};
-            return PRO_TK_NO_ERROR;
         },
-        "part", part, "surface", surface, "item", Out(item));
+        ARG(part), ARG(surface), OUT(item));
 }

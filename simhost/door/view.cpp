@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/screen_view.h"
 
 using namespace simhost;
@@ -27,19 +27,16 @@ void Copy(const ProMatrix from, ProMatrix to) {
 }  // namespace
 
 ProError ProViewMatrixGet(ProMdl model, ProView view, ProMatrix transform) {
-    static Operation op("ProViewMatrixGet");
-    return op.Call(
+    return Op<"ProViewMatrixGet">.Call(
         [&] {
             Need(transform, "the place for the transform");
             Copy(ScreenOf(RequireShown(model, view)).matrix, transform);
-            return PRO_TK_NO_ERROR;
         },
-        "model", model, "view", view);
+        ARG(model), ARG(view));
 }
 
 ProError ProViewMatrixSet(ProMdl model, ProView view, ProMatrix transform) {
-    static Operation op("ProViewMatrixSet");
-    return op.Call(
+    return Op<"ProViewMatrixSet">.Call(
         [&] {
             Need(transform, "the transform");
             Model& shown = RequireShown(model, view);
@@ -47,14 +44,12 @@ ProError ProViewMatrixSet(ProMdl model, ProView view, ProMatrix transform) {
             double scale = 0;
             if (!FrameOf(transform, &frame, &scale)) Refuse(PRO_TK_INVALID_MATRIX);
             Copy(transform, ScreenOf(shown).matrix);
-            return PRO_TK_NO_ERROR;
         },
-        "model", model, "view", view);
+        ARG(model), ARG(view));
 }
 
 ProError ProViewRotate(ProMdl model, ProView view, ProViewRotationAxis axis, double angle) {
-    static Operation op("ProViewRotate");
-    return op.Call(
+    return Op<"ProViewRotate">.Call(
         [&] {
             if (axis < PRO_VIEW_ROTATE_X || axis > PRO_VIEW_ROTATE_Z) {
                 Complain(PRO_TK_BAD_INPUTS, "not an axis of the screen");
@@ -66,7 +61,6 @@ ProError ProViewRotate(ProMdl model, ProView view, ProViewRotationAxis axis, dou
             FrameOf(matrix, &frame, &scale);
             SetMatrix(Turned(frame, int(axis) - int(PRO_VIEW_ROTATE_X), angle), scale, place,
                       matrix);
-            return PRO_TK_NO_ERROR;
         },
-        "model", model, "view", view, "axis", axis, "angle", angle);
+        ARG(model), ARG(view), ARG(axis), ARG(angle));
 }

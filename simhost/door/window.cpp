@@ -2,7 +2,7 @@
 #include "hostapi/host/window.h"
 
 #include "simhost/core/text.h"
-#include "simhost/host.h"
+#include "simhost/door/door.h"
 #include "simhost/model/model_file.h"
 
 using namespace simhost;
@@ -27,11 +27,8 @@ Window& WindowOf(ProMdl handle) {
 }  // namespace
 
 ProError ProObjectwindowCreate(ProName name, ProType type, int* window) {
-    static Operation op("ProObjectwindowCreate");
-    return op.Call(
+    return Op<"ProObjectwindowCreate">.Call(
         [&] {
-            Need(name, "the name");
-            Need(window, "the place for the window's id");
             Session& session = TheHost().session;
             const std::string file = Utf8(Lower(WideView(name))) + '.' + SuffixOf(ProMdlType(type));
             Model* model = nullptr;
@@ -44,36 +41,27 @@ ProError ProObjectwindowCreate(ProName name, ProType type, int* window) {
             Window* current = session.current;
             *window = session.Open(*model).id;
             if (current) session.current = current;
-            return PRO_TK_NO_ERROR;
         },
-        "name", name, "type", type, "window", Out(window));
+        GIVEN(name), ARG(type), OUT(window));
 }
 
 ProError ProWindowCurrentSet(int window) {
-    static Operation op("ProWindowCurrentSet");
-    return op.Call(
-        [&] {
-            TheHost().session.current = &RequireWindow(window);
-            return PRO_TK_NO_ERROR;
-        },
-        "window", window);
+    return Op<"ProWindowCurrentSet">.Call(
+        [&] { TheHost().session.current = &RequireWindow(window); }, ARG(window));
 }
 
 ProError ProWindowActivate(int window) {
-    static Operation op("ProWindowActivate");
-    return op.Call(
+    return Op<"ProWindowActivate">.Call(
         [&] {
             Window& activated = RequireWindow(window);
             TheHost().session.current = &activated;
             ++activated.repaints;
-            return PRO_TK_NO_ERROR;
         },
-        "window", window);
+        ARG(window));
 }
 
 ProError ProMdlDisplay(ProMdl model) {
-    static Operation op("ProMdlDisplay");
-    return op.Call(
+    return Op<"ProMdlDisplay">.Call(
         [&] {
             Session& session = TheHost().session;
             Model& shown = session.Require(model);
@@ -83,18 +71,11 @@ ProError ProMdlDisplay(ProMdl model) {
                 session.Open(shown);
             }
             ++session.current->repaints;
-            return PRO_TK_NO_ERROR;
         },
-        "model", model);
+        ARG(model));
 }
 
 ProError ProMdlWindowGet(ProMdl model, int* window) {
-    static Operation op("ProMdlWindowGet");
-    return op.Call(
-        [&] {
-            Need(window, "the place for the window's id");
-            *window = WindowOf(model).id;
-            return PRO_TK_NO_ERROR;
-        },
-        "model", model, "window", Out(window));
+    return Op<"ProMdlWindowGet">.Call([&] { *window = WindowOf(model).id; }, ARG(model),
+                                      OUT(window));
 }

@@ -1,0 +1,23 @@
+// What every file of the door includes, and the form of an operation: what it does, then the names
+// and values of its arguments for the journal.
+//
+//     ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
+//         return Op<"ProMdlTypeGet">.Call(
+//             [&] { *type = TheHost().session.Require(model).type; }, ARG(model), OUT(type));
+//     }
+//
+// A body without a result means success; Refuse and Complain end it earlier. A null handle, a
+// zeroed record and a model of the wrong kind are refused quietly, as a host does; a dangling
+// handle, garbage, and a null place or text are complaints.
+#pragma once
+
+#include "simhost/core/operation.h"
+#include "simhost/door/describe.h"
+#include "simhost/host.h"
+
+// Windows' headers have an empty macro of this name.
+#undef OUT
+
+#define ARG(argument) #argument, argument                        // any value
+#define GIVEN(argument) #argument, ::simhost::Given(argument)    // must not be null
+#define OUT(argument) #argument, ::simhost::NeededOut(argument)  // a place for a result, not null

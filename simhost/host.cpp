@@ -1,6 +1,8 @@
 // The one simulated host of the process.
 #include "simhost/host.h"
 
+#include "simhost/core/text.h"
+
 namespace simhost {
 
 namespace {
@@ -23,6 +25,14 @@ void RestartHost() {
     Operation::ResetCounts();
     Operation::journalling = false;
     Instance().reset();
+}
+
+Host::Host() {
+    session.tell = [this](const std::string& line) { Tell(line); };
+}
+
+void Host::Tell(const std::string& line) {
+    shown.push_back({Shown::Kind::Message, Wide(line), {}});
 }
 
 void Host::Complain(const std::string& what) {

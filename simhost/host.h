@@ -21,6 +21,8 @@ namespace simhost {
 
 class Host {
 public:
+    Host();
+
     Disk disk;
     ArrayLedger arrays;
     Journal journal;
@@ -38,6 +40,7 @@ public:
     std::vector<Shown> shown;
     std::vector<std::string> complaints;
     void Complain(const std::string& what);
+    void Tell(const std::string& line);  // a line to the user, of the host's own
 
     // Shows a box to the user and notes it. Used by whoever plays MessageBoxW.
     int ShowBox(const Box& box);

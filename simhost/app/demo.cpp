@@ -16,6 +16,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/model_file.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 
@@ -116,7 +117,13 @@ private:
         Title("Results");
         Host& host = TheHost();
         for (Model* model : host.session.All()) {
-            if (model->modified) host.session.Save(*model);
+            if (!model->modified) continue;
+            try {
+                host.session.Save(*model);
+            } catch (const ModelFileError& error) {
+                failed_ = true;
+                print_(error.what());
+            }
         }
         const fs::path picture = out_ / "gearbox.svg";
         const std::string wrong = SavePicture(picture.string());

@@ -199,11 +199,7 @@ Drawing& DrawingOf(Model& model) {
 Model* ModelOf(const DrawingView& view) {
     Session& session = TheHost().session;
     if (Model* model = session.Find(view.model)) return model;
-    try {
-        return session.Retrieve(view.file);
-    } catch (const ModelFileError&) {
-        return nullptr;
-    }
+    return session.RetrieveOrTell(view.file);
 }
 
 DrawingView* FindView(const void* handle) {

@@ -9,6 +9,7 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/model/model_file.h"
+#include "simhost/model/model_tree.h"
 #include "simhost/model/session.h"
 
 namespace simhost {
@@ -104,6 +105,7 @@ public:
             waiting_.pop_back();
             Complete(*model);
         }
+        if (!filled_.empty()) CheckTree(*top);
         return top;
     }
 

@@ -1,6 +1,7 @@
 // The one simulated host of the process.
 #include "simhost/host.h"
 
+#include "simhost/core/text.h"
 #include "simhost/windows/windows.h"
 
 namespace simhost {
@@ -23,6 +24,7 @@ Host& TheHost() {
 Host::Host() {
     ServeHost(&forWindows_);
     Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
+    session.tell = [this](const std::string& line) { Tell(line); };
 }
 
 Host::~Host() {
@@ -36,6 +38,10 @@ void RestartHost() {
     Operation::journalling = false;
     Instance().reset();
     TheHost();  // serves Windows and hears the complaints of operations from now on
+}
+
+void Host::Tell(const std::string& line) {
+    shown.push_back({Shown::Kind::Message, Wide(line), {}});
 }
 
 }  // namespace simhost

@@ -45,6 +45,7 @@ public:
     std::vector<WideText>& macros = commands.macros;
     void Complain(const std::string& what) { desk.Complain(what); }
     int ShowBox(const Box& box) { return desk.ShowBox(box); }
+    void Tell(const std::string& line);  // a line to the user, of the host's own
 
 private:
     HostSide forWindows_{desk, disk, session.workingDirectory};

@@ -1,8 +1,11 @@
 // Setting up a workplace on a folder that plays drive C.
 #include "simhost/app/workplace.h"
 
+#include <algorithm>
 #include <atomic>
+#include <iostream>
 #include <stdexcept>
+#include <vector>
 
 #include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
@@ -55,11 +58,55 @@ fs::path TemporaryFolder() {
     return folder;
 }
 
-// Copies what is not there yet.
-void CopyFolder(const fs::path& from, const fs::path& to) {
+void TellOnStandardError(const std::string& line) {
+    std::cerr << "simhost: " << line << '\n';
+}
+
+// Copies what is not there yet, entry by entry, so that a bad one does not stop the others.
+class Copier {
+public:
+    explicit Copier(const std::function<void(const std::string&)>& tell) : tell_(tell) {}
+
+    void Folder(const fs::path& from, const fs::path& to) {
+        std::error_code error;
+        const fs::path place = fs::canonical(from, error);
+        // A link may lead back to a folder around it.
+        if (std::find(around_.begin(), around_.end(), place) != around_.end()) {
+            return PassOver(from, "it leads back to a folder around it");
+        }
+        around_.push_back(place);
+        if (!error) fs::create_directories(to, error);
+        fs::directory_iterator entry;
+        if (!error) entry = fs::directory_iterator(from, error);
+        for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+            Entry(entry->path(), to / entry->path().filename());
+        }
+        if (error) PassOver(from, error.message());
+        around_.pop_back();
+    }
+
+private:
+    void Entry(const fs::path& from, const fs::path& to) {
+        std::error_code error;
+        const fs::file_status status = fs::status(from, error);
+        if (fs::is_directory(status)) return Folder(from, to);
+        if (!fs::exists(status)) return PassOver(from, "it is a link that leads nowhere");
+        if (!fs::is_regular_file(status)) return PassOver(from, "it is no file");
+        fs::copy_file(from, to, fs::copy_options::skip_existing, error);
+        if (error) PassOver(from, error.message());
+    }
+
+    void PassOver(const fs::path& path, const std::string& why) {
+        (tell_ ? tell_ : TellOnStandardError)("not copied: " + path.string() + ": " + why);
+    }
+
+    const std::function<void(const std::string&)>& tell_;
+    std::vector<fs::path> around_;
+};
+
+void CopyFolder(const fs::path& from, const fs::path& to, const WorkplaceOptions& options) {
     if (!fs::is_directory(from)) throw std::runtime_error("no folder " + from.string());
-    fs::create_directories(to);
-    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::skip_existing);
+    Copier(options.tell).Folder(from, to);
 }
 
 }  // namespace
@@ -82,12 +129,12 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     for (const char* folder : the_plugin::kInstalledFolders) {
         const fs::path from = options_.installed / folder;
         if (!fs::is_directory(from)) continue;
-        CopyFolder(from, Real(options_.moduleFolder) / folder);
-        CopyFolder(from, Real(options_.textFolder) / folder);
+        CopyFolder(from, Real(options_.moduleFolder) / folder, options_);
+        CopyFolder(from, Real(options_.textFolder) / folder, options_);
     }
     const fs::path work = Real(options_.workingDirectory);
     fs::create_directories(work);
-    if (!options_.project.empty()) CopyFolder(options_.project, work);
+    if (!options_.project.empty()) CopyFolder(options_.project, work, options_);
     if (!options_.newUser) MarkFirstRunSeen();
     host.textFolder = options_.textFolder;
     host.session.workingDirectory = options_.workingDirectory;

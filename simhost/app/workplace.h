@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,12 +25,16 @@ struct WorkplaceOptions {
     WideText textFolder = WideText(the_plugin::kFolder);
     WideText workingDirectory = WIDE("C:\\Work");
     bool newUser = false;  // true: the first-run notice has not been shown yet
+    // Where a line goes about each entry of a folder that cannot be copied; without it, to the
+    // process's standard error.
+    std::function<void(const std::string& line)> tell;
 };
 
 class Workplace {
 public:
     // Starts the host afresh, copies the installed files and the project onto the drive. Files that
-    // are there already stay, so that a drive can be used again.
+    // are there already stay, so that a drive can be used again. What cannot be copied (a link that
+    // leads nowhere, a pipe) is told and passed over.
     // Throws std::runtime_error.
     explicit Workplace(WorkplaceOptions options);
     ~Workplace();  // removes a temporary drive

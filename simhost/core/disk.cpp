@@ -2,15 +2,21 @@
 // drive C, and stays quick when a folder holds tens of thousands of files.
 #include "simhost/core/disk.h"
 
+#include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <fstream>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <unordered_map>
 #include <vector>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <process.h>
+#else
 #include <dirent.h>
+#include <unistd.h>
 #endif
 
 #include "simhost/core/text.h"
@@ -167,14 +173,72 @@ std::string ReadFile(const fs::path& path, bool* found) {
     std::string bytes(static_cast<std::size_t>(size), '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     bytes.resize(static_cast<std::size_t>(file.gcount()));
+    if (found) *found = !file.bad();
     return bytes;
 }
 
-bool WriteFile(const fs::path& path, std::string_view bytes) {
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    return !file.fail();
+namespace {
+
+#ifdef _WIN32
+std::FILE* OpenToWrite(const fs::path& path) {
+    return _wfopen(path.c_str(), L"wb");
+}
+int ProcessId() {
+    return _getpid();
+}
+bool MayWrite(const fs::path&) {
+    return true;  // a read-only file keeps its name, too
+}
+#else
+std::FILE* OpenToWrite(const fs::path& path) {
+    return std::fopen(path.c_str(), "wb");
+}
+int ProcessId() {
+    return int(getpid());
+}
+bool MayWrite(const fs::path& path) {
+    return access(path.c_str(), W_OK) == 0;
+}
+#endif
+
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
+
+std::error_code Put(const fs::path& path, std::string_view bytes) {
+    std::FILE* file = OpenToWrite(path);
+    if (!file) return LastError();
+    std::error_code error;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size()) error = LastError();
+    if (std::fclose(file) != 0 && !error) error = LastError();
+    return error;
+}
+
+// A name that no reader takes for a file of its own. What a killed process leaves under it is
+// written over by the next one of its number.
+std::error_code PutBesideAndRename(const fs::path& path, std::string_view bytes) {
+    std::error_code error, ignored;
+    const fs::path place = fs::is_symlink(path, ignored) ? fs::weakly_canonical(path, error) : path;
+    if (error) return error;
+    const fs::file_status there = fs::status(place, ignored);
+    if (fs::exists(there)) {
+        if (!fs::is_regular_file(there)) return Put(place, bytes);
+        if (!MayWrite(place)) return LastError();
+    }
+    const fs::path beside = place.parent_path() / (".saving-" + std::to_string(ProcessId()));
+    error = Put(beside, bytes);
+    if (!error && fs::exists(there)) fs::permissions(beside, there.permissions(), ignored);
+    if (!error) fs::rename(beside, place, error);
+    if (error) fs::remove(beside, ignored);
+    return error;
+}
+
+}  // namespace
+
+bool WriteFile(const fs::path& path, std::string_view bytes, std::string* reason) {
+    const std::error_code error = PutBesideAndRename(path, bytes);
+    if (error && reason) *reason = error.message();
+    return !error;
 }
 
 }  // namespace simhost

@@ -26,9 +26,13 @@ private:
     std::filesystem::path root_;
 };
 
-// The whole file, or empty with *found false.
+// The whole file, or empty with *found false: it is not there, no file, or cannot be read.
 std::string ReadFile(const std::filesystem::path& path, bool* found = nullptr);
-// False if it could not be written.
-bool WriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+// Writes the file whole or leaves what was there: the bytes go into a file beside it, which then
+// takes its name. A link stays and what it leads to is written; what is no file (a device) is
+// written straight. False if it could not be done, with the reason in the system's words.
+bool WriteFile(const std::filesystem::path& path, std::string_view bytes,
+               std::string* reason = nullptr);
 
 }  // namespace simhost

@@ -48,7 +48,8 @@ fs::path NewestFile(const std::string& fileName) {
 void ReadTemplate(const fs::path& path, Model* model) {
     try {
         ReadModelText(ReadFile(path), FileNameOf(path), model);
-    } catch (const ModelFileError&) {
+    } catch (const ModelFileError& error) {
+        TheHost().Tell(error.what());
         Refuse(PRO_TK_DWGCREATE_ERRORS);
     }
     if (model->type != PRO_MDL_DRAWING || model->sheets.sizes.empty()) {

@@ -56,7 +56,8 @@ ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
                 if (!found) Refuse(PRO_TK_E_NOT_FOUND);
                 *model = found->handle;
             } catch (const ModelFileError& error) {
-                Complain(PRO_TK_INVALID_FILE, error.what());
+                TheHost().Tell(error.what());
+                Refuse(PRO_TK_INVALID_FILE);
             }
         },
         GIVEN(name), ARG(type), OUT(model));

@@ -35,7 +35,8 @@ ProError ProObjectwindowCreate(ProName name, ProType type, int* window) {
             try {
                 model = session.Retrieve(file);
             } catch (const ModelFileError& error) {
-                Complain(PRO_TK_INVALID_FILE, error.what());
+                TheHost().Tell(error.what());
+                Refuse(PRO_TK_INVALID_FILE);
             }
             if (!model) Refuse(PRO_TK_E_NOT_FOUND);
             Window* current = session.current;

@@ -200,11 +200,7 @@ Model* ModelOf(const DrawingView& view) {
     Session* session = view.drawing->session;
     if (!session) return nullptr;
     if (Model* model = session->Find(view.model)) return model;
-    try {
-        return session->Retrieve(view.file);
-    } catch (const ModelFileError&) {
-        return nullptr;
-    }
+    return session->RetrieveOrTell(view.file);
 }
 
 DrawingView* FindView(const void* handle) {

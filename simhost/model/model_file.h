@@ -8,7 +8,7 @@
 
 namespace simhost {
 
-// What is wrong with a file, with its name and line.
+// What is wrong with a file, with its name and line, or why it cannot be written.
 struct ModelFileError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };

@@ -4,11 +4,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/model/model_file.h"
 
 namespace simhost {
 
@@ -110,152 +108,6 @@ void Session::Erase(Model& model) {
     models_.Drop(model.handle);
     byFile_.erase(model.FileName());
     std::erase_if(owned_, [&](const auto& one) { return one.get() == &model; });
-}
-
-// --- Disk ---
-
-namespace {
-
-// The number behind "gearbox.asm." in a versioned file name; 0 for any other name.
-int VersionOf(const std::string& name, const std::string& fileName) {
-    if (name.size() <= fileName.size() + 1 || name[fileName.size()] != '.' ||
-        Lower(name.substr(0, fileName.size())) != fileName) {
-        return 0;
-    }
-    int version = 0;
-    const char* end = name.data() + name.size();
-    const auto parsed = std::from_chars(name.data() + fileName.size() + 1, end, version);
-    return parsed.ec == std::errc() && parsed.ptr == end && version > 0 ? version : 0;
-}
-
-std::string NameOf(const fs::path& path) {
-    const auto utf8 = path.filename().u8string();
-    return std::string(utf8.begin(), utf8.end());
-}
-
-// The highest version of a model file in a folder; 0 if there is none.
-int NewestVersion(const fs::path& folder, const std::string& fileName, fs::path* newest) {
-    int best = 0;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        const int version = VersionOf(NameOf(entry.path()), fileName);
-        if (version <= best) continue;
-        best = version;
-        *newest = entry.path();
-    }
-    return best;
-}
-
-}  // namespace
-
-Model* Session::Load(const std::string& fileName) {
-    if (Model* model = FindByFile(fileName)) return model;
-    const std::size_t dot = fileName.rfind('.');
-    const ProMdlType type =
-        dot == std::string::npos ? PRO_MDL_UNUSED : TypeOfSuffix(fileName.substr(dot + 1));
-    const fs::path folder = disk_.Real(workingDirectory);
-    fs::path path;
-    const int version = folderIndex_.Newest(folder, fileName, &path);
-    if (type == PRO_MDL_UNUSED || version == 0) return nullptr;
-
-    Model& model = Create(Wide(fileName.substr(0, dot)), type);
-    try {
-        ReadModelText(ReadFile(path), NameOf(path), &model);
-        if (model.type != type) {
-            throw ModelFileError(NameOf(path) + ": the type inside is not the one of its name");
-        }
-    } catch (...) {
-        model.type = type;
-        Erase(model);
-        throw;
-    }
-    model.version = version;
-    return &model;
-}
-
-Model* Session::Retrieve(const std::string& name) {
-    const std::string fileName = Lower(name);
-    // What is in memory is not looked for on disk, so the folder is read when the first file is.
-    bool folderIsRead = false;
-    const auto load = [&](const std::string& file) {
-        if (!folderIsRead && !FindByFile(file)) {
-            folderIndex_.Read(disk_.Real(workingDirectory));
-            folderIsRead = true;
-        }
-        return Load(file);
-    };
-    Model* top = load(fileName);
-    if (!top) return nullptr;
-    // Every model that comes into memory here is looked through once.
-    std::vector<Model*> waiting{top};
-    while (!waiting.empty()) {
-        Model* model = waiting.back();
-        waiting.pop_back();
-        const auto bring = [&](const std::string& file) -> Model* {
-            const bool known = FindByFile(file) != nullptr;
-            Model* found = load(Lower(file));
-            if (!found) missing_.push_back(file);
-            if (found && !known) waiting.push_back(found);
-            return found;
-        };
-        for (Feature& feature : model->MutableFeatures()) {
-            if (!feature.file.empty() && !feature.model) feature.model = bring(feature.file);
-        }
-        if (!model->manufacturedFile.empty() && !model->manufactured) {
-            model->manufactured = bring(model->manufacturedFile);
-        }
-        if (!model->family.genericFile.empty() && !model->family.generic) {
-            model->family.generic = bring(model->family.genericFile);
-        }
-    }
-    return top;
-}
-
-std::vector<std::string> Session::TakeMissing() {
-    std::sort(missing_.begin(), missing_.end());
-    missing_.erase(std::unique(missing_.begin(), missing_.end()), missing_.end());
-    return std::exchange(missing_, {});
-}
-
-std::string Session::Save(Model& model) {
-    return SaveInto(model, workingDirectory);
-}
-
-std::string Session::SaveInto(Model& model, const WideText& folder) {
-    const fs::path real = disk_.Real(folder);
-    const std::string fileName = model.FileName();
-    fs::path newest;
-    const int version = NewestVersion(real, fileName, &newest) + 1;
-    const std::string name = fmt::format("{}.{}", fileName, version);
-    const fs::path path = real / fs::path(std::u8string(name.begin(), name.end()));
-    if (!WriteFile(path, ModelText(model))) Complain(PRO_TK_CANT_WRITE, "cannot write " + name);
-    model.version = version;
-    model.modified = false;
-    const auto text = path.u8string();
-    return std::string(text.begin(), text.end());
-}
-
-void FolderIndex::Read(const fs::path& folder) {
-    folder_ = folder;
-    newest_.clear();
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        const std::string name = NameOf(entry.path());
-        const std::size_t dot = name.rfind('.');
-        if (dot == std::string::npos) continue;
-        const std::string fileName = Lower(name.substr(0, dot));
-        const int version = VersionOf(name, fileName);
-        auto& known = newest_[fileName];
-        if (version > known.first) known = {version, entry.path()};
-    }
-}
-
-int FolderIndex::Newest(const fs::path& folder, const std::string& fileName, fs::path* path) {
-    if (folder != folder_) Read(folder);
-    const auto found = newest_.find(fileName);
-    if (found == newest_.end()) return 0;
-    *path = found->second.second;
-    return found->second.first;
 }
 
 // --- Windows ---

@@ -4,15 +4,16 @@
 
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "simhost/core/disk.h"
 #include "simhost/core/handles.h"
 #include "simhost/model/model.h"
+#include "simhost/model/model_folder.h"
 
 namespace simhost {
 
@@ -28,19 +29,6 @@ struct Window {
     int id = 0;
     Model* model = nullptr;
     int repaints = 0;
-};
-
-// The newest version of each model file in a folder, read once for a whole assembly.
-class FolderIndex {
-public:
-    void Read(const std::filesystem::path& folder);
-    // Its number and path; 0 if the folder has no such file.
-    int Newest(const std::filesystem::path& folder, const std::string& fileName,
-               std::filesystem::path* path);
-
-private:
-    std::filesystem::path folder_;
-    std::unordered_map<std::string, std::pair<int, std::filesystem::path>> newest_;
 };
 
 class Session {
@@ -66,12 +54,18 @@ public:
 
     // --- Disk ---
     // The model of this file name from memory or the working folder, with all that lies below it;
-    // a component whose file is missing stays without a model. Null if there is no such file.
-    // Throws ModelFileError.
+    // a component whose file is missing stays without a model. "gearbox.asm" is its newest version,
+    // "gearbox.asm.3" this one and no other. Null if there is no such file.
+    // Throws ModelFileError, and then memory is as before.
     Model* Retrieve(const std::string& fileName);
-    // Writes the next version into the working folder; the real path of the file.
+    // The same; a file that cannot be read is told to the user. For `tell` see below.
+    Model* RetrieveOrTell(const std::string& fileName);
+    // Writes the next version into the working folder; the real path of the file. Throws
+    // ModelFileError, and then the folder is as before.
     std::string Save(Model& model);
     std::string SaveInto(Model& model, const WideText& folder);
+    // Shows the user a line about a file. The host sets it.
+    std::function<void(const std::string& line)> tell;
     // What Retrieve did not find, since the last question, each once.
     std::vector<std::string> TakeMissing();
 
@@ -100,7 +94,11 @@ public:
     Surface* FindSurface(const void* handle) const { return surfaces_.Find(handle); }
 
 private:
-    Model* Load(const std::string& fileName);
+    class Retrieval;
+    Model* Load(const std::string& fileName, int wanted);
+    Model& ReadVersion(const std::string& fileName, ProMdlType type, ModelFolder& folder,
+                       const ModelVersion& version);
+    ModelFolder& FolderOf(const std::filesystem::path& folder);
     const Disk& disk_;
     HandleTable<Model> models_{HandleKind::Model};
     HandleTable<Selection> selections_{HandleKind::Selection};
@@ -110,7 +108,7 @@ private:
     std::vector<std::unique_ptr<Selection>> ownedSelections_;
     std::deque<Window> windows_;
     std::vector<std::string> missing_;
-    FolderIndex folderIndex_;
+    std::vector<std::unique_ptr<ModelFolder>> folders_;
     int nextWindow_ = 1;
 };
 

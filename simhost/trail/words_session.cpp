@@ -8,6 +8,7 @@
 #include "hostapi/windows.h"
 #include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
+#include "simhost/model/model_file.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/picks.h"
@@ -135,10 +136,21 @@ void SaveModel(Trail& trail, const std::string& rest) {
     if (model) SaveOne(trail, *model);
 }
 
+// One that cannot be saved does not keep the others from it.
 void SaveAllModels(Trail& trail, const std::string&) {
+    std::string left;
+    std::size_t count = 0;
     for (Model* model : TheHost().session.All()) {
-        if (model->modified || model->version == 0) SaveOne(trail, *model);
+        if (!model->modified && model->version != 0) continue;
+        try {
+            SaveOne(trail, *model);
+        } catch (const ModelFileError& error) {
+            trail.Say(error.what());
+            left += (left.empty() ? "" : ", ") + model->FileName();
+            ++count;
+        }
     }
+    if (count > 0) trail.Fail(fmt::format("not saved: {} ({} in all)", left, count));
 }
 
 void WriteSetting(Trail& trail, const std::string& rest) {

@@ -1,0 +1,72 @@
+// The index of a folder's model files.
+#include "simhost/model/model_folder.h"
+
+#include <algorithm>
+#include <charconv>
+#include <tuple>
+
+#include "simhost/core/text.h"
+
+namespace simhost {
+
+namespace fs = std::filesystem;
+
+int SplitVersion(const std::string& name, std::string* fileName) {
+    const std::size_t dot = name.rfind('.');
+    if (dot != std::string::npos) {
+        int version = 0;
+        const char* end = name.data() + name.size();
+        const auto parsed = std::from_chars(name.data() + dot + 1, end, version);
+        if (parsed.ec == std::errc() && parsed.ptr == end && version > 0) {
+            *fileName = Lower(name.substr(0, dot));
+            return version;
+        }
+    }
+    *fileName = Lower(name);
+    return 0;
+}
+
+const std::vector<ModelVersion>& ModelFolder::VersionsOf(const std::string& fileName) {
+    static const std::vector<ModelVersion> none;
+    Update();
+    const auto found = files_.find(fileName);
+    return found == files_.end() ? none : found->second;
+}
+
+fs::path ModelFolder::PathOf(const std::string& name) const {
+    return folder() / fs::path(std::u8string(name.begin(), name.end()));
+}
+
+void ModelFolder::Update() {
+    if (!watch_.Take(&changes_)) return ReadAll();
+    for (const FolderWatch::Change& change : changes_) Note(change.name, change.there);
+}
+
+void ModelFolder::ReadAll() {
+    files_.clear();
+    std::error_code error;
+    fs::directory_iterator entry(folder(), error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const auto utf8 = entry->path().filename().u8string();
+        Note(std::string(utf8.begin(), utf8.end()), /*there=*/true);
+    }
+}
+
+// Two files may be the same version in letters of different case: each has its own entry.
+void ModelFolder::Note(const std::string& name, bool there) {
+    ModelVersion version;
+    std::string fileName;
+    version.number = SplitVersion(name, &fileName);
+    if (version.number == 0) return;
+    version.name = name;
+    const auto order = [](const ModelVersion& a, const ModelVersion& b) {
+        return std::tie(a.number, a.name) < std::tie(b.number, b.name);
+    };
+    auto& versions = files_[fileName];
+    const auto place = std::lower_bound(versions.begin(), versions.end(), version, order);
+    const bool known = place != versions.end() && place->name == name;
+    if (there && !known) versions.insert(place, std::move(version));
+    if (!there && known) versions.erase(place);
+}
+
+}  // namespace simhost

@@ -1,0 +1,205 @@
+// Models between memory and the folders that they come from and go to.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <climits>
+#include <unordered_set>
+
+#include "simhost/core/disk.h"
+#include "simhost/core/text.h"
+#include "simhost/model/model_file.h"
+#include "simhost/model/model_tree.h"
+#include "simhost/model/session.h"
+
+namespace simhost {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kFoldersKept = 8;
+
+// Why no bytes came from this place.
+std::string WhyUnreadable(const fs::path& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (fs::is_directory(status)) return "it is a folder";
+    if (!fs::exists(status)) return "it is a link that leads nowhere";
+    if (!fs::is_regular_file(status)) return "it is no file";
+    return "the system does not let it be read";
+}
+
+}  // namespace
+
+ModelFolder& Session::FolderOf(const fs::path& folder) {
+    for (const auto& known : folders_) {
+        if (known->folder() == folder) return *known;
+    }
+    if (folders_.size() >= kFoldersKept) folders_.clear();
+    folders_.push_back(std::make_unique<ModelFolder>(folder));
+    return *folders_.back();
+}
+
+Model& Session::ReadVersion(const std::string& fileName, ProMdlType type, ModelFolder& folder,
+                            const ModelVersion& version) {
+    const fs::path path = folder.PathOf(version.name);
+    Model& model = Create(Wide(fileName.substr(0, fileName.rfind('.'))), type);
+    try {
+        bool found = false;
+        const std::string text = ReadFile(path, &found);
+        if (!found) throw ModelFileError(version.name + ": " + WhyUnreadable(path));
+        ReadModelText(text, version.name, &model);
+        if (model.type != type) {
+            throw ModelFileError(version.name + ": the type inside is not the one of its name");
+        }
+    } catch (...) {
+        model.type = type;
+        Erase(model);
+        throw;
+    }
+    model.version = version.number;
+    return model;
+}
+
+// A file that cannot be read is never replaced by an older one in silence: whoever saved the newest
+// must learn that it is lost.
+Model* Session::Load(const std::string& fileName, int wanted) {
+    if (Model* model = FindByFile(fileName)) {
+        if (wanted == 0 || model->version == wanted) return model;
+        throw ModelFileError(fmt::format("{} is in memory already, and is its version {}", fileName,
+                                         model->version));
+    }
+    const std::size_t dot = fileName.rfind('.');
+    const ProMdlType type =
+        dot == std::string::npos ? PRO_MDL_UNUSED : TypeOfSuffix(fileName.substr(dot + 1));
+    if (type == PRO_MDL_UNUSED) return nullptr;
+    ModelFolder& folder = FolderOf(disk_.Real(workingDirectory));
+    const std::vector<ModelVersion>& versions = folder.VersionsOf(fileName);
+    auto last = versions.end();
+    while (wanted != 0 && last != versions.begin() && (last - 1)->number != wanted) --last;
+    if (last == versions.begin()) return nullptr;
+    try {
+        return &ReadVersion(fileName, type, folder, *(last - 1));
+    } catch (const ModelFileError& error) {
+        if (last - 1 == versions.begin()) throw;
+        throw ModelFileError(fmt::format("{}; the file before it is {}, and \"open {}\" opens it",
+                                         error.what(), (last - 2)->name, (last - 2)->name));
+    }
+}
+
+// One retrieve: what it brings into memory, and where that hangs, so that all can be undone.
+class Session::Retrieval {
+public:
+    explicit Retrieval(Session& session) : session_(session) {}
+
+    Model* Run(const std::string& name) {
+        std::string fileName;
+        const int wanted = SplitVersion(name, &fileName);
+        Model* top = Bring(fileName, wanted);
+        if (!top) return nullptr;
+        // What was in memory is looked through again only if it was asked for by its name.
+        if (waiting_.empty()) waiting_.push_back(top);
+        while (!waiting_.empty()) {
+            Model* model = waiting_.back();
+            waiting_.pop_back();
+            Complete(*model);
+        }
+        if (!filled_.empty()) CheckTree(*top);
+        return top;
+    }
+
+    void Undo() {
+        for (Model** place : filled_) *place = nullptr;
+        const std::unordered_set<const Model*> gone(brought_.begin(), brought_.end());
+        for (const Model* model : brought_) {
+            session_.models_.Drop(model->handle);
+            session_.byFile_.erase(model->FileName());
+        }
+        std::erase_if(session_.owned_, [&](const auto& one) { return gone.count(one.get()) > 0; });
+    }
+
+private:
+    Model* Bring(const std::string& fileName, int wanted) {
+        const bool known = session_.FindByFile(fileName) != nullptr;
+        Model* model = session_.Load(fileName, wanted);
+        if (!model || known) return model;
+        brought_.push_back(model);
+        waiting_.push_back(model);
+        return model;
+    }
+
+    void Fill(Model** place, const std::string& file) {
+        if (file.empty() || *place) return;
+        *place = Bring(Lower(file), 0);
+        if (*place) {
+            filled_.push_back(place);
+        } else {
+            session_.missing_.push_back(file);
+        }
+    }
+
+    void Complete(Model& model) {
+        for (Feature& feature : model.MutableFeatures()) Fill(&feature.model, feature.file);
+        Fill(&model.manufactured, model.manufacturedFile);
+        Fill(&model.family.generic, model.family.genericFile);
+    }
+
+    Session& session_;
+    std::vector<Model*> brought_, waiting_;
+    std::vector<Model**> filled_;
+};
+
+Model* Session::Retrieve(const std::string& name) {
+    Retrieval retrieval(*this);
+    try {
+        return retrieval.Run(name);
+    } catch (...) {
+        retrieval.Undo();
+        throw;
+    }
+}
+
+Model* Session::RetrieveOrTell(const std::string& fileName) {
+    try {
+        return Retrieve(fileName);
+    } catch (const ModelFileError& error) {
+        if (tell) tell(error.what());
+        return nullptr;
+    }
+}
+
+std::vector<std::string> Session::TakeMissing() {
+    std::sort(missing_.begin(), missing_.end());
+    missing_.erase(std::unique(missing_.begin(), missing_.end()), missing_.end());
+    return std::exchange(missing_, {});
+}
+
+std::string Session::Save(Model& model) {
+    return SaveInto(model, workingDirectory);
+}
+
+std::string Session::SaveInto(Model& model, const WideText& folder) {
+    const fs::path real = disk_.Real(folder);
+    const std::string fileName = model.FileName();
+    const auto fail = [&](const std::string& why) {
+        throw ModelFileError(fmt::format("{} is not saved in {}: {}", fileName, Utf8(folder), why));
+    };
+    std::error_code error;
+    if (!fs::is_directory(real, error)) fail("there is no such folder");
+    ModelFolder& index = FolderOf(real);
+    const auto& versions = index.VersionsOf(fileName);
+    const int newest = versions.empty() ? 0 : versions.back().number;
+    if (newest == INT_MAX) {
+        fail(fmt::format("no version can come after {}, which is there", versions.back().name));
+    }
+    const std::string name = fmt::format("{}.{}", fileName, newest + 1);
+    const fs::path path = index.PathOf(name);
+    std::string reason;
+    if (!WriteFile(path, ModelText(model), &reason)) fail(name + ": " + reason);
+    model.version = newest + 1;
+    model.modified = false;
+    const auto text = path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
+}  // namespace simhost

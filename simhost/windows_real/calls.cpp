@@ -296,6 +296,12 @@ BOOL WINAPI SpecialFolder(HWND owner, WideChar* path, int folder, BOOL create) {
         static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create", create);
 }
 
+UINT WINAPI SystemFolder(WideChar* path, UINT size) {
+    static Operation op("GetSystemDirectoryW");
+    return op.CallOr([](int) { return UINT{0}; }, [&] { return GetSystemDirectoryW(path, size); },
+                     "path", Out(path), "size", size);
+}
+
 // --- Code pages and locale ---
 
 int WINAPI ToWide(UINT codePage, DWORD flags, const char* narrow, int length, WideChar* wide,
@@ -366,6 +372,7 @@ void* WatcherOf(const char* name) {
         {"WriteFile",                  Address(WriteBytes)},
         {"CloseHandle",                Address(Close)},
         {"SHGetSpecialFolderPathW",    Address(SpecialFolder)},
+        {"GetSystemDirectoryW",        Address(SystemFolder)},
         {"MultiByteToWideChar",        Address(ToWide)},
         {"WideCharToMultiByte",        Address(ToNarrow)},
         {"_wsetlocale",                Address(SetLocale)},

@@ -214,6 +214,9 @@ struct OPENFILENAMEW {
     DWORD FlagsEx;
 };
 
+// The window of this thread that the user works in; null if there is none.
+HOST_API HWND GetActiveWindow();
+
 // Asks the user for the name of a file to be written. FALSE: the user left the dialog, or it could
 // not be shown.
 HOST_API BOOL GetSaveFileNameW(OPENFILENAMEW* dialog);

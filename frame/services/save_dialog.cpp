@@ -12,6 +12,8 @@ std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExte
     WideChar path[MAX_PATH] = {};
     OPENFILENAMEW dialog = {};
     dialog.lStructSize = sizeof dialog;
+    // The host's dialog could be closed and its rows lost while nobody owns this one.
+    dialog.hwndOwner = GetActiveWindow();
     dialog.lpstrFilter = pairs.c_str();
     dialog.nFilterIndex = 1;
     dialog.lpstrFile = path;

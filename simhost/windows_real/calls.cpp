@@ -201,6 +201,11 @@ HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar*
 
 // --- Files ---
 
+HWND WINAPI ActiveWindow() {
+    static Operation op("GetActiveWindow");
+    return op.CallOr([](int) { return HWND{}; }, [] { return GetActiveWindow(); });
+}
+
 BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
     static Operation op("GetSaveFileNameW");
     return op.CallOr(
@@ -209,8 +214,8 @@ BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
             Need(dialog, "the record");
             return AskForSaveName(dialog);
         },
-        "extension", dialog->lpstrDefExt, "folder", dialog->lpstrInitialDir, "flags", dialog->Flags,
-        "path", Out(dialog->lpstrFile));
+        "owner", static_cast<const void*>(dialog->hwndOwner), "extension", dialog->lpstrDefExt,
+        "folder", dialog->lpstrInitialDir, "flags", dialog->Flags, "path", Out(dialog->lpstrFile));
 }
 
 BOOL WINAPI FileExists(const WideChar* path) {
@@ -362,6 +367,7 @@ void* WatcherOf(const char* name) {
         {"RegCloseKey",                Address(CloseKey)},
         {"WinExec",                    Address(RunProgram)},
         {"ShellExecuteW",              Address(OpenByProgram)},
+        {"GetActiveWindow",            Address(ActiveWindow)},
         {"GetSaveFileNameW",           Address(SaveName)},
         {"PathFileExistsW",            Address(FileExists)},
         {"DeleteFileW",                Address(RemoveFile)},

@@ -252,19 +252,19 @@ TEST_F(FaultSweep, BillOfMaterials) {
 
 TEST_F(FaultSweep, BillOfMaterialsAsASpreadsheet) {
     Sweep faults;
-    faults.Run(
-        {"the export",
-         OpenAssemblyForBom,
-         [](World& world) {
-             std::filesystem::remove(world.host().disk.Real(WIDE("C:\\Work\\sweep.xlsx")));
-             PlayBom(
-                 "~ Activate `VxBom` `VxExportBom`\n"
-                 "@ answer C:\\Work\\sweep.xlsx\n");
-         },
-         {},
-         {"GetSaveFileNameW", "SHGetSpecialFolderPathW", "CreateFileW", "GetLastError",
-          "ProUITableRowlabelsGet", "ProUITableCellLabelGet", "ProUITableCellBackgroundColorGet",
-          "ExcelCreate", "ExcelGet", "ExcelPut", "ExcelCall", "ExcelRelease", "ShellExecuteW"}});
+    faults.Run({"the export",
+                OpenAssemblyForBom,
+                [](World& world) {
+                    std::filesystem::remove(world.host().disk.Real(WIDE("C:\\Work\\sweep.xlsx")));
+                    PlayBom(
+                        "~ Activate `VxBom` `VxExportBom`\n"
+                        "@ answer C:\\Work\\sweep.xlsx\n");
+                },
+                {},
+                {"GetActiveWindow", "GetSaveFileNameW", "SHGetSpecialFolderPathW", "CreateFileW",
+                 "GetLastError", "ProUITableRowlabelsGet", "ProUITableCellLabelGet",
+                 "ProUITableCellBackgroundColorGet", "ExcelCreate", "ExcelGet", "ExcelPut",
+                 "ExcelCall", "ExcelRelease", "ShellExecuteW"}});
 }
 
 }  // namespace

@@ -66,6 +66,7 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     RestartHost();
     RestartSpreadsheets();
     RestartWindows();
+    SetSystemCodePage(options_.codePage);
     temporary_ = options_.drive.empty();
     options_.drive = temporary_ ? TemporaryFolder() : fs::absolute(options_.drive);
     fs::create_directories(options_.drive);
@@ -76,6 +77,7 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     Host& host = TheHost();
     host.disk.SetRoot(options_.drive);
     for (const char* folder : {"VXconfig", "text", "tp", "vxudf"}) {
+        if (options_.installed.empty()) break;
         const fs::path from = options_.installed / folder;
         if (!fs::is_directory(from)) continue;
         CopyFolder(from, Real(options_.moduleFolder) / folder);

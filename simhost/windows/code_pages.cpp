@@ -16,7 +16,7 @@ namespace simhost {
 
 namespace {
 
-constexpr UINT kChinese = 936, kUtf8 = 65001;
+constexpr UINT kChinese = 936, kWestern = 1252, kUtf8 = 65001;
 
 // The look-alikes that Windows puts in the place of what code page 936 lacks, unless it is told not
 // to: the Latin ones, in their order. Some are other letters altogether.
@@ -39,10 +39,12 @@ constexpr LookAlike kLookAlikes[] = {
 };
 // clang-format on
 
-// The bytes in code page 936; nothing for what has no place there.
-std::optional<std::string> EncodeUnit(WideChar unit, bool bestFit) {
-    std::string bytes = ToSystemCodePage(WideView(&unit, 1));
+// The bytes in a code page; nothing for what has no place there. The look-alikes of other pages
+// than 936 are not known here.
+std::optional<std::string> EncodeUnit(UINT codePage, WideChar unit, bool bestFit) {
+    std::string bytes = ToCodePage(codePage, WideView(&unit, 1));
     if (bytes != "?" || unit == u'?') return bytes;
+    if (codePage != kChinese) return std::nullopt;
     const auto* alike = std::lower_bound(std::begin(kLookAlikes), std::end(kLookAlikes), unit,
                                          [](const LookAlike& a, WideChar b) { return a.unit < b; });
     if (!bestFit || alike == std::end(kLookAlikes) || alike->unit != unit) return std::nullopt;
@@ -52,8 +54,11 @@ std::optional<std::string> EncodeUnit(WideChar unit, bool bestFit) {
     return bytes;
 }
 
-bool IsSystemCodePage(UINT codePage) {
-    return codePage == CP_ACP || codePage == kChinese;
+// The code page that is meant; nothing for one that is not known here.
+std::optional<UINT> Meant(UINT codePage) {
+    if (codePage == CP_ACP) codePage = SystemCodePage();
+    if (codePage == kChinese || codePage == kWestern || codePage == kUtf8) return codePage;
+    return std::nullopt;
 }
 
 // What both conversions return for a result: its length, or 0 if the buffer is too small. As much
@@ -66,12 +71,12 @@ int Deliver(const std::basic_string<Char>& text, Char* place, int size) {
     return length <= size ? length : 0;
 }
 
-// In code page 936, up to `room` bytes and no halved character; *whole tells if that was all.
-std::string Encode(WideView wide, bool bestFit, std::size_t room, const char* defaultChar,
-                   BOOL* usedDefault, bool* whole) {
+// In a code page, up to `room` bytes and no halved character; *whole tells if that was all.
+std::string Encode(UINT codePage, WideView wide, bool bestFit, std::size_t room,
+                   const char* defaultChar, BOOL* usedDefault, bool* whole) {
     std::string bytes;
     for (const WideChar& unit : wide) {
-        std::optional<std::string> one = EncodeUnit(unit, bestFit);
+        std::optional<std::string> one = EncodeUnit(codePage, unit, bestFit);
         if (!one) {
             if (usedDefault) *usedDefault = TRUE;
             one = defaultChar ? defaultChar : "?";
@@ -85,26 +90,28 @@ std::string Encode(WideView wide, bool bestFit, std::size_t room, const char* de
 
 int ToWide(UINT codePage, const char* narrow, int narrowLength, WideChar* wide, int wideSize) {
     if (!narrow || narrowLength == 0 || wideSize < 0 || (!wide && wideSize > 0)) return 0;
-    if (!IsSystemCodePage(codePage) && codePage != kUtf8) return 0;
+    const std::optional<UINT> meant = Meant(codePage);
+    if (!meant) return 0;
     const std::string_view text(narrow, narrowLength < 0 ? std::strlen(narrow) + 1
                                                          : static_cast<std::size_t>(narrowLength));
-    return Deliver(codePage == kUtf8 ? Wide(text) : FromSystemCodePage(text), wide, wideSize);
+    return Deliver(FromCodePage(*meant, text), wide, wideSize);
 }
 
 int ToNarrow(UINT codePage, DWORD flags, WideView wide, char* narrow, int narrowSize,
              const char* defaultChar, BOOL* usedDefault) {
     if (wide.empty() || narrowSize < 0 || (!narrow && narrowSize > 0)) return 0;
-    if (codePage == kUtf8) {
+    const std::optional<UINT> meant = Meant(codePage);
+    if (!meant) return 0;
+    if (*meant == kUtf8) {
         // Every character has a place there, so Windows takes none of the three.
         if (defaultChar || usedDefault || (flags & WC_NO_BEST_FIT_CHARS)) return 0;
         return Deliver(Utf8(wide), narrow, narrowSize);
     }
-    if (!IsSystemCodePage(codePage)) return 0;
     if (usedDefault) *usedDefault = FALSE;
     const std::size_t room = narrowSize == 0 ? WideText::npos : std::size_t(narrowSize);
     bool whole = false;
     const bool bestFit = !(flags & WC_NO_BEST_FIT_CHARS);
-    const std::string bytes = Encode(wide, bestFit, room, defaultChar, usedDefault, &whole);
+    const std::string bytes = Encode(*meant, wide, bestFit, room, defaultChar, usedDefault, &whole);
     const int written = Deliver(bytes, narrow, narrowSize);
     return whole ? written : 0;
 }

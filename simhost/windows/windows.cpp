@@ -24,6 +24,7 @@ SimulatedWindows& TheWindows() {
 
 void RestartWindows() {
     Instance().reset();
+    SetSystemCodePage(936);
 }
 
 std::vector<std::string> SimulatedWindows::OpenHandles() const {

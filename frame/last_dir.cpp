@@ -47,12 +47,15 @@ WideText FromSystemCodePage(const std::string& bytes) {
     return wide;
 }
 
+// A letter that has no place there becomes a question mark, which no folder has in its name. Put
+// under a look-alike, the path might name another folder.
 std::string ToChineseCodePage(const WideText& text) {
     std::string bytes(text.size() * 2, '\0');
     const int length = text.empty()
                            ? 0
-                           : WideCharToMultiByte(kChineseCodePage, 0, text.data(), int(text.size()),
-                                                 bytes.data(), int(bytes.size()), nullptr, nullptr);
+                           : WideCharToMultiByte(kChineseCodePage, WC_NO_BEST_FIT_CHARS,
+                                                 text.data(), int(text.size()), bytes.data(),
+                                                 int(bytes.size()), nullptr, nullptr);
     bytes.resize(std::size_t(length));
     return bytes;
 }

@@ -214,11 +214,14 @@ struct OPENFILENAMEW {
     DWORD FlagsEx;
 };
 
+// The window of this thread that the user works in; null if there is none.
+HOST_API HWND GetActiveWindow();
+
 // Asks the user for the name of a file to be written. FALSE: the user left the dialog, or it could
 // not be shown.
 HOST_API BOOL GetSaveFileNameW(OPENFILENAMEW* dialog);
 
-// --- Folders of the user ----------------------------------------------------------------------
+// --- Folders ----------------------------------------------------------------------------------
 
 #define CSIDL_DESKTOPDIRECTORY 0x10
 
@@ -226,13 +229,19 @@ HOST_API BOOL GetSaveFileNameW(OPENFILENAMEW* dialog);
 // MAX_PATH characters. FALSE on failure.
 HOST_API BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create);
 
+// Receives the full path of the folder of Windows' own programs, without a separator at its end,
+// and returns its length, or the size needed if that is greater than `size`. 0 on failure.
+HOST_API UINT GetSystemDirectoryW(WideChar* path, UINT size);
+
 // --- Code pages and locale --------------------------------------------------------------------
 
 #define CP_ACP 0u
+#define WC_NO_BEST_FIT_CHARS 0x400u
 
 // Both return the number of units written, or, with size 0, the number needed. 0 on failure. A
 // length of -1 takes the terminated text with its terminator. What has no place in the target
-// becomes its default character.
+// becomes a character that looks like it, or, with WC_NO_BEST_FIT_CHARS and where there is none,
+// the default character.
 HOST_API int MultiByteToWideChar(UINT codePage, DWORD flags, const char* narrow, int narrowLength,
                                  WideChar* wide, int wideSize);
 HOST_API int WideCharToMultiByte(UINT codePage, DWORD flags, const WideChar* wide, int wideLength,

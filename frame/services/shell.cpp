@@ -13,6 +13,18 @@ namespace {
 // The one place of the address; a reserved example until there is a real one.
 constexpr const char* kHomePage = "https://vorlatix.example/";
 
+// Of a program without its folder Windows would take one of that name in the working folder first,
+// which other people may write to.
+std::string SystemFolder() {
+    WideChar folder[MAX_PATH] = {};
+    const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return {};
+    char narrow[MAX_PATH * 4] = {};
+    const int bytes = WideCharToMultiByte(CP_ACP, 0, folder, int(length), narrow, sizeof narrow,
+                                          nullptr, nullptr);
+    return std::string(narrow, std::size_t(bytes));
+}
+
 }  // namespace
 
 WideText DesktopFolder() {
@@ -28,6 +40,8 @@ std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExte
     WideChar path[MAX_PATH] = {};
     OPENFILENAMEW dialog = {};
     dialog.lStructSize = sizeof dialog;
+    // The host's dialog could be closed and its rows lost while nobody owns this one.
+    dialog.hwndOwner = GetActiveWindow();
     dialog.lpstrFilter = pairs.c_str();
     dialog.nFilterIndex = 1;
     dialog.lpstrFile = path;
@@ -62,6 +76,8 @@ void OpenInNotepad(WideView fileBesideModule) {
 }
 
 void OpenHomePage() {
-    const std::string command = std::string("cmd /c start ") + kHomePage;
+    const std::string folder = SystemFolder();
+    if (folder.empty()) return;
+    const std::string command = '"' + folder + "\\cmd.exe\" /c start " + kHomePage;
     WinExec(command.c_str(), SW_HIDE);
 }

@@ -100,6 +100,10 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
     command->add_option("--journal", options->journal, "Write every call through the door here");
     command->add_option("--fail", options->faults,
                         "OPERATION[:N]=STATUS: the N-th such call fails (without N, every one)");
+    command
+        ->add_option("--code-page", options->workplace.codePage,
+                     "Code page of the simulated Windows (default: 936, Chinese)")
+        ->check(CLI::IsMember({936, 1252, 65001}));
     command->add_flag("--new-user", options->workplace.newUser,
                       "The first-run notice has not been seen yet");
     command->add_flag("--no-plugin", options->noPlugin, "Do not start the plug-in (see @ start)");

@@ -115,6 +115,7 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     RestartHost();
     RestartSpreadsheets();
     RestartWindows();
+    SetSystemCodePage(options_.codePage);
     temporary_ = options_.drive.empty();
     options_.drive = temporary_ ? TemporaryFolder() : fs::absolute(options_.drive);
     fs::create_directories(options_.drive);
@@ -127,6 +128,7 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     host.commands.runMacro = RunMacro;
     host.disk.SetRoot(options_.drive);
     for (const char* folder : the_plugin::kInstalledFolders) {
+        if (options_.installed.empty()) break;
         const fs::path from = options_.installed / folder;
         if (!fs::is_directory(from)) continue;
         CopyFolder(from, Real(options_.moduleFolder) / folder, options_);

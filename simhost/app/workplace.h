@@ -16,7 +16,7 @@ namespace simhost {
 
 struct WorkplaceOptions {
     std::filesystem::path drive;      // the folder that plays C:\; empty: a temporary one
-    std::filesystem::path installed;  // folder with VXconfig/, text/ and so on
+    std::filesystem::path installed;  // folder with VXconfig/, text/ …; empty: none
     std::filesystem::path module;     // the module's file
     std::filesystem::path project;    // a folder of model files to copy; empty: none
     // Where the plug-in lies, and where the host says its text folder is. Installed by hand they
@@ -24,7 +24,8 @@ struct WorkplaceOptions {
     WideText moduleFolder = WideText(the_plugin::kFolder);
     WideText textFolder = WideText(the_plugin::kFolder);
     WideText workingDirectory = WIDE("C:\\Work");
-    bool newUser = false;  // true: the first-run notice has not been shown yet
+    unsigned codePage = 936;  // of the simulated Windows; also 1252 and 65001
+    bool newUser = false;     // true: the first-run notice has not been shown yet
     // Where a line goes about each entry of a folder that cannot be copied; without it, to the
     // process's standard error.
     std::function<void(const std::string& line)> tell;

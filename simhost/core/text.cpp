@@ -1,5 +1,5 @@
 // Text between its three forms: UTF-8 in the simulated host's own files, UTF-16 at the door, and
-// code page 936 for whatever the system code page governs, bad input included.
+// the code page of the system for whatever that governs, bad input included.
 #include "simhost/core/text.h"
 
 #include <algorithm>
@@ -18,6 +18,7 @@ namespace simhost {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+constexpr unsigned kChinese = 936, kUtf8 = 65001;
 
 bool IsHighSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit < 0xDC00;
@@ -112,31 +113,36 @@ Text Folded(const Text& text, bool toUpper) {
 
 #ifndef _WIN32
 
-// Both directions of code page 936 as tables, made once: a conversion is then a look-up for each
+// Both directions of a code page as tables, made once: a conversion is then a look-up for each
 // character, and what happens with broken bytes is decided here and not by the C library.
-class SystemCodePage {
+class PageTable {
 public:
     static constexpr char16_t kNone = 0;
 
-    SystemCodePage() {
-        const iconv_t converter = iconv_open("UTF-16LE", "CP936");
+    explicit PageTable(unsigned codePage) : isChinese_(codePage == kChinese) {
+        const std::string name = "CP" + std::to_string(codePage);
+        const iconv_t converter = iconv_open("UTF-16LE", name.c_str());
         if (converter == reinterpret_cast<iconv_t>(-1)) {
-            std::fputs(
-                "simhost: this system cannot convert code page 936; "
-                "text beyond ASCII becomes question marks\n",
-                stderr);
+            std::fprintf(stderr,
+                         "simhost: this system cannot convert code page %u; text beyond ASCII "
+                         "becomes question marks\n",
+                         codePage);
             return;
         }
         for (unsigned byte = 0x80; byte < 0x100; ++byte) Map(converter, byte, 1);
-        for (unsigned pair = 0x8100; pair < 0xFF00; ++pair) Map(converter, pair, 2);
+        if (isChinese_) {
+            for (unsigned pair = 0x8100; pair < 0xFF00; ++pair) Map(converter, pair, 2);
+            MapUserDefined();
+            MapUnassigned();
+        } else {
+            MapControls();
+        }
         iconv_close(converter);
-        MapUserDefined();
-        MapUnassigned();
     }
 
     char16_t wide(unsigned code) const { return wide_[code]; }
     unsigned code(char16_t unit) const { return code_[unit]; }
-    static bool IsLead(unsigned byte) { return byte >= 0x81 && byte <= 0xFE; }
+    bool IsLead(unsigned byte) const { return isChinese_ && byte >= 0x81 && byte <= 0xFE; }
 
 private:
     void Map(iconv_t converter, unsigned code, std::size_t length) {
@@ -177,19 +183,33 @@ private:
         Pair(0xFF, 0xF8F5);
     }
 
+    // Windows gives the places that code page 1252 leaves empty to the control characters.
+    void MapControls() {
+        for (unsigned byte = 0x80; byte < 0xA0; ++byte) {
+            if (wide_[byte] == kNone) Pair(byte, static_cast<char16_t>(byte));
+        }
+    }
+
     void Pair(unsigned code, char16_t unit) {
         wide_[code] = unit;
         if (code_[unit] == 0) code_[unit] = static_cast<std::uint16_t>(code);
     }
 
+    bool isChinese_;
     std::array<char16_t, 0x10000> wide_{};
     std::array<std::uint16_t, 0x10000> code_{};
 };
 
-const SystemCodePage& CodePage() {
-    static const auto table = std::make_unique<const SystemCodePage>();
-    return *table;
+const PageTable& TableOf(unsigned codePage) {
+    if (codePage == kChinese) {
+        static const auto chinese = std::make_unique<const PageTable>(kChinese);
+        return *chinese;
+    }
+    static const auto western = std::make_unique<const PageTable>(1252);
+    return *western;
 }
+
+unsigned systemCodePage = kChinese;
 
 #endif
 
@@ -219,35 +239,46 @@ WideText Wide(std::string_view utf8) {
 
 #ifdef _WIN32
 
-namespace {
-constexpr UINT kChinese = 936;
+unsigned SystemCodePage() {
+    return GetACP();
 }
 
-std::string ToSystemCodePage(WideView wide) {
+void SetSystemCodePage(unsigned) {}
+
+std::string ToCodePage(unsigned codePage, WideView wide) {
     if (IsAscii(wide)) return std::string(wide.begin(), wide.end());
+    if (codePage == kUtf8) return Utf8(wide);
     const int length = static_cast<int>(wide.size());
-    const DWORD flags = WC_NO_BEST_FIT_CHARS;
     std::string bytes(wide.size() * 2, '\0');
-    const int used = WideCharToMultiByte(kChinese, flags, wide.data(), length, bytes.data(),
-                                         length * 2, "?", nullptr);
+    const int used = WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, wide.data(), length,
+                                         bytes.data(), length * 2, "?", nullptr);
     bytes.resize(static_cast<std::size_t>(used));
     return bytes;
 }
 
-WideText FromSystemCodePage(std::string_view bytes) {
+WideText FromCodePage(unsigned codePage, std::string_view bytes) {
     if (IsAscii(bytes)) return WideText(bytes.begin(), bytes.end());
     const int length = static_cast<int>(bytes.size());
     WideText wide(bytes.size(), L'\0');
-    const int used = MultiByteToWideChar(kChinese, 0, bytes.data(), length, wide.data(), length);
+    const int used = MultiByteToWideChar(codePage, 0, bytes.data(), length, wide.data(), length);
     wide.resize(static_cast<std::size_t>(used));
     return wide;
 }
 
 #else
 
-std::string ToSystemCodePage(WideView wide) {
+unsigned SystemCodePage() {
+    return systemCodePage;
+}
+
+void SetSystemCodePage(unsigned codePage) {
+    systemCodePage = codePage;
+}
+
+std::string ToCodePage(unsigned codePage, WideView wide) {
     if (IsAscii(wide)) return std::string(wide.begin(), wide.end());
-    const SystemCodePage& page = CodePage();
+    if (codePage == kUtf8) return Utf8(wide);
+    const PageTable& page = TableOf(codePage);
     std::string bytes;
     bytes.reserve(wide.size() * 2);
     for (const char16_t unit : wide) {
@@ -258,9 +289,10 @@ std::string ToSystemCodePage(WideView wide) {
     return bytes;
 }
 
-WideText FromSystemCodePage(std::string_view bytes) {
+WideText FromCodePage(unsigned codePage, std::string_view bytes) {
     if (IsAscii(bytes)) return WideText(bytes.begin(), bytes.end());
-    const SystemCodePage& page = CodePage();
+    if (codePage == kUtf8) return Wide(bytes);
+    const PageTable& page = TableOf(codePage);
     WideText wide;
     wide.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -268,15 +300,23 @@ WideText FromSystemCodePage(std::string_view bytes) {
         char16_t unit = first < 0x80 ? static_cast<char16_t>(first) : page.wide(first);
         // A lead byte takes the next byte with it, also when the two name no character; a
         // terminator is never swallowed.
-        if (SystemCodePage::IsLead(first) && i + 1 < bytes.size() && bytes[i + 1] != '\0') {
+        if (page.IsLead(first) && i + 1 < bytes.size() && bytes[i + 1] != '\0') {
             unit = page.wide(first << 8 | static_cast<unsigned char>(bytes[++i]));
         }
-        wide.push_back(unit == SystemCodePage::kNone && first != 0 ? u'?' : unit);
+        wide.push_back(unit == PageTable::kNone && first != 0 ? u'?' : unit);
     }
     return wide;
 }
 
 #endif
+
+std::string ToSystemCodePage(WideView wide) {
+    return ToCodePage(SystemCodePage(), wide);
+}
+
+WideText FromSystemCodePage(std::string_view bytes) {
+    return FromCodePage(SystemCodePage(), bytes);
+}
 
 std::string Lower(std::string_view text) {
     return Folded(std::string(text), /*toUpper=*/false);

@@ -1,5 +1,5 @@
 // Text conversions of the simulated host: UTF-8 inside its files and reports, UTF-16 at the door,
-// code page 936 for what the system code page governs.
+// the system code page for what that governs.
 #pragma once
 
 #include <string>
@@ -13,7 +13,14 @@ namespace simhost {
 std::string Utf8(WideView wide);
 WideText Wide(std::string_view utf8);
 
-// Code page 936, the system code page. What it has no place for becomes '?'.
+// The code page of the system: 936 (Chinese) on the simulated Windows unless it is set to 1252
+// (Western) or 65001 (UTF-8); on a real one what that says, whatever is set.
+unsigned SystemCodePage();
+void SetSystemCodePage(unsigned codePage);
+
+// Text in one of these code pages, and in that of the system. What it has no place for becomes '?'.
+std::string ToCodePage(unsigned codePage, WideView wide);
+WideText FromCodePage(unsigned codePage, std::string_view bytes);
 std::string ToSystemCodePage(WideView wide);
 WideText FromSystemCodePage(std::string_view bytes);
 

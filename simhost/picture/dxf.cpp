@@ -174,7 +174,7 @@ std::string SheetDxf(Model& drawing, int sheet) {
     }
     out.Pair(0, "ENDSEC");
     out.Pair(0, "EOF");
-    return ToSystemCodePage(Wide(out.text()));
+    return ToCodePage(936, Wide(out.text()));
 }
 
 }  // namespace simhost

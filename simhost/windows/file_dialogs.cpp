@@ -7,6 +7,13 @@
 
 using namespace simhost;
 
+HWND GetActiveWindow() {
+    static Operation op("GetActiveWindow");
+    // The one window that all dialogs of the host share.
+    constexpr std::uintptr_t kWindow = 0x10010;
+    return op.CallOr([](int) { return HWND{}; }, [] { return reinterpret_cast<HWND>(kWindow); });
+}
+
 BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
     static Operation op("GetSaveFileNameW");
     WideText filter, path;
@@ -18,6 +25,7 @@ BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
                          path = chosen ? dialog->lpstrFile : WIDE("");
                          return chosen;
                      },
+                     "owner", dialog ? static_cast<const void*>(dialog->hwndOwner) : nullptr,
                      "filter", TextThen{&filter}, "extension",
                      dialog ? dialog->lpstrDefExt : nullptr, "folder",
                      dialog ? dialog->lpstrInitialDir : nullptr, "flags",

@@ -1,4 +1,4 @@
-// Where the folders of the user lie.
+// Where the folders of the user and of Windows itself lie.
 #ifndef _WIN32
 
 #include <algorithm>
@@ -32,6 +32,19 @@ BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create
         },
         "owner", static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create",
         create);
+}
+
+UINT GetSystemDirectoryW(WideChar* path, UINT size) {
+    static Operation op("GetSystemDirectoryW");
+    constexpr WideView kFolder = WIDE("C:\\Windows\\system32");
+    return op.CallOr([](int) { return UINT{0}; },
+                     [&] {
+                         if (size <= kFolder.size()) return UINT(kFolder.size() + 1);
+                         Need(path, "the place for the path");
+                         CopyCut(kFolder, path, size);
+                         return UINT(kFolder.size());
+                     },
+                     "path", Out(path), "size", size);
 }
 
 #endif

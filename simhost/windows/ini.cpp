@@ -39,6 +39,7 @@ const IniTable* SimulatedWindows::ReadIni(WideView windowsPath) {
     const auto place = inis_.find(real.string());
     const bool known = place != inis_.end() && place->second.changed == changed &&
                        place->second.node == now.st_ino &&
+                       place->second.codePage == SystemCodePage() &&
                        static_cast<off_t>(place->second.bytes.size()) == now.st_size;
     if (known && place->second.settled) return place->second.table.get();
 
@@ -56,6 +57,7 @@ const IniTable* SimulatedWindows::ReadIni(WideView windowsPath) {
     ini.bytes = std::move(bytes);
     ini.changed = changed;
     ini.node = now.st_ino;
+    ini.codePage = SystemCodePage();
     ini.settled = settled;
     return ini.table.get();
 }

@@ -12,7 +12,7 @@
 namespace simhost {
 
 // The rules, for both forms:
-// - The file is UTF-16LE if it begins with that byte-order mark, else code page 936.
+// - The file is UTF-16LE if it begins with that byte-order mark, else in the system's code page.
 // - Blanks (also tabs and other control blanks) at both ends of a line, of a name and of a value
 //   do not count. Names are compared ignoring case.
 // - A line that begins with `[` is a header; the name ends at the last `]` of the line, so that

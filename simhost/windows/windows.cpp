@@ -37,6 +37,7 @@ const HostSide& SimulatedWindows::host() const {
 
 void RestartWindows() {
     Instance().reset();
+    SetSystemCodePage(936);
 }
 
 std::vector<std::string> SimulatedWindows::OpenHandles() const {

@@ -149,6 +149,7 @@ private:
         std::string bytes;
         std::int64_t changed = 0;  // nanoseconds
         std::uint64_t node = 0;
+        unsigned codePage = 0;
         bool settled = false;  // it was read well after its last change
         std::unique_ptr<IniTable> table;
     };

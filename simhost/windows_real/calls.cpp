@@ -201,6 +201,11 @@ HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar*
 
 // --- Files ---
 
+HWND WINAPI ActiveWindow() {
+    static Operation op("GetActiveWindow");
+    return op.CallOr([](int) { return HWND{}; }, [] { return GetActiveWindow(); });
+}
+
 BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
     static Operation op("GetSaveFileNameW");
     return op.CallOr(
@@ -209,8 +214,8 @@ BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
             Need(dialog, "the record");
             return AskForSaveName(TheWindows().host(), dialog);
         },
-        "extension", dialog->lpstrDefExt, "folder", dialog->lpstrInitialDir, "flags", dialog->Flags,
-        "path", Out(dialog->lpstrFile));
+        "owner", static_cast<const void*>(dialog->hwndOwner), "extension", dialog->lpstrDefExt,
+        "folder", dialog->lpstrInitialDir, "flags", dialog->Flags, "path", Out(dialog->lpstrFile));
 }
 
 BOOL WINAPI FileExists(const WideChar* path) {
@@ -296,6 +301,12 @@ BOOL WINAPI SpecialFolder(HWND owner, WideChar* path, int folder, BOOL create) {
         static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create", create);
 }
 
+UINT WINAPI SystemFolder(WideChar* path, UINT size) {
+    static Operation op("GetSystemDirectoryW");
+    return op.CallOr([](int) { return UINT{0}; }, [&] { return GetSystemDirectoryW(path, size); },
+                     "path", Out(path), "size", size);
+}
+
 // --- Code pages and locale ---
 
 int WINAPI ToWide(UINT codePage, DWORD flags, const char* narrow, int length, WideChar* wide,
@@ -356,6 +367,7 @@ void* WatcherOf(const char* name) {
         {"RegCloseKey",                Address(CloseKey)},
         {"WinExec",                    Address(RunProgram)},
         {"ShellExecuteW",              Address(OpenByProgram)},
+        {"GetActiveWindow",            Address(ActiveWindow)},
         {"GetSaveFileNameW",           Address(SaveName)},
         {"PathFileExistsW",            Address(FileExists)},
         {"DeleteFileW",                Address(RemoveFile)},
@@ -366,6 +378,7 @@ void* WatcherOf(const char* name) {
         {"WriteFile",                  Address(WriteBytes)},
         {"CloseHandle",                Address(Close)},
         {"SHGetSpecialFolderPathW",    Address(SpecialFolder)},
+        {"GetSystemDirectoryW",        Address(SystemFolder)},
         {"MultiByteToWideChar",        Address(ToWide)},
         {"WideCharToMultiByte",        Address(ToNarrow)},
         {"_wsetlocale",                Address(SetLocale)},

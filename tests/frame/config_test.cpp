@@ -20,9 +20,7 @@ protected:
     void Run(const std::string& steps) {
         Play("~ Command `VxConfig`\n" + steps + "\n~ Close `VxConfig`");
     }
-    std::string Ini() {
-        return Utf8(FromSystemCodePage(Read(kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini"))));
-    }
+    std::string Ini() { return ReadSettings(kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini")); }
     void WriteIni(const std::string& text) {
         Write(kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini"), ToSystemCodePage(Wide(text)));
     }

@@ -56,6 +56,11 @@ protected:
         EXPECT_EQ(names.back(), "MessageBoxW");
     }
 
+    static Lines NamesOf(Lines calls) {
+        for (std::string& call : calls) call.resize(std::min(call.find('('), call.size()));
+        return calls;
+    }
+
     Lines DialogsShown() {
         Lines dialogs;
         for (const Shown& one : host().shown) {
@@ -220,9 +225,29 @@ TEST_F(FirstRunNotice, WritesTheMarkerAfterTheDialogIsGoneAndOpensTheHomePageAft
         "access=983103, security=null, disposition=null) = 0",
         R"(RegSetValueExW(name="VxReg", type=1, size=10) = 0)",
         "RegCloseKey() = 0",
-        R"(WinExec(commandLine="cmd /c start https://vorlatix.example/", show=0) = 33)",
     };
-    EXPECT_EQ(calls, wanted);
+    const Lines homePage = {"GetSystemDirectoryW", "WideCharToMultiByte", "WinExec"};
+    ASSERT_GE(calls.size(), wanted.size());
+    const auto last = calls.begin() + std::ptrdiff_t(wanted.size());
+    EXPECT_EQ(Lines(calls.begin(), last), wanted);
+    EXPECT_EQ(NamesOf(Lines(last, calls.end())), homePage);
+}
+
+TEST_F(FirstRunNotice, OpensTheHomePageByTheSystemsOwnShellAndByNoOtherInTheWorkingFolder) {
+    WideChar folder[MAX_PATH] = {};
+    GetSystemDirectoryW(folder, MAX_PATH);
+    StartAndPressOk();
+    ASSERT_EQ(TheWindows().programs.size(), 1u);
+    EXPECT_EQ(Utf8(TheWindows().programs.front()),
+              '"' + Utf8(folder) + R"(\cmd.exe" /c start https://vorlatix.example/)");
+}
+
+TEST_F(FirstRunNotice, StartsNothingWhereTheSystemsFolderIsNotKnown) {
+    Fail("GetSystemDirectoryW");
+    StartAndPressOk();
+    EXPECT_EQ(startStatus_, 0);
+    EXPECT_EQ(TheWindows().programs, std::vector<WideText>{});
+    EXPECT_EQ(Marker(), "5110");
 }
 
 TEST_F(FirstRunNotice, WritesATerminatedText) {

@@ -278,6 +278,18 @@ TEST_F(LastDirectory, WithAChineseNameIsWrittenInTheSystemCodePage) {
     EXPECT_EQ(SavedBytes(), "C:\\\xCF\xEE\xC4\xBF\\");
 }
 
+TEST_F(LastDirectory, WithALetterThatTheCodePageLacksIsNotTakenForALookAlike) {
+    MakeFolder(WIDE("C:\\étude"));
+    Start();
+    host().session.workingDirectory = WIDE("C:\\Étude");
+    workplace_->StopPlugin();
+    EXPECT_EQ(SavedBytes(), "C:\\?tude\\");
+    host().session.workingDirectory = WIDE("C:\\Work");
+    Setting("SetLastDir", "1");
+    StartAndWait();
+    ExpectNothingRestored();
+}
+
 TEST_F(LastDirectory, SetsTheLocaleOfCharactersToChineseAndLeavesItSo) {
     Start();
     EXPECT_EQ(TheWindows().locale.count(LC_CTYPE), 0u);

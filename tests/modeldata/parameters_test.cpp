@@ -45,9 +45,7 @@ protected:
     void WriteIni(const std::string& text) {
         Write(kTextFolder + WIDE("\\VXconfig\\VxParams.ini"), ToSystemCodePage(Wide(text)));
     }
-    std::string ReadIni() {
-        return Utf8(FromSystemCodePage(Read(kTextFolder + WIDE("\\VXconfig\\VxParams.ini"))));
-    }
+    std::string ReadIni() { return ReadSettings(kTextFolder + WIDE("\\VXconfig\\VxParams.ini")); }
 
     const std::string none_ = "@ expect box \"当前模型中没有合适的子零件/组件\"\n@ ok\n";
     Model *top_, *a_, *bolt_;

@@ -49,6 +49,7 @@ const Widening kWidenings[] = {
     {"AFirstByteAtTheEndIsAQuestionMark", kChinese, "a\xD6", WIDE("a?")},
     {"AFirstByteBeforeTheTerminatorLeavesIt", kChinese, "\xD6", UnitsOf(WIDE("?\0")), -1},
     {"AnImpossiblePairIsOneQuestionMark", kChinese, "\xD6 z", WIDE("?z")},
+    {"WesternIsOneByteToACharacter", 1252, "\x80\xE9z\x81", WIDE("\u20ac\u00e9z\u0081")},
     {"Utf8IsKnown", kUtf8, "\xE4\xB8\xAD", WIDE("\u4e2d")},
     {"Utf8BeyondTheBasicPlaneIsTwoUnits", kUtf8, "\xF0\x9F\x98\x80", UnitsOf(WIDE("\U0001F600"))},
     {"AnUnfinishedUtf8SequenceIsOneReplacement", kUtf8, "a\xE4\xB8", WIDE("a\uFFFD")},
@@ -64,6 +65,7 @@ struct Narrowing {
     BOOL usedDefault = FALSE;
     const char* defaultChar = nullptr;
     int length = 0;  // 0: as long as the text
+    DWORD flags = 0;
 };
 void PrintTo(const Narrowing& row, std::ostream* out) {
     *out << row.name;
@@ -77,7 +79,7 @@ TEST_P(ToNarrow, GivesTheBytes) {
     BOOL used = 2;
     BOOL* usedDefault = row.codePage == kUtf8 ? nullptr : &used;
     const auto convert = [&](char* place, int size) {
-        return WideCharToMultiByte(row.codePage, 0, row.wide.c_str(), length, place, size,
+        return WideCharToMultiByte(row.codePage, row.flags, row.wide.c_str(), length, place, size,
                                    row.defaultChar, usedDefault);
     };
     const int needed = convert(nullptr, 0);
@@ -101,6 +103,10 @@ const Narrowing kNarrowings[] = {
     {"WhatHasNoPlaceIsTheDefaultCharacter", kChinese, WIDE("a\u0e01z"), "a#z", TRUE, "#"},
     {"ACharacterBeyondTheBasicPlaneIsTwoDefaults", kChinese, UnitsOf(WIDE("\U0001F600z")), "??z",
      TRUE},
+    {"ALookAlikeTakesAPlace", kChinese, WIDE("\u00c9\u00b9\u00fd\u00a2"), "\xA8\xA6\x31y\xA1\xE9"},
+    {"ALookAlikeTakesNoPlaceWhereItIsForbidden", kChinese, WIDE("\u00c9\u00e9\u00b9"), "?\xA8\xA6?",
+     TRUE, nullptr, 0, WC_NO_BEST_FIT_CHARS},
+    {"WesternHasNoPlaceForChinese", 1252, WIDE("\u20ac\u00e9\u4e2dz"), "\x80\xE9?z", TRUE},
     {"Utf8IsKnown", kUtf8, WIDE("\u4e2d"), "\xE4\xB8\xAD"},
     {"Utf8BeyondTheBasicPlaneIsFourBytes", kUtf8, UnitsOf(WIDE("\U0001F600")), "\xF0\x9F\x98\x80"},
     {"ALoneSurrogateIsAReplacement", kUtf8, {WideChar(0xD800), WideChar('z')}, "\xEF\xBF\xBDz"},

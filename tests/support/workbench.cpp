@@ -91,6 +91,16 @@ void Workbench::Write(const WideText& windowsPath, const std::string& bytes) {
     ASSERT_TRUE(WriteFile(host().disk.Real(windowsPath), bytes)) << Utf8(windowsPath);
 }
 
+std::string Workbench::ReadSettings(const WideText& windowsPath) {
+    const std::string bytes = Read(windowsPath);
+    if (bytes.substr(0, 2) != "\xFF\xFE") return Utf8(FromSystemCodePage(bytes));
+    WideText text;
+    for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
+        text += WideChar((bytes[i] & 0xFF) | (bytes[i + 1] & 0xFF) << 8);
+    }
+    return Utf8(text);
+}
+
 std::string Workbench::Read(const WideText& windowsPath, bool* found) {
     bool ignored = false;
     return ReadFile(host().disk.Real(windowsPath), found ? found : &ignored);

@@ -52,6 +52,8 @@ protected:
     void TextFolderSetting(const std::string& section, const std::string& value);
     void Write(const WideText& windowsPath, const std::string& bytes);
     std::string Read(const WideText& windowsPath, bool* found = nullptr);
+    // The text of a settings file: UTF-16 if it has that mark, else in the system's code page.
+    std::string ReadSettings(const WideText& windowsPath);
 
     // --- Models ---
     simhost::Model& Part(const std::string& name, int solids = 1);

@@ -95,9 +95,15 @@ TEST_F(BomExport, AsksOnTheDesktopForASpreadsheet) {
     Export("@ quit\n");
     Recorded();
     EXPECT_EQ(Lines("GetSaveFileNameW"),
-              Names{"GetSaveFileNameW(filter=\"*.xlsx\", extension=\".xlsx\", "
+              Names{"GetSaveFileNameW(owner=pointer, filter=\"*.xlsx\", extension=\".xlsx\", "
                     "folder=\"C:\\Users\\Designer\\Desktop\", flags=6, path=\"\") = 0"});
     EXPECT_EQ(Lines("ExcelCreate"), Names{});
+}
+
+TEST_F(BomExport, AsksAlsoWhereNoWindowIsActive) {
+    Fail("GetActiveWindow");
+    Export();
+    EXPECT_EQ(TextAt(Written(), 1, 1), "TOP BOM");
 }
 
 TEST_F(BomExport, ANameAloneLiesOnTheDesktopAndGetsItsExtension) {

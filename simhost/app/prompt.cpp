@@ -19,6 +19,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/trail/known_names.h"
 #include "simhost/trail/words.h"
 
 namespace simhost {
@@ -34,34 +35,6 @@ std::string WordAtEnd(const std::string& line) {
 
 // --- What can stand where ----------------------------------------------------------------------
 
-std::vector<std::string> ModelNames() {
-    std::vector<std::string> names;
-    for (const Model* model : TheHost().session.All()) names.push_back(model->FileName());
-    return names;
-}
-
-std::string VersionCutOff(const std::string& file) {
-    const std::size_t dot = file.rfind('.');
-    const bool digits = dot != std::string::npos && dot + 1 < file.size() &&
-                        file.find_first_not_of("0123456789", dot + 1) == std::string::npos;
-    return digits ? file.substr(0, dot) : file;
-}
-
-std::vector<std::string> FilesOfWorkingFolder() {
-    std::vector<std::string> names;
-    const auto folder = TheHost().disk.Real(TheHost().session.workingDirectory);
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        const std::u8string name = entry.path().filename().u8string();
-        const std::string file = VersionCutOff(std::string(name.begin(), name.end()));
-        const std::size_t dot = file.rfind('.');
-        if (dot == std::string::npos) continue;
-        if (TypeOfSuffix(Lower(file.substr(dot + 1))) == PRO_MDL_UNUSED) continue;
-        names.push_back(file);
-    }
-    return names;
-}
-
 std::vector<std::string> PopupLabels() {
     std::vector<std::string> labels;
     if (const Popup* popup = TheHost().commands.popup()) {
@@ -73,14 +46,14 @@ std::vector<std::string> PopupLabels() {
 std::vector<std::string> ForWord(const Word& word) {
     const std::string name = word.name;
     const std::string arguments = word.arguments;
-    if (name == "open") return FilesOfWorkingFolder();
+    if (name == "open") return ModelFiles();
     if (name == "show") return ShowTopics();
     if (name == "right-click") return Commands::PopupNames();
     if (name == "choose" || arguments == "LABEL") return PopupLabels();
     if (arguments == "COMMAND") return TheHost().commands.Names();
     if (name == "expect dialog") return TheHost().dialogs.Existing();
     if (name == "picture" || arguments == "TEXT" || arguments.empty()) return {};
-    return ModelNames();
+    return ModelsInMemory();
 }
 
 // The argument of a trail step that is being typed: 0 behind the verb.

@@ -53,11 +53,24 @@ fs::path TemporaryFolder() {
     return folder;
 }
 
-// Copies what is not there yet.
+// Copies the files and folders that are not there yet. What is neither, such as the lock that an
+// editor leaves as a dangling link, is no part of a project.
 void CopyFolder(const fs::path& from, const fs::path& to) {
-    if (!fs::is_directory(from)) throw std::runtime_error("no folder " + from.string());
+    if (!fs::is_directory(from)) throw std::runtime_error("there is no folder " + from.string());
     fs::create_directories(to);
-    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::skip_existing);
+    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+        const fs::path target = to / entry.path().filename();
+        std::error_code error;
+        if (entry.is_directory(error)) {
+            CopyFolder(entry.path(), target);
+        } else if (entry.is_regular_file(error)) {
+            fs::copy_file(entry.path(), target, fs::copy_options::skip_existing, error);
+            if (error) {
+                throw std::runtime_error("cannot copy " + entry.path().string() + " into " +
+                                         to.string() + ": " + error.message());
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -100,6 +113,7 @@ fs::path Workplace::Real(const WideText& windowsPath) const {
 }
 
 int Workplace::StartPlugin() {
+    if (plugin_) return 0;
     plugin_ = std::make_unique<Plugin>(options_.module,
                                        options_.moduleFolder + WIDE("\\vorlatix5.1.dll"));
     return plugin_->Initialize();

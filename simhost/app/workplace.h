@@ -35,7 +35,8 @@ public:
     Workplace(const Workplace&) = delete;
     Workplace& operator=(const Workplace&) = delete;
 
-    // Loads the plug-in and starts it; the status of user_initialize.
+    // Loads the plug-in and starts it; the status of user_initialize. One that is loaded stays as
+    // it is: 0.
     int StartPlugin();
     void StopPlugin();
     Plugin* plugin() { return plugin_.get(); }

@@ -20,7 +20,9 @@
 #include "simhost/app/faults.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/picture_file.h"
+#include "simhost/app/progress_line.h"
 #include "simhost/app/prompt.h"
+#include "simhost/app/signals.h"
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -51,6 +53,7 @@ struct UsageError : std::runtime_error {
 int transcriptError = 0;
 
 void PrintLine(const std::string& line) {
+    ClearProgressLine();
     errno = 0;
     std::cout << line << '\n' << std::flush;
     if (!std::cout && transcriptError == 0) transcriptError = errno != 0 ? errno : EIO;
@@ -85,8 +88,49 @@ void SetHooks(Workplace& workplace) {
     TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
 }
 
-// Runs the lines of `source` at a workplace; 0 if nothing failed.
-int RunTrail(const Options& options, Source& source) {
+// "a, b and 3 more".
+std::string FirstOf(const std::vector<std::string>& names) {
+    constexpr std::size_t kMost = 5;
+    std::string told;
+    for (std::size_t i = 0; i < names.size() && i < kMost; ++i) {
+        told += (i == 0 ? "" : ", ") + names[i];
+    }
+    if (names.size() > kMost) told += " and " + std::to_string(names.size() - kMost) + " more";
+    return told;
+}
+
+void TellWhereItWorks(const Workplace& workplace) {
+    if (workplace.isTemporary()) {
+        PrintLine("Works on a copy of " + workplace.options().project.string() +
+                  " that is gone at the end; --drive DIR keeps it.");
+    } else {
+        PrintLine("Works in " + workplace.drive().string() + ", which stays.");
+    }
+}
+
+// What a session leaves, and what it does not.
+void TellWhatIsLeft(const Workplace& workplace, bool unsavedToo) {
+    std::vector<std::string> unsaved, written;
+    for (const Model* model : TheHost().session.All()) {
+        if (unsavedToo && model->modified) unsaved.push_back(model->FileName());
+    }
+    for (const fs::path& file : workplace.WrittenFiles()) {
+        const std::u8string name = fs::relative(file, workplace.drive()).generic_u8string();
+        written.emplace_back(name.begin(), name.end());
+    }
+    if (!unsaved.empty()) {
+        PrintLine("changed and not saved: " + FirstOf(unsaved));
+    }
+    if (!written.empty() && workplace.isTemporary()) {
+        PrintLine("gone with the temporary drive: " + FirstOf(written) + " (--drive DIR keeps it)");
+    } else if (!written.empty()) {
+        PrintLine("kept in " + workplace.drive().string() + ": " + FirstOf(written));
+    }
+}
+
+// Runs the lines of `source` at a workplace; 0 if nothing failed. A session is one that somebody
+// types.
+int RunTrail(const Options& options, Source& source, bool session) {
     std::vector<Fault> faults;
     for (const std::string& text : options.faults) faults.push_back(ParseFault(text));
     Workplace workplace(options.workplace);
@@ -95,12 +139,14 @@ int RunTrail(const Options& options, Source& source) {
     if (!options.journal.empty()) host.journal.Start();
     for (const Fault& fault : faults) Operation::Fail(fault);
 
+    if (session) TellWhereItWorks(workplace);
     Trail trail(source, PrintLine);
     if (!options.noPlugin) trail.Begin("@ start");
     const bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
     }
+    TellWhatIsLeft(workplace, session);
     workplace.StopPlugin();
     if (!options.journal.empty()) {
         std::ofstream(options.journal) << host.journal.Text();
@@ -113,12 +159,12 @@ int RunTrail(const Options& options, Source& source) {
 int RunScriptFile(const Options& options) {
     std::optional<TextSource> source = FileSource(options.script);
     if (!source) throw std::runtime_error("cannot read " + options.script);
-    return RunTrail(options, *source);
+    return RunTrail(options, *source, /*session=*/false);
 }
 
 int RunPrompt(const Options& options) {
     const std::unique_ptr<Source> source = PromptSource();
-    return RunTrail(options, *source);
+    return RunTrail(options, *source, /*session=*/true);
 }
 
 // --- The command line -------------------------------------------------------------------------
@@ -262,6 +308,8 @@ int Demo(const Options& options) {
 }
 
 int Do(const CommandLine& line, const Options& options) {
+    WatchSignals(/*atAPrompt=*/line.app.get_subcommands().empty() && IsTyped());
+    ShowProgress();
     if (line.demo->parsed()) return Demo(options);
     if (line.generate->parsed()) return Generate(options);
     if (line.dialogs->parsed()) return Dialogs(options);

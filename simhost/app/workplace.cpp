@@ -1,19 +1,13 @@
 // Setting up a workplace on a folder that plays drive C.
 #include "simhost/app/workplace.h"
 
-#include <atomic>
+#include <map>
 #include <stdexcept>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/windows/windows.h"
-
-#ifdef _WIN32
-#include <process.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace fs = std::filesystem;
 
@@ -22,18 +16,12 @@ namespace simhost {
 namespace {
 
 #ifdef _WIN32
-int ProcessId() {
-    return _getpid();
-}
 // Paths are what they say: the folders of drive C come to lie below the drive's folder.
 WideText Placed(const WideText& path, const fs::path& drive) {
     if (drive.relative_path().empty()) return path;
     return (drive / path.substr(std::size(L"C:\\") - 1)).make_preferred().wstring();
 }
 #else
-int ProcessId() {
-    return int(getpid());
-}
 WideText Placed(const WideText& path, const fs::path&) {
     return path;
 }
@@ -43,14 +31,19 @@ void MarkFirstRunSeen() {
     TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
 }
 
-fs::path TemporaryFolder() {
-    static std::atomic<int> number{0};
-    const std::string name =
-        "vorlatix-" + std::to_string(ProcessId()) + "-" + std::to_string(++number);
-    const fs::path folder = fs::temp_directory_path() / name;
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    return folder;
+// What tells that a file was written again.
+Workplace::Mark MarkOf(const fs::directory_entry& entry) {
+    std::error_code ignored;
+    return {entry.last_write_time(ignored), entry.file_size(ignored)};
+}
+
+std::map<fs::path, Workplace::Mark> MarksBelow(const fs::path& folder) {
+    std::map<fs::path, Workplace::Mark> marks;
+    std::error_code error;
+    for (const auto& entry : fs::recursive_directory_iterator(folder, error)) {
+        if (entry.is_regular_file(error)) marks[entry.path()] = MarkOf(entry);
+    }
+    return marks;
 }
 
 // Copies the files and folders that are not there yet. What is neither, such as the lock that an
@@ -79,8 +72,8 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     RestartHost();
     RestartSpreadsheets();
     RestartWindows();
-    temporary_ = options_.drive.empty();
-    options_.drive = temporary_ ? TemporaryFolder() : fs::absolute(options_.drive);
+    if (options_.drive.empty()) temporary_ = std::make_unique<TemporaryDrive>();
+    options_.drive = temporary_ ? temporary_->path() : fs::absolute(options_.drive);
     fs::create_directories(options_.drive);
     for (WideText* folder :
          {&options_.moduleFolder, &options_.textFolder, &options_.workingDirectory}) {
@@ -100,12 +93,20 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     if (!options_.newUser) MarkFirstRunSeen();
     host.textFolder = options_.textFolder;
     host.session.workingDirectory = options_.workingDirectory;
+    atFirst_ = MarksBelow(options_.drive);
 }
 
 Workplace::~Workplace() {
     plugin_.reset();
-    std::error_code ignored;
-    if (temporary_) fs::remove_all(options_.drive, ignored);
+}
+
+std::vector<fs::path> Workplace::WrittenFiles() const {
+    std::vector<fs::path> files;
+    for (const auto& [path, mark] : MarksBelow(options_.drive)) {
+        const auto before = atFirst_.find(path);
+        if (before == atFirst_.end() || before->second != mark) files.push_back(path);
+    }
+    return files;
 }
 
 fs::path Workplace::Real(const WideText& windowsPath) const {

@@ -15,6 +15,7 @@
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/user/clock.h"
+#include "simhost/user/progress.h"
 
 namespace simhost {
 namespace {
@@ -173,8 +174,10 @@ void SaveModel(Trail& trail, const std::string& rest) {
 }
 
 void SaveAllModels(Trail& trail, const std::string&) {
-    for (Model* model : TheHost().session.All()) {
-        if (model->modified || model->version == 0) SaveOne(trail, *model);
+    const std::vector<Model*> models = TheHost().session.All();
+    for (std::size_t i = 0; i < models.size(); ++i) {
+        WorkStep("saving", i, models.size());
+        if (models[i]->modified || models[i]->version == 0) SaveOne(trail, *models[i]);
     }
 }
 

@@ -2,12 +2,16 @@
 // be typed; shows what the plug-in does; makes large assemblies for measuring.
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
+#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -15,13 +19,16 @@
 #include "simhost/app/faults.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/picture_file.h"
+#include "simhost/app/progress_line.h"
 #include "simhost/app/prompt.h"
+#include "simhost/app/signals.h"
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/picture/dialogs.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/ui/near_name.h"
 
 namespace fs = std::filesystem;
 using namespace simhost;
@@ -30,24 +37,49 @@ namespace {
 
 struct Options {
     WorkplaceOptions workplace;
-    std::string script, journal, out = "out/demo";
+    std::string script, journal;
+    fs::path out = "out/demo";
     std::vector<std::string> faults;
     bool noPlugin = false;
-    int occurrences = 10000, models = 200, depth = 4;
-    unsigned seed = 1;
+    int occurrences = 10000, models = 200, depth = 4, seed = 1;
 };
 
+// What stands on the command line and cannot be done.
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// Why the first line that was lost could not be written; 0: all were.
+int transcriptError = 0;
+
 void PrintLine(const std::string& line) {
+    ClearProgressLine();
+    errno = 0;
     std::cout << line << '\n' << std::flush;
+    if (!std::cout && transcriptError == 0) transcriptError = errno != 0 ? errno : EIO;
+}
+
+// Whoever reads only the status must not take a lost transcript for a good one.
+void CheckTranscript() {
+    errno = 0;
+    if (!std::cout.flush() && transcriptError == 0) transcriptError = errno != 0 ? errno : EIO;
+    if (transcriptError == 0) return;
+    throw std::runtime_error("what is printed cannot be written: " +
+                             std::generic_category().message(transcriptError));
 }
 
 std::string StartPlugin(Workplace& workplace) {
-    const int status = workplace.StartPlugin();
-    if (status == 0) return {};
-    return "the plug-in did not start: user_initialize returned " + std::to_string(status);
+    try {
+        const int status = workplace.StartPlugin();
+        if (status == 0) return {};
+        return "the plug-in did not start: user_initialize returned " + std::to_string(status);
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
 }
 
 void SetHooks(Workplace& workplace) {
+    TheHooks().loaded = [&] { return workplace.plugin() != nullptr; };
     TheHooks().start = [&] { return StartPlugin(workplace); };
     TheHooks().stop = [&] {
         workplace.StopPlugin();
@@ -56,8 +88,49 @@ void SetHooks(Workplace& workplace) {
     TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
 }
 
-// Runs the lines of `source` at a workplace; 0 if nothing failed.
-int RunTrail(const Options& options, Source& source) {
+// "a, b and 3 more".
+std::string FirstOf(const std::vector<std::string>& names) {
+    constexpr std::size_t kMost = 5;
+    std::string told;
+    for (std::size_t i = 0; i < names.size() && i < kMost; ++i) {
+        told += (i == 0 ? "" : ", ") + names[i];
+    }
+    if (names.size() > kMost) told += " and " + std::to_string(names.size() - kMost) + " more";
+    return told;
+}
+
+void TellWhereItWorks(const Workplace& workplace) {
+    if (workplace.isTemporary()) {
+        PrintLine("Works on a copy of " + workplace.options().project.string() +
+                  " that is gone at the end; --drive DIR keeps it.");
+    } else {
+        PrintLine("Works in " + workplace.drive().string() + ", which stays.");
+    }
+}
+
+// What a session leaves, and what it does not.
+void TellWhatIsLeft(const Workplace& workplace, bool unsavedToo) {
+    std::vector<std::string> unsaved, written;
+    for (const Model* model : TheHost().session.All()) {
+        if (unsavedToo && model->modified) unsaved.push_back(model->FileName());
+    }
+    for (const fs::path& file : workplace.WrittenFiles()) {
+        const std::u8string name = fs::relative(file, workplace.drive()).generic_u8string();
+        written.emplace_back(name.begin(), name.end());
+    }
+    if (!unsaved.empty()) {
+        PrintLine("changed and not saved: " + FirstOf(unsaved));
+    }
+    if (!written.empty() && workplace.isTemporary()) {
+        PrintLine("gone with the temporary drive: " + FirstOf(written) + " (--drive DIR keeps it)");
+    } else if (!written.empty()) {
+        PrintLine("kept in " + workplace.drive().string() + ": " + FirstOf(written));
+    }
+}
+
+// Runs the lines of `source` at a workplace; 0 if nothing failed. A session is one that somebody
+// types.
+int RunTrail(const Options& options, Source& source, bool session) {
     std::vector<Fault> faults;
     for (const std::string& text : options.faults) faults.push_back(ParseFault(text));
     Workplace workplace(options.workplace);
@@ -66,12 +139,14 @@ int RunTrail(const Options& options, Source& source) {
     if (!options.journal.empty()) host.journal.Start();
     for (const Fault& fault : faults) Operation::Fail(fault);
 
+    if (session) TellWhereItWorks(workplace);
     Trail trail(source, PrintLine);
     if (!options.noPlugin) trail.Begin("@ start");
     const bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
     }
+    TellWhatIsLeft(workplace, session);
     workplace.StopPlugin();
     if (!options.journal.empty()) {
         std::ofstream(options.journal) << host.journal.Text();
@@ -84,19 +159,97 @@ int RunTrail(const Options& options, Source& source) {
 int RunScriptFile(const Options& options) {
     std::optional<TextSource> source = FileSource(options.script);
     if (!source) throw std::runtime_error("cannot read " + options.script);
-    return RunTrail(options, *source);
+    return RunTrail(options, *source, /*session=*/false);
 }
 
 int RunPrompt(const Options& options) {
     const std::unique_ptr<Source> source = PromptSource();
-    return RunTrail(options, *source);
+    return RunTrail(options, *source, /*session=*/true);
+}
+
+// --- The command line -------------------------------------------------------------------------
+
+fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+template <class Path>
+CLI::Option* FolderOption(CLI::App* command, const char* name, Path* folder, const char* help) {
+    const auto take = [name, folder](const std::string& value) {
+        if (value.empty()) throw UsageError(std::string(name) + " needs the name of a folder");
+        *folder = PathOf(value);
+    };
+    return command->add_option_function<std::string>(name, take, help);
+}
+
+void NumberOption(CLI::App* command, const char* name, int* number, int most, const char* help) {
+    const auto take = [name, number, most](const std::string& value) {
+        const char* end = value.data() + value.size();
+        const auto [parsed, error] = std::from_chars(value.data(), end, *number);
+        if (error == std::errc() && parsed == end && *number >= 0 && *number <= most) return;
+        throw UsageError(std::string(name) + " " + value + ": a whole number from 0 to " +
+                         std::to_string(most) + " belongs there");
+    };
+    command->add_option_function<std::string>(name, take, help);
+}
+
+// Makes the folder that an option names, so that what follows can write into it.
+void MakeFolder(const char* option, const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    std::error_code ignored;
+    if (fs::is_directory(folder, ignored)) return;
+    throw UsageError(std::string(option) + " " + folder.string() + ": cannot make this folder: " +
+                     (error ? error.message() : "a file has its name"));
+}
+
+std::string NearestQuoted(const std::string& name, const std::vector<std::string>& names) {
+    const std::string near = NearName(name, names);
+    return near.empty() ? std::string() : "; did you mean '" + near + "'?";
+}
+
+// What is wrong with the first word that nothing could be made of.
+std::string UnknownWord(const CLI::App& app) {
+    const auto parsed = app.get_subcommands();
+    const CLI::App& command = parsed.empty() ? app : *parsed[0];
+    const std::vector<std::string> words = app.remaining(/*recurse=*/true);
+    const std::string word = words.empty() ? std::string() : words[0];
+    std::vector<std::string> names;
+    if (word.size() > 1 && word[0] == '-') {
+        for (const CLI::Option* option : command.get_options()) names.push_back(option->get_name());
+        return "no option '" + word + "'" + NearestQuoted(word, names);
+    }
+    if (&command != &app) return command.get_name() + " has no use for '" + word + "'";
+    for (const CLI::App* each : app.get_subcommands({})) names.push_back(each->get_name());
+    return "no command '" + word + "'" + NearestQuoted(word, names);
+}
+
+// The library's sentences about missing words, in ours.
+std::string MissingWord(const CLI::ParseError& error) {
+    const std::string said = error.what();
+    const std::string name = said.substr(0, said.find_first_of(": "));
+    return (name.substr(0, 2) == "--" ? name : "a " + name) + " " +
+           (error.get_name() == "RequiredError" ? "is missing" : "needs a value after it");
+}
+
+void Parse(CLI::App* app, int argc, char* argv[]) {
+    try {
+        app->parse(argc, argv);
+    } catch (const CLI::ExtrasError&) {
+        throw UsageError(UnknownWord(*app));
+    } catch (const CLI::RequiredError& error) {
+        throw UsageError(MissingWord(error));
+    } catch (const CLI::ArgumentMismatch& error) {
+        throw UsageError(MissingWord(error));
+    }
 }
 
 void AddWorkplaceOptions(CLI::App* command, Options* options) {
-    command->add_option("--project", options->workplace.project,
-                        "Folder of model files to work on (copied; default: the sample gearbox)");
-    command->add_option("--drive", options->workplace.drive,
-                        "Folder that plays drive C and stays (default: a temporary one)");
+    command->add_option("--module", options->workplace.module, "The plug-in's module");
+    FolderOption(command, "--project", &options->workplace.project,
+                 "Folder of model files to work on (copied; default: the sample gearbox)");
+    FolderOption(command, "--drive", &options->workplace.drive,
+                 "Folder that plays drive C and stays (default: a temporary one)");
     command->add_option("--journal", options->journal, "Write every call through the door here");
     command->add_option("--fail", options->faults,
                         "OPERATION[:N]=STATUS: the N-th such call fails (without N, every one)");
@@ -109,6 +262,66 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
     command->add_flag("--no-plugin", options->noPlugin, "Do not start the plug-in (see @ start)");
 }
 
+struct CommandLine {
+    CLI::App app{"The simulated host of Vorlatix. Without a command: a prompt."};
+    CLI::App *run = nullptr, *demo = nullptr, *generate = nullptr, *dialogs = nullptr;
+
+    explicit CommandLine(Options* options) {
+        app.set_version_flag("--version", "simhost " VX_VERSION);
+        AddWorkplaceOptions(&app, options);
+        run = app.add_subcommand("run", "Run a trail script and print a transcript");
+        run->add_option("script", options->script, "The script")->required();
+        AddWorkplaceOptions(run, options);
+        demo = app.add_subcommand(
+            "demo", "Work on the sample gearbox as a designer would, and show what happened");
+        FolderOption(demo, "--out", &options->out, "Folder for the results");
+        generate = app.add_subcommand("generate", "Write the files of a large assembly");
+        FolderOption(generate, "--out", &options->out, "Folder for the files")->required();
+        NumberOption(generate, "--occurrences", &options->occurrences, 10'000'000,
+                     "Components in the whole tree");
+        NumberOption(generate, "--models", &options->models, 1'000'000,
+                     "Different models below the top");
+        NumberOption(generate, "--depth", &options->depth, 1000, "Levels");
+        NumberOption(generate, "--seed", &options->seed, std::numeric_limits<int>::max(),
+                     "Start of the random numbers");
+        dialogs = app.add_subcommand("dialogs", "Draw every dialog of the plug-in");
+        FolderOption(dialogs, "--out", &options->out, "Folder for the pictures")->required();
+    }
+};
+
+int Generate(const Options& options) {
+    MakeFolder("--out", options.out);
+    GenerateAssembly(options.out.string(), options.occurrences, options.models, options.depth,
+                     unsigned(options.seed));
+    PrintLine("written: " + (options.out / "large.asm.1").string());
+    return 0;
+}
+
+int Dialogs(const Options& options) {
+    MakeFolder("--out", options.out);
+    const fs::path resources = fs::path(VX_SOURCE_DIR) / "text" / "resource";
+    for (const fs::path& picture : DrawDialogs(resources, options.out)) {
+        PrintLine("drawn: " + picture.string());
+    }
+    return 0;
+}
+
+int Demo(const Options& options) {
+    MakeFolder("--out", options.out);
+    const fs::path trail = fs::path(VX_SOURCE_DIR) / "samples" / "trails" / "demo.trail";
+    return RunDemo(options.workplace, trail, options.out, PrintLine);
+}
+
+int Do(const CommandLine& line, const Options& options) {
+    WatchSignals(/*atAPrompt=*/line.app.get_subcommands().empty() && IsTyped());
+    ShowProgress();
+    if (line.demo->parsed()) return Demo(options);
+    if (line.generate->parsed()) return Generate(options);
+    if (line.dialogs->parsed()) return Dialogs(options);
+    if (!options.workplace.drive.empty()) MakeFolder("--drive", options.workplace.drive);
+    return line.run->parsed() ? RunScriptFile(options) : RunPrompt(options);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -116,46 +329,17 @@ int main(int argc, char* argv[]) {
     options.workplace.installed = VX_SOURCE_DIR;
     options.workplace.module = fs::path(argv[0]).parent_path() / VX_MODULE_NAME;
     options.workplace.project = fs::path(VX_SOURCE_DIR) / "samples" / "gearbox";
-
-    CLI::App app{"The simulated host of Vorlatix. Without a command: a prompt."};
-    app.add_option("--module", options.workplace.module, "The plug-in's module");
-    AddWorkplaceOptions(&app, &options);
-    CLI::App* run = app.add_subcommand("run", "Run a trail script and print a transcript");
-    run->add_option("script", options.script, "The script")->required();
-    AddWorkplaceOptions(run, &options);
-    CLI::App* demo = app.add_subcommand(
-        "demo", "Work on the sample gearbox as a designer would, and show what happened");
-    demo->add_option("--out", options.out, "Folder for the results");
-    CLI::App* generate = app.add_subcommand("generate", "Write the files of a large assembly");
-    generate->add_option("--out", options.out, "Folder for the files")->required();
-    generate->add_option("--occurrences", options.occurrences, "Components in the whole tree");
-    generate->add_option("--models", options.models, "Different models below the top");
-    generate->add_option("--depth", options.depth, "Levels");
-    generate->add_option("--seed", options.seed, "Start of the random numbers");
-    CLI::App* dialogs = app.add_subcommand("dialogs", "Draw every dialog of the plug-in");
-    dialogs->add_option("--out", options.out, "Folder for the pictures")->required();
-    CLI11_PARSE(app, argc, argv);
-
     try {
-        if (run->parsed()) return RunScriptFile(options);
-        if (demo->parsed()) {
-            const fs::path trail = fs::path(VX_SOURCE_DIR) / "samples" / "trails" / "demo.trail";
-            return RunDemo(options.workplace, trail, options.out, PrintLine);
+        CommandLine line(&options);
+        int status = 0;
+        try {
+            Parse(&line.app, argc, argv);
+            status = Do(line, options);
+        } catch (const CLI::ParseError& error) {
+            status = line.app.exit(error) == 0 ? 0 : 2;  // help and version end here
         }
-        if (generate->parsed()) {
-            GenerateAssembly(options.out, options.occurrences, options.models, options.depth,
-                             options.seed);
-            PrintLine("written: " + options.out + "/large.asm.1");
-            return 0;
-        }
-        if (dialogs->parsed()) {
-            const fs::path resources = fs::path(VX_SOURCE_DIR) / "text" / "resource";
-            for (const fs::path& picture : DrawDialogs(resources, options.out)) {
-                PrintLine("drawn: " + picture.string());
-            }
-            return 0;
-        }
-        return RunPrompt(options);
+        CheckTranscript();
+        return status;
     } catch (const std::exception& error) {
         std::cerr << "simhost: " << error.what() << '\n';
         return 2;

@@ -2,8 +2,8 @@
 #include "simhost/app/workplace.h"
 
 #include <algorithm>
-#include <atomic>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 #include <vector>
 
@@ -14,12 +14,6 @@
 #include "simhost/trail/macro.h"
 #include "simhost/windows/windows.h"
 
-#ifdef _WIN32
-#include <process.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace fs = std::filesystem;
 
 namespace simhost {
@@ -27,18 +21,12 @@ namespace simhost {
 namespace {
 
 #ifdef _WIN32
-int ProcessId() {
-    return _getpid();
-}
 // Paths are what they say: the folders of drive C come to lie below the drive's folder.
 WideText Placed(const WideText& path, const fs::path& drive) {
     if (drive.relative_path().empty()) return path;
     return (drive / path.substr(std::size(L"C:\\") - 1)).make_preferred().wstring();
 }
 #else
-int ProcessId() {
-    return int(getpid());
-}
 WideText Placed(const WideText& path, const fs::path&) {
     return path;
 }
@@ -48,14 +36,19 @@ void MarkFirstRunSeen() {
     TheWindows().SetRegistry(the_plugin::kMarkerKey, the_plugin::kMarker, the_plugin::kNoticeSeen);
 }
 
-fs::path TemporaryFolder() {
-    static std::atomic<int> number{0};
-    const std::string name =
-        "vorlatix-" + std::to_string(ProcessId()) + "-" + std::to_string(++number);
-    const fs::path folder = fs::temp_directory_path() / name;
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    return folder;
+// What tells that a file was written again.
+Workplace::Mark MarkOf(const fs::directory_entry& entry) {
+    std::error_code ignored;
+    return {entry.last_write_time(ignored), entry.file_size(ignored)};
+}
+
+std::map<fs::path, Workplace::Mark> MarksBelow(const fs::path& folder) {
+    std::map<fs::path, Workplace::Mark> marks;
+    std::error_code error;
+    for (const auto& entry : fs::recursive_directory_iterator(folder, error)) {
+        if (entry.is_regular_file(error)) marks[entry.path()] = MarkOf(entry);
+    }
+    return marks;
 }
 
 void TellOnStandardError(const std::string& line) {
@@ -105,7 +98,7 @@ private:
 };
 
 void CopyFolder(const fs::path& from, const fs::path& to, const WorkplaceOptions& options) {
-    if (!fs::is_directory(from)) throw std::runtime_error("no folder " + from.string());
+    if (!fs::is_directory(from)) throw std::runtime_error("there is no folder " + from.string());
     Copier(options.tell).Folder(from, to);
 }
 
@@ -116,8 +109,8 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     RestartSpreadsheets();
     RestartWindows();
     SetSystemCodePage(options_.codePage);
-    temporary_ = options_.drive.empty();
-    options_.drive = temporary_ ? TemporaryFolder() : fs::absolute(options_.drive);
+    if (options_.drive.empty()) temporary_ = std::make_unique<TemporaryDrive>();
+    options_.drive = temporary_ ? temporary_->path() : fs::absolute(options_.drive);
     fs::create_directories(options_.drive);
     for (WideText* folder :
          {&options_.moduleFolder, &options_.textFolder, &options_.workingDirectory}) {
@@ -140,12 +133,20 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     if (!options_.newUser) MarkFirstRunSeen();
     host.textFolder = options_.textFolder;
     host.session.workingDirectory = options_.workingDirectory;
+    atFirst_ = MarksBelow(options_.drive);
 }
 
 Workplace::~Workplace() {
     plugin_.reset();
-    std::error_code ignored;
-    if (temporary_) fs::remove_all(options_.drive, ignored);
+}
+
+std::vector<fs::path> Workplace::WrittenFiles() const {
+    std::vector<fs::path> files;
+    for (const auto& [path, mark] : MarksBelow(options_.drive)) {
+        const auto before = atFirst_.find(path);
+        if (before == atFirst_.end() || before->second != mark) files.push_back(path);
+    }
+    return files;
 }
 
 fs::path Workplace::Real(const WideText& windowsPath) const {
@@ -153,6 +154,7 @@ fs::path Workplace::Real(const WideText& windowsPath) const {
 }
 
 int Workplace::StartPlugin() {
+    if (plugin_) return 0;
     plugin_ = std::make_unique<Plugin>(
         options_.module, options_.moduleFolder + WIDE("\\") + WideText(the_plugin::kModule));
     return plugin_->Initialize();

@@ -2,14 +2,18 @@
 // project to work on.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "hostapi/wide.h"
 #include "simhost/app/plugin.h"
+#include "simhost/app/temporary_drive.h"
 #include "simhost/app/the_plugin.h"
 
 namespace simhost {
@@ -38,22 +42,33 @@ public:
     // leads nowhere, a pipe) is told and passed over.
     // Throws std::runtime_error.
     explicit Workplace(WorkplaceOptions options);
-    ~Workplace();  // removes a temporary drive
+    ~Workplace();  // a temporary drive goes with it
     Workplace(const Workplace&) = delete;
     Workplace& operator=(const Workplace&) = delete;
 
-    // Loads the plug-in and starts it; the status of user_initialize.
+    // Loads the plug-in and starts it; the status of user_initialize. One that is loaded stays as
+    // it is: 0.
     int StartPlugin();
     void StopPlugin();
     Plugin* plugin() { return plugin_.get(); }
 
     const std::filesystem::path& drive() const { return options_.drive; }
+    bool isTemporary() const { return temporary_ != nullptr; }
+    // What was made or changed on the drive since the workplace was set up, sorted.
+    std::vector<std::filesystem::path> WrittenFiles() const;
+
+    struct Mark {
+        std::filesystem::file_time_type time;
+        std::uintmax_t size = 0;
+        bool operator==(const Mark&) const = default;
+    };
     const WorkplaceOptions& options() const { return options_; }
     std::filesystem::path Real(const WideText& windowsPath) const;
 
 private:
     WorkplaceOptions options_;
-    bool temporary_ = false;
+    std::unique_ptr<TemporaryDrive> temporary_;
+    std::map<std::filesystem::path, Mark> atFirst_;
     std::unique_ptr<Plugin> plugin_;
 };
 

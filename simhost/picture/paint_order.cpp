@@ -14,6 +14,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "simhost/user/progress.h"
+
 namespace simhost {
 
 namespace {
@@ -172,7 +174,9 @@ Scene Arrange(std::vector<Patch> patches) {
     std::stable_sort(patches.begin(), patches.end(),
                      [](const Patch& a, const Patch& b) { return a.area > b.area; });
     Scene scene;
+    std::size_t done = 0;
     for (Patch& patch : patches) {
+        WorkStep("drawing", done++, patches.size());
         std::vector<Patch> waiting;
         waiting.push_back(std::move(patch));
         while (!waiting.empty()) {
@@ -264,6 +268,7 @@ void PaintTree(std::vector<Patch> patches, std::vector<Patch>* painted) {
     Split best;
     std::size_t bestCost = ~std::size_t(0);
     for (std::size_t i = 0; i < patches.size(); i += step) {
+        WorkStep("sorting what hides each other", i, patches.size());
         Split split = SplitAt(patches, patches[i]);
         const std::size_t larger = std::max(split.nearer.size(), split.farther.size());
         if (split.cuts * 8 + larger >= bestCost) continue;

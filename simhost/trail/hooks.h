@@ -12,6 +12,7 @@ namespace simhost {
 struct Hooks {
     std::function<std::string()> start;                           // load the plug-in
     std::function<std::string()> stop;                            // unload it
+    std::function<bool()> loaded;                                 // whether it is loaded
     std::function<std::string(const std::string& file)> picture;  // draw the current model
     // Copy a file of drive C to where people look for results.
     std::function<std::string(const std::filesystem::path& file)> handOut;

@@ -19,7 +19,7 @@ namespace {
 constexpr const char* kIndent = "    ";
 
 std::string Quoted(const WideText& text) {
-    return "\"" + std::string(Trimmed(Utf8(text))) + "\"";
+    return Visible(Wide(std::string(Trimmed(Utf8(text)))));
 }
 
 // What waits, as the beginning of a sentence.
@@ -266,7 +266,9 @@ void Trail::Perform(const Step& step) {
 void Trail::PerformInner(const Step& step) {
     switch (step.kind) {
         case Step::Kind::Trail:
-            if (const std::string problem = PerformTrailStep(step); !problem.empty()) Fail(problem);
+            if (const std::string problem = PerformTrailStep(step); !problem.empty()) {
+                Fail(problem + (step.verb == "Command" ? UnloadedHint() : ""));
+            }
             break;
         case Step::Kind::Word: PerformWord(*this, step.text); break;
         default: Fail("a line begins with ~ (a step), @ (a word) or ! (a comment)");
@@ -287,9 +289,10 @@ void Trail::TellWhatWasShown() {
 
 void Trail::Fail(const std::string& what) {
     std::string place;
-    if (!patient()) {
+    const int line = current_ ? current_->line : line_;
+    if (!patient() && line > 0) {
         const std::string file = source_.name().empty() ? "line " : source_.name() + ":";
-        place = fmt::format("{}{}: ", file, current_ ? current_->line : line_);
+        place = fmt::format("{}{}: ", file, line);
     }
     failures_.push_back(place + what);
     Say("!! " + failures_.back());

@@ -47,6 +47,7 @@ public:
     void SayAll(const std::vector<std::string>& lines);
     Wait* waiting() { return waits_.empty() ? nullptr : waits_.back(); }
     bool patient() const { return source_.patient(); }
+    bool typed() const { return source_.takesPlainWords(); }  // by hand, or through a pipe
     void Stop() { stopped_ = true; }
     FactTable facts;  // what the script remembers
 

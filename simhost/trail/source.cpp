@@ -2,8 +2,10 @@
 #include "simhost/trail/source.h"
 
 #include <filesystem>
+#include <stdexcept>
 
 #include "simhost/core/disk.h"
+#include "simhost/core/text.h"
 
 namespace simhost {
 
@@ -27,6 +29,9 @@ std::optional<TextSource> FileSource(const std::string& path) {
     bool found = false;
     std::string text = ReadFile(real, &found);
     if (!found) return std::nullopt;
+    if (text.find('\0') != std::string::npos || Utf8(Wide(text)) != text) {
+        throw std::runtime_error(path + " is no UTF-8 text, which a script must be");
+    }
     const std::u8string name = real.filename().u8string();
     return TextSource(std::move(text), std::string(name.begin(), name.end()));
 }

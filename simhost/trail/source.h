@@ -34,6 +34,7 @@ private:
 };
 
 // The whole of a file as a source; nothing if it cannot be read. A path of this system, UTF-8.
+// Throws std::runtime_error if what it holds is no UTF-8 text.
 std::optional<TextSource> FileSource(const std::string& path);
 
 }  // namespace simhost

@@ -10,7 +10,7 @@ namespace simhost {
 
 std::string PerformTrailStep(const Step& step) {
     if (step.verb == "Command") {
-        if (step.arguments.empty()) return "a command's name belongs behind ~ Command";
+        if (step.arguments.empty()) return "a command's name belongs after ~ Command";
         return TheHost().commands.Press(step.arguments[0]).reason;
     }
     const auto verb = ParseVerb(step.verb);
@@ -20,11 +20,11 @@ std::string PerformTrailStep(const Step& step) {
         return fmt::format("there is no step {}{}", step.verb, DidYouMean(step.verb, verbs));
     }
     if (step.arguments.empty()) {
-        return fmt::format("a dialog's name belongs behind ~ {}", step.verb);
+        return fmt::format("a dialog's name belongs after ~ {}", step.verb);
     }
     const bool wholeDialog = step.arguments.size() == 1;
     if (wholeDialog && *verb != Verb::Close) {
-        return fmt::format("a component's name belongs behind ~ {} `{}`", step.verb,
+        return fmt::format("a component's name belongs after ~ {} `{}`", step.verb,
                            step.arguments[0]);
     }
     return TheHost().dialogs.Use(

@@ -22,6 +22,26 @@ bool Begins(const std::string& text, const std::string& word) {
     return text.size() == word.size() || text[word.size()] == ' ' || text[word.size()] == '\t';
 }
 
+// What can be expected, for an expectation that is none of it.
+std::string UnknownExpectation(const std::string& text) {
+    constexpr std::string_view kExpect = "expect ";
+    std::vector<std::string> subjects;
+    std::string all;
+    for (const Word& word : Words()) {
+        const std::string name = word.name;
+        if (name.compare(0, kExpect.size(), kExpect) != 0) continue;
+        subjects.push_back(name.substr(kExpect.size()));
+        all += (all.empty() ? "" : ", ") + subjects.back();
+    }
+    const std::string rest(Trimmed(text.substr(kExpect.size() - 1)));
+    if (rest.empty()) return "expect what? " + all;
+    std::string near = NearName(rest.substr(0, rest.find(' ')), subjects);
+    if (near.empty()) near = NearName(rest, subjects);
+    if (near.empty())
+        return fmt::format("nothing called \"{}\" can be expected; {} can", rest, all);
+    return fmt::format("nothing is called \"{}\"; did you mean expect {}?", text, near);
+}
+
 }  // namespace
 
 const std::vector<Word>& Words() {
@@ -97,17 +117,19 @@ void PerformWord(Trail& trail, const std::string& text) {
     if (const Word* word = FindWord(text, &rest)) {
         if (*word->arguments == '\0' && !rest.empty()) {
             trail.Fail(
-                fmt::format("nothing belongs behind {}, but there is \"{}\"", word->name, rest));
+                fmt::format("nothing belongs after {}, but there is \"{}\"", word->name, rest));
             return;
         }
         word->perform(trail, rest);
         return;
     }
+    if (Begins(text, "expect")) return trail.Fail(UnknownExpectation(text));
     std::vector<std::string> names = TheHost().commands.Names();
     for (const Word& word : Words()) names.emplace_back(word.name);
     const std::string first = text.substr(0, text.find(' '));
     std::string hint = DidYouMean(text, names);
     if (hint.empty()) hint = DidYouMean(first, names);
+    if (hint.empty()) hint = UnloadedHint();
     trail.Fail(fmt::format("nothing is called \"{}\"{}", text, hint.empty() ? "; try help" : hint));
 }
 
@@ -151,6 +173,15 @@ void HelpWords(Trail& trail, const std::string&) {
     std::string verbs = "~ Command `NAME`   and on dialogs:";
     for (const std::string& verb : VerbNames()) verbs += " ~ " + verb;
     trail.Say(verbs);
+}
+
+std::optional<bool> IsLoaded() {
+    if (!TheHooks().loaded) return std::nullopt;
+    return TheHooks().loaded();
+}
+
+std::string UnloadedHint() {
+    return IsLoaded() == false ? "; the plug-in is not loaded: start loads it" : "";
 }
 
 Hooks& TheHooks() {

@@ -1,6 +1,7 @@
 // The @ words of scripts: what a trail of the host cannot say.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,10 @@ const std::vector<Word>& Words();
 const Word* FindWord(const std::string& text, std::string* rest);
 
 void PerformWord(Trail& trail, const std::string& text);
+// Whether the plug-in is loaded; nothing where nobody can tell.
+std::optional<bool> IsLoaded();
+// "; the plug-in is not loaded: start loads it", or nothing: for commands that do not exist.
+std::string UnloadedHint();
 bool NeedsTheMainWindow(const Step& step);
 bool KeepsPopup(const Step& step);
 

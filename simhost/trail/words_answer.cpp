@@ -67,7 +67,7 @@ void Quit(Trail& trail, const std::string&) {
                                      wait->dialog->name()));
     } else if (TheHost().commands.popup()) {
         TheHost().commands.ClosePopup();
-    } else if (trail.patient()) {
+    } else if (trail.typed()) {
         trail.Stop();
     } else {
         trail.Fail("neither a prompt nor a popup is there to be left");

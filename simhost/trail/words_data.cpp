@@ -5,6 +5,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/trail/known_names.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/text_frame.h"
@@ -22,9 +23,8 @@ std::string TakeWord(std::string* text) {
 Model* InMemory(Trail& trail, const std::string& file) {
     Session& session = TheHost().session;
     if (Model* model = session.FindByFile(Lower(file))) return model;
-    std::vector<std::string> names;
-    for (const Model* model : session.All()) names.push_back(model->FileName());
-    trail.Fail(fmt::format("the model {} is not in memory{}", file, DidYouMean(file, names)));
+    trail.Fail(
+        fmt::format("the model {} is not in memory{}", file, DidYouMean(file, ModelsInMemory())));
     return nullptr;
 }
 
@@ -48,6 +48,12 @@ bool ParseValue(const std::string& written, Parameter* parameter) {
         *parameter = RealParameter(parameter->name, std::atof(text.c_str()));
     }
     return true;
+}
+
+// A value as it is typed.
+std::string Written(const Parameter& parameter) {
+    const std::string text = ValueText(parameter);
+    return parameter.type == PRO_PARAM_STRING ? Visible(Wide(text)) : text;
 }
 
 std::string RelationsText(const Model& model) {
@@ -77,11 +83,21 @@ void ExpectParameter(Trail& trail, const std::string& rest) {
     const TextArgument expected = ParseText(left);
     const Parameter* found = ShownParameter(*model, Wide(name));
     if (!expected.quoted && expected.text == "none") {
-        if (found) trail.Fail(fmt::format("{} is {}", name, ValueText(*found)));
+        if (found) {
+            trail.Fail(fmt::format("{} of {} is {}, and should not be there", name,
+                                   model->FileName(), Written(*found)));
+        }
     } else if (!found) {
-        trail.Fail(fmt::format("{} has no parameter {}", model->FileName(), name));
+        std::vector<std::string> names;
+        for (const Parameter& each : model->parameters.all()) names.push_back(Utf8(each.name));
+        trail.Fail(fmt::format("{} has no parameter {}{}", model->FileName(), name,
+                               DidYouMean(name, names)));
     } else if (ValueText(*found) != expected.text) {
-        trail.Fail(fmt::format("{} is {}", name, ValueText(*found)));
+        const std::string wanted = expected.quoted || found->type == PRO_PARAM_STRING
+                                       ? Visible(Wide(expected.text))
+                                       : expected.text;
+        trail.Fail(fmt::format("{} of {} is {}, not {}", name, model->FileName(), Written(*found),
+                               wanted));
     }
 }
 
@@ -115,7 +131,18 @@ void SetOption(Trail& trail, const std::string& rest) {
     std::string left = rest;
     const std::string name = TakeWord(&left);
     if (name.empty()) return trail.Fail("an option is NAME VALUE");
-    TheHost().configOptions[Lower(WideView(Wide(name)))] = {Wide(ParseText(left).text)};
+    const auto& known = OptionNames();
+    if (std::find(known.begin(), known.end(), Lower(name)) == known.end()) {
+        return trail.Fail(
+            fmt::format("the host has no option {}{}", name, DidYouMean(name, known)));
+    }
+    const TextArgument value = ParseText(left);
+    const WideText option = Wide(Lower(name));
+    if (!value.quoted && value.text == "none") {
+        TheHost().configOptions.erase(option);
+    } else {
+        TheHost().configOptions[option] = {Wide(value.text)};
+    }
 }
 
 void ShowParameters(Trail& trail) {

@@ -6,8 +6,10 @@
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/trail/known_names.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/ui/text_frame.h"
 
 namespace simhost {
 namespace {
@@ -16,22 +18,6 @@ namespace {
 bool Says(const WideText& text, const TextArgument& expected) {
     const std::string utf8 = Utf8(text);
     return expected.quoted ? utf8 == expected.text : utf8.find(expected.text) != std::string::npos;
-}
-
-// A text with its tabs and line ends visible.
-std::string Visible(const WideText& text) {
-    std::string visible = "\"";
-    for (const char c : Utf8(text)) {
-        if (c == '\t') {
-            visible += "\\t";
-        } else if (c == '\n') {
-            visible += "\\n";
-        } else {
-            if (c == '"' || c == '\\') visible += '\\';
-            visible += c;
-        }
-    }
-    return visible + '"';
 }
 
 const Box* OpenBox(Trail& trail) {
@@ -86,6 +72,20 @@ std::string ColourOf(const Model& model, std::optional<int> surface) {
     return found == model.surfaceAppearances.end() ? "none" : ColourWords(found->second);
 }
 
+// "255.128.0".
+bool IsColour(const std::string& text) {
+    const char* at = text.data();
+    const char* end = at + text.size();
+    for (int i = 0; i < 3; ++i) {
+        int part = 0;
+        if (i > 0 && (at == end || *at++ != '.')) return false;
+        const auto [next, error] = std::from_chars(at, end, part);
+        if (error != std::errc() || part < 0 || part > 255) return false;
+        at = next;
+    }
+    return at == end;
+}
+
 }  // namespace
 
 void ExpectBox(Trail& trail, const std::string& rest) {
@@ -128,7 +128,7 @@ void ExpectDialog(Trail& trail, const std::string& rest) {
     const std::string name = ParseText(rest).text;
     const Dialog* dialog = TheHost().dialogs.Active();
     const std::string open = dialog ? dialog->name() : "none";
-    if (name.empty()) return trail.Fail("a dialog's name belongs behind expect dialog");
+    if (name.empty()) return trail.Fail("a dialog's name belongs after expect dialog");
     if (open == name) return;
     trail.Fail(dialog ? fmt::format("dialog {} is open", open) : std::string("no dialog is open"));
 }
@@ -138,6 +138,10 @@ void ExpectColour(Trail& trail, const std::string& rest) {
     const std::size_t blank = text.find_last_of(" \t");
     if (blank == std::string::npos) return trail.Fail("a colour is MODEL R.G.B, or MODEL none");
     const std::string expected = text.substr(blank + 1);
+    if (expected != "none" && !IsColour(expected)) {
+        return trail.Fail(
+            fmt::format("a colour is R.G.B, each 0 to 255, or none, not {}", expected));
+    }
     std::string name(Trimmed(text.substr(0, blank)));
     std::optional<int> surface;
     if (const std::size_t hash = name.rfind('#'); hash != std::string::npos) {
@@ -150,10 +154,8 @@ void ExpectColour(Trail& trail, const std::string& rest) {
     }
     Model* model = FindModel(name);
     if (!model) {
-        std::vector<std::string> names;
-        for (const Model* each : TheHost().session.All()) names.push_back(each->FileName());
-        return trail.Fail(
-            fmt::format("the model {} is not in memory{}", name, DidYouMean(name, names)));
+        return trail.Fail(fmt::format("the model {} is not in memory{}", name,
+                                      DidYouMean(name, ModelsInMemory())));
     }
     if (surface && !model->HasSurface(*surface)) {
         return trail.Fail(fmt::format("{} has no surface {}", model->FileName(), *surface));
@@ -189,7 +191,7 @@ void ExpectNoButton(Trail& trail, const std::string& rest) {
     const Popup* popup = TheHost().commands.popup();
     if (!popup) return trail.Fail("no popup is open; right-click opens one");
     const std::string label = ParseText(rest).text;
-    if (label.empty()) return trail.Fail("a label belongs behind expect no button");
+    if (label.empty()) return trail.Fail("a label belongs after expect no button");
     if (EntryOf(*popup, label)) {
         trail.Fail(fmt::format("the popup {} has the button {}", popup->name, label));
     }

@@ -1,6 +1,7 @@
 // The @ words about models, windows, folders, settings and the plug-in itself.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
@@ -11,25 +12,21 @@
 #include "simhost/model/model_file.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/trail/known_names.h"
 #include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/user/progress.h"
 #include "simhost/windows/clock.h"
 
 namespace simhost {
 namespace {
 
-std::vector<std::string> FilesInMemory() {
-    std::vector<std::string> names;
-    for (const Model* model : TheHost().session.All()) names.push_back(model->FileName());
-    return names;
-}
-
 Model* InMemory(Trail& trail, const std::string& file) {
     Model* model = TheHost().session.FindByFile(file);
     if (!model) {
         trail.Fail(fmt::format("the model {} is not in memory{}", file,
-                               DidYouMean(file, FilesInMemory())));
+                               DidYouMean(file, ModelsInMemory())));
     }
     return model;
 }
@@ -56,24 +53,65 @@ WideText ModuleFolder() {
     return path.substr(0, path.find_last_of(WIDE('\\')));
 }
 
-void CallHook(Trail& trail, const std::function<std::string()>& hook, const char* what) {
-    if (!hook) {
-        trail.Fail(fmt::format("nothing here can {}", what));
-    } else if (const std::string problem = hook(); !problem.empty()) {
-        trail.Fail(problem);
+// Whether the hook did it.
+bool CallHook(Trail& trail, const std::function<std::string()>& hook, const char* what) {
+    const std::string problem = hook ? hook() : fmt::format("nothing here can {}", what);
+    if (!problem.empty()) trail.Fail(problem);
+    return problem.empty();
+}
+
+// What can be opened: files, and models that are only in memory.
+std::vector<std::string> ModelsToOpen() {
+    std::vector<std::string> names = ModelFiles();
+    for (std::string& name : ModelsInMemory()) names.push_back(std::move(name));
+    return names;
+}
+
+std::string Listed(const std::vector<std::string>& names) {
+    std::string all;
+    for (const std::string& name : names) all += (all.empty() ? "" : ", ") + name;
+    return all;
+}
+
+// Whether the plug-in can ask for this setting; what is wrong has been told.
+bool IsSetting(Trail& trail, const WideText& path, const std::string& section,
+               const std::string& key) {
+    const auto names = IniNames(path);
+    if (names.empty()) return true;  // the file was deleted: any section is a new one
+    std::vector<std::string> sections;
+    for (const auto& [name, keys] : names) {
+        sections.push_back(name);
+        if (Lower(name) != Lower(section)) continue;
+        for (const std::string& each : keys) {
+            if (Lower(each) == Lower(key)) return true;
+        }
+        trail.Fail(fmt::format("the section {} has no key {}; it has {}", name, key, Listed(keys)));
+        return false;
     }
+    trail.Fail(
+        fmt::format("VxConfig.ini has no section {}{}", section, DidYouMean(section, sections)));
+    return false;
+}
+
+// A value that the settings dialog does not offer is legal: its reader takes it for another.
+void NoteUnknownValue(Trail& trail, const std::string& section, const std::string& value) {
+    const std::vector<std::string> known = SettingValues(section);
+    if (known.empty() || std::find(known.begin(), known.end(), value) != known.end()) return;
+    trail.Say(fmt::format("note: \"{}\" is no usual value of {} ({}){}", value, section,
+                          Listed(known), DidYouMean(value, known)));
 }
 
 }  // namespace
 
 void OpenModel(Trail& trail, const std::string& rest) {
     const std::string file = ParseText(rest).text;
-    if (file.empty()) return trail.Fail("a file's name belongs behind open");
+    if (file.empty()) return trail.Fail("a file's name belongs after open");
     Session& session = TheHost().session;
     Model* model = session.Retrieve(file);
     if (!model) {
-        return trail.Fail(
-            fmt::format("there is no {} in {}", file, Utf8(session.workingDirectory)));
+        return trail.Fail(fmt::format("there is no {} in {}{}", file,
+                                      Utf8(session.workingDirectory),
+                                      DidYouMean(file, ModelsToOpen())));
     }
     for (const std::string& missing : session.TakeMissing()) {
         trail.Say(fmt::format("missing: {}", missing));
@@ -103,6 +141,7 @@ void CloseModel(Trail& trail, const std::string&) {
 
 void ChangeDirectory(Trail& trail, const std::string& rest) {
     WideText folder = Wide(ParseText(rest).text);
+    if (folder.empty()) return trail.Fail("a folder's name belongs after directory");
     while (folder.size() > 3 && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
     const std::filesystem::path real = TheHost().disk.Real(folder);
     std::error_code error;
@@ -121,7 +160,7 @@ void SelectItems(Trail& trail, const std::string& rest) {
         if (!selection) return trail.Fail(problem);
         picked.push_back(selection);
     }
-    if (picked.empty()) return trail.Fail("a path belongs behind select, such as UNIT/GEAR:2");
+    if (picked.empty()) return trail.Fail("a path belongs after select, such as UNIT/GEAR:2");
     session.buffer = picked;
 }
 
@@ -140,13 +179,15 @@ void SaveModel(Trail& trail, const std::string& rest) {
 void SaveAllModels(Trail& trail, const std::string&) {
     std::string left;
     std::size_t count = 0;
-    for (Model* model : TheHost().session.All()) {
-        if (!model->modified && model->version != 0) continue;
+    const std::vector<Model*> models = TheHost().session.All();
+    for (std::size_t i = 0; i < models.size(); ++i) {
+        WorkStep("saving", i, models.size());
+        if (!models[i]->modified && models[i]->version != 0) continue;
         try {
-            SaveOne(trail, *model);
+            SaveOne(trail, *models[i]);
         } catch (const ModelFileError& error) {
             trail.Say(error.what());
-            left += (left.empty() ? "" : ", ") + model->FileName();
+            left += (left.empty() ? "" : ", ") + models[i]->FileName();
             ++count;
         }
     }
@@ -161,8 +202,11 @@ void WriteSetting(Trail& trail, const std::string& rest) {
         return trail.Fail("a setting is SECTION KEY VALUE, such as RmbDisable value 0");
     }
     const WideText path = ModuleFolder() + WIDE("\\") + WideText(the_plugin::kSettingsFile);
-    if (!WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(),
-                                    Wide(ParseText(left).text).c_str(), path.c_str())) {
+    if (!IsSetting(trail, path, section, key)) return;
+    const std::string value = ParseText(left).text;
+    NoteUnknownValue(trail, section, value);
+    if (!WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(), Wide(value).c_str(),
+                                    path.c_str())) {
         trail.Fail(fmt::format("cannot write {}", Utf8(path)));
     }
 }
@@ -172,6 +216,7 @@ void WaitSeconds(Trail& trail, const std::string& rest) {
     double seconds = 0;
     const char* end = rest.data() + rest.size();
     const auto [parsed, error] = std::from_chars(rest.data(), end, seconds);
+    if (rest.empty()) return trail.Fail("a number of seconds belongs after wait");
     if (error != std::errc() || parsed != end || !(seconds >= 0 && seconds <= kMostSeconds)) {
         return trail.Fail(fmt::format("\"{}\" is no number of seconds", rest));
     }
@@ -181,17 +226,20 @@ void WaitSeconds(Trail& trail, const std::string& rest) {
 
 void DrawPicture(Trail& trail, const std::string& rest) {
     const std::string file = ParseText(rest).text;
-    if (file.empty()) return trail.Fail("a file's name belongs behind picture");
+    if (file.empty()) return trail.Fail("a file's name belongs after picture");
     const auto& hook = TheHooks().picture;
     if (!hook) return trail.Fail("nothing here can draw pictures");
     if (const std::string problem = hook(file); !problem.empty()) trail.Fail(problem);
 }
 
 void StartPlugin(Trail& trail, const std::string&) {
-    CallHook(trail, TheHooks().start, "load the plug-in");
+    if (IsLoaded() == true) return trail.Say("the plug-in is loaded already");
+    // Without the plug-in each line of a script that follows would fail as well.
+    if (!CallHook(trail, TheHooks().start, "load the plug-in") && !trail.patient()) trail.Stop();
 }
 
 void StopPlugin(Trail& trail, const std::string&) {
+    if (IsLoaded() == false) return trail.Say("the plug-in is not loaded");
     CallHook(trail, TheHooks().stop, "unload the plug-in");
 }
 

@@ -164,7 +164,10 @@ void Show(Trail& trail, const std::string& rest) {
     }
     std::string all;
     for (const std::string& name : ShowTopics()) all += (all.empty() ? "" : ", ") + name;
-    trail.Fail(fmt::format("show what? {}{}", all, DidYouMean(rest, ShowTopics())));
+    const std::string near = NearName(rest, ShowTopics());
+    if (near.empty()) return trail.Fail("show what? " + all);
+    trail.Fail(fmt::format("nothing called {} can be shown; did you mean {}? There are {}", rest,
+                           near, all));
 }
 
 }  // namespace simhost

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "simhost/core/text.h"
+
 namespace simhost {
 namespace {
 
@@ -50,6 +52,21 @@ std::string Padded(std::string text, std::size_t width) {
     const std::size_t has = DisplayWidth(text);
     if (has < width) text.append(width - has, ' ');
     return text;
+}
+
+std::string Visible(const WideText& text) {
+    std::string visible = "\"";
+    for (const char c : Utf8(text)) {
+        switch (c) {
+            case '\t': visible += "\\t"; break;
+            case '\n': visible += "\\n"; break;
+            case '\r': visible += "\\r"; break;
+            case '"':
+            case '\\': visible += '\\'; [[fallthrough]];
+            default: visible += c;
+        }
+    }
+    return visible + '"';
 }
 
 std::vector<std::string> TextLines(std::string_view text) {

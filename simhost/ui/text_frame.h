@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hostapi/wide.h"
+
 namespace simhost {
 
 // Columns that UTF-8 text takes on a terminal.
@@ -12,6 +14,10 @@ std::size_t DisplayWidth(std::string_view text);
 
 // The text with blanks behind it up to this width.
 std::string Padded(std::string text, std::size_t width);
+
+// In quotes, with tabs, line ends, quotation marks and backslashes as a script writes them: one
+// line whatever the text.
+std::string Visible(const WideText& text);
 
 // Cut at line feeds; tabs become blanks.
 std::vector<std::string> TextLines(std::string_view text);

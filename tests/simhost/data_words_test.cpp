@@ -36,7 +36,12 @@ TEST_F(DataWords, ParametersAreSetAndExpectedByTheirValues) {
 }
 
 TEST_F(DataWords, AWrongExpectationTellsWhatIsThere) {
-    EXPECT_EQ(Failures("@ parameter a.prt N 4\n@ expect parameter a.prt N 5"), "line 2: N is 4\n");
+    EXPECT_EQ(Failures("@ parameter a.prt N 4\n@ expect parameter a.prt N 5"),
+              "line 2: N of a.prt is 4, not 5\n");
+    EXPECT_EQ(Failures("@ parameter a.prt 材料 \"45\"\n@ expect parameter a.prt 材料 46"),
+              "line 2: 材料 of a.prt is \"45\", not \"46\"\n");
+    EXPECT_EQ(Failures("@ expect parameter a.prt N none"),
+              "line 1: N of a.prt is 4, and should not be there\n");
     EXPECT_EQ(Failures("@ expect parameter a.prt M 5"), "line 1: a.prt has no parameter M\n");
     EXPECT_NE(Failures("@ expect parameter b.prt M 5"), "");
     EXPECT_NE(Failures("@ parameter a.prt 1N 5"), "");
@@ -66,6 +71,16 @@ TEST_F(DataWords, AnOptionIsSetIgnoringTheCaseOfItsName) {
     EXPECT_EQ(WideText(values[0]), WIDE("C:\\My Formats"));
     ProArray array = values;
     ProArrayFree(&array);
+    EXPECT_EQ(Failures("@ option pro_format_dir none"), "");
+    EXPECT_TRUE(TheHost().configOptions.empty());
+    EXPECT_EQ(Failures("@ option pro_format_dir \"none\""), "");
+    EXPECT_EQ(TheHost().configOptions[WIDE("pro_format_dir")], std::vector{WideText(WIDE("none"))});
+}
+
+TEST_F(DataWords, AnOptionThatTheHostDoesNotHaveFails) {
+    EXPECT_EQ(Failures("@ option pro_frmat_dir C:\\My Formats"),
+              "line 1: the host has no option pro_frmat_dir; did you mean pro_format_dir?\n");
+    EXPECT_TRUE(TheHost().configOptions.empty());
 }
 
 }  // namespace

@@ -26,6 +26,10 @@ int ShowsAPlainBox(uiCmdCmdId, uiCmdValue*, void*) {
     TheHost().ShowBox(Box{WIDE("plain"), {}, false, 0});
     return 0;
 }
+int ShowsABoxOfTwoLines(uiCmdCmdId, uiCmdValue*, void*) {
+    TheHost().ShowBox(Box{WIDE("first\nsecond"), {}, false, 0});
+    return 0;
+}
 int ShowsTwoBoxes(uiCmdCmdId, uiCmdValue*, void*) {
     TheHost().ShowBox(Box{WIDE("one"), {}, false, 0});
     TheHost().ShowBox(Box{WIDE("two"), {}, false, 0});
@@ -97,6 +101,7 @@ void Scripts::SetUp() {
     ASSERT_TRUE(found);
     Add("ShowsABox", ShowsABox);
     Add("ShowsAPlainBox", ShowsAPlainBox);
+    Add("ShowsABoxOfTwoLines", ShowsABoxOfTwoLines);
     Add("ShowsTwoBoxes", ShowsTwoBoxes);
     Add("Asks", Asks);
     Add("OpensADialog", OpensADialog);

@@ -30,6 +30,14 @@ TEST_F(Scripts, WhatDoesNotExistFailsWithItsLine) {
     EXPECT_EQ(Failure("~ Activate `Settings` `OK`"), "line 1: no dialog Settings is open");
     EXPECT_EQ(Failure("@ expct box x"),
               "line 1: nothing is called \"expct box x\"; did you mean expect box?");
+    EXPECT_EQ(Failure("@ expect bx hello"),
+              "line 1: nothing is called \"expect bx hello\"; did you mean expect box?");
+    EXPECT_EQ(Failure("@ expect clour shaft none"),
+              "line 1: nothing is called \"expect clour shaft none\"; did you mean expect colour?");
+    EXPECT_EQ(Failure("@ expect").substr(0, 41), "line 1: expect what? box, caption, no box");
+    EXPECT_EQ(Failure("@ expect everything").substr(0, 60),
+              "line 1: nothing called \"everything\" can be expected; box, ca");
+    EXPECT_EQ(Failure("@ ls"), "line 1: nothing is called \"ls\"; try help");
     EXPECT_EQ(Failure("Runs"),
               "line 1: a line begins with ~ (a step), @ (a word) or ! (a comment)");
     EXPECT_EQ(Failure("~ Command `NotHere`").substr(0, 26), "line 1: NotHere is not sho");
@@ -104,6 +112,8 @@ TEST_F(Scripts, ALineThatDoesNotFitABoxFailsAndIsDoneAfterwards) {
               "line 2: the box \"材料设置完成\" is open and has to be answered before "
               "~ Command `Runs` (@ ok answers it)");
     EXPECT_EQ(seen, "box answered ran ");
+    EXPECT_EQ(Failure("~ Command `ShowsABoxOfTwoLines`"),
+              "line 1: the box \"first\\nsecond\" is open and the script is at its end");
     EXPECT_EQ(Run("~ Command `ShowsTwoBoxes`\n~ Command `Runs`").size(), 2u);
 }
 
@@ -192,10 +202,10 @@ TEST_F(Scripts, ACommandBehindADialogFailsAndIsDoneWhenTheDialogIsClosed) {
 }
 
 TEST_F(Scripts, AStepNeedsADialogAndAComponent) {
-    EXPECT_EQ(Failure("~ Activate"), "line 1: a dialog's name belongs behind ~ Activate");
+    EXPECT_EQ(Failure("~ Activate"), "line 1: a dialog's name belongs after ~ Activate");
     EXPECT_EQ(Failure("~ Activate `Settings`"),
-              "line 1: a component's name belongs behind ~ Activate `Settings`");
-    EXPECT_EQ(Failure("~ Command"), "line 1: a command's name belongs behind ~ Command");
+              "line 1: a component's name belongs after ~ Activate `Settings`");
+    EXPECT_EQ(Failure("~ Command"), "line 1: a command's name belongs after ~ Command");
 }
 
 TEST_F(Scripts, AQuestionOfTheHostThatStaysOpenFails) {

@@ -1,5 +1,8 @@
 // The @ words of scripts that look at models and change the session, and the Tab key at the prompt.
 #include <filesystem>
+#include <fstream>
+#include <random>
+#include <stdexcept>
 #include <string>
 
 #include "hostapi/host.h"
@@ -43,7 +46,7 @@ TEST_F(ModelScripts, APathThatLeadsNowhereFailsAndTheSelectionStays) {
     EXPECT_EQ(Failure("@ select 箱体/shaft:3"), "line 1: 箱体.asm holds shaft only 2 times");
     EXPECT_EQ(Failure("@ select shaft#999"), "line 1: shaft.prt has no surface or feature 999");
     EXPECT_EQ(Failure("@ select shaft#x"), "line 1: \"x\" behind # is no id");
-    EXPECT_EQ(Failure("@ select"), "line 1: a path belongs behind select, such as UNIT/GEAR:2");
+    EXPECT_EQ(Failure("@ select"), "line 1: a path belongs after select, such as UNIT/GEAR:2");
     EXPECT_EQ(host().session.buffer.size(), 1u);
 }
 
@@ -81,6 +84,13 @@ TEST_F(ModelScripts, WindowsAreChangedByTheirModel) {
 
 TEST_F(ModelScripts, AFileOrAFolderThatIsNotThereFails) {
     EXPECT_EQ(Failure("@ open nowhere.prt"), "line 1: there is no nowhere.prt in C:\\Work");
+    EXPECT_EQ(Run("@ save shaft.prt"), Failures{});
+    for (const char* slip : {"shft.prt", "shaft", "shaft.asm"}) {
+        EXPECT_EQ(
+            Failure(std::string("@ open ") + slip),
+            std::string("line 1: there is no ") + slip + " in C:\\Work; did you mean shaft.prt?");
+    }
+    EXPECT_EQ(Failure("@ directory"), "line 1: a folder's name belongs after directory");
     EXPECT_EQ(Failure("@ directory C:\\Nowhere"), "line 1: there is no folder C:\\Nowhere");
     std::filesystem::create_directories(host().disk.Real(WIDE("C:\\Other")));
     EXPECT_EQ(Run("@ directory C:\\Other\\"), Failures{});
@@ -99,6 +109,9 @@ TEST_F(ModelScripts, ColoursAreExpectedAsRedGreenBlue) {
               "line 1: the colour of shaft.prt is 255.128.0, not 255.128.1");
     EXPECT_EQ(Failure("@ expect colour 箱体 0.0.0"),
               "line 1: the colour of 箱体.asm is none, not 0.0.0");
+    EXPECT_EQ(Failure("@ expect colour shaft 1,2,3"),
+              "line 1: a colour is R.G.B, each 0 to 255, or none, not 1,2,3");
+    EXPECT_EQ(Failure("@ expect colour shaft 1.2.256").substr(0, 26), "line 1: a colour is R.G.B,");
     EXPECT_EQ(Failure("@ expect colour shaft#999 none"), "line 1: shaft.prt has no surface 999");
     EXPECT_EQ(Failure("@ expect colour shat none"),
               "line 1: the model shat is not in memory; did you mean shaft.prt?");
@@ -125,7 +138,9 @@ TEST_F(ModelScripts, EverythingCanBeShown) {
     EXPECT_TRUE(Told("no dialog is open"));
     EXPECT_TRUE(Told("1 selected"));
     EXPECT_TRUE(Told("1 models have a colour of their own"));
-    EXPECT_EQ(Failure("@ show model").substr(0, 18), "line 1: show what?");
+    EXPECT_EQ(Failure("@ show model").substr(0, 66),
+              "line 1: nothing called model can be shown; did you mean models? Th");
+    EXPECT_EQ(Failure("@ show").substr(0, 26), "line 1: show what? models,");
 }
 
 // --- Settings, time, hooks
@@ -137,8 +152,31 @@ TEST_F(Scripts, ASettingIsWritten) {
     GetPrivateProfileStringW(WIDE("RmbDisable"), WIDE("value"), WIDE("none"), value, 20,
                              path.c_str());
     EXPECT_EQ(WideText(value), WIDE("0"));
+    EXPECT_FALSE(Told("note:"));
     EXPECT_EQ(Failure("@ setting RmbDisable"),
               "line 1: a setting is SECTION KEY VALUE, such as RmbDisable value 0");
+}
+
+TEST_F(Scripts, ASettingThatThePlugInDoesNotHaveFails) {
+    EXPECT_EQ(
+        Failure("@ setting VxRandomColrOpt value random"),
+        "line 1: VxConfig.ini has no section VxRandomColrOpt; did you mean VxRandomColorOpt?");
+    EXPECT_EQ(Failure("@ setting VxRandomColorOpt path random"),
+              "line 1: the section VxRandomColorOpt has no key path; it has value");
+    EXPECT_EQ(Run("@ setting vxrandomcoloropt VALUE random"), Failures{});
+    EXPECT_EQ(Run("@ setting A0Asmpath path C:\\any.drw"), Failures{});
+}
+
+TEST_F(Scripts, AValueThatNoSettingHasIsWrittenWithANote) {
+    EXPECT_EQ(Run("@ setting VxRandomColorOpt value rainbow"), Failures{});
+    EXPECT_TRUE(
+        Told("note: \"rainbow\" is no usual value of VxRandomColorOpt (asUG, Optimization, "
+             "random)"));
+    WideChar value[20];
+    const WideText path = workbench::kTextFolder + WIDE("\\VXconfig\\VxConfig.ini");
+    GetPrivateProfileStringW(WIDE("VxRandomColorOpt"), WIDE("value"), WIDE("none"), value, 20,
+                             path.c_str());
+    EXPECT_EQ(WideText(value), WIDE("rainbow"));
 }
 
 void Fires(HWND, UINT, UINT_PTR timer, DWORD) {
@@ -153,6 +191,7 @@ TEST_F(Scripts, WaitingLetsTimersFire) {
     EXPECT_EQ(Run("@ wait 0.5"), Failures{});
     EXPECT_EQ(seen, "fired ");
     EXPECT_EQ(Failure("@ wait long"), "line 1: \"long\" is no number of seconds");
+    EXPECT_EQ(Failure("@ wait"), "line 1: a number of seconds belongs after wait");
     EXPECT_EQ(Failure("@ wait -1"), "line 1: \"-1\" is no number of seconds");
 }
 
@@ -173,11 +212,43 @@ TEST_F(Scripts, TheApplicationLoadsUnloadsAndDraws) {
     EXPECT_EQ(seen, "stopped a b.svg");
 }
 
+TEST_F(Scripts, WhatIsLoadedIsNotLoadedAgainAndWhatIsNotIsNotUnloaded) {
+    bool loaded = true;
+    TheHooks().loaded = [&loaded] { return loaded; };
+    TheHooks().start = TheHooks().stop = [] {
+        seen += "done ";
+        return std::string();
+    };
+    EXPECT_EQ(Run("@ start"), Failures{});
+    EXPECT_TRUE(Told("the plug-in is loaded already"));
+    loaded = false;
+    EXPECT_EQ(Run("@ stop"), Failures{});
+    EXPECT_TRUE(Told("the plug-in is not loaded"));
+    EXPECT_EQ(seen, "");
+    EXPECT_EQ(Failure("~ Command `BatchColor`"),
+              "line 1: there is no command BatchColor; the plug-in is not loaded: start loads it");
+}
+
+TEST_F(Scripts, AScriptEndsWhereThePlugInCannotBeLoaded) {
+    TheHooks().start = [] { return std::string("it is broken"); };
+    EXPECT_EQ(Failure("@ start\n~ Command `Nowhere`\n@ expect box x"), "line 1: it is broken");
+}
+
+TEST(ScriptFiles, OneThatIsNoUtf8TextIsRefused) {
+    const std::filesystem::path file = std::filesystem::temp_directory_path() /
+                                       ("script-" + std::to_string(std::random_device()()));
+    for (const char* bytes : {"@ open \xcf\xe4.asm", "\xff\xfe@"}) {
+        std::ofstream(file) << bytes;
+        EXPECT_THROW(FileSource(file.string()), std::runtime_error) << bytes;
+    }
+    std::filesystem::remove(file);
+}
+
 TEST_F(Scripts, ANoteStandsInTheTranscript) {
     EXPECT_EQ(Run("@ note the second half\n@ help words"), Failures{});
     EXPECT_TRUE(Told("@ note the second half"));
     EXPECT_TRUE(Told("@ expect box TEXT"));
-    EXPECT_EQ(Failure("@ ok now"), "line 1: nothing belongs behind ok, but there is \"now\"");
+    EXPECT_EQ(Failure("@ ok now"), "line 1: nothing belongs after ok, but there is \"now\"");
 }
 
 TEST_F(Scripts, TheUserBeforeTheScriptIsBackAfterIt) {

@@ -1,0 +1,79 @@
+// A thread of its own waits for the signals, so that it may do what a handler must not.
+#include "simhost/app/signals.h"
+
+#include <string_view>
+#include <thread>
+
+#include "simhost/app/temporary_drive.h"
+#include "simhost/user/progress.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <signal.h>
+#include <unistd.h>
+#endif
+
+namespace simhost {
+
+#ifdef _WIN32
+
+namespace {
+
+// Windows runs it in a thread of its own and ends the program afterwards.
+BOOL WINAPI TakeDrivesAway(DWORD) {
+    RemoveTemporaryDrives();
+    return FALSE;
+}
+
+}  // namespace
+
+void WatchSignals(bool) {
+    SetConsoleCtrlHandler(TakeDrivesAway, TRUE);
+}
+
+#else
+
+namespace {
+
+void Tell(std::string_view line) {
+    // Nothing can be done about a terminal that is gone.
+    [[maybe_unused]] const auto written = write(STDERR_FILENO, line.data(), line.size());
+}
+
+[[noreturn]] void EndBy(int signal) {
+    RemoveTemporaryDrives();
+    ::signal(signal, SIG_DFL);
+    sigset_t one;
+    sigemptyset(&one);
+    sigaddset(&one, signal);
+    pthread_sigmask(SIG_UNBLOCK, &one, nullptr);
+    raise(signal);
+    _exit(128 + signal);
+}
+
+void Watch(sigset_t signals, bool atAPrompt) {
+    for (;;) {
+        int signal = 0;
+        if (sigwait(&signals, &signal) != 0) continue;
+        const bool asked = atAPrompt && signal == SIGINT;
+        if (!asked || TheProgress().stop.exchange(true)) EndBy(signal);
+        Tell("\n(stopping as soon as it can be; Ctrl-C again ends the session)\n");
+    }
+}
+
+}  // namespace
+
+void WatchSignals(bool atAPrompt) {
+    // Who reads the transcript may leave early; the writing tells it then.
+    signal(SIGPIPE, SIG_IGN);
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int each : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, each);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    std::thread(Watch, signals, atAPrompt).detach();
+}
+
+#endif
+
+}  // namespace simhost

@@ -22,11 +22,11 @@ void ClearSurfaceOverrides(ProMdl part) {
     if (ProSolidSurfaceVisit(solid, CollectSurface, nullptr, surfaces.Place()) != PRO_TK_NO_ERROR) {
         return;
     }
-    if (!object) return;
     const int size = surfaces.Size();
     for (int i = 0; i < size; ++i) {
-        ProGeomitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-        if (ProSurfaceToGeomitem(solid, surfaces.data()[i], &item) != PRO_TK_NO_ERROR) continue;
-        prodb_unset_surface_props(object, PRODB_SURFACE, item.id, 0);
+        HostRecord<ProGeomitem> item;
+        ProSurfaceToGeomitem(solid, surfaces.data()[i], item.Place());
+        if (!object || !item.IsFilled()) continue;
+        prodb_unset_surface_props(object, PRODB_SURFACE, item.Place()->id, 0);
     }
 }

@@ -65,5 +65,6 @@ bool ForEachTarget(const TopModel& top, const std::string& scope, ComponentArray
 
 void RefreshCurrentTree() {
     ProMdl model = nullptr;
-    if (ProMdlCurrentGet(&model) == PRO_TK_NO_ERROR) ProTreetoolRefresh(model);
+    ProMdlCurrentGet(&model);
+    if (model) ProTreetoolRefresh(model);
 }

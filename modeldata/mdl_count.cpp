@@ -14,19 +14,22 @@ constexpr WideView kFailureHeader =
 // Makes the parameter a column of the generic's family table. Where it is one already the host
 // refuses, and nothing more is wanted.
 void AddColumn(ProMdl generic) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(generic, &item) != PRO_TK_NO_ERROR) return;
-    ProName name = {};
-    PutText(kParameterName, name);
-    ProParamvalue value = WholeValue(0);
-    ProParameter parameter = {};
-    ProParameterCreate(&item, name, &value, &parameter);
-    if (!parameter.owner.owner && !FindParameter(&item, kParameterName, &parameter)) return;
-    ProFamtable table = {PRO_TYPE_UNUSED, 0, nullptr};
-    ProFamtableItem column = {};
-    if (ProFamtableInit(generic, &table) != PRO_TK_NO_ERROR) return;
-    if (ProParameterToFamtableItem(&parameter, &column) != PRO_TK_NO_ERROR) return;
-    ProFamtableItemAdd(&table, &column);
+    HostRecord<ProModelitem> item;
+    HostRecord<ProParameter> parameter;
+    ProMdlToModelitem(generic, item.Place());
+    if (item.IsFilled()) {
+        ProName name = {};
+        PutText(kParameterName, name);
+        ProParamvalue value = WholeValue(0);
+        ProParameterCreate(item.Place(), name, &value, parameter.Place());
+        // The host may leave the handle of a parameter that is there already to be asked for.
+        if (!parameter.IsFilled()) FindParameter(item.Place(), kParameterName, parameter.Place());
+    }
+    HostRecord<ProFamtable> table;
+    HostRecord<ProFamtableItem> column;
+    ProFamtableInit(generic, table.Place());
+    if (parameter.IsFilled()) ProParameterToFamtableItem(parameter.Place(), column.Place());
+    if (table.IsFilled() && column.IsFilled()) ProFamtableItemAdd(table.Place(), column.Place());
 }
 
 // Whether the model gets its number. An instance does not, unless the settings and its generic

@@ -70,20 +70,23 @@ bool ReadRequest(Operation operation, Request* request) {
 }
 
 void Apply(Request* request, ProMdl model) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProName name = {};
-    PutText(request->name, name);
-    ProParameter parameter = {};
+    HostRecord<ProModelitem> item;
+    ProMdlToModelitem(model, item.Place());
+    if (!item.IsFilled()) return;
+    HostRecord<ProParameter> parameter;
     if (request->operation == Operation::Add) {
-        if (request->hasValue) ProParameterCreate(&item, name, &request->value, &parameter);
+        ProName name = {};
+        PutText(request->name, name);
+        if (!request->hasValue) return;
+        ProParameterCreate(item.Place(), name, &request->value, parameter.Place());
         return;
     }
-    if (ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) return;
+    FindParameter(item.Place(), request->name, parameter.Place());
+    if (!parameter.IsFilled()) return;
     if (request->operation == Operation::Delete) {
-        ProParameterDelete(&parameter);
+        ProParameterDelete(parameter.Place());
     } else if (request->hasValue) {
-        ProParameterValueSet(&parameter, &request->value);
+        ProParameterValueSet(parameter.Place(), &request->value);
     }
 }
 

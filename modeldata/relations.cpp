@@ -1,6 +1,6 @@
 // VxRelations: relation lines that the designer types once go into many models. Three buttons are
-// three ways of joining them to what a model has: behind it, behind it as far as they are new, or
-// in its place.
+// three ways of joining them to what a model has: after it, after it as far as they are new, or in
+// its place.
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -13,6 +13,10 @@
 namespace {
 
 constexpr Dialog kDialog = "Relations";
+
+// Which of a model's two sets is written.
+constexpr const char* kInitial = "init";
+constexpr const char* kAfter = "after";  // the one that is worked off after the regeneration
 
 using LineList = std::vector<WideText>;
 using LineArray = HostArray<WideChar*>;
@@ -30,12 +34,22 @@ constexpr Merge kMerges[] = {
     {"CoverRels", false, false, WIDE("\t批量关系覆盖操作已完成")},
 };
 
-// The set that the designer has chosen. False: there is none, and `set` is empty.
-bool TakeSet(const std::string& option, ProMdl model, ProModelitem* item, ProRelset* set) {
-    *set = {};
-    if (option == "init") return ProModelitemToRelset(item, set) == PRO_TK_NO_ERROR;
-    if (option == "after") return ProRelsetPostregenerationInit(model, set) == PRO_TK_NO_ERROR;
-    return false;
+using RelationSet = HostRecord<ProRelset>;
+
+// A model to be written, and the host's item for it; empty where the host does not give it.
+struct Target {
+    ProMdl model;
+    HostRecord<ProModelitem> item;
+};
+
+// The set that the designer has chosen. False: the host refuses; it may have filled the set all the
+// same.
+bool TakeSet(const std::string& option, Target* target, RelationSet* set) {
+    if (option == kAfter) {
+        return ProRelsetPostregenerationInit(target->model, set->Place()) == PRO_TK_NO_ERROR;
+    }
+    if (!target->item.IsFilled()) return false;
+    return ProModelitemToRelset(target->item.Place(), set->Place()) == PRO_TK_NO_ERROR;
 }
 
 // Typed lines are compared with those that were there before, never with each other.
@@ -45,6 +59,7 @@ void AddLines(const LineList& typed, bool onlyNew, LineArray* lines) {
     for (int i = 0; i < count; ++i) {
         if (const WideChar* line = lines->data()[i]) present.insert(line);
     }
+    if (!*lines) return;
     for (const WideText& line : typed) {
         if (present.count(line) > 0) continue;
         WideChar* text = HostText(line);
@@ -52,24 +67,26 @@ void AddLines(const LineList& typed, bool onlyNew, LineArray* lines) {
     }
 }
 
-void WriteLines(ProRelset* set, const LineArray& lines) {
+// Without an array, or without a set that the host has named, there is nothing to write.
+void WriteLines(RelationSet* set, const LineArray& lines) {
+    if (!lines || !set->IsFilled()) return;
     int count = 0;
     if (ProArraySizeGet(lines.data(), &count) != PRO_TK_NO_ERROR) return;
-    ProRelsetRelationsSet(set, lines.data(), count);
+    ProRelsetRelationsSet(set->Place(), lines.data(), count);
 }
 
-// Behind the lines that are there. A model without a set gets its initial one, whichever was asked.
+// After the lines that are there. A model without a set gets its initial one, whichever was asked.
 void AppendRelations(const Merge& merge, const std::string& option, const LineList& typed,
-                     ProMdl model, ProModelitem* item) {
+                     Target* target) {
     LineArray lines;
-    if (lines.Allocate() != PRO_TK_NO_ERROR) return;
-    ProRelset set = {};
-    if (TakeSet(option, model, item, &set)) {
+    RelationSet set;
+    lines.Allocate();
+    if (TakeSet(option, target, &set)) {
         WideChar** present = lines.data();
-        ProRelsetRelationsGet(&set, &present);
+        if (lines) ProRelsetRelationsGet(set.Place(), &present);
         lines.Adopt(present);  // may have moved
-    } else if (ProRelsetCreate(item, &set) != PRO_TK_NO_ERROR) {
-        return;
+    } else if (option == kAfter || target->item.IsFilled()) {
+        ProRelsetCreate(target->item.Place(), set.Place());
     }
     AddLines(typed, merge.onlyNew, &lines);
     WriteLines(&set, lines);
@@ -82,25 +99,24 @@ void AppendRelations(const Merge& merge, const std::string& option, const LineLi
 }
 
 // In the place of the lines that are there. A model without a set stays without.
-void CoverRelations(const std::string& option, const LineList& typed, ProMdl model,
-                    ProModelitem* item) {
-    ProRelset set = {};
-    const bool taken = TakeSet(option, model, item, &set);
+void CoverRelations(const std::string& option, const LineList& typed, Target* target) {
+    RelationSet set;
+    TakeSet(option, target, &set);
     LineArray lines;
-    if (lines.Allocate() != PRO_TK_NO_ERROR || !taken) return;
+    lines.Allocate();
     AddLines(typed, /*onlyNew=*/false, &lines);
     WriteLines(&set, lines);
 }
 
 void WriteRelations(const Merge& merge, const std::string& option, const LineList& typed,
                     ProMdl model) {
-    if (option != "init" && option != "after") return;  // no set was chosen
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
+    if (option != kInitial && option != kAfter) return;  // no set was chosen
+    Target target{model, {}};
+    ProMdlToModelitem(model, target.item.Place());
     if (merge.keepPresent) {
-        AppendRelations(merge, option, typed, model, &item);
+        AppendRelations(merge, option, typed, &target);
     } else {
-        CoverRelations(option, typed, model, &item);
+        CoverRelations(option, typed, &target);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "frame/services/parameters.h"
 
 #include "frame/services/fixed_text.h"
+#include "frame/services/host_record.h"
 
 ProParamvalue TextValue(WideView text) {
     ProParamvalue value = {};
@@ -24,34 +25,40 @@ bool FindParameter(ProModelitem* item, WideView name, ProParameter* found) {
 }
 
 void DeleteParameter(ProMdl model, WideView name) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProParameter parameter = {};
-    if (FindParameter(&item, name, &parameter)) ProParameterDelete(&parameter);
+    HostRecord<ProModelitem> item;
+    ProMdlToModelitem(model, item.Place());
+    if (!item.IsFilled()) return;
+    HostRecord<ProParameter> parameter;
+    FindParameter(item.Place(), name, parameter.Place());
+    if (parameter.IsFilled()) ProParameterDelete(parameter.Place());
 }
 
 void FindAndWriteParameter(ProMdl model, WideView name, ProParamvalue value) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return;
-    ProParameter parameter = {};
-    const bool there = FindParameter(&item, name, &parameter);
+    HostRecord<ProModelitem> item;
+    ProMdlToModelitem(model, item.Place());
+    if (!item.IsFilled()) return;
+    HostRecord<ProParameter> found;
+    FindParameter(item.Place(), name, found.Place());
     ProName record = {};
     PutText(name, record);
-    // A refused creation need not fill its handle: that of the parameter which is there is kept.
-    ProParameter created = {};
-    const ProError status = ProParameterCreate(&item, record, &value, &created);
-    if (status == PRO_TK_E_FOUND && there) ProParameterValueSet(&parameter, &value);
+    HostRecord<ProParameter> created;
+    if (ProParameterCreate(item.Place(), record, &value, created.Place()) != PRO_TK_E_FOUND) return;
+    // A refused creation need not fill its handle: the one that was found comes first.
+    HostRecord<ProParameter>& there = found.IsFilled() ? found : created;
+    if (there.IsFilled()) ProParameterValueSet(there.Place(), &value);
 }
 
 bool CreateOrSetParameter(ProMdl model, WideView name, ProParamvalue value) {
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    if (ProMdlToModelitem(model, &item) != PRO_TK_NO_ERROR) return false;
+    HostRecord<ProModelitem> item;
+    ProMdlToModelitem(model, item.Place());
+    if (!item.IsFilled()) return false;
     ProName record = {};
     PutText(name, record);
-    ProParameter parameter = {};
-    const ProError status = ProParameterCreate(&item, record, &value, &parameter);
+    HostRecord<ProParameter> parameter;
+    const ProError status = ProParameterCreate(item.Place(), record, &value, parameter.Place());
     if (status != PRO_TK_E_FOUND) return status == PRO_TK_NO_ERROR;
     // The host may leave the handle of a parameter that is there already to be asked for.
-    if (!parameter.owner.owner && !FindParameter(&item, name, &parameter)) return false;
-    return ProParameterValueSet(&parameter, &value) == PRO_TK_NO_ERROR;
+    if (!parameter.IsFilled()) FindParameter(item.Place(), name, parameter.Place());
+    if (!parameter.IsFilled()) return false;
+    return ProParameterValueSet(parameter.Place(), &value) == PRO_TK_NO_ERROR;
 }

@@ -12,10 +12,11 @@ ProParamvalue WholeValue(int number);
 
 // In what follows a name is cut where the host's record for it ends.
 
-// Receives the handle of an item's parameter. False: the item has none of this name.
+// Receives the handle of an item's parameter. False: the item has none of this name, or the host
+// says so; a host that fills the record all the same has named one.
 bool FindParameter(ProModelitem* item, WideView name, ProParameter* found);
 
-// Removes a model's parameter, if the model has it.
+// Removes a model's parameter, if the host names one.
 void DeleteParameter(ProMdl model, WideView name);
 
 // Two ways to write a parameter: both make it or, if the model has it already, change its value.

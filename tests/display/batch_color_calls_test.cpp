@@ -188,6 +188,16 @@ TEST_F(BatchColorCalls, ASurfaceThatCannotBeTreatedIsPassedOverAndTheOthersAreCl
 
 // --- Nothing to colour -------------------------------------------------------------------------
 
+TEST_F(BatchColorCalls, WithoutAnObjectTheSurfacesAreAskedForTheirIdsAndKeepTheirAppearances) {
+    Open(Part("single"));
+    FailCall("prodb_get_object_ptr", 0);
+    Record();
+    Press("BatchColor");
+    const Names calls = Recorded();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProSurfaceToGeomitem"), 6);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "prodb_unset_surface_props"), 0);
+}
+
 TEST_F(BatchColorCalls, AnAssemblyWithoutComponentsIsToldInAPlainBoxAndNothingIsRepainted) {
     Open(Assembly("top"));
     Play(

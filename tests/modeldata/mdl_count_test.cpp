@@ -1,6 +1,8 @@
 // VxMdlCount: how often each model occurs, as its parameter 数量.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/workbench.h"
 
 namespace {
@@ -189,6 +191,33 @@ TEST_F(ModelCount, TheInstancesOfAReleasedGenericArePassedOverSilently) {
     Use(*top_, *m8);
     Count();
     EXPECT_EQ(NumberOf(*m8), "none");
+}
+
+TEST_F(ModelCount, AFamilyTableThatCannotBeHadLeavesTheParameterAColumnToBe) {
+    TextFolderSetting("VxCountForInstance", "true");
+    Model& generic = Part("bolt");
+    Use(*top_, *MakeInstance("bolt_m8", generic));
+    Operation::Fail({"ProFamtableInit", 1, true, PRO_TK_GENERAL_ERROR});
+    host().journal.Start();
+    Count(Failed("BOLT_M8\\n"));
+    host().journal.Stop();
+    const auto calls = host().journal.Names();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProParameterToFamtableItem"), 1);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProFamtableItemAdd"), 0);
+    EXPECT_EQ(NumberOf(generic), "0");
+}
+
+TEST_F(ModelCount, WithoutAnItemOfTheGenericItsFamilyTableIsStillAskedFor) {
+    TextFolderSetting("VxCountForInstance", "true");
+    Model& generic = Part("bolt");
+    Use(*top_, *MakeInstance("bolt_m8", generic));
+    Operation::Fail({"ProMdlToModelitem", 1, true, PRO_TK_GENERAL_ERROR});
+    host().journal.Start();
+    Count(Failed("TOP\\nA\\nS\\nBOLT_M8\\n"));
+    host().journal.Stop();
+    const auto calls = host().journal.Names();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProFamtableInit"), 1);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProParameterToFamtableItem"), 0);
 }
 
 TEST_F(ModelCount, WithoutAColumnTheInstanceCannotHaveItsNumberAndIsNamed) {

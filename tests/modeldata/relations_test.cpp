@@ -177,6 +177,41 @@ TEST_F(BatchRelations, OneFailedModelDoesNotStopTheOthers) {
     EXPECT_EQ(written, 4);
 }
 
+TEST_F(BatchRelations, TheSetAfterRegenerationNeedsNoItemOfTheModel) {
+    Operation::Fail({"ProMdlToModelitem", 1, true, PRO_TK_GENERAL_ERROR});
+    a_->relations.afterRegeneration = {WIDE("late=1")};
+    Run(Type("x=1") + kAfter, "AddRels", added_);
+    EXPECT_EQ(a_->relations.afterRegeneration, (Lines{WIDE("late=1"), WIDE("x=1")}));
+    EXPECT_EQ(b_->relations.afterRegeneration, Lines{WIDE("x=1")});
+    Run(Type("y=1") + kAfter, "CoverRels", covered_);
+    EXPECT_EQ(a_->relations.afterRegeneration, Lines{WIDE("y=1")});
+}
+
+TEST_F(BatchRelations, WithoutAnArrayTheSetIsStillTakenOrMade) {
+    // The walk has its array; those of the lines cannot be had.
+    Operation::Fail({"ProArrayAlloc", 2, true, PRO_TK_OUT_OF_MEMORY});
+    a_->relations.initial = {WIDE("old=1")};
+    Run(Type("x=1") + Scope("Part"), "AddRelsAndNoRepeat", addedNew_);
+    EXPECT_EQ(Initial(*a_), Lines{WIDE("old=1")});
+    ASSERT_TRUE(b_->relations.initial);
+    EXPECT_EQ(Initial(*b_), Lines{});
+    // With the other set: it cannot be taken, and the initial one is made.
+    sheet_->relations.initial.reset();
+    Operation::ForgetFaults();
+    Operation::Fail({"ProArrayAlloc", 2, true, PRO_TK_OUT_OF_MEMORY});
+    Operation::Fail({"ProRelsetPostregenerationInit", 1, true, PRO_TK_GENERAL_ERROR});
+    Run(Type("x=1") + Scope("Part") + kAfter, "AddRels", added_);
+    ASSERT_TRUE(sheet_->relations.initial);
+    EXPECT_EQ(Initial(*sheet_), Lines{});
+}
+
+TEST_F(BatchRelations, WithoutAnArrayTheLinesToBeCoveredStay) {
+    Operation::Fail({"ProArrayAlloc", 2, true, PRO_TK_OUT_OF_MEMORY});
+    a_->relations.initial = {WIDE("old=1")};
+    Run(Type("x=1"), "CoverRels", covered_);
+    EXPECT_EQ(Initial(*a_), Lines{WIDE("old=1")});
+}
+
 TEST_F(BatchRelations, AnEmptyAssemblyGivesOnlyTheMessage) {
     Model& empty = Assembly("empty");
     Open(empty);

@@ -199,11 +199,7 @@ SIMHOST_FLOORS = (("core",), ("user",),
 # Those who may ask for the one host of the process.
 ASK_THE_HOST = SIMHOST_FLOORS[-2] + SIMHOST_FLOORS[-1]
 # Arrows that still go up, and files that still ask: file, what it names, why.
-SIMHOST_EXCEPTIONS = (
-    ("simhost/core/operation.cpp", "simhost/host.h", "it describes handles for the journal"),
-    ("simhost/core/operation.cpp", "simhost/model/drawing.h", "it describes views for the journal"),
-    ("simhost/core/operation.cpp", "TheHost", "it is not handed the journal yet"),
-)
+SIMHOST_EXCEPTIONS = ()
 
 
 def simhost_floor(path):

@@ -1,7 +1,5 @@
-// What commands ask of models and components.
+// The current model, and the assembly of a manufacturing model in its place.
 #include "frame/services/models.h"
-
-#include "frame/services/fixed_text.h"
 
 TopModel CurrentModel() {
     TopModel current;
@@ -21,24 +19,4 @@ TopModel TopModelOf(TopModel current) {
 
 TopModel CurrentTopModel() {
     return TopModelOf(CurrentModel());
-}
-
-ProMdlType TypeOf(ProMdl model) {
-    ProMdlType type = PRO_MDL_UNUSED;
-    ProMdlTypeGet(model, &type);
-    return type;
-}
-
-WideText ModelName(ProMdl model) {
-    ProName name = {};
-    ProMdlNameGet(model, name);
-    return TextIn(name);
-}
-
-bool IsShown(ProFeature* feature) {
-    ProFeatStatus status = PRO_FEAT_ACTIVE;
-    ProBoolean visible = PRO_B_FALSE;
-    ProFeatureStatusGet(feature, &status);
-    ProFeatureVisibilityGet(feature, &visible);
-    return visible == PRO_B_TRUE && status == PRO_FEAT_ACTIVE;
 }

@@ -2,6 +2,7 @@
 // ask of every model and component.
 #pragma once
 
+#include "frame/services/fixed_text.h"
 #include "hostapi/host.h"
 
 // A model and the type of the model that is current: they differ for a manufacturing model, whose
@@ -17,12 +18,28 @@ TopModel CurrentTopModel();  // or the assembly of a manufacturing model
 // cannot be had.
 TopModel TopModelOf(TopModel current);
 
+// What follows is asked of every component of large assemblies, so it is here to be inlined.
+
 // PRO_MDL_UNUSED after a failed call.
-ProMdlType TypeOf(ProMdl model);
+inline ProMdlType TypeOf(ProMdl model) {
+    ProMdlType type = PRO_MDL_UNUSED;
+    ProMdlTypeGet(model, &type);
+    return type;
+}
 
 // A model's name; empty after a failed call.
-WideText ModelName(ProMdl model);
+inline WideText ModelName(ProMdl model) {
+    ProName name = {};
+    ProMdlNameGet(model, name);
+    return TextIn(name);
+}
 
 // Whether a component is active and visible. A failed call counts as no for the visibility, and as
 // yes for the status.
-bool IsShown(ProFeature* feature);
+inline bool IsShown(ProFeature* feature) {
+    ProFeatStatus status = PRO_FEAT_ACTIVE;
+    ProBoolean visible = PRO_B_FALSE;
+    ProFeatureStatusGet(feature, &status);
+    ProFeatureVisibilityGet(feature, &visible);
+    return visible == PRO_B_TRUE && status == PRO_FEAT_ACTIVE;
+}

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <climits>
 #include <unordered_set>
+#include <utility>
 
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"

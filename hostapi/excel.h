@@ -2,6 +2,9 @@
 // known by numbers. On Windows it is COM (excel_com.cpp); elsewhere a simulated application
 // answers.
 //
+// An application that is busy with its user is asked again until it is free, for at most half a
+// minute from one ExcelCreate to the next; then the step has failed.
+//
 // An object that is received is the caller's, who releases it with ExcelRelease. A failed step
 // gives a null object; whatever is asked of a null object does nothing and fails. Nothing throws.
 #pragma once

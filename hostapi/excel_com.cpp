@@ -75,11 +75,40 @@ IDispatch* Dispatch(ExcelObject object) {
     return reinterpret_cast<IDispatch*>(object);
 }
 
+// What an application answers that is busy with its user: with a question of its own, or with a
+// cell that is being edited.
+bool IsBusy(HRESULT status) {
+    constexpr auto kBeingEdited = HRESULT(0x800AC472);
+    return status == RPC_E_CALL_REJECTED || status == RPC_E_SERVERCALL_RETRYLATER ||
+           status == kBeingEdited;
+}
+
+// How much longer a busy application may keep its caller waiting, all calls taken together.
+constexpr ULONGLONG kPatience = 30000;  // milliseconds
+constexpr DWORD kPause = 100;
+ULONGLONG patience = kPatience;
+
+// False once there is no time left.
+bool WaitABit() {
+    if (patience < kPause) return false;
+    const ULONGLONG begin = GetTickCount64();
+    Sleep(kPause);
+    const ULONGLONG waited = GetTickCount64() - begin;
+    patience = waited < patience ? patience - waited : 0;
+    return true;
+}
+
+// Every call names this one locale. An application in another language than the user's regional
+// settings refuses the latter.
+constexpr LCID kLocale = 0x0409;
+
 bool Invoke(ExcelObject object, int member, WORD kind, Arguments* arguments, VARIANT* result) {
     if (!object) return false;
-    const HRESULT status =
-        Dispatch(object)->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, kind,
-                                 arguments->Parameters(), result, nullptr, nullptr);
+    HRESULT status = S_OK;
+    do {
+        status = Dispatch(object)->Invoke(member, IID_NULL, kLocale, kind, arguments->Parameters(),
+                                          result, nullptr, nullptr);
+    } while (IsBusy(status) && WaitABit());
     return SUCCEEDED(status);
 }
 
@@ -103,11 +132,13 @@ ExcelObject InvokeForObject(ExcelObject object, int member, WORD kind,
 ExcelObject ExcelCreate(const WideChar* programId) try {
     // The host's thread may not have met COM yet; it stays initialised for as long as it runs.
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    patience = kPatience;
     CLSID id;
     if (FAILED(CLSIDFromProgID(programId, &id))) return nullptr;
     IDispatch* application = nullptr;
-    if (FAILED(CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER | CLSCTX_INPROC_SERVER,
-                                IID_IDispatch, reinterpret_cast<void**>(&application)))) {
+    // A program of its own: a library under this class would be loaded into the host.
+    if (FAILED(CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch,
+                                reinterpret_cast<void**>(&application)))) {
         return nullptr;
     }
     return reinterpret_cast<ExcelObject>(application);

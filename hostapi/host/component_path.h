@@ -14,6 +14,7 @@ typedef struct pro_comp_path {
 } ProAsmcomppath;
 
 // A path of `count` components (at most 25) below an assembly. It is not followed yet.
+// Assumed (behaviour, 85 %): a path has at most 25 components
 HOST_API ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int count,
                                      ProAsmcomppath* path);
 
@@ -22,5 +23,6 @@ HOST_API ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int coun
 HOST_API ProError ProAsmcomppathMdlGet(ProAsmcomppath* path, ProMdl* model);
 
 // The transform between the path's end and its top; from the end up with `bottomUp`.
+// Assumed (behaviour, 85 %): the transform multiplies row vectors
 HOST_API ProError ProAsmcomppathTrfGet(ProAsmcomppath* path, ProBoolean bottomUp,
                                        ProMatrix transform);

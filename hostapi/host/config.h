@@ -5,4 +5,5 @@
 
 // A new array with all values of an option. The caller frees the array.
 // PRO_TK_E_NOT_FOUND: the option is not set.
+// Assumed (frees, 70 %): a new array of paths that the caller frees
 HOST_API ProError ProConfigoptArrayGet(WideChar* option, ProPath** values);

@@ -5,9 +5,12 @@
 
 // Receives the text that is shown; it is the host's and lives as long as the dialog. May be null
 // for no text.
+// Assumed (frees, 15 %): as of an input panel
 HOST_API ProError ProUIOptionmenuValueGet(char* dialog, char* component, WideChar** value);
 
 // Shows this text, whether it is in the list or not. A status if the component is no option menu.
+// Assumed (behaviour, 80 %): refuses a component that is no option menu with a status and does no
+//   harm
 HOST_API ProError ProUIOptionmenuValueSet(char* dialog, char* component, WideChar* value);
 
 // Whether the user can choose from it.

@@ -5,6 +5,8 @@
 
 #include "hostapi/host/dialog.h"
 
+// Assumed (codes, 35 %): a plain code of the host's palette of interface colours; the usual colour
+//   is not 17. The kit may have an enumeration, and then 17 needs a cast
 typedef int ProUIColorType;  // an entry of the host's palette of interface colours
 
 // Which rows or columns the user may select.
@@ -17,6 +19,8 @@ typedef enum {
 
 // Insert behind the row or column of this name, or before all with an empty one.
 // PRO_TK_E_NOT_FOUND: there is none of this name. PRO_TK_E_FOUND: a new name is there already.
+// Assumed (parameters, 80 %): in the order dialog, table, name to come after (narrow; empty: before
+//   all), count, names; columns alike
 HOST_API ProError ProUITableRowsInsert(char* dialog, char* table, char* after, int count,
                                        char** names);
 HOST_API ProError ProUITableColumnsInsert(char* dialog, char* table, char* after, int count,
@@ -26,10 +30,15 @@ HOST_API ProError ProUITableRowsDelete(char* dialog, char* table, int count, cha
 HOST_API ProError ProUITableColumnsDelete(char* dialog, char* table, int count, char** names);
 
 // In the order of the table; null for none.
+// Assumed (frees, 80 %): the array is the caller's, who frees it with ProStringarrayFree (array,
+//   count); null for no names
 HOST_API ProError ProUITableRownamesGet(char* dialog, char* table, int* count, char*** names);
 HOST_API ProError ProUITableColumnnamesGet(char* dialog, char* table, int* count, char*** names);
 
 // One label for each row or column; where none was set it is empty (columns: the name).
+// Assumed (frees, 20 %): labels stay the host's; there is one for each row even where none was set.
+//   If the caller frees them, each export leaves the texts of the table behind; so with labels of
+//   columns
 HOST_API ProError ProUITableRowlabelsGet(char* dialog, char* table, int* count, WideChar*** labels);
 HOST_API ProError ProUITableColumnlabelsGet(char* dialog, char* table, int* count,
                                             WideChar*** labels);
@@ -40,6 +49,7 @@ HOST_API ProError ProUITableColumnlabelsSet(char* dialog, char* table, int count
 // The text of a cell. PRO_TK_E_NOT_FOUND: no such row or column.
 HOST_API ProError ProUITableCellLabelSet(char* dialog, char* table, char* row, char* column,
                                          WideChar* label);
+// Assumed (frees, 20 %): the label stays the host's
 HOST_API ProError ProUITableCellLabelGet(char* dialog, char* table, char* row, char* column,
                                          WideChar** label);
 // The colour behind it; what it is where none was set is the host's affair.
@@ -49,6 +59,8 @@ HOST_API ProError ProUITableCellBackgroundColorGet(char* dialog, char* table, ch
                                                    char* column, ProUIColorType* colour);
 
 // Names of the selected rows, in the order of the table; null for none.
+// Assumed (behaviour, 50 %): gives names of rows, in the order of the table. If it names cells, a
+//   double click finds no row
 HOST_API ProError ProUITableSelectednamesGet(char* dialog, char* table, int* count, char*** names);
 HOST_API ProError ProUITableRowCellsSelect(char* dialog, char* table, char* row);
 HOST_API ProError ProUITableRowCellsDeselect(char* dialog, char* table, char* row);
@@ -58,5 +70,6 @@ HOST_API ProError ProUITableColumnselectionpolicySet(char* dialog, char* table,
                                                      ProUISelectionpolicy policy);
 
 // Called when the user double-clicks a cell.
+// Assumed (behaviour, 80 %): runs for what the user does, not for what the plug-in sets
 HOST_API ProError ProUITableActivateActionSet(char* dialog, char* table, ProUIAction action,
                                               ProAppData data);

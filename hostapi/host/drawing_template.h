@@ -6,6 +6,7 @@
 #include "hostapi/host/types.h"
 
 // The model that a new drawing shows: its name, and its kind as text.
+// Assumed (record, 60 %): name and kind, both as text; the template call takes it
 typedef struct VxModelName {
     ProName name;
     WideChar type[PRO_TYPE_SIZE];
@@ -22,6 +23,8 @@ typedef struct VxHostDrawingErrors* ProDwgcreateErrs;
 // PRO_TK_E_FOUND: there is a drawing of this name. PRO_TK_E_NOT_FOUND: no such template, or the
 // model is not in memory. PRO_TK_DWGCREATE_ERRORS: the template is not as it should be.
 // PRO_TK_NO_PERMISSION: the user may not make drawings here.
+// Assumed (frees, 30 %): the last parameter receives an array of errors, which is not freed; the
+//   template's name may end in .drw
 HOST_API ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProModel* model,
                                             ProDwgcreateOptions options, ProDrawing* drawing,
                                             ProDwgcreateErrs* errors);

@@ -17,9 +17,13 @@ typedef enum {
 } ProDisplayStyle;
 
 // How edges between surfaces that run into each other without a bend are shown.
+// Assumed (codes, 20 %): a plain number; the kit may have an enumeration, and then 15 needs a cast
 typedef int ProTanedgeDisplay;
+// Assumed (codes, 20 %): a plain number, as of tangent edges
 typedef int ProCableDisplay;
 
+// Assumed (record, 60 %): fields in this order; styles 2 hidden line, 3 no hidden; the tangent edge
+//   code 15 is handed on as it is
 typedef struct VxDrawingViewDisplay {
     ProDisplayStyle style;
     ProBoolean quilt_hlr;
@@ -34,6 +38,8 @@ typedef struct VxDrawingViewDisplay {
 // PRO_TK_BAD_INPUTS: the orientation is no rotation, or the scale is not more than 0.
 // PRO_TK_CRE_VIEW_BAD_SHEET, _BAD_MODEL, _BAD_EXPLODE: no such sheet; not a part or an assembly;
 // exploded, and the solid has no exploded state.
+// Assumed (behaviour, 80 %): the position is where the middle of the model is put; the orientation
+//   must be a rotation without a scale
 HOST_API ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int sheet,
                                               ProBoolean exploded, Pro3dPnt position, double scale,
                                               ProMatrix orientation, ProView* view);
@@ -41,11 +47,14 @@ HOST_API ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid
 // Puts a projection of the parent view beside it. Which side of the parent `position` lies on says
 // what the projection shows, by the drawing's first-angle or third-angle rule; it stays in line
 // with its parent. PRO_TK_CRE_VIEW_BAD_PARENT: the position lies on no side of the parent.
+// Assumed (behaviour, 85 %): the side of the parent on which the position lies decides what is
+//   shown
 HOST_API ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent,
                                                 ProBoolean exploded, Pro3dPnt position,
                                                 ProView* view);
 
 // Receives the lower left and the upper right corner of the view, as last regenerated.
+// Assumed (behaviour, 70 %): follows a move or a turn only when the view was regenerated
 HOST_API ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt outline[2]);
 
 // Moves the view, with the projections that hang on it. A projection only moves away from its
@@ -58,6 +67,7 @@ HOST_API ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
                                            ProDrawingViewDisplay* display);
 
 // Receives the transform from the solid to the sheet; with PRO_B_FALSE its inverse.
+// Assumed (behaviour, 75 %): the flag 1 (true) asks for the transform from the model to the sheet
 HOST_API ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean toSheet,
                                              ProMatrix transform);
 
@@ -69,6 +79,8 @@ HOST_API ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views);
 // "Vertical" and "Horizontal" about those of the sheet, "Edge/Axis" about `axis` (else null).
 // The outline follows when the view is regenerated.
 // PRO_TK_BAD_INPUTS: a projected view, or another reference.
+// Assumed (narrow, 50 %): the reference is narrow text: "Normal", "Vertical", "Horizontal"; the
+//   null reference is a ProSelection
 HOST_API ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view,
                                                         char* reference, ProSelection axis,
                                                         double angle);

@@ -8,6 +8,7 @@
 typedef ProModelitem ProFamtable;
 
 // What a column of a family table is about.
+// Assumed (record, 40 %): a column of our own making; a table is an item of its model
 typedef struct VxFamtableItem {
     int type;
     ProModelitem owner;
@@ -16,6 +17,8 @@ typedef struct VxFamtableItem {
 
 // The generic of an instance; with `immediate` the next one up, else the topmost.
 // PRO_TK_E_NOT_FOUND: the model is no instance.
+// Assumed (parameters, 75 %): in the order instance, whether the next generic only, place for the
+//   generic
 HOST_API ProError ProFaminstanceGenericGet(ProMdl instance, ProBoolean immediate, ProMdl* generic);
 
 // Receives the model's family table, be it empty.

@@ -21,8 +21,10 @@ HOST_API ProError ProFeatureTypeGet(ProFeature* feature, ProFeattype* type);
 HOST_API ProError ProFeatureStatusGet(ProFeature* feature, ProFeatStatus* status);
 
 // The feature's state as a bit mask.
+// Assumed (parameters, 60 %): fills an int bit mask
 HOST_API ProError ProFeatureStatusflagsGet(ProFeature* feature, int* flags);
 
 // Whether the feature is shown at all; not the same as the display state of a component that the
 // user has hidden.
+// Assumed (parameters, 70 %): fills a ProBoolean, true for a feature that is shown
 HOST_API ProError ProFeatureVisibilityGet(ProFeature* feature, ProBoolean* visible);

@@ -26,6 +26,9 @@ typedef struct VxGeomitemdata {
 } ProGeomitemdata;
 
 // Receives the surface's data; the record is the host's and lives as long as the surface.
+// Assumed (frees, 10 %): fills a pointer to the host's record, which the caller does not free; only
+//   the two corners of the box are read. If a call frees it, the outline leaves one record for each
+//   surface and occurrence behind: look at this first
 HOST_API ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data);
 
 // Applies a transform to a point.

@@ -6,6 +6,7 @@
 // Receives the text of `key` from a message file of the plug-in's text folder, with the further
 // arguments put in for %0w (wide text), %0s, %0d, %0f. The buffer holds a ProLine.
 // PRO_TK_MSG_NOT_FOUND: no such key; the buffer is left as it was.
+// Assumed (length, 75 %): the buffer holds a ProLine (81 characters)
 HOST_API ProError ProMessageToBuffer(WideChar* buffer, WideChar* messageFile, char* key, ...);
 
 // Shows the text of `key` on the message line, arguments as above.
@@ -17,5 +18,8 @@ HOST_API ProError ProMessageStringRead(int size, WideChar* text);
 
 // Widen and narrow with the system code page. Receive into the first argument and return it. The
 // caller provides room for the whole text and its terminator.
+// Assumed (narrow, 35 %): narrow texts are in the system's code page, which protk.dat asks for
+//   (unicode_encoding FALSE). If they are UTF-8 all the same, a path with Chinese letters reaches
+//   no Windows program
 HOST_API WideChar* ProStringToWstring(WideChar* wide, char* narrow);
 HOST_API char* ProWstringToString(char* narrow, WideChar* wide);

@@ -23,6 +23,8 @@ HOST_API ProError ProMdlCurrentGet(ProMdl* model);
 
 // The kind of a model as text: "PRT", "ASM", "DRW" and so on.
 #define PRO_TYPE_SIZE 4
+// Assumed (record, 25 %): name, kind as text and origin, of which only name and kind are read; the
+//   kit's has more fields
 typedef struct VxModelData {
     ProPath path;
     ProName name;
@@ -35,22 +37,30 @@ HOST_API ProError ProMdlDataGet(ProMdl model, ProMdldata* data);
 
 // The model of this name and type, from memory or from the working folder.
 // PRO_TK_E_NOT_FOUND: there is none.
+// Assumed (length, 40 %): as ProMdlNameGet
 HOST_API ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model);
 
 // Whether the model may be changed. `checkAll`: also asks what a release or a workspace says.
+// Assumed (behaviour, 30 %): the flag, set to 1, asks to look at everything. If it means "show a
+//   dialog about conflicts", a batch may show one for each generic
 HOST_API ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable);
 
 // Receives the model's name, without its type, in capitals as far as it is ASCII.
+// Assumed (length, 40 %): a name has at most 31 characters. Newer hosts allow longer ones and have
+//   newer calls: see what this one answers then
 HOST_API ProError ProMdlNameGet(ProMdl model, ProName name);
 
 HOST_API ProError ProMdlTypeGet(ProMdl model, ProMdlType* type);
+// Assumed (codes, 70 %): the enumeration is named ProMdlsubtype; sheet metal is 4
 HOST_API ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype);
 
 // Receives 1 for a skeleton model, which holds the design's references and no product, else 0.
+// Assumed (parameters, 75 %): takes the model and the place for a ProBoolean
 HOST_API ProError ProMdlIsSkeleton(ProMdl model, ProBoolean* skeleton);
 
 // The model as an item, as which it owns parameters and relations.
 HOST_API ProError ProMdlToModelitem(ProMdl model, ProModelitem* item);
 
 // The assembly that a manufacturing model works on. PRO_TK_BAD_INPUTS: not such a model.
+// Assumed (parameters, 70 %): takes the manufacturing model and the place for its assembly's handle
 HOST_API ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly);

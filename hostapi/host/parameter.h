@@ -20,12 +20,16 @@ typedef union {
     ProLine s_val;  // text: at most 80 characters
 } ProParamvalueValue;
 
+// Assumed (record, 85 %): the text of a value is a ProLine, at most 80 characters; a boolean is a
+//   short
 typedef struct Pro_Param_Value {
     ProParamvalueType type;
     ProParamvalueValue value;
 } ProParamvalue;
 
 // Names a parameter: its name and the item that owns it.
+// Assumed (record, 25 %): kind, name and owning item. The owner may be a tagged record of its own
+//   (type and a union); model_count.cpp reads it to see whether the handle was filled
 typedef struct proparameter {
     ProType type;
     ProName id;
@@ -36,6 +40,8 @@ typedef struct proparameter {
 // name, which keeps its value (whether the handle is filled then is not known).
 // PRO_TK_INVALID_NAME: the host takes no such name. PRO_TK_BAD_INPUTS: an empty name, or a value of
 // no type.
+// Assumed (behaviour, 60 %): -5 for a name that is there already; whether the handle is filled then
+//   is not known
 HOST_API ProError ProParameterCreate(ProModelitem* owner, ProName name, ProParamvalue* value,
                                      ProParameter* parameter);
 
@@ -47,6 +53,8 @@ HOST_API ProError ProParameterValueGet(ProParameter* parameter, ProParamvalue* v
 
 // Gives the parameter another value of its type. PRO_TK_INVALID_TYPE: it is of another type.
 // PRO_TK_GENERAL_ERROR: it is locked, or a relation or the generic's family table decides it.
+// Assumed (behaviour, 75 %): refuses a value of another type, and a parameter that is locked or
+//   decided by a relation
 HOST_API ProError ProParameterValueSet(ProParameter* parameter, ProParamvalue* value);
 
 // Removes the parameter. PRO_TK_E_NOT_FOUND: it is gone. PRO_TK_GENERAL_ERROR: locked, as above.

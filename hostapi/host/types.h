@@ -14,6 +14,7 @@
 typedef WideChar ProName[PRO_NAME_SIZE];  // a model's, feature's or parameter's name
 typedef WideChar ProPath[PRO_PATH_SIZE];  // a full path
 typedef WideChar ProLine[PRO_LINE_SIZE];  // a line of the message area
+// Assumed (record, 25 %): 260 characters; 80 in some kits. Only null is handed over for one
 typedef WideChar ProFileName[PRO_PATH_SIZE];
 typedef WideChar ProMacro[PRO_PATH_SIZE];  // passed as a pointer; macros may be longer than this
 
@@ -80,6 +81,8 @@ typedef enum {
     PRO_QUILT = 66,
     PRO_CURVE = 71,
     PRO_COMP_CURVE = 72,
+    // Assumed (names, 70 %): the kit knows bodies; one older than those has no such name, and
+    //   frame/access.cpp needs the number
     PRO_BODY = 176
 } ProType;
 

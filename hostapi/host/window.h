@@ -11,6 +11,8 @@ HOST_API ProError ProWindowRepaint(int window);
 // Opens a window for the model of this name and kind, from memory or from the working folder, or
 // finds the one that shows it. Receives its id. The current window stays the current one.
 // PRO_TK_E_NOT_FOUND: no such model.
+// Assumed (length, 60 %): opens the window without making it the current one; takes a name of at
+//   most 31 characters, and newer kits have another call for longer ones
 HOST_API ProError ProObjectwindowCreate(ProName name, ProType type, int* window);
 
 // Makes a window the one that commands work on. PRO_TK_BAD_INPUTS: no such window.
@@ -21,6 +23,8 @@ HOST_API ProError ProWindowActivate(int window);
 
 // Shows a model in the current window, or in a new one if there is none; the model of the current
 // window is the current one.
+// Assumed (behaviour, 70 %): shows the model in the current window, whose model, the current one,
+//   is then this
 HOST_API ProError ProMdlDisplay(ProMdl model);
 
 // The window that shows a model. PRO_TK_E_NOT_FOUND: none does.

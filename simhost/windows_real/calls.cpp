@@ -397,10 +397,10 @@ void Replace(IMAGE_THUNK_DATA* entry, void* call) {
     VirtualProtect(entry, sizeof *entry, before, &before);
 }
 
-}  // namespace
-
 // A module calls others through its table of imports, where the loader has put the addresses.
-void WatchCalls(HMODULE module) {
+// `callFor` gives the call to be put in the place of a name, or null.
+template <class Choice>
+void ReplaceImports(HMODULE module, Choice callFor) {
     auto* base = reinterpret_cast<unsigned char*>(module);
     const auto at = [base](auto offset) { return base + offset; };
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
@@ -416,11 +416,22 @@ void WatchCalls(HMODULE module) {
             if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
             const auto* symbol =
                 reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(at(name->u1.AddressOfData));
-            if (void* call = WatcherOf(reinterpret_cast<const char*>(symbol->Name))) {
-                Replace(entry, call);
-            }
+            void* call = callFor(reinterpret_cast<const char*>(symbol->Name));
+            if (call) Replace(entry, call);
         }
     }
+}
+
+}  // namespace
+
+void WatchCalls(HMODULE module) {
+    ReplaceImports(module, WatcherOf);
+}
+
+void ReplaceCall(HMODULE module, const char* name, void* call) {
+    ReplaceImports(module, [&](const char* import) {
+        return std::strcmp(import, name) == 0 ? call : nullptr;
+    });
 }
 
 }  // namespace simhost

@@ -1,5 +1,6 @@
 // What the user's side knows of a real Windows: the same knobs as the simulated Windows has, as far
-// as a real one can be turned. Everything that the plug-in calls is answered by Windows itself.
+// as a real one can be turned. What the plug-in calls is answered by Windows itself, but for
+// programs and the save dialog.
 #pragma once
 
 #include <cstdint>
@@ -113,5 +114,8 @@ void CatchBoxes();
 
 // Sends the module's calls of Windows through the journal and the faults on their way to Windows.
 void WatchCalls(HMODULE module);
+
+// Sends the module's calls of one operation of Windows to another function of the same type.
+void ReplaceCall(HMODULE module, const char* name, void* call);
 
 }  // namespace simhost

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
+#include <vector>
 
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
@@ -60,9 +62,35 @@ TEST_F(UnpackedPackage, ColoursTheGearboxByItsSettings) {
     const WideText settings = workplace_->options().moduleFolder + L"\\VXconfig\\VxConfig.ini";
     WritePrivateProfileStringW(L"VxRandomColorOpt", L"value", L"asUG", settings.c_str());
     Play("~ Command `BatchColor`");
-    int coloured = 0;
-    for (const Model* model : TheHost().session.All()) coloured += model->appearance.has_value();
-    EXPECT_GT(coloured, 10);
+    // Without the palette's file all would be black.
+    std::set<std::vector<double>> colours;
+    for (const Model* model : TheHost().session.All()) {
+        if (!model->appearance) continue;
+        const double* colour = model->appearance->colour;
+        colours.insert({colour[0], colour[1], colour[2]});
+    }
+    EXPECT_GT(colours.size(), 3u);
+}
+
+TEST_F(UnpackedPackage, ListsTheGearboxWithTheColumnsOfItsSettings) {
+    Play(
+        "@ open gearbox.asm\n~ Command `VxBom`\n"
+        "@ expect columns bom_list \"序号|代号|名称|模型名称|模型数量|材料|重量\"\n"
+        "~ Close `VxBom`");
+}
+
+TEST_F(UnpackedPackage, TellsItsVersionInTheFilesProperties) {
+    const WideText file = workplace_->options().moduleFolder + L"\\vorlatix5.1.dll";
+    std::string block(GetFileVersionInfoSizeW(file.c_str(), nullptr), '\0');
+    ASSERT_FALSE(block.empty());
+    ASSERT_TRUE(GetFileVersionInfoW(file.c_str(), 0, DWORD(block.size()), block.data()));
+    void* found = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &found, &length));
+    EXPECT_EQ(static_cast<VS_FIXEDFILEINFO*>(found)->dwProductVersionMS, 0x00050001u);
+    ASSERT_TRUE(
+        VerQueryValueW(block.data(), L"\\StringFileInfo\\080404B0\\ProductName", &found, &length));
+    EXPECT_EQ(Utf8(static_cast<const WideChar*>(found)), "岚枢工具");
 }
 
 TEST_F(UnpackedPackage, KeepsTheLastDirectoryBesideTheModule) {

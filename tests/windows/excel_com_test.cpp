@@ -1,225 +1,286 @@
-// The spreadsheet application through COM: it is a class of this very process, whose objects are
-// those of the simulated application. The plug-in's own way to COM is what is tested.
+// The spreadsheet application through COM, which is the plug-in's own way to it: in this very
+// process and as a program of its own.
 #include <gtest/gtest.h>
 
 #include <windows.h>
+#include <algorithm>
 #include <oleauto.h>
+#include <sstream>
+#include <thread>
 
 #include "hostapi/excel.h"
+#include "simhost/core/disk.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/windows/windows.h"
 #include "tests/support/observed.h"
 #include "tests/tables/export_steps.h"
-
-// The interfaces of COM have no virtual destructors; their objects end themselves.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#include "tests/windows/excel_class.h"
 
 namespace {
 
 using namespace simhost;
+using workbench::ExcelTrouble;
 using workbench::Names;
 
-constexpr CLSID kClass = {
-    0x7b1c2d10, 0x52a4, 0x4f0e, {0x9a, 0x11, 0x3c, 0x5d, 0x77, 0x20, 0x64, 1}};
-constexpr const WideChar* kClassText = L"{7B1C2D10-52A4-4F0E-9A11-3C5D77206401}";
-constexpr const WideChar* kProgramKey = L"Excel.Application\\CLSID";
+constexpr const WideChar* kClasses = L"Software\\Classes";
+constexpr const char* kList = "C:\\Nowhere\\list.xlsx";
+const WideText kLog = L"C:\\excel.log";
 
 // What was asked, in the words of the journal.
 Names calls;
 
-// Counts references as COM does; the derived object ends with the last one.
-template <class Interface>
-class Counted : public Interface {
-public:
-    virtual ~Counted() = default;
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, __uuidof(Interface));
-        *object = known ? this : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
-private:
-    ULONG references_ = 1;
-};
-
-bool FromVariant(const VARIANT& value, ExcelArgument* argument) {
-    switch (value.vt) {
-        case VT_BSTR: *argument = {EXCEL_TEXT, value.bstrVal, 0}; return true;
-        case VT_I4: *argument = {EXCEL_WHOLE, nullptr, int(value.lVal)}; return true;
-        case VT_BOOL: *argument = {EXCEL_FLAG, nullptr, value.boolVal ? 1 : 0}; return true;
-        case VT_ERROR:
-            *argument = {EXCEL_MISSING, nullptr, 0};
-            return value.scode == DISP_E_PARAMNOTFOUND;
-        default: return false;
-    }
+// A clock that only moves while somebody waits.
+ULONGLONG clockNow = 1000;
+ULONGLONG waited = 0;
+void WINAPI WaitByClock(DWORD milliseconds) {
+    clockNow += milliseconds;
+    waited += milliseconds;
+}
+ULONGLONG WINAPI ReadClock() {
+    return clockNow;
 }
 
-void ToVariant(const ExcelResult& value, VARIANT* result) {
-    switch (value.kind) {
-        case EXCEL_TEXT:
-            result->vt = VT_BSTR;
-            result->bstrVal = SysAllocString(value.text.c_str());
-            break;
-        case EXCEL_REAL:
-            result->vt = VT_R8;
-            result->dblVal = value.real;
-            break;
-        case EXCEL_WHOLE:
-            result->vt = VT_I4;
-            result->lVal = value.whole;
-            break;
-        case EXCEL_FLAG:
-            result->vt = VT_BOOL;
-            result->boolVal = value.whole ? VARIANT_TRUE : VARIANT_FALSE;
-            break;
-        default: result->vt = VT_EMPTY;
-    }
+// The texts of the plug-in's arguments: how many were made, and how many are left.
+int textsMade = 0, textsLeft = 0;
+BSTR WINAPI CountText(const OLECHAR* text) {
+    ++textsMade;
+    ++textsLeft;
+    return SysAllocString(text);
+}
+HRESULT WINAPI CountClear(VARIANTARG* value) {
+    if (value->vt == VT_BSTR && value->bstrVal) --textsLeft;
+    return VariantClear(value);
 }
 
-// An object of the application as COM shows it.
-class Dispatcher : public Counted<IDispatch> {
-public:
-    explicit Dispatcher(ExcelObject object) : object_(object) {}
-    ~Dispatcher() override { TheSpreadsheets().Forget(object_); }
+template <class Function>
+void Put(const char* name, Function* call) {
+    ReplaceCall(GetModuleHandleW(L"vorlatix5.1.dll"), name, reinterpret_cast<void*>(call));
+}
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-        *count = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags,
-                                     DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
-                                     UINT*) override {
-        std::vector<ExcelArgument> arguments(parameters->cArgs);
-        for (UINT i = 0; i < parameters->cArgs; ++i) {
-            // The last argument comes first.
-            if (!FromVariant(parameters->rgvarg[parameters->cArgs - 1 - i], &arguments[i])) {
-                return DISP_E_TYPEMISMATCH;
-            }
-        }
-        const bool isPut = flags == DISPATCH_PROPERTYPUT;
-        const bool isNamed =
-            parameters->cNamedArgs == 1 && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
-        if (isPut != isNamed) return DISP_E_PARAMNOTFOUND;
-        return Answer(int(member), UseOf(flags, int(member)), arguments, result);
-    }
+void SetClassesValue(const WideText& path, const WideText& text) {
+    const WideText key = WideText(kClasses) + L"\\" + path;
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, text.c_str(),
+                    DWORD((text.size() + 1) * sizeof(WideChar)));
+}
 
-private:
-    static SheetUse UseOf(WORD flags, int member) {
-        constexpr int kValue2 = 1388, kCount = 118;
-        if (flags == DISPATCH_PROPERTYPUT) return SheetUse::Put;
-        if (flags == DISPATCH_METHOD) return SheetUse::Call;
-        return member == kValue2 || member == kCount ? SheetUse::Read : SheetUse::Get;
-    }
-
-    HRESULT Answer(int member, SheetUse use, const std::vector<ExcelArgument>& arguments,
-                   VARIANT* result) {
-        Spreadsheets& sheets = TheSpreadsheets();
-        std::string line = "(object=" + sheets.Describe(object_) +
-                           ", member=" + sheets.MemberName(object_, member);
-        std::string list;
-        for (const ExcelArgument& one : arguments) {
-            list += (list.empty() ? "" : ", ") + Spreadsheets::Describe(one);
-        }
-        SheetAnswer answer;
-        try {
-            answer = sheets.Invoke(object_, member, use, arguments.data(), int(arguments.size()));
-        } catch (const Refusal& refusal) {
-            if (!refusal.complaint.empty()) TheHost().Complain(refusal.complaint);
-            calls.push_back("refused " + line + ")");
-            return E_FAIL;
-        }
-        const std::string made = sheets.Describe(answer.object);
-        const std::string end = "), result=" + made + ") = " + (answer.object ? "pointer" : "null");
-        if (use == SheetUse::Put)
-            calls.push_back("ExcelPut" + line + ", value=(" + list + ")) = 0");
-        if (use == SheetUse::Get) calls.push_back("ExcelGet" + line + ", arguments=(" + list + end);
-        if (use == SheetUse::Call) {
-            calls.push_back("ExcelCall" + line + ", arguments=(" + list + end);
-        }
-        if (!result) {
-            sheets.Forget(answer.object);
-        } else if (answer.object) {
-            result->vt = VT_DISPATCH;
-            result->pdispVal = new Dispatcher(answer.object);
-        } else {
-            ToVariant(answer.value, result);
-        }
-        return S_OK;
-    }
-
-    ExcelObject object_;
-};
-
-class Factory : public Counted<IClassFactory> {
-public:
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
-        const ExcelObject made = TheSpreadsheets().Create(L"Excel.Application");
-        calls.push_back("ExcelCreate(programId=\"Excel.Application\", result=" +
-                        TheSpreadsheets().Describe(made) + ") = pointer");
-        auto* dispatcher = new Dispatcher(made);
-        const HRESULT status = dispatcher->QueryInterface(id, object);
-        dispatcher->Release();
-        return status;
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-};
+// There is no such folder, so the step that saves is refused, and the others are done still.
+Names WholeExport() {
+    Names steps = workbench::StepsOfEmptyBom(kList);
+    steps[steps.size() - 3] = "refused (object=Workbook, member=SaveCopyAs)";
+    return steps;
+}
 
 class SpreadsheetsByCom : public workbench::ObservedBench {
 protected:
     void SetUp() override {
         calls.clear();
+        waited = 0;
+        textsMade = textsLeft = 0;
         CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        HKEY key = nullptr;
-        RegCreateKeyExW(HKEY_CLASSES_ROOT, kProgramKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                        &key, nullptr);
-        const auto bytes = DWORD((wcslen(kClassText) + 1) * sizeof(WideChar));
-        RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(kClassText), bytes);
-        RegCloseKey(key);
-        auto* factory = new Factory;
-        ASSERT_EQ(CoRegisterClassObject(kClass, factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                                        &registration_),
-                  S_OK);
-        factory->Release();
+        SetClassesValue(L"Excel.Application\\CLSID", workbench::kExcelClassText);
     }
     void TearDown() override {
-        CoRevokeClassObject(registration_);
-        RegDeleteTreeW(HKEY_CLASSES_ROOT, L"Excel.Application");
+        if (registration_) CoRevokeClassObject(registration_);
+        const WideText classes = kClasses;
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE, (classes + L"\\Excel.Application").c_str());
+        RegDeleteTreeW(HKEY_LOCAL_MACHINE,
+                       (classes + L"\\CLSID\\" + workbench::kExcelClassText).c_str());
         ObservedBench::TearDown();
         CoUninitialize();
     }
-
+    // The class in this process; as its local server, too, which a client asks for.
+    void Offer(DWORD context = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER) {
+        registration_ = workbench::OfferExcel(context);
+        ASSERT_NE(registration_, 0u);
+        Refuse({});
+    }
+    void Refuse(const ExcelTrouble& trouble) {
+        calls.clear();
+        workbench::WatchExcel(trouble, [](const std::string& line) { calls.push_back(line); });
+    }
+    void OpenEmptyAssembly() {
+        Start();
+        Open(Assembly("empty"));
+        Write(workbench::kModuleFolder + WIDE("\\VXconfig\\VxBom.ini"),
+              ToSystemCodePage(Wide("[tableCols_sum]\r\ncontent=模型名称\r\n")));
+    }
+    void Export() {
+        Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxExportBom`\n@ answer ") + kList +
+             "\n~ Activate `VxBom` `Close`\n");
+    }
     DWORD registration_ = 0;
 };
 
+// What is asked when step `refused` is: everything up to there, and of the rest what can be asked
+// still, in its order, to the end.
+void ExpectTheRestWithout(std::size_t refused, const Names& asked) {
+    const Names whole = WholeExport();
+    ASSERT_GT(asked.size(), refused);
+    const auto at = std::ptrdiff_t(refused);
+    EXPECT_EQ(Names(asked.begin(), asked.begin() + at), Names(whole.begin(), whole.begin() + at));
+    EXPECT_EQ(asked[refused].substr(0, 7), "refused");
+    auto next = whole.begin() + at + 1;
+    for (std::size_t i = refused + 1; i < asked.size(); ++i) {
+        next = std::find(next, whole.end(), asked[i]);
+        ASSERT_NE(next, whole.end()) << asked[i];
+        ++next;
+    }
+    if (refused + 1 < whole.size()) {
+        EXPECT_EQ(asked.back(), whole.back());
+    }
+}
+
 TEST_F(SpreadsheetsByCom, TheExportAsksTheSameAsOfTheSimulatedApplication) {
-    Start();
-    Open(Assembly("empty"));
-    Write(workbench::kModuleFolder + WIDE("\\VXconfig\\VxBom.ini"),
-          ToSystemCodePage(Wide("[tableCols_sum]\r\ncontent=模型名称\r\n")));
-    Play(
-        "~ Command `VxBom`\n~ Activate `VxBom` `VxExportBom`\n"
-        "@ answer C:\\Nowhere\\list.xlsx\n~ Activate `VxBom` `Close`\n");
-    // There is no such folder, so the step that saves is refused, and the others are done still.
-    Names expected = workbench::StepsOfEmptyBom("C:\\Nowhere\\list.xlsx");
-    ASSERT_GT(expected.size(), 3u);
-    expected[expected.size() - 3] = "refused (object=Workbook, member=SaveCopyAs)";
-    EXPECT_EQ(calls, expected);
+    Offer();
+    OpenEmptyAssembly();
+    Export();
+    EXPECT_EQ(calls, WholeExport());
     EXPECT_EQ(TheSpreadsheets().NotReleased(), Names{});
 }
 
+TEST_F(SpreadsheetsByCom, EachStepThatIsRefusedLeavesOutWhatHangsOnItAndNothingElse) {
+    Offer();
+    OpenEmptyAssembly();
+    leavesSpreadsheets_ = true;  // where the last step, which quits, is refused
+    for (std::size_t step = 1; step < WholeExport().size(); ++step) {
+        SCOPED_TRACE(step);
+        RestartSpreadsheets();
+        Refuse({int(step), E_FAIL, 1});
+        Export();
+        ExpectTheRestWithout(step, calls);
+        EXPECT_EQ(workbench::ExcelAttempts(), int(calls.size()) - 1);  // nothing is asked again
+        EXPECT_EQ(TheSpreadsheets().NotReleased(), Names{});
+    }
+}
+
+TEST_F(SpreadsheetsByCom, EveryTextOfAnArgumentIsReleased) {
+    Offer();
+    OpenEmptyAssembly();
+    Put("SysAllocString", CountText);
+    Put("VariantClear", CountClear);
+    Export();
+    EXPECT_GT(textsMade, 10);
+    EXPECT_EQ(textsLeft, 0);
+    Refuse({5, E_FAIL, 1});
+    Export();
+    EXPECT_EQ(textsLeft, 0);
+}
+
+TEST_F(SpreadsheetsByCom, ABusyApplicationIsAskedAgainUntilItIsFree) {
+    Offer();
+    OpenEmptyAssembly();
+    Put("Sleep", WaitByClock);
+    Put("GetTickCount64", ReadClock);
+    for (const HRESULT status :
+         {RPC_E_CALL_REJECTED, RPC_E_SERVERCALL_RETRYLATER, HRESULT(0x800AC472)}) {
+        SCOPED_TRACE(status);
+        RestartSpreadsheets();
+        waited = 0;
+        Refuse({6, status, 20});
+        Export();
+        calls.erase(std::remove_if(calls.begin(), calls.end(),
+                                   [](const std::string& line) {
+                                       return line.find("refused") == 0 &&
+                                              line.find("SaveCopyAs") == std::string::npos;
+                                   }),
+                    calls.end());
+        EXPECT_EQ(calls, WholeExport());
+        EXPECT_GT(waited, 0u);
+        EXPECT_LT(waited, 10000u);
+    }
+}
+
+TEST_F(SpreadsheetsByCom, ABusyApplicationIsWaitedForHalfAMinuteAnExportAndNoLonger) {
+    Offer();
+    OpenEmptyAssembly();
+    Put("Sleep", WaitByClock);
+    Put("GetTickCount64", ReadClock);
+    leavesSpreadsheets_ = true;  // it is too busy to quit, too
+    // The second export has a patience of its own.
+    for (int export_ = 0; export_ < 2; ++export_) {
+        RestartSpreadsheets();
+        waited = 0;
+        Refuse({6, RPC_E_CALL_REJECTED, 1'000'000});
+        Export();
+        EXPECT_GT(waited, 29000u);
+        EXPECT_LE(waited, 30000u);
+        EXPECT_EQ(TheSpreadsheets().NotReleased(), Names{});
+    }
+}
+
+TEST_F(SpreadsheetsByCom, ALibraryUnderTheNameOfTheApplicationIsNotLoaded) {
+    Offer(CLSCTX_INPROC_SERVER);
+    EXPECT_EQ(ExcelCreate(L"Excel.Application"), nullptr);
+    EXPECT_EQ(calls, Names{});
+}
+
+// --- As a program of its own ---
+
+class SpreadsheetProgram : public SpreadsheetsByCom {
+protected:
+    void Register(std::size_t refusedStep) {
+        std::error_code ignored;
+        std::filesystem::remove(kLog, ignored);
+        const WideText folder = std::filesystem::path(TheWindows().executablePath).parent_path();
+        SetClassesValue(
+            WideText(L"CLSID\\") + workbench::kExcelClassText + L"\\LocalServer32",
+            L"\"" + folder + L"\\excel_server.exe\" " + kLog + L" " + std::to_wstring(refusedStep));
+    }
+    // What the program was asked; without its own lines.
+    static Names Asked() {
+        Names lines;
+        for (int tries = 0; tries < 1000; ++tries) {
+            lines.clear();
+            std::istringstream text(ReadFile(kLog));
+            for (std::string line; std::getline(text, line);) lines.push_back(line);
+            if (!lines.empty() && lines.back() == "end") break;
+            Sleep(10);
+        }
+        EXPECT_EQ(lines.empty() ? "no line" : lines.back(), "end");
+        if (lines.size() < 2) return lines;
+        const std::string process = lines.front().substr(lines.front().find(' ') + 1);
+        const HANDLE program = OpenProcess(SYNCHRONIZE, FALSE, DWORD(std::stoul(process)));
+        if (program) WaitForSingleObject(program, 10000);
+        if (program) CloseHandle(program);
+        return Names(lines.begin() + 1, lines.end() - 1);
+    }
+};
+
+TEST_F(SpreadsheetProgram, IsAskedTheSameAndGivenUpWhole) {
+    Register(0);
+    OpenEmptyAssembly();
+    Export();
+    EXPECT_EQ(Asked(), WholeExport());
+}
+
+TEST_F(SpreadsheetProgram, RefusesEachStepAndIsGivenUpAllTheSame) {
+    OpenEmptyAssembly();
+    for (std::size_t step = 1; step < WholeExport().size(); ++step) {
+        SCOPED_TRACE(step);
+        Register(step);
+        Export();
+        ExpectTheRestWithout(step, Asked());
+    }
+}
+
+TEST_F(SpreadsheetProgram, IsFoundOnAThreadThatHasNotMetCom) {
+    Register(0);
+    bool found = false;
+    std::thread([&] {
+        const ExcelObject application = ExcelCreate(L"Excel.Application");
+        found = application != nullptr;
+        ExcelRelease(application);
+        CoUninitialize();
+    }).join();
+    EXPECT_TRUE(found);
+    if (found) Asked();
+}
+
+// --- Values and failures ---
+
 TEST_F(SpreadsheetsByCom, TextsNumbersAndFlagsComeAndGo) {
+    Offer();
     const auto text = [](const WideChar* value) { return ExcelArgument{EXCEL_TEXT, value, 0}; };
     const ExcelArgument missing = {EXCEL_MISSING, nullptr, 0}, one = {EXCEL_WHOLE, nullptr, 1};
     ExcelObject application = ExcelCreate(L"Excel.Application");
@@ -251,6 +312,7 @@ TEST_F(SpreadsheetsByCom, TextsNumbersAndFlagsComeAndGo) {
 }
 
 TEST_F(SpreadsheetsByCom, AStepThatFailsGivesNoObjectAndNothingIsAskedOfIt) {
+    Offer();
     EXPECT_EQ(ExcelCreate(L"No.Such.Application"), nullptr);
     EXPECT_EQ(ExcelGet(nullptr, 572, nullptr, 0), nullptr);
     EXPECT_EQ(ExcelCall(nullptr, 302, nullptr, 0), nullptr);

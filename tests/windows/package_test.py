@@ -2,11 +2,14 @@
 
     package_test.py MODULE RUNNER PROGRAM
 
-The program (tests/package) loads the module from there and presses a command.
+Every file in it is looked at. Then the program (tests/package) loads the module from there and
+presses a command; it runs in the project's own folder, whose files must not fill a gap of the
+package.
 """
 
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -14,25 +17,105 @@ import zipfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 FOLDER = "岚枢 工具 (新)"
-NEEDED = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt", "VXconfig/VxConfig.ini",
-          "text/vxMenu.txt", "text/vxmsg_display.txt", "text/resource/VxInit.res"}
+SIMULATED = "vorlatix-5.1-simulated-host"
+
+# As they lie in the repository, byte for byte.
+COPIES = {
+    "VXconfig/VxBom.ini", "VXconfig/VxConfig.ini", "VXconfig/VxOptiColor.ini",
+    "VXconfig/VxParams.ini", "VXconfig/VxUGColor.ini",
+    "text/resource/Relations.res", "text/resource/TweViews.res", "text/resource/VxBom.res",
+    "text/resource/VxConfig.res", "text/resource/VxInit.res", "text/resource/VxParams.res",
+    "text/resource/VxQQ2.gif", "text/vxMenu.txt", "text/vxmsg_display.txt",
+}
+MADE = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt"}
+TEMPLATE = "tp/vx.drw"  # of the simulated host only
+
+
+class Wrong(Exception):
+    pass
+
+
+def need(holds, what):
+    if not holds:
+        raise Wrong(what)
+
+
+def make(module, out):
+    done = subprocess.run(["cmake", f"-DMODULE={module}", f"-DFOLDER={out}", "-P",
+                           ROOT / "packaging" / "package.cmake"],
+                          capture_output=True, text=True, check=False)
+    need(done.returncode == 0, done.stderr)
+    return done.stderr
+
+
+def files_in(folder):
+    return {str(each.relative_to(folder)) for each in folder.rglob("*") if each.is_file()}
+
+
+def check_files(folder, module, simulated):
+    expected = COPIES | MADE | ({TEMPLATE} if simulated else set())
+    there = files_in(folder)
+    need(there == expected,
+         f"{folder.name} lacks {sorted(expected - there)}, has too much {sorted(there - expected)}")
+    for name in there & (COPIES | {TEMPLATE}):
+        need((folder / name).read_bytes() == (ROOT / name).read_bytes(), f"{name} was changed")
+    need((folder / "vorlatix5.1.dll").read_bytes() == pathlib.Path(module).read_bytes(),
+         "the module was changed")
+
+
+def check_texts(folder, simulated):
+    """Both are read by people with old editors, and the one by the host."""
+    guide = (folder / "安装说明.txt").read_bytes()
+    need(guide.startswith(b"\xef\xbb\xbf"), "安装说明.txt has no mark")
+    registry = (folder / "protk.dat").read_bytes()
+    need(registry.isascii(), "protk.dat is not ASCII")
+    for data in (guide, registry):
+        need(data.count(b"\n") == data.count(b"\r\n") > 5, "line ends are not Windows'")
+    lines = registry.decode().split("\r\n")
+    need("unicode_encoding FALSE" in lines, "protk.dat leaves the encoding of narrow texts open")
+    need("exec_file C:\\Vorlatix\\vorlatix5.1.dll" in lines, "protk.dat proposes another folder")
+    text = guide.decode("utf-8-sig")
+    told = "Creo Parametric 不能加载它" in text
+    need(told == simulated, "the guide is wrong about what the module is for")
+    for word in ("解锁", "vx.drw", "C:\\Vorlatix", "UTF-16"):
+        need(word in text, f"the guide says nothing of {word}")
+
+
+def check_for_the_cad_system(temporary):
+    """A module that does not name the simulated host; what it holds does not matter here."""
+    module = temporary / "other.dll"
+    module.write_bytes(b"MZ host.dll\n")
+    said = make(module, temporary / "dist")
+    need("cannot load it" not in said, "a module for the CAD system is called a simulated one")
+    folder = temporary / "dist" / "vorlatix-5.1"
+    check_files(folder, module, simulated=False)
+    check_texts(folder, simulated=False)
+
+
+def unpacked(module, temporary):
+    said = make(module, temporary / "dist")
+    need("the CAD system cannot load it" in said, f"nobody is told what it is for: {said}")
+    archive = shutil.make_archive(temporary / SIMULATED, "zip", temporary / "dist", SIMULATED)
+    with zipfile.ZipFile(archive) as opened:
+        opened.extractall(temporary / FOLDER)
+    folder = temporary / FOLDER / SIMULATED
+    check_files(folder, module, simulated=True)
+    check_texts(folder, simulated=True)
+    return folder
 
 
 def main():
     module, *command = sys.argv[1:]
-    with tempfile.TemporaryDirectory() as temporary:
-        out = pathlib.Path(temporary, "dist")
-        subprocess.run([sys.executable, ROOT / "packaging" / "package.py", module, out],
-                       check=True)
-        place = pathlib.Path(temporary, FOLDER)
-        with zipfile.ZipFile(out / "vorlatix-5.1.zip") as archive:
-            archive.extractall(place)
-        unpacked = place / "vorlatix-5.1"
-        there = {str(each.relative_to(unpacked)) for each in unpacked.rglob("*")}
-        if not NEEDED <= there:
-            sys.exit(f"the package lacks {sorted(NEEDED - there)}")
-        seen = "Z:" + str(unpacked).replace("/", "\\")
-        done = subprocess.run(command, env={**os.environ, "VX_PACKAGE": seen}, check=False)
+    with tempfile.TemporaryDirectory() as name:
+        temporary = pathlib.Path(name)
+        try:
+            check_for_the_cad_system(temporary)
+            folder = unpacked(module, temporary)
+        except Wrong as wrong:
+            sys.exit(f"package: {wrong}")
+        seen = "Z:" + str(folder).replace("/", "\\")
+        done = subprocess.run(command, env={**os.environ, "VX_PACKAGE": seen}, cwd=ROOT,
+                              check=False)
         sys.exit(done.returncode)
 
 

@@ -15,8 +15,9 @@ sys.path.insert(0, str(TOOLS))
 sys.path.insert(0, str(ROOT / "packaging"))
 
 import check_module  # noqa: E402
-import package  # noqa: E402
+import package_test  # noqa: E402
 import test_lists  # noqa: E402
+import test_zip  # noqa: E402
 
 LISTING = """
 The Import Tables (interpreted .idata section contents)
@@ -149,15 +150,30 @@ class WineRun(unittest.TestCase):
 
 
 class Package(unittest.TestCase):
-    def test_texts_for_notepad(self):
-        self.assertEqual(package.with_windows_line_ends(b"a\nb\r\n"), b"a\r\nb\r\n")
-        self.assertEqual(package.with_windows_line_ends("帮\n".encode()),
-                         b"\xef\xbb\xbf\xe5\xb8\xae\r\n")
+    """Both kinds of package; what is in the modules does not matter here."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def test_for_the_cad_system(self):
+        package_test.check_for_the_cad_system(self.folder)
+
+    def test_for_the_simulated_host(self):
+        module = self.folder / "vorlatix5.1.dll"
+        module.write_bytes(b"MZ simhost.dll\n")
+        package_test.unpacked(module, self.folder)
 
     def test_no_module(self):
+        with self.assertRaises(package_test.Wrong) as raised:
+            package_test.make(self.folder / "nonexistent.dll", self.folder)
+        self.assertIn("build it first", " ".join(str(raised.exception).split()))
+
+    def test_no_test_programs(self):
         with self.assertRaises(SystemExit) as raised:
-            package.make(pathlib.Path("/nonexistent.dll"), pathlib.Path("/nonexistent"))
-        self.assertIn("build it with ./vx windows", str(raised.exception))
+            test_zip.make(self.folder, self.folder)
+        self.assertIn("build them with ./vx windows", str(raised.exception))
 
 
 if __name__ == "__main__":

@@ -15,6 +15,7 @@ namespace simhost {
 namespace {
 
 constexpr int kWhite = 7, kGrey = 8, kCyan = 4;  // colours by their number in the format
+constexpr unsigned kCodePage = 936;
 
 struct Layer {
     const char* name;
@@ -59,7 +60,7 @@ public:
         std::string bytes;
         for (const WideChar c : text) {
             const WideText one(1, c);
-            const bool there = FromSystemCodePage(ToSystemCodePage(one)) == one;
+            const bool there = FromCodePage(kCodePage, ToCodePage(kCodePage, one)) == one;
             bytes += there ? Utf8(one) : fmt::format("\\U+{:04X}", unsigned(c));
         }
         Pair(1, bytes);
@@ -174,7 +175,7 @@ std::string SheetDxf(Model& drawing, int sheet) {
     }
     out.Pair(0, "ENDSEC");
     out.Pair(0, "EOF");
-    return ToCodePage(936, Wide(out.text()));
+    return ToCodePage(kCodePage, Wide(out.text()));
 }
 
 }  // namespace simhost

@@ -4,8 +4,8 @@
     tools/tidy.py DIR    over the compile_commands.json in the build folder DIR
 
 clang-tidy reads each source once, and tells the compiler's own warnings together with its findings.
-Tests are compiled for the warnings alone: they are half of all sources, and clang-tidy is the slowest
-of the checks. Nothing is linked and no code is made, so the folder need not be built.
+Tests are compiled for the warnings alone: they are half of all sources, and clang-tidy is the
+slowest of the checks. Nothing is linked and no code is made, so the folder need not be built.
 
 Findings are shown as clang words them, each once. The exit status is 1 if there is any.
 Its test is tests/tools/tidy_test.py.
@@ -54,7 +54,7 @@ class Tidy:
         return digest.hexdigest()
 
     def jobs(self):
-        """What has to be looked at: (source, command that looks, folder where, place to remember)."""
+        """What has to be looked at: (source, command that looks, where, place to remember)."""
         entries = json.loads((self.folder / "compile_commands.json").read_text(encoding="utf-8"))
         for entry in {e["file"]: e for e in entries}.values():
             source = Path(entry["directory"], entry["file"]).resolve()

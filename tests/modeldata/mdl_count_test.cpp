@@ -124,14 +124,14 @@ TEST_F(ModelCount, AModelWhoseNumberIsLockedIsNamedAndTheOthersGoOn) {
 }
 
 TEST_F(ModelCount, AFailedCreationIsNamedToo) {
-    Operation::Fail({"ProParameterCreate", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProParameterCreate");
     Count(Failed("TOP\\n"));
     EXPECT_EQ(NumberOf(*top_), "none");
     EXPECT_EQ(NumberOf(*a_), "5");
 }
 
 TEST_F(ModelCount, OutsideAssembliesItIsRefused) {
-    Operation::Fail({"ProMdlTypeGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlTypeGet");
     Play(
         "~ Command `VxMdlCount`\n@ expect box \"此功能仅组件/制造环境可用！\"\n"
         "@ expect caption none\n@ ok");
@@ -196,7 +196,7 @@ TEST_F(ModelCount, WithoutAColumnTheInstanceCannotHaveItsNumberAndIsNamed) {
     Model& generic = Part("bolt");
     Model* m8 = MakeInstance("bolt_m8", generic);
     Use(*top_, *m8);
-    Operation::Fail({"ProFamtableItemAdd", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProFamtableItemAdd", {.forGood = true});
     Count(Failed("BOLT_M8\\n"));
     EXPECT_EQ(NumberOf(*m8), "none");
 }

@@ -143,7 +143,7 @@ TEST_F(OutlineAndSheets, AModelWithoutSurfacesLosesTheParameter) {
     Run(outline_);
     EXPECT_EQ(ValueOn(empty), "none");
     // Surfaces that tell nothing about themselves are as good as none.
-    Operation::Fail({"ProSurfaceDataGet", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProSurfaceDataGet", {.forGood = true});
     Run(outline_);
     EXPECT_EQ(ValueOn(*a_), "none");
     EXPECT_EQ(ValueOn(*top_), "none");
@@ -170,9 +170,9 @@ TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {
     Model& sub = Assembly("sub");
     Put(sub, *a_, {0, 0, 0}, {0, 0, 0});
     Put(*top_, sub, {0, 0, 0}, {0, 0, 0});
-    for (std::uint64_t n = 2; n < 14; ++n) {
+    for (unsigned n = 2; n < 14; ++n) {
         Operation::ForgetFaults();
-        Operation::Fail({"ProArrayAlloc", n, true, PRO_TK_OUT_OF_MEMORY});
+        Fail("ProArrayAlloc", {.n = n, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
         for (Model* model : {top_, a_, &sub}) {
             model->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
         }
@@ -188,7 +188,7 @@ TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {
 }
 
 TEST_F(OutlineAndSheets, AnUnknownStateOfTheOrderGivesTheEmptyText) {
-    Operation::Fail({"ProUICheckbuttonGetState", 2, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProUICheckbuttonGetState", {.n = 2, .forGood = true});
     Run(outline_);
     EXPECT_EQ(ValueOn(*a_), "");
 }
@@ -200,7 +200,7 @@ TEST_F(OutlineAndSheets, AnEmptyNameIsTheHostsAffair) {
 }
 
 TEST_F(OutlineAndSheets, OtherEnvironmentsAreRefusedWithANotice) {
-    Operation::Fail({"ProMdlTypeGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlTypeGet");
     Run("~ Activate `VxParams` `VxOutline`\n"
         "@ expect box \"当前环境不是组件/制造，无法执行此操作\"\n"
         "@ expect caption 岚枢工具\n@ ok\n");

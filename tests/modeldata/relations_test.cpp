@@ -159,7 +159,7 @@ TEST_F(BatchRelations, TheSetAfterRegenerationIsASetOfItsOwn) {
 }
 
 TEST_F(BatchRelations, WhereTheSetAfterRegenerationCannotBeHadTheInitialOneIsMade) {
-    Operation::Fail({"ProRelsetPostregenerationInit", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProRelsetPostregenerationInit", {.forGood = true});
     a_->relations.initial = {WIDE("old=1")};
     Run(Type("x=1") + kAfter, "AddRels", added_);
     EXPECT_EQ(Initial(*b_), Lines{WIDE("x=1")});
@@ -170,7 +170,7 @@ TEST_F(BatchRelations, WhereTheSetAfterRegenerationCannotBeHadTheInitialOneIsMad
 }
 
 TEST_F(BatchRelations, OneFailedModelDoesNotStopTheOthers) {
-    Operation::Fail({"ProMdlToModelitem", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlToModelitem");
     Run(Type("x=1"), "AddRels", added_);
     int written = 0;
     for (Model* model : {top_, a_, b_, sub_, sheet_}) written += model->relations.initial ? 1 : 0;
@@ -208,7 +208,7 @@ TEST_F(BatchRelations, TheDialogComesWithAChoiceInEachGroupAndEndsByItsWindowToo
 }
 
 TEST_F(BatchRelations, AMissingResourceIsTold) {
-    Operation::Fail({"ProUIDialogCreate", 1, false, PRO_TK_E_NOT_FOUND});
+    Fail("ProUIDialogCreate", {.status = PRO_TK_E_NOT_FOUND});
     Play("~ Command `VxRelations`\n@ expect box \"UIDialog Create error!\"\n@ ok");
 }
 

@@ -69,7 +69,7 @@ TEST_F(Bom, LeavesOutAComponentWithoutItsModel) {
 TEST_F(Bom, LeavesAModelThatCannotBeFetchedOutOfTheCount) {
     // The walk asks for the models of its twelve components, then the list asks for each again:
     // first SKEL, then the first BOLT. Only the second round matters to the counts.
-    FailCall("ProAsmcompMdlGet", 12 + 2);
+    Fail("ProAsmcompMdlGet", {.n = 12 + 2});
     Check("@ expect row bom_list 2 \"2|BOLT|4\"\n");
 }
 
@@ -242,36 +242,36 @@ TEST_F(Bom, AModelThatCannotBeRetrievedHasTheParametersOfTheRowBefore) {
     bolt_->parameters.Set(TextParameter(WIDE("材料"), WIDE("Q235")));
     sub_->parameters.Set(TextParameter(WIDE("材料"), WIDE("none")));
     // Retrieved are TOP, SKEL, BOLT and then SUB.
-    FailCall("ProMdlRetrieve", 4, PRO_TK_E_NOT_FOUND);
+    Fail("ProMdlRetrieve", {.n = 4, .status = PRO_TK_E_NOT_FOUND});
     Check("@ expect row bom_list 3 \"3|SUB|Q235\"\n");
 }
 
 TEST_F(Bom, AfterASkeletonAModelThatCannotBeRetrievedIsTakenForOne) {
-    FailCall("ProMdlRetrieve", 3, PRO_TK_E_NOT_FOUND);
+    Fail("ProMdlRetrieve", {.n = 3, .status = PRO_TK_E_NOT_FOUND});
     Check("@ expect rows bom_list 3\n@ expect row bom_list 2 \"2|SUB|2\"\n");
 }
 
 TEST_F(Bom, AFirstModelThatCannotBeRetrievedHasNoParameters) {
     Columns("模型名称,材料");
     top_->parameters.Set(TextParameter(WIDE("材料"), WIDE("steel")));
-    FailCall("ProMdlRetrieve", 1, PRO_TK_E_NOT_FOUND);
+    Fail("ProMdlRetrieve", {.status = PRO_TK_E_NOT_FOUND});
     Check("@ expect row bom_list 1 \"1|TOP|\"\n@ expect row bom_list 2 \"2|BOLT|\"\n");
 }
 
 TEST_F(Bom, WhatCannotBeToldFromASkeletonIsNone) {
-    FailCall("ProMdlIsSkeleton", 0);
+    Fail("ProMdlIsSkeleton", {.forGood = true});
     Check("@ expect rows bom_list 5\n@ expect row bom_list 2 \"2|SKEL|1\"\n");
 }
 
 TEST_F(Bom, AParameterWhoseValueCannotBeReadIsAsGoodAsNone) {
     Columns("模型名称,材料");
     top_->parameters.Set(TextParameter(WIDE("材料"), WIDE("steel")));
-    FailCall("ProParameterValueGet", 1);
+    Fail("ProParameterValueGet");
     Check("@ expect row bom_list 1 \"1|TOP|\"\n@ expect row colours bom_list 1 17 17 -\n");
 }
 
 TEST_F(Bom, ForOtherModelsItSaysSoAndIsGone) {
-    FailCall("ProMdlTypeGet", 1);
+    Fail("ProMdlTypeGet");
     Record();
     Play(kOpenBom + std::string("@ expect box \"此功能仅组件/制造环境可用！\"\n"
                                 "@ expect caption none\n@ ok\n@ expect dialog none\n"));
@@ -290,7 +290,7 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
          {std::pair{"ProUIDialogCreate", "UIDialog Create error!"},
           std::pair{"ProUIDialogActivate", "UIDialog Activate error!"}}) {
         host().dialogs.Clear();
-        FailCall(operation, 1);
+        Fail(operation);
         Record();
         Play(kOpenBom + std::string("@ expect box \"") + text +
              "\"\n@ expect caption none\n@ ok\n");
@@ -299,7 +299,7 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
         EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProUIDialogDestroy"), 0);
     }
     host().dialogs.Clear();
-    FailCall("ProUIDialogDestroy", 1);
+    Fail("ProUIDialogDestroy");
     Record();
     Play(kOpenBom + std::string(kCloseBom) + "@ expect box \"UIDialog Destroy error!\"\n@ ok\n");
     const auto calls = Recorded();
@@ -307,13 +307,13 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
 }
 
 TEST_F(Bom, ColumnsThatCannotBeMadeLeaveTheNumbersAlone) {
-    FailCall("ProUITableColumnsInsert", 1);
+    Fail("ProUITableColumnsInsert");
     Check("@ expect columns bom_list \"序号\"\n@ expect rows bom_list 4\n");
 }
 
 TEST_F(Bom, WithNoModeSelectedLoadingLeavesTheTableEmpty) {
     // Asked for at the opening and then at the press.
-    FailCall("ProUIRadiogroupSelectednamesGet", 2);
+    Fail("ProUIRadiogroupSelectednamesGet", {.n = 2});
     Check("~ Activate `VxBom` `VxLoadBom`\n@ expect rows bom_list 0\n");
 }
 
@@ -371,7 +371,7 @@ TEST_F(Bom, WithoutANameColumnADoubleClickDoesNothing) {
 }
 
 TEST_F(Bom, ADoubleClickWhoseModelIsGoneShowsNothing) {
-    FailCall("ProMdlRetrieve", 6, PRO_TK_E_NOT_FOUND);  // the first five are the rows'
+    Fail("ProMdlRetrieve", {.n = 6, .status = PRO_TK_E_NOT_FOUND});  // the first five are the rows'
     Record();
     Check("~ Activate `VxBom` `bom_list` 2 `2` `num`\n");
     Recorded();

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of tools/tidy.py: only what has changed is looked at again, tests by the compiler alone, and
-each finding is shown once."""
+"""Tests of tools/tidy.py: only what has changed is looked at again, tests by the compiler alone,
+and each finding is shown once."""
 
 import contextlib
 import importlib.util
@@ -122,7 +122,8 @@ exit 0
         self.write_commands([test])
         for _ in range(2):  # what was found is not remembered as clean
             self.assertEqual(self.looked_at(), (1, []))
-            self.assertEqual(self.said, "tests/frame/a_test.cpp:1:1: error: unused [-Werror,-Wunused]\n")
+            self.assertEqual(self.said,
+                             "tests/frame/a_test.cpp:1:1: error: unused [-Werror,-Wunused]\n")
         self.write("tests/frame/a_test.cpp", "GOOD\n")
         self.assertEqual(self.looked_at(), (0, []))
 

@@ -54,8 +54,7 @@ class Tidy:
         return digest.hexdigest()
 
     def jobs(self):
-        """What has to be looked at: (source, command that looks, folder where, place to remember
-        it)."""
+        """What has to be looked at: (source, command that looks, where, place to remember)."""
         entries = json.loads((self.folder / "compile_commands.json").read_text(encoding="utf-8"))
         for entry in {e["file"]: e for e in entries}.values():
             source = Path(entry["directory"], entry["file"]).resolve()

@@ -162,7 +162,7 @@ TEST_F(BatchColorCalls, WhenTheSurfacesCannotBeListedTheyStayAndThePartIsPainted
         SCOPED_TRACE(operation);
         part.appearance.reset();
         ColourSurfaces(part);
-        FailCall(operation, 1);
+        Fail(operation);
         Press("BatchColor");
         EXPECT_EQ(Operation::FiredFaults(), 1u);
         EXPECT_EQ(part.surfaceAppearances.size(), 6u);
@@ -178,7 +178,7 @@ TEST_F(BatchColorCalls, ASurfaceThatCannotBeTreatedIsPassedOverAndTheOthersAreCl
          {"ProArrayObjectAdd", "ProSurfaceToGeomitem", "prodb_unset_surface_props"}) {
         SCOPED_TRACE(operation);
         ColourSurfaces(part);
-        FailCall(operation, 3);
+        Fail(operation, {.status = {.n = 3}});
         Press("BatchColor");
         ASSERT_EQ(part.surfaceAppearances.size(), 1u);
         EXPECT_EQ(part.surfaceAppearances.begin()->first, 13);
@@ -190,7 +190,7 @@ TEST_F(BatchColorCalls, ASurfaceThatCannotBeTreatedIsPassedOverAndTheOthersAreCl
 
 TEST_F(BatchColorCalls, WithoutAnObjectTheSurfacesAreAskedForTheirIdsAndKeepTheirAppearances) {
     Open(Part("single"));
-    FailCall("prodb_get_object_ptr", 0);
+    Fail("prodb_get_object_ptr", {.forGood = true});
     Record();
     Press("BatchColor");
     const Names calls = Recorded();
@@ -299,7 +299,7 @@ TEST_F(BatchColorCalls, AManufacturingModelWithoutItsAssemblyHasNothingToColour)
     Model& assembly = Assembly("workpieces");
     UseAll(assembly, {&Part("part")});
     Open(Manufacturing("mill", assembly));
-    FailCall("ProMfgAssemGet", 1);
+    Fail("ProMfgAssemGet");
     Play("~ Command `BatchColor`\n@ expect box \"当前模型中没有子零件/组件\"\n@ ok\n");
     EXPECT_EQ(Repaints(), 0);
 }
@@ -307,7 +307,7 @@ TEST_F(BatchColorCalls, AManufacturingModelWithoutItsAssemblyHasNothingToColour)
 TEST_F(BatchColorCalls, AModelWhoseTypeCannotBeReadIsOnlyRepainted) {
     Model& part = Part("single");
     Open(part);
-    FailCall("ProMdlTypeGet", 1);
+    Fail("ProMdlTypeGet");
     Press("BatchColor");
     EXPECT_FALSE(part.appearance);
     EXPECT_EQ(Repaints(), 1);
@@ -320,7 +320,7 @@ TEST_F(BatchColorCalls, APartWithoutAnObjectLeavesTheColourOfThePartBefore) {
     UseAll(top, {&first, &second});
     Open(top);
     // The first part asks for its object twice, once to clear its surfaces.
-    FailCall("prodb_get_object_ptr", 3);
+    Fail("prodb_get_object_ptr", {.status = {.n = 3}});
     Record();
     Press("BatchColor");
     Recorded();
@@ -335,7 +335,7 @@ TEST_F(BatchColorCalls, APartThatCannotBePaintedDoesNotEndTheBatch) {
     Model& top = Assembly("top");
     UseAll(top, {&first, &second});
     Open(top);
-    FailCall("prodb_set_surface_props", 1);
+    Fail("prodb_set_surface_props");
     Press("BatchColor");
     EXPECT_FALSE(first.appearance);
     EXPECT_TRUE(second.appearance);
@@ -345,7 +345,7 @@ TEST_F(BatchColorCalls, APartThatCannotBePaintedDoesNotEndTheBatch) {
 TEST_F(BatchColorCalls, WithoutSettingsTheColourOfTheRecordIsUsed) {
     Model& part = Part("single");
     Open(part);
-    FailCall("GetPrivateProfileStringW", 1);
+    Fail("GetPrivateProfileStringW");
     Press("BatchColor");
     EXPECT_EQ(Present({&part}), (Colours{{&part, Rgb{}}}));
 }
@@ -353,7 +353,7 @@ TEST_F(BatchColorCalls, WithoutSettingsTheColourOfTheRecordIsUsed) {
 TEST_F(BatchColorCalls, WithoutATextFolderThePalettesAreNotFoundAndAllIsBlack) {
     Model& part = Part("single");
     Open(part);
-    FailCall("ProToolkitApplTextPathGet", 0);
+    Fail("ProToolkitApplTextPathGet", {.status = {.forGood = true}});
     Press("BatchColor");
     EXPECT_EQ(Present({&part}), (Colours{{&part, Rgb{}}}));
 }

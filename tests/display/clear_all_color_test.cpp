@@ -105,7 +105,7 @@ TEST_F(ClearAllColor, APartAloneAndAManufacturingModelAreClearedToo) {
 }
 
 TEST_F(ClearAllColor, WhenTheMacroCannotBeQueuedNothingHappens) {
-    FailCall("ProMacroLoad", 1);
+    Fail("ProMacroLoad");
     Press("VxClearAllColor");
     EXPECT_TRUE(Coloured());
     EXPECT_EQ(Boxes(), Names{});

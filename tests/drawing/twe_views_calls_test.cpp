@@ -216,7 +216,7 @@ TEST_F(TwelveViewsCalls, EachViewIsMadeWhereItShouldAboutBe) {
     // Where no view can be moved they stay where they were made: the middle of each is one height
     // or width of its parent beyond the parent's edge; the rear one's parent, 330..370, is 40
     // wide. The isometric one is 98.995 by 105.930 around the corner of the one below.
-    Fail("ProDrawingViewMove", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProDrawingViewMove", {.forGood = true});
     MakeViews({"main-h", "six-hidden"});
     EXPECT_EQ(Outlines(),
               (Names{"150 570 250 630", "150 490 250 530", "150 670 250 710", "30 570 70 630",

@@ -142,7 +142,7 @@ TEST_F(TwelveViews, HiddenLinesAreShownOrLeftOutAsChosen) {
 }
 
 TEST_F(TwelveViews, WithoutAChoiceOfViewsOnlyTheIsometricOneHasAStyle) {
-    Fail("ProUIRadiogroupSelectednamesGet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProUIRadiogroupSelectednamesGet", {.status = {.forGood = true}});
     MakeViews();
     EXPECT_EQ(Styles("BOX-12"), "0 0 0 0 0 0 3");
 }

@@ -82,7 +82,7 @@ TEST_F(AccessRules, WithoutAnOpenModelOnlyTheAlwaysAvailableCommandsCanBePressed
 TEST_F(AccessRules, WhenTheModeCannotBeReadOnlyTheAlwaysAvailableCommandsCanBePressed) {
     Start();
     Open(Assembly("UNIT"));
-    Fail("ProModeCurrentGet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProModeCurrentGet", {.status = {.forGood = true}});
     ExpectOnlyTheAlwaysAvailable();
 }
 

@@ -21,7 +21,7 @@ protected:
     // A walk during which the n-th call (0: every call) of the operation fails.
     Names WalkWith(const char* operation, unsigned n,
                    ProFeatureVisitAction visitor = VisitAllComponents) {
-        FailCall(operation, n);
+        Fail(operation, {.status = {.n = n == 0 ? 1 : n, .forGood = n == 0}});
         ComponentArray components = ComponentCollector(top_.handle, visitor);
         EXPECT_GT(Operation::FiredFaults(), 0u) << operation << ' ' << n;
         Operation::ForgetFaults();
@@ -91,7 +91,7 @@ TEST_F(FailingWalk, TheAnswerOfAVisitBelowIsDroppedByEveryVisitor) {
         ComponentArray components;
         ASSERT_EQ(components.Allocate(), PRO_TK_NO_ERROR);
         ProFeature feature{PRO_FEATURE, 2, top_.handle};
-        FailCall("ProSolidFeatVisit", 1);
+        Fail("ProSolidFeatVisit");
         EXPECT_EQ(visitor(&feature, PRO_TK_NO_ERROR, components.Place()), PRO_TK_NO_ERROR);
         EXPECT_EQ(Operation::FiredFaults(), 1u);
         Operation::ForgetFaults();
@@ -99,7 +99,7 @@ TEST_F(FailingWalk, TheAnswerOfAVisitBelowIsDroppedByEveryVisitor) {
 }
 
 TEST_F(FailingWalk, WithoutAnArrayNothingIsVisitedAndTheResultIsEmpty) {
-    FailCall("ProArrayAlloc", 1, PRO_TK_OUT_OF_MEMORY);
+    Fail("ProArrayAlloc", {.status = {.status = PRO_TK_OUT_OF_MEMORY}});
     Record();
     ComponentArray components = ComponentCollector(top_.handle, VisitAllComponents);
     EXPECT_FALSE(components);
@@ -121,7 +121,7 @@ TEST_F(FailingWalk, AComponentThatCannotBeAppendedIsMissingAloneAtWhateverLevel)
 
 TEST_F(FailingWalk, ASizeThatCannotBeReadIsZero) {
     const ComponentArray components = ComponentCollector(top_.handle, VisitAllComponents);
-    FailCall("ProArraySizeGet", 1);
+    Fail("ProArraySizeGet");
     EXPECT_EQ(components.Size(), 0);
     EXPECT_EQ(components.Size(), 7);
 }
@@ -192,7 +192,7 @@ TEST_F(ModelLists, AModelThatCannotBeFetchedForTheListIsDroppedNotGuessed) {
     UseAll(outer, {&plate_, &pin_});
     for (const auto& [n, left] : {std::pair{1u, &pin_}, std::pair{2u, &plate_}}) {
         ComponentArray components = ComponentCollector(outer.handle, VisitAllComponents);
-        FailCall("ProAsmcompMdlGet", n);
+        Fail("ProAsmcompMdlGet", {.status = {.n = n}});
         EXPECT_EQ(FileNames(ReduceToModelList(std::move(components), 2)), Names{left->FileName()});
         Operation::ForgetFaults();
     }

@@ -51,7 +51,7 @@ TEST_F(ComponentTree, AComponentWithoutItsModelHasNoLine) {
 
 TEST_F(ComponentTree, AModelOfAnotherKindHasNoLineButIsInTheArray) {
     // Nothing can be told of the first model, so that its kind is the empty text.
-    FailCall("ProMdlDataGet", 1);
+    Fail("ProMdlDataGet");
     ComponentArray components;
     ASSERT_EQ(components.Allocate(), PRO_TK_NO_ERROR);
     ProSolidFeatVisit(static_cast<ProSolid>(subsub_.handle), ComponentTreeVisitor, ComponentFilter,
@@ -71,7 +71,7 @@ TEST_F(ComponentTree, WhatIsListedByHandStartsFromThePresentDepth) {
 }
 
 TEST_F(ComponentTree, WithoutAnArrayThereIsNoListing) {
-    FailCall("ProArrayAlloc", 1);
+    Fail("ProArrayAlloc");
     EXPECT_EQ(Listed(), "nothing");
 }
 

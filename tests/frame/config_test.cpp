@@ -147,7 +147,7 @@ TEST_F(SettingsDialog, AnUnknownValueLeavesTheChoiceOfTheDialog) {
 
 TEST_F(SettingsDialog, AGroupThatCannotBeReadLeavesItsSectionAndTheOthersAreSaved) {
     WriteIni("[SetLastDir]\r\nvalue=odd\r\n");
-    Operation::Fail({"ProUIRadiogroupSelectednamesGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProUIRadiogroupSelectednamesGet");
     Run(kSave);
     EXPECT_EQ(ValueOf("SetLastDir"), "odd");
     EXPECT_EQ(ValueOf("AsmAssembly"), "1");
@@ -155,7 +155,7 @@ TEST_F(SettingsDialog, AGroupThatCannotBeReadLeavesItsSectionAndTheOthersAreSave
 
 TEST_F(SettingsDialog, APanelThatCannotBeReadLeavesItsPath) {
     WriteIni("[A0Asmpath]\r\npath=C:\\old.drw\r\n");
-    Operation::Fail({"ProUIInputpanelValueGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProUIInputpanelValueGet");
     Run("~ Input `VxConfig` `A0Asmpath` `C:\\new.drw`\n" + std::string(kSave));
     EXPECT_EQ(ValueOf("A0Asmpath", "path"), "C:\\old.drw");
     EXPECT_EQ(ValueOf("A0Prtpath", "path"), "");

@@ -283,13 +283,13 @@ TEST_F(FirstRunNotice, EndsTheStartWhenItsResourceIsMissing) {
 }
 
 TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedCreation) {
-    Fail("ProUIDialogCreate", PRO_TK_OUT_OF_MEMORY);
+    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_OUT_OF_MEMORY}});
     ExpectTheStartToEndWith(PRO_TK_OUT_OF_MEMORY, "UIDialog Create error!", "");
     EXPECT_TRUE(host().dialogs.Existing().empty());
 }
 
 TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedActivationAndLeavesTheDialog) {
-    Fail("ProUIDialogActivate", PRO_TK_GENERAL_ERROR);
+    Fail("ProUIDialogActivate");
     ExpectTheStartToEndWith(PRO_TK_GENERAL_ERROR, "UIDialog Activate error!", "");
     EXPECT_EQ(host().dialogs.Existing(), Lines{"VxInit.res"});
     const Lines names = host().journal.Names();
@@ -297,12 +297,12 @@ TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedActivationAndLeavesTheD
 }
 
 TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedDestruction) {
-    Fail("ProUIDialogDestroy", PRO_TK_BAD_CONTEXT);
+    Fail("ProUIDialogDestroy", {.status = {.status = PRO_TK_BAD_CONTEXT}});
     ExpectTheStartToEndWith(PRO_TK_BAD_CONTEXT, "UIDialog Destroy error!", kOk);
 }
 
 TEST_F(FirstRunNotice, ComesAgainAtTheLoadAfterAFailure) {
-    Fail("ProUIDialogCreate", PRO_TK_GENERAL_ERROR);
+    Fail("ProUIDialogCreate");
     ExpectTheStartToEndWith(PRO_TK_GENERAL_ERROR, "UIDialog Create error!", "");
     workplace_->StopPlugin();
     host().shown.clear();
@@ -326,13 +326,13 @@ TEST_F(FirstRunNotice, GoesOnWhenTheActionOfItsButtonCannotBeAttached) {
 
 TEST_F(FirstRunNotice, TakesARegistryThatCannotBeReadForNoMarker) {
     SetMarker("5120");
-    Fail("RegOpenKeyExW", ERROR_ACCESS_DENIED);
+    Fail("RegOpenKeyExW", {.status = {.status = ERROR_ACCESS_DENIED}});
     ExpectTheNoticeToWrite("5110");
 }
 
 TEST_F(FirstRunNotice, TakesAValueThatCannotBeReadForNoMarker) {
     SetMarker("5130");
-    Fail("RegQueryValueExW", ERROR_ACCESS_DENIED);
+    Fail("RegQueryValueExW", {.status = {.status = ERROR_ACCESS_DENIED}});
     ExpectTheNoticeToWrite("5110");
 }
 
@@ -340,7 +340,7 @@ TEST_F(FirstRunNotice, OpensTheHomePageAlsoWhenTheMarkerCannotBeWritten) {
     for (const char* operation : {"RegCreateKeyExW", "RegSetValueExW"}) {
         SCOPED_TRACE(operation);
         TheWindows().programs.clear();
-        Fail(operation, ERROR_ACCESS_DENIED);
+        Fail(operation, {.status = {.status = ERROR_ACCESS_DENIED}});
         StartAndPressOk();
         EXPECT_EQ(startStatus_, 0);
         EXPECT_EQ(Marker(), "(none)");

@@ -21,8 +21,7 @@ class PlaceOfTheModule : public Workbench {
 protected:
     // One run of the host with the module at this place: start, timer, end.
     void RunAt(const WideText& module) {
-        TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"),
-                                 WIDE("5130"));
+        workbench::MarkFirstRunSeen();
         Plugin plugin(workbench::kModuleBuilt, module);
         EXPECT_EQ(plugin.Initialize(), 0);
         AdvanceClock(2000);
@@ -122,7 +121,7 @@ TEST_F(PlaceOfTheModule, IsOfNoUseWhereThePathsOfItsFilesAreTooLong) {
 
 TEST_F(PlaceOfTheModule, OfExactly260CharactersIsReadWithoutATerminatorButNoFurther) {
     const WideText module = ModuleOfLength(260);
-    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+    workbench::MarkFirstRunSeen();
     Plugin plugin(workbench::kModuleBuilt, module);
     EXPECT_EQ(plugin.Initialize(), 0);
     host().journal.Start();
@@ -154,7 +153,7 @@ TEST_F(PlaceOfTheModule, UnderAnotherNameReadsNothingAndKeepsTheHostsExecutable)
 
 TEST_F(PlaceOfTheModule, UnderAnotherNameStillHasMenuAndPopups) {
     TextFolderSetting("RmbDisable", "0");
-    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+    workbench::MarkFirstRunSeen();
     Plugin plugin(workbench::kModuleBuilt, workbench::kModuleFolder + WIDE("\\other.dll"));
     EXPECT_EQ(plugin.Initialize(), 0);
     ASSERT_TRUE(host().commands.FindMenu("Menu"));
@@ -196,7 +195,7 @@ TEST_F(PlaceOfTheModule, ThatWindowsDoesNotTellLeavesAllFilesAlone) {
     WriteSettingsInto(workbench::kModuleFolder + WIDE("\\VXconfig"));
     const auto before = Files();
     for (const char* operation : {"GetModuleHandleW", "GetModuleFileNameW"}) {
-        Fail(operation, PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+        Fail(operation, {.status = {.forGood = true}});
     }
     RunAt(workbench::kModuleFolder + WIDE("\\vorlatix5.1.dll"));
     EXPECT_EQ(directoryAfterTheTimer_, "C:\\Work");

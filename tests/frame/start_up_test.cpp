@@ -113,7 +113,7 @@ TEST_F(StartUp, GoesOnWhenTheMenuCannotBeMade) {
 }
 
 TEST_F(StartUp, GoesOnWhenNoCommandCanBeRegistered) {
-    Fail("ProCmdActionAdd", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProCmdActionAdd", {.status = {.forGood = true}});
     StartJournalled();
     ExpectTheWholeStart();
     // The ids are used as they come: the host notices that it never gave them. 56 buttons,
@@ -131,19 +131,19 @@ TEST_F(StartUp, UsesNoStaleIdWhenOneCommandCannotBeRegistered) {
 }
 
 TEST_F(StartUp, GoesOnWhenNoButtonCanBeAdded) {
-    Fail("ProMenubarmenuPushbuttonAdd", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProMenubarmenuPushbuttonAdd", {.status = {.forGood = true}});
     StartJournalled();
     ExpectTheWholeStart();
 }
 
 TEST_F(StartUp, GoesOnWhenNoIconCanBeSet) {
-    Fail("ProCmdIconSet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProCmdIconSet", {.status = {.forGood = true}});
     StartJournalled();
     ExpectTheWholeStart();
 }
 
 TEST_F(StartUp, GoesOnWhenNothingCanBeDesignated) {
-    Fail("ProCmdDesignate", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProCmdDesignate", {.status = {.forGood = true}});
     StartJournalled();
     ExpectTheWholeStart();
 }

@@ -126,14 +126,14 @@ TEST_F(ModelCount, AModelWhoseNumberIsLockedIsNamedAndTheOthersGoOn) {
 }
 
 TEST_F(ModelCount, AFailedCreationIsNamedToo) {
-    Operation::Fail({"ProParameterCreate", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProParameterCreate");
     Count(Failed("TOP\\n"));
     EXPECT_EQ(NumberOf(*top_), "none");
     EXPECT_EQ(NumberOf(*a_), "5");
 }
 
 TEST_F(ModelCount, OutsideAssembliesItIsRefused) {
-    Operation::Fail({"ProMdlTypeGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlTypeGet");
     Play(
         "~ Command `VxMdlCount`\n@ expect box \"此功能仅组件/制造环境可用！\"\n"
         "@ expect caption none\n@ ok");
@@ -197,7 +197,7 @@ TEST_F(ModelCount, AFamilyTableThatCannotBeHadLeavesTheParameterAColumnToBe) {
     TextFolderSetting("VxCountForInstance", "true");
     Model& generic = Part("bolt");
     Use(*top_, *MakeInstance("bolt_m8", generic));
-    Operation::Fail({"ProFamtableInit", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProFamtableInit", {.forGood = true});
     host().journal.Start();
     Count(Failed("BOLT_M8\\n"));
     host().journal.Stop();
@@ -211,7 +211,7 @@ TEST_F(ModelCount, WithoutAnItemOfTheGenericItsFamilyTableIsStillAskedFor) {
     TextFolderSetting("VxCountForInstance", "true");
     Model& generic = Part("bolt");
     Use(*top_, *MakeInstance("bolt_m8", generic));
-    Operation::Fail({"ProMdlToModelitem", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlToModelitem", {.forGood = true});
     host().journal.Start();
     Count(Failed("TOP\\nA\\nS\\nBOLT_M8\\n"));
     host().journal.Stop();
@@ -225,7 +225,7 @@ TEST_F(ModelCount, WithoutAColumnTheInstanceCannotHaveItsNumberAndIsNamed) {
     Model& generic = Part("bolt");
     Model* m8 = MakeInstance("bolt_m8", generic);
     Use(*top_, *m8);
-    Operation::Fail({"ProFamtableItemAdd", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProFamtableItemAdd", {.status = {.forGood = true}});
     Count(Failed("BOLT_M8\\n"));
     EXPECT_EQ(NumberOf(*m8), "none");
 }
@@ -248,7 +248,7 @@ TEST_F(ModelCount, OnlyAStatusOfSuccessMakesAnInstance) {
     // Whatever else the host says of a generic, the model gets its number.
     for (const int status : {-1, -2, -4, -5}) {
         Operation::ForgetFaults();
-        Operation::Fail({"ProFaminstanceGenericGet", 1, true, status});
+        Fail("ProFaminstanceGenericGet", {.forGood = true, .status = status});
         a_->parameters = {};
         Count();
         EXPECT_EQ(NumberOf(*a_), "5") << status;
@@ -256,7 +256,7 @@ TEST_F(ModelCount, OnlyAStatusOfSuccessMakesAnInstance) {
 }
 
 TEST_F(ModelCount, WithoutAnArrayForTheWalkTheTopHasItsNumberAllTheSame) {
-    Operation::Fail({"ProArrayAlloc", 1, true, PRO_TK_OUT_OF_MEMORY});
+    Fail("ProArrayAlloc", {.forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
     Count();
     EXPECT_EQ(NumberOf(*top_), "1");
     EXPECT_EQ(NumberOf(*a_), "none");
@@ -265,7 +265,7 @@ TEST_F(ModelCount, WithoutAnArrayForTheWalkTheTopHasItsNumberAllTheSame) {
 TEST_F(ModelCount, TheTreeIsShownAfreshBeforeTheBoxes) {
     Model& mill = Manufacturing("mill", *top_);
     Open(mill);
-    Operation::Fail({"ProParameterCreate", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProParameterCreate");
     host().journal.Start();
     Count(Failed("TOP\\n"));
     std::vector<std::string> order;
@@ -283,12 +283,12 @@ TEST_F(ModelCount, TheTreeIsShownAfreshBeforeTheBoxes) {
 }
 
 TEST_F(ModelCount, AModelThatIsNoItemOrWhoseParameterCannotBeFoundAgainIsNamed) {
-    Operation::Fail({"ProMdlToModelitem", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlToModelitem");
     Count(Failed("TOP\\n"));
     EXPECT_EQ(NumberOf(*top_), "none");
     EXPECT_EQ(NumberOf(*a_), "5");
     // TOP gets its number now; A and S have theirs, and A's, the first, is not found.
-    Operation::Fail({"ProParameterInit", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProParameterInit");
     Count(Failed("A\\n"));
     EXPECT_EQ(NumberOf(*top_), "1");
 }

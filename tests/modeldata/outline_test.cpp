@@ -143,7 +143,7 @@ TEST_F(OutlineAndSheets, AModelWithoutSurfacesLosesTheParameter) {
     Run(outline_);
     EXPECT_EQ(ValueOn(empty), "none");
     // Surfaces that tell nothing about themselves are as good as none.
-    Operation::Fail({"ProSurfaceDataGet", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProSurfaceDataGet", {.status = {.forGood = true}});
     Run(outline_);
     EXPECT_EQ(ValueOn(*a_), "none");
     EXPECT_EQ(ValueOn(*top_), "none");
@@ -170,9 +170,9 @@ TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {
     Model& sub = Assembly("sub");
     Put(sub, *a_, {0, 0, 0}, {0, 0, 0});
     Put(*top_, sub, {0, 0, 0}, {0, 0, 0});
-    for (std::uint64_t n = 2; n < 14; ++n) {
+    for (unsigned n = 2; n < 14; ++n) {
         Operation::ForgetFaults();
-        Operation::Fail({"ProArrayAlloc", n, true, PRO_TK_OUT_OF_MEMORY});
+        Fail("ProArrayAlloc", {.status = {.n = n, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY}});
         for (Model* model : {top_, a_, &sub}) {
             model->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
         }
@@ -188,7 +188,7 @@ TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {
 }
 
 TEST_F(OutlineAndSheets, AnUnknownStateOfTheOrderGivesTheEmptyText) {
-    Operation::Fail({"ProUICheckbuttonGetState", 2, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProUICheckbuttonGetState", {.status = {.n = 2, .forGood = true}});
     Run(outline_);
     EXPECT_EQ(ValueOn(*a_), "");
 }
@@ -200,7 +200,7 @@ TEST_F(OutlineAndSheets, AnEmptyNameIsTheHostsAffair) {
 }
 
 TEST_F(OutlineAndSheets, OtherEnvironmentsAreRefusedWithANotice) {
-    Operation::Fail({"ProMdlTypeGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlTypeGet");
     Run("~ Activate `VxParams` `VxOutline`\n"
         "@ expect box \"当前环境不是组件/制造，无法执行此操作\"\n"
         "@ expect caption 岚枢工具\n@ ok\n");
@@ -237,14 +237,14 @@ TEST_F(OutlineAndSheets, AComponentThatCannotBeReachedIsLeftOutAndTheOthersCount
          {"ProAsmcomppathInit", "ProAsmcomppathMdlGet", "ProAsmcomppathTrfGet"}) {
         Run(kInOrder + outline_);
         EXPECT_EQ(ValueOn(*top_), "100×20×30");
-        Operation::Fail({operation, 1, false, PRO_TK_GENERAL_ERROR});
+        Fail(operation);
         Run(kInOrder + outline_);
         EXPECT_EQ(ValueOn(*top_), "10×20×30") << operation;
     }
 }
 
 TEST_F(OutlineAndSheets, AnAssemblyOfWhichNoCornerCanBeTurnedLosesTheParameter) {
-    Operation::Fail({"ProPntTrfEval", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProPntTrfEval", {.forGood = true});
     top_->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
     Run(outline_);
     EXPECT_EQ(ValueOn(*top_), "none");
@@ -260,14 +260,14 @@ TEST_F(OutlineAndSheets, AModelWhoseTypeCannotBeReadKeepsItsParameter) {
     // The last of its questions is the one for the measure.
     const auto names = host().journal.Names();
     const auto asked = std::count(names.begin(), names.end(), "ProMdlTypeGet");
-    Operation::Fail({"ProMdlTypeGet", std::uint64_t(asked), false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlTypeGet", {.n = std::uint64_t(asked)});
     Run(Scope("Part") + outline_);
     EXPECT_EQ(ValueOn(*a_), "old");
 }
 
 TEST_F(OutlineAndSheets, OnlyAParameterThatIsThereAlreadyIsSetAfterItsCreationWasRefused) {
     a_->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
-    Operation::Fail({"ProParameterCreate", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProParameterCreate", {.forGood = true});
     Run(Scope("Part") + outline_);
     EXPECT_EQ(ValueOn(*a_), "old");
 }

@@ -159,7 +159,7 @@ TEST_F(BatchRelations, TheSetAfterRegenerationIsASetOfItsOwn) {
 }
 
 TEST_F(BatchRelations, WhereTheSetAfterRegenerationCannotBeHadTheInitialOneIsMade) {
-    Operation::Fail({"ProRelsetPostregenerationInit", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProRelsetPostregenerationInit", {.status = {.forGood = true}});
     a_->relations.initial = {WIDE("old=1")};
     Run(Type("x=1") + kAfter, "AddRels", added_);
     EXPECT_EQ(Initial(*b_), Lines{WIDE("x=1")});
@@ -170,7 +170,7 @@ TEST_F(BatchRelations, WhereTheSetAfterRegenerationCannotBeHadTheInitialOneIsMad
 }
 
 TEST_F(BatchRelations, OneFailedModelDoesNotStopTheOthers) {
-    Operation::Fail({"ProMdlToModelitem", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlToModelitem");
     Run(Type("x=1"), "AddRels", added_);
     int written = 0;
     for (Model* model : {top_, a_, b_, sub_, sheet_}) written += model->relations.initial ? 1 : 0;
@@ -178,7 +178,7 @@ TEST_F(BatchRelations, OneFailedModelDoesNotStopTheOthers) {
 }
 
 TEST_F(BatchRelations, TheSetAfterRegenerationNeedsNoItemOfTheModel) {
-    Operation::Fail({"ProMdlToModelitem", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProMdlToModelitem", {.forGood = true});
     a_->relations.afterRegeneration = {WIDE("late=1")};
     Run(Type("x=1") + kAfter, "AddRels", added_);
     EXPECT_EQ(a_->relations.afterRegeneration, (Lines{WIDE("late=1"), WIDE("x=1")}));
@@ -189,7 +189,7 @@ TEST_F(BatchRelations, TheSetAfterRegenerationNeedsNoItemOfTheModel) {
 
 TEST_F(BatchRelations, WithoutAnArrayTheSetIsStillTakenOrMade) {
     // The walk has its array; those of the lines cannot be had.
-    Operation::Fail({"ProArrayAlloc", 2, true, PRO_TK_OUT_OF_MEMORY});
+    Fail("ProArrayAlloc", {.n = 2, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
     a_->relations.initial = {WIDE("old=1")};
     Run(Type("x=1") + Scope("Part"), "AddRelsAndNoRepeat", addedNew_);
     EXPECT_EQ(Initial(*a_), Lines{WIDE("old=1")});
@@ -198,15 +198,15 @@ TEST_F(BatchRelations, WithoutAnArrayTheSetIsStillTakenOrMade) {
     // With the other set: it cannot be taken, and the initial one is made.
     sheet_->relations.initial.reset();
     Operation::ForgetFaults();
-    Operation::Fail({"ProArrayAlloc", 2, true, PRO_TK_OUT_OF_MEMORY});
-    Operation::Fail({"ProRelsetPostregenerationInit", 1, true, PRO_TK_GENERAL_ERROR});
+    Fail("ProArrayAlloc", {.n = 2, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
+    Fail("ProRelsetPostregenerationInit", {.forGood = true});
     Run(Type("x=1") + Scope("Part") + kAfter, "AddRels", added_);
     ASSERT_TRUE(sheet_->relations.initial);
     EXPECT_EQ(Initial(*sheet_), Lines{});
 }
 
 TEST_F(BatchRelations, WithoutAnArrayTheLinesToBeCoveredStay) {
-    Operation::Fail({"ProArrayAlloc", 2, true, PRO_TK_OUT_OF_MEMORY});
+    Fail("ProArrayAlloc", {.n = 2, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
     a_->relations.initial = {WIDE("old=1")};
     Run(Type("x=1"), "CoverRels", covered_);
     EXPECT_EQ(Initial(*a_), Lines{WIDE("old=1")});
@@ -243,7 +243,7 @@ TEST_F(BatchRelations, TheDialogComesWithAChoiceInEachGroupAndEndsByItsWindowToo
 }
 
 TEST_F(BatchRelations, AMissingResourceIsTold) {
-    Operation::Fail({"ProUIDialogCreate", 1, false, PRO_TK_E_NOT_FOUND});
+    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_E_NOT_FOUND}});
     Play("~ Command `VxRelations`\n@ expect box \"UIDialog Create error!\"\n@ ok");
 }
 
@@ -274,20 +274,20 @@ TEST_F(BatchRelations, WhereEveryModelIsLeftOutTheEndIsToldAllTheSame) {
 }
 
 TEST_F(BatchRelations, WithoutAScopeThereAreNoComponents) {
-    Operation::Fail({"ProUIRadiogroupSelectednamesGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProUIRadiogroupSelectednamesGet");
     Run(Type("x=1"), "AddRels", none_);
     EXPECT_FALSE(a_->relations.initial);
 }
 
 TEST_F(BatchRelations, WithoutAChosenSetNothingIsWrittenAndTheEndIsTold) {
-    Operation::Fail({"ProUIRadiogroupSelectednamesGet", 2, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProUIRadiogroupSelectednamesGet", {.n = 2});
     Run(Type("x=1"), "AddRels", added_);
     for (Model* model : {top_, a_, b_, sub_, sheet_}) EXPECT_FALSE(model->relations.initial);
 }
 
 TEST_F(BatchRelations, ATextThatCannotBeReadCountsAsEmpty) {
     a_->relations.initial = {WIDE("old=1")};
-    Operation::Fail({"ProUITextareaValueGet", 1, false, PRO_TK_GENERAL_ERROR});
+    Fail("ProUITextareaValueGet");
     Run(Type("x=1"), "CoverRels", covered_);
     EXPECT_EQ(a_->relations.initial, Lines{});
 }

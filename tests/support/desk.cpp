@@ -61,6 +61,10 @@ bool WriteBomColumns(const std::string& summed, const std::string& levelled) {
                               "\r\n[tableCols_level]\r\ncontent=" + levelled + "\r\n")));
 }
 
+void Fail(const std::string& operation, const Failing& which) {
+    Operation::Fail({operation, which.n, which.forGood, which.status});
+}
+
 std::vector<std::string> LeftOpen() {
     std::vector<std::string> left = TheHost().arrays.HeldByMistake();
     for (const std::string& handle : TheWindows().OpenHandles()) left.push_back(handle);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "hostapi/host.h"
 #include "simhost/app/workplace.h"
 
 namespace workbench {
@@ -35,6 +36,15 @@ void WriteIni(const std::string& file, const std::string& section, const std::st
 
 // The lists of columns of the bill of materials, as they stand in its settings.
 bool WriteBomColumns(const std::string& summed, const std::string& levelled);
+
+// Which calls of an operation fail, from now on: the n-th one (1 is the next), and with `forGood`
+// every later one too.
+struct Failing {
+    unsigned n = 1;
+    bool forGood = false;
+    int status = PRO_TK_GENERAL_ERROR;
+};
+void Fail(const std::string& operation, const Failing& which = {});
 
 // What must not be left behind: host arrays, handles of Windows, objects of the spreadsheets.
 std::vector<std::string> LeftOpen();

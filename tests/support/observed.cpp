@@ -5,8 +5,6 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "simhost/core/operation.h"
-
 namespace workbench {
 
 using namespace simhost;
@@ -41,16 +39,15 @@ Names ObservedBench::Recorded() {
 }
 
 Names ObservedBench::Lines(const std::string& operation) {
+    const bool anyEnd = !operation.empty() && operation.back() == '*';
+    const std::string beginning =
+        anyEnd ? operation.substr(0, operation.size() - 1) : operation + '(';
     Names found;
-    for (const std::string& line : host().journal.lines()) {
+    for (const std::string& line : TheHost().journal.lines()) {
         const std::string call = line.substr(line.find_first_not_of(' '));
-        if (call.compare(0, operation.size() + 1, operation + '(') == 0) found.push_back(call);
+        if (call.compare(0, beginning.size(), beginning) == 0) found.push_back(call);
     }
     return found;
-}
-
-void ObservedBench::FailCall(const std::string& operation, unsigned n, int status) {
-    Operation::Fail({operation, n == 0 ? 1 : n, /*forGood=*/n == 0, status});
 }
 
 void SortByHandle(std::vector<Model*>* models) {

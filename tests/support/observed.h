@@ -26,11 +26,10 @@ protected:
     // What the door sees from here on; its end, as names of operations.
     void Record();
     Names Recorded();
-    // The lines of the last record that begin with this operation, without their indentation.
-    Names Lines(const std::string& operation);
-
-    // The n-th call of the operation from now on fails; n = 0: every call.
-    void FailCall(const std::string& operation, unsigned n, int status = PRO_TK_GENERAL_ERROR);
+    // The lines of the last record with this operation, or with any that begins so ("Excel*"),
+    // without their indentation. What is called of the host, of Windows and of the spreadsheet
+    // application is in one record, in its order.
+    static Names Lines(const std::string& operation);
 };
 
 // Ascending by the handle's numeric value.

@@ -65,10 +65,6 @@ void Workbench::PlayDuring(const std::function<void()>& action, const std::strin
     TheHooks().start = {};
 }
 
-void Workbench::Fail(const std::string& operation, int status, bool forGood) {
-    Operation::Fail({operation, 1, forGood, status});
-}
-
 std::vector<std::string> Workbench::Calls() const {
     std::vector<std::string> calls;
     for (const std::string& line : TheHost().journal.lines()) {

@@ -40,9 +40,10 @@ protected:
     void PlayDuring(const std::function<void()>& action, const std::string& lines);
 
     // --- Calls through the door ---
-    // Makes the next call, or each one from now on, fail.
-    void Fail(const std::string& operation, int status = PRO_TK_GENERAL_ERROR,
-              bool forGood = false);
+    // Makes calls fail: Fail("ProMdlTypeGet", {.n = 3}), the next one without more.
+    static void Fail(const std::string& operation, const Failing& which = {}) {
+        workbench::Fail(operation, which);
+    }
     // The calls since host().journal.Start() without conversions of text, of which a step makes
     // as many as it likes.
     std::vector<std::string> Calls() const;

@@ -132,7 +132,7 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     World world;
     Do(story.prepare, world, run);
     Operation::ResetCounts();
-    Operation::Fail({operation, std::uint64_t(n), forGood, PRO_TK_GENERAL_ERROR});
+    workbench::Fail(operation, {.n = unsigned(n), .forGood = forGood});
     Do(story.act, world, run);
     const auto fired = Operation::FiredFaults();
     Operation::ForgetFaults();

@@ -37,24 +37,19 @@ void BomBench::WithBom(const std::function<void(Dialog&)>& use) {
 
 void BomBench::SetUp() {
     Start();
-    top_ = &Assembly("top");
-    sub_ = &Assembly("sub");
-    bolt_ = &Part("bolt");
-    gear_ = &Part("gear");
-    skeleton_ = &Part("skel");
-    skeleton_->skeleton = true;
-    UseAll(*sub_, {gear_, gear_, bolt_});
-    UseAll(*top_, {skeleton_, bolt_, bolt_, sub_, bolt_, sub_});
-    Use(*top_, *bolt_).status = PRO_FEAT_SUPPRESSED;
-    Use(*top_, *gear_).visible = false;
+    top_ = &MakeModels(
+        "top: skel!skeleton, bolt x2, sub(gear x2, bolt), bolt, sub, bolt!suppressed, "
+        "gear!invisible");
+    sub_ = &ModelNamed("sub");
+    bolt_ = &ModelNamed("bolt");
+    gear_ = &ModelNamed("gear");
+    skeleton_ = &ModelNamed("skel");
     Open(*top_);
     Columns("模型名称,模型数量", "层级1,层级2,模型名称,模型数量");
 }
 
 void BomBench::Columns(const std::string& summed, const std::string& levelled) {
-    Write(kModuleFolder + WIDE("\\VXconfig\\VxBom.ini"),
-          ToSystemCodePage(Wide("[tableCols_sum]\r\ncontent=" + summed +
-                                "\r\n[tableCols_level]\r\ncontent=" + levelled + "\r\n")));
+    ASSERT_TRUE(WriteBomColumns(summed, levelled));
 }
 
 std::string LoadLevels(const std::string& depth) {

@@ -126,12 +126,12 @@ TEST_F(BomCalls, EachRowIsInsertedBehindTheOneBefore) {
 
 TEST_F(BomCalls, ARowThatCannotBeInsertedIsNotFilledAndTakesNoNumber) {
     UseAll(*empty_, {bolt_});
-    FailCall("ProUITableRowsInsert", 1);
+    Fail("ProUITableRowsInsert");
     WithBom([&](Dialog& dialog) {
         EXPECT_EQ(dialog.Find("bom_list")->State(), "1 rows of 2 columns");
     });
     Record();
-    FailCall("ProUITableRowsInsert", 1);
+    Fail("ProUITableRowsInsert");
     WithBom(Nothing);
     Recorded();
     // The numbers and the name of BOLT.

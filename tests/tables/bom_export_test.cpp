@@ -155,7 +155,7 @@ TEST_F(BomExport, AFileThatMayNotBeWrittenCountsAsHeld) {
 
 TEST_F(BomExport, AFileThatStaysThoughItIsFreeIsWrittenOver) {
     Write(kFile, "old");
-    FailCall("DeleteFileW", 1);
+    Fail("DeleteFileW");
     Export("@ answer C:\\Work\\list.xlsx\n@ answer yes\n");
     EXPECT_EQ(TextAt(Written(), 1, 1), "TOP BOM");
 }
@@ -211,13 +211,24 @@ TEST_F(BomExport, GoesThroughTheApplicationInThePrescribedOrder) {
     Export();
     Recorded();
     Names calls;
-    for (const std::string& line : host().journal.lines()) {
-        const std::string call = line.substr(line.find_first_not_of(' '));
-        if (call.substr(0, 5) == "Excel" && call.substr(0, 12) != "ExcelRelease") {
-            calls.push_back(call);
-        }
+    for (const std::string& call : Lines("Excel*")) {
+        if (call.substr(0, 12) != "ExcelRelease") calls.push_back(call);
     }
     EXPECT_EQ(calls, workbench::StepsOfEmptyBom("C:\\Work\\list.xlsx"));
+}
+
+TEST_F(BomExport, ThePathIsAskedAndTheLabelsAreReadBeforeTheApplicationIsMade) {
+    Record();
+    Export();
+    Names order;
+    for (const std::string& name : Recorded()) {
+        const bool wanted = name == "GetSaveFileNameW" || name == "ProUITableColumnlabelsGet" ||
+                            name == "ExcelCreate";
+        if (wanted) order.push_back(name);
+    }
+    // The first question for the labels is that of the dialog, which fills its table as it opens.
+    EXPECT_EQ(order, (Names{"ProUITableColumnlabelsGet", "GetSaveFileNameW",
+                            "ProUITableColumnlabelsGet", "ExcelCreate"}));
 }
 
 TEST_F(BomExport, OnlyMarkedCellsAreFilled) {
@@ -240,11 +251,7 @@ TEST_F(BomExport, GivesUpEverythingButTheApplicationBeforeItQuits) {
     Record();
     Export();
     Recorded();
-    Names end;
-    for (const std::string& line : host().journal.lines()) {
-        const std::string call = line.substr(line.find_first_not_of(' '));
-        if (call.substr(0, 5) == "Excel") end.push_back(call);
-    }
+    Names end = Lines("Excel*");
     end.erase(end.begin(), end.end() - 6);
     EXPECT_EQ(
         end,
@@ -256,7 +263,7 @@ TEST_F(BomExport, GivesUpEverythingButTheApplicationBeforeItQuits) {
 }
 
 TEST_F(BomExport, AfterAFailedStepTheOthersAreStillDone) {
-    FailCall("ExcelCall", 1);  // no workbook is added
+    Fail("ExcelCall");  // no workbook is added
     Record();
     Export();
     Recorded();
@@ -279,7 +286,7 @@ TEST_F(BomExport, ACellThatFailsIsEmptyAndTheOthersAreWritten) {
     const auto b3 = std::find_if(gets.begin(), gets.end(), [](const std::string& line) {
         return line.find("\"B3\"") != std::string::npos;
     });
-    FailCall("ExcelGet", unsigned(b3 - gets.begin()) + 1);
+    Fail("ExcelGet", {.status = {.n = unsigned(b3 - gets.begin()) + 1}});
     Export("@ answer C:\\Work\\list.xlsx\n@ answer yes\n");
     const Book book = Written();
     EXPECT_EQ(TextAt(book, 3, 1), "1");

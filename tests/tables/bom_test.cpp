@@ -70,7 +70,7 @@ TEST_F(Bom, LeavesOutAComponentWithoutItsModel) {
 TEST_F(Bom, LeavesAModelThatCannotBeFetchedOutOfTheCount) {
     // The walk asks for the models of its twelve components, then the list asks for each again:
     // first SKEL, then the first BOLT. Only the second round matters to the counts.
-    FailCall("ProAsmcompMdlGet", 12 + 2);
+    Fail("ProAsmcompMdlGet", {.status = {.n = 12 + 2}});
     Check("@ expect row bom_list 2 \"2|BOLT|4\"\n");
 }
 
@@ -300,30 +300,30 @@ TEST_F(Bom, AModelThatCannotBeRetrievedHasTheParametersOfTheRowBefore) {
     bolt_->parameters.Set(TextParameter(WIDE("材料"), WIDE("Q235")));
     sub_->parameters.Set(TextParameter(WIDE("材料"), WIDE("none")));
     // Retrieved are TOP, SKEL, BOLT and then SUB.
-    FailCall("ProMdlRetrieve", 4, PRO_TK_E_NOT_FOUND);
+    Fail("ProMdlRetrieve", {.status = {.n = 4, .status = PRO_TK_E_NOT_FOUND}});
     Check("@ expect row bom_list 3 \"3|SUB|Q235\"\n");
 }
 
 TEST_F(Bom, AfterASkeletonAModelThatCannotBeRetrievedIsTakenForOne) {
-    FailCall("ProMdlRetrieve", 3, PRO_TK_E_NOT_FOUND);
+    Fail("ProMdlRetrieve", {.status = {.n = 3, .status = PRO_TK_E_NOT_FOUND}});
     Check("@ expect rows bom_list 3\n@ expect row bom_list 2 \"2|SUB|2\"\n");
 }
 
 TEST_F(Bom, AFirstModelThatCannotBeRetrievedHasNoParameters) {
     Columns("模型名称,材料");
     top_->parameters.Set(TextParameter(WIDE("材料"), WIDE("steel")));
-    FailCall("ProMdlRetrieve", 1, PRO_TK_E_NOT_FOUND);
+    Fail("ProMdlRetrieve", {.status = {.status = PRO_TK_E_NOT_FOUND}});
     Check("@ expect row bom_list 1 \"1|TOP|\"\n@ expect row bom_list 2 \"2|BOLT|\"\n");
 }
 
 TEST_F(Bom, WhatCannotBeToldFromASkeletonIsNone) {
-    FailCall("ProMdlIsSkeleton", 0);
+    Fail("ProMdlIsSkeleton", {.status = {.forGood = true}});
     Check("@ expect rows bom_list 5\n@ expect row bom_list 2 \"2|SKEL|1\"\n");
 }
 
 TEST_F(Bom, AfterASkeletonWhatCannotBeToldFromOneIsNone) {
     // Asked are TOP, SKEL, which is one, and BOLT, for which the host does not answer.
-    FailCall("ProMdlIsSkeleton", 3);
+    Fail("ProMdlIsSkeleton", {.n = 3});
     Check("@ expect rows bom_list 4\n@ expect row bom_list 2 \"2|BOLT|5\"\n");
 }
 
@@ -334,7 +334,7 @@ TEST_F(Bom, AModelWhoseKindCannotBeReadHasAnUncolouredRowOfTheModelBefore) {
     Check("@ expect row colours bom_list 1 17 17 -\n");
     Recorded();
     // The last question is the one for the row.
-    FailCall("ProMdlTypeGet", unsigned(Lines("ProMdlTypeGet").size()));
+    Fail("ProMdlTypeGet", {.n = unsigned(Lines("ProMdlTypeGet").size())});
     Check("@ expect row bom_list 1 \"1|EMPTY|\"\n@ expect row colours bom_list 1 - - -\n");
 }
 
@@ -343,7 +343,7 @@ TEST_F(Bom, InTheTreeAModelWhoseKindCannotBeReadIsNoAssembly) {
     Record();
     Check(LoadLevels("1") + "@ expect rows bom_list 3\n");
     Recorded();
-    FailCall("ProMdlTypeGet", unsigned(Lines("ProMdlTypeGet").size()));  // that of BOLT
+    Fail("ProMdlTypeGet", {.n = unsigned(Lines("ProMdlTypeGet").size())});  // that of BOLT
     Check(LoadLevels("1") + "@ expect row bom_list 3 \"3|1|2|BOLT|1\"\n" +
           "@ expect row colours bom_list 3 - - - - -\n");
 }
@@ -352,14 +352,14 @@ TEST_F(Bom, AComponentThatDoesNotTellWhetherItShowsIsLeftOutOfTheTree) {
     Open(*sub_);
     WithBom([&](Dialog& dialog) {
         dialog.Use(Verb::Select, "BomRadio", {"LevelBom"});
-        FailCall("ProFeatureVisibilityGet", 0);
+        Fail("ProFeatureVisibilityGet", {.forGood = true});
         EXPECT_EQ(dialog.Press("VxLoadBom"), "");
         EXPECT_EQ(dialog.Find("bom_list")->State(), "1 rows of 5 columns");
     });
 }
 
 TEST_F(Bom, AtTheOpeningOnlyTheSummedModeGreysTheDepth) {
-    FailCall("ProUIRadiogroupSelectednamesGet", 1);
+    Fail("ProUIRadiogroupSelectednamesGet");
     WithBom([&](Dialog& dialog) { EXPECT_TRUE(dialog.Find("LevelOption")->enabled); });
     WithBom([&](Dialog& dialog) { EXPECT_FALSE(dialog.Find("LevelOption")->enabled); });
 }
@@ -367,12 +367,12 @@ TEST_F(Bom, AtTheOpeningOnlyTheSummedModeGreysTheDepth) {
 TEST_F(Bom, AParameterWhoseValueCannotBeReadIsAsGoodAsNone) {
     Columns("模型名称,材料");
     top_->parameters.Set(TextParameter(WIDE("材料"), WIDE("steel")));
-    FailCall("ProParameterValueGet", 1);
+    Fail("ProParameterValueGet");
     Check("@ expect row bom_list 1 \"1|TOP|\"\n@ expect row colours bom_list 1 17 17 -\n");
 }
 
 TEST_F(Bom, ForOtherModelsItSaysSoAndIsGone) {
-    FailCall("ProMdlTypeGet", 1);
+    Fail("ProMdlTypeGet");
     Record();
     Play(kOpenBom + std::string("@ expect box \"此功能仅组件/制造环境可用！\"\n"
                                 "@ expect caption none\n@ ok\n@ expect dialog none\n"));
@@ -391,7 +391,7 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
          {std::pair{"ProUIDialogCreate", "UIDialog Create error!"},
           std::pair{"ProUIDialogActivate", "UIDialog Activate error!"}}) {
         host().dialogs.Clear();
-        FailCall(operation, 1);
+        Fail(operation);
         Record();
         Play(kOpenBom + std::string("@ expect box \"") + text +
              "\"\n@ expect caption none\n@ ok\n");
@@ -400,7 +400,7 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
         EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProUIDialogDestroy"), 0);
     }
     host().dialogs.Clear();
-    FailCall("ProUIDialogDestroy", 1);
+    Fail("ProUIDialogDestroy");
     Record();
     Play(kOpenBom + std::string(kCloseBom) + "@ expect box \"UIDialog Destroy error!\"\n@ ok\n");
     const auto calls = Recorded();
@@ -408,13 +408,13 @@ TEST_F(Bom, ADialogThatCannotBeMadeShownOrTakenAwaySaysSo) {
 }
 
 TEST_F(Bom, ColumnsThatCannotBeMadeLeaveTheNumbersAlone) {
-    FailCall("ProUITableColumnsInsert", 1);
+    Fail("ProUITableColumnsInsert");
     Check("@ expect columns bom_list \"序号\"\n@ expect rows bom_list 4\n");
 }
 
 TEST_F(Bom, WithNoModeSelectedLoadingLeavesTheTableEmpty) {
     // Asked for at the opening and then at the press.
-    FailCall("ProUIRadiogroupSelectednamesGet", 2);
+    Fail("ProUIRadiogroupSelectednamesGet", {.status = {.n = 2}});
     Check("~ Activate `VxBom` `VxLoadBom`\n@ expect rows bom_list 0\n");
 }
 
@@ -455,7 +455,7 @@ private:
 
 TEST_F(Bom, IsGoneAgainWhenItCannotBePreparedForLackOfMemory) {
     UserWithoutMemory user;
-    FailCall("ProMdlTypeGet", 1);
+    Fail("ProMdlTypeGet");
     host().user = &user;
     EXPECT_TRUE(host().commands.Press("VxBom"));
     host().user = nullptr;
@@ -495,7 +495,7 @@ TEST_F(Bom, WithoutANameColumnADoubleClickDoesNothing) {
 }
 
 TEST_F(Bom, ADoubleClickWhoseModelIsGoneShowsNothing) {
-    FailCall("ProMdlRetrieve", 6, PRO_TK_E_NOT_FOUND);  // the first five are the rows'
+    Fail("ProMdlRetrieve", {.status = {.n = 6, .status = PRO_TK_E_NOT_FOUND}});  // the first five are the rows'
     Record();
     Check("~ Activate `VxBom` `bom_list` 2 `2` `num`\n");
     Recorded();

@@ -4,10 +4,13 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "tables/bom_tree.h"
+#include "tests/support/desk.h"
+#include "tests/support/models.h"
 
 namespace {
 
 using namespace simhost;
+using workbench::MakeModels;
 
 // A node and all below it: "2.1 GEAR x3", a line for each, indented by the level.
 std::string Text(const BomNode& node, int depth = 0) {
@@ -19,44 +22,24 @@ std::string Text(const BomNode& node, int depth = 0) {
 
 class BomTree : public ::testing::Test {
 protected:
-    void SetUp() override {
-        RestartHost();
-        top_ = &Make("top", PRO_MDL_ASSEMBLY);
-        sub_ = &Make("sub", PRO_MDL_ASSEMBLY);
-        bolt_ = &Make("bolt", PRO_MDL_PART);
-        gear_ = &Make("gear", PRO_MDL_PART);
-    }
+    void SetUp() override { RestartHost(); }
     void TearDown() override {
         BomFlatList.clear();
         EXPECT_EQ(TheHost().complaints, std::vector<std::string>{});
         RestartHost();
     }
 
-    static Model& Make(const char* name, ProMdlType type) {
-        return TheHost().session.Create(Wide(name), type);
+    static std::string Built(const std::string& models) {
+        return Text(BuildBomTree(MakeModels(models).handle));
     }
-    static Feature& Use(Model& assembly, Model& model) {
-        Feature feature;
-        feature.type = PRO_FEAT_COMPONENT;
-        feature.file = model.FileName();
-        feature.model = &model;
-        return assembly.AddFeature(feature);
-    }
-    std::string Built() { return Text(BuildBomTree(top_->handle)); }
-
-    Model *top_, *sub_, *bolt_, *gear_;
 };
 
 TEST_F(BomTree, OfAnEmptyAssemblyIsItsRoot) {
-    EXPECT_EQ(Built(), "0 TOP x1\n");
+    EXPECT_EQ(Built("top:"), "0 TOP x1\n");
 }
 
 TEST_F(BomTree, NumbersChildrenByTheirPlaces) {
-    Use(*top_, *bolt_);
-    Use(*top_, *sub_);
-    Use(*sub_, *gear_);
-    Use(*sub_, *bolt_);
-    EXPECT_EQ(Built(),
+    EXPECT_EQ(Built("top: bolt, sub(gear, bolt)"),
               "0 TOP x1\n"
               "  1 BOLT x1\n"
               "  2 SUB x1\n"
@@ -65,10 +48,7 @@ TEST_F(BomTree, NumbersChildrenByTheirPlaces) {
 }
 
 TEST_F(BomTree, CountsLikeSiblingsAtTheFirstOneAndLeavesNoGapInTheNumbers) {
-    for (Model* model : {bolt_, sub_, bolt_, sub_, bolt_, gear_}) Use(*top_, *model);
-    Use(*sub_, *gear_);
-    Use(*sub_, *gear_);
-    EXPECT_EQ(Built(),
+    EXPECT_EQ(Built("top: bolt, sub(gear x2), bolt, sub, bolt, gear"),
               "0 TOP x1\n"
               "  1 BOLT x3\n"
               "  2 SUB x2\n"
@@ -77,33 +57,26 @@ TEST_F(BomTree, CountsLikeSiblingsAtTheFirstOneAndLeavesNoGapInTheNumbers) {
 }
 
 TEST_F(BomTree, TakesAPartAndAnAssemblyOfOneNameForOneSibling) {
-    Use(*top_, *sub_);
-    Use(*top_, Make("sub", PRO_MDL_PART));
-    Use(*sub_, *bolt_);
-    EXPECT_EQ(Built(), "0 TOP x1\n  1 SUB x2\n    1.1 BOLT x1\n");
+    EXPECT_EQ(Built("top: sub(bolt), sub.prt"), "0 TOP x1\n  1 SUB x2\n    1.1 BOLT x1\n");
 }
 
 TEST_F(BomTree, DoesNotMindTheCaseOfNames) {
-    Model& other = Make("other", PRO_MDL_PART);
+    Model& other = MakeModels("other");
     other.name = WIDE("bolt");
-    Use(*top_, *bolt_);
-    Use(*top_, other);
-    EXPECT_EQ(Built(), "0 TOP x1\n  1 BOLT x2\n");
+    Model& top = MakeModels("top: bolt");
+    workbench::AddComponent(top, other);
+    EXPECT_EQ(Text(BuildBomTree(top.handle)), "0 TOP x1\n  1 BOLT x2\n");
     other.name = WIDE("OTHER");
 }
 
 TEST_F(BomTree, LeavesOutWhatIsSuppressedHiddenOrMissing) {
-    Use(*top_, *sub_).status = PRO_FEAT_SUPPRESSED;
-    Use(*top_, *gear_).visible = false;
-    Use(*top_, *bolt_).model = nullptr;
-    Use(*top_, *bolt_);
-    EXPECT_EQ(Built(), "0 TOP x1\n  1 BOLT x1\n");
+    EXPECT_EQ(Built("top: sub!suppressed(), gear!invisible, lost!missing, bolt"),
+              "0 TOP x1\n  1 BOLT x1\n");
 }
 
 TEST_F(BomTree, GoesOnBehindAComponentWhoseModelCannotBeFetched) {
-    for (Model* model : {bolt_, gear_, sub_}) Use(*top_, *model);
-    Operation::Fail({"ProAsmcompMdlGet", 2, false, PRO_TK_GENERAL_ERROR});
-    EXPECT_EQ(Built(), "0 TOP x1\n  1 BOLT x1\n  2 SUB x1\n");
+    workbench::Fail("ProAsmcompMdlGet", {.n = 2});
+    EXPECT_EQ(Built("top: bolt, gear, sub()"), "0 TOP x1\n  1 BOLT x1\n  2 SUB x1\n");
 }
 
 TEST_F(BomTree, WithoutAModelHasANamelessRoot) {
@@ -112,10 +85,7 @@ TEST_F(BomTree, WithoutAModelHasANamelessRoot) {
 }
 
 TEST_F(BomTree, FlattensParentsBeforeTheirChildrenAndSetsTheLevels) {
-    Use(*top_, *sub_);
-    Use(*top_, *bolt_);
-    Use(*sub_, *gear_);
-    BomNode root = BuildBomTree(top_->handle);
+    BomNode root = BuildBomTree(MakeModels("top: sub(gear), bolt").handle);
     FlattenBom(&root, -3);
     std::string text;
     for (const BomNode* node : BomFlatList) {

@@ -75,7 +75,7 @@ TEST_F(ModalDialog, CanBeShownAgain) {
 }
 
 TEST_F(ModalDialog, ThatCannotBeCreatedSaysSoAndDoesNothingElse) {
-    Fail("ProUIDialogCreate", PRO_TK_BAD_INPUTS);
+    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_BAD_INPUTS}});
     EXPECT_EQ(Run("@ ok"), PRO_TK_BAD_INPUTS);
     ExpectPlainError("UIDialog Create error!");
     EXPECT_EQ(prepared_, 0);
@@ -91,7 +91,7 @@ TEST_F(ModalDialog, WithoutItsResourceCannotBeCreated) {
 }
 
 TEST_F(ModalDialog, ThatCannotBeActivatedSaysSoAndIsNotDestroyed) {
-    Fail("ProUIDialogActivate", PRO_TK_GENERAL_ERROR);
+    Fail("ProUIDialogActivate");
     EXPECT_EQ(Run("@ ok"), PRO_TK_GENERAL_ERROR);
     ExpectPlainError("UIDialog Activate error!");
     EXPECT_EQ(prepared_, 1);
@@ -100,7 +100,7 @@ TEST_F(ModalDialog, ThatCannotBeActivatedSaysSoAndIsNotDestroyed) {
 }
 
 TEST_F(ModalDialog, ThatCannotBeDestroyedSaysSo) {
-    Fail("ProUIDialogDestroy", PRO_TK_BAD_CONTEXT);
+    Fail("ProUIDialogDestroy", {.status = {.status = PRO_TK_BAD_CONTEXT}});
     EXPECT_EQ(Run("~ Activate `Question` `OK`\n@ ok"), PRO_TK_BAD_CONTEXT);
     ExpectPlainError("UIDialog Destroy error!");
 }

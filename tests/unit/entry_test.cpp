@@ -1,6 +1,5 @@
 // The host's version text, which commands read later to choose their macros.
 #include "frame/entry.h"
-#include "simhost/windows/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -12,8 +11,7 @@ class VersionText : public Workbench {
 protected:
     // What is kept of this version; the first-run notice is behind the user.
     WideText Kept(std::string version) {
-        TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"),
-                                 WIDE("5130"));
+        workbench::MarkFirstRunSeen();
         char build[] = "build";
         WideChar errorText[80] = {};
         EXPECT_EQ(user_initialize(0, nullptr, version.data(), build, errorText), 0);
@@ -35,7 +33,7 @@ TEST_F(VersionText, MayBeOfAnyLength) {
 
 TEST_F(VersionText, IsKeptAlsoWhenTheStartFails) {
     char version[] = "Creo 9";
-    Fail("ProUIDialogCreate", PRO_TK_BAD_CONTEXT);
+    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_BAD_CONTEXT}});
     int status = 0;
     PlayDuring([&] { status = user_initialize(0, nullptr, version, nullptr, nullptr); }, "@ ok");
     EXPECT_EQ(status, PRO_TK_BAD_CONTEXT);
@@ -43,7 +41,7 @@ TEST_F(VersionText, IsKeptAlsoWhenTheStartFails) {
 }
 
 TEST_F(VersionText, IsEmptyWhenTheHostGivesNone) {
-    TheWindows().SetRegistry(WIDE("Software\\PTC\\Creo_Parametric"), WIDE("VxReg"), WIDE("5130"));
+    workbench::MarkFirstRunSeen();
     EXPECT_EQ(user_initialize(0, nullptr, nullptr, nullptr, nullptr), 0);
     EXPECT_EQ(HostVersionText, WIDE(""));
 }

@@ -62,7 +62,7 @@ TEST_F(Paths, BesideAModuleWithALongerPathAreCutAndNotForWriting) {
 
 TEST_F(Paths, WithoutAnAnswerOfWindowsAreEmptyAndNotForWriting) {
     ModuleAt(WIDE("C:\\Plug-in\\vorlatix5.1.dll"));
-    Fail("GetModuleFileNameW", 0, /*forGood=*/true);
+    Fail("GetModuleFileNameW", {.status = {.forGood = true, .status = 0}});
     EXPECT_EQ(FileBesideModule(WIDE("a")), WIDE(""));
     EXPECT_EQ(WritableFileBesideModule(WIDE("a")), std::nullopt);
 }
@@ -76,7 +76,7 @@ TEST_F(Paths, BelowTheTextFolderFollowTheHost) {
 }
 
 TEST_F(Paths, BelowTheTextFolderAreRelativeToNothingWhenTheHostDoesNotAnswer) {
-    Fail("ProToolkitApplTextPathGet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProToolkitApplTextPathGet", {.status = {.forGood = true}});
     EXPECT_EQ(AppTextDir(), WIDE(""));
     EXPECT_EQ(ConfigPathFor(WIDE("a.ini")), WIDE("\\VXconfig\\a.ini"));
 }

@@ -34,7 +34,7 @@ TEST_F(PopupRules, AnswerOneWithoutASelection) {
 
 TEST_F(PopupRules, AnswerOneWhenTheBufferCannotBeRead) {
     Select({PRO_PART});
-    Fail("ProSelbufferSelectionsGet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProSelbufferSelectionsGet", {.status = {.forGood = true}});
     EXPECT_EQ(Component(), 1);
     EXPECT_EQ(SingleItem(), 1);
 }
@@ -64,14 +64,14 @@ TEST_F(PopupRules, OfSeveralItemsLookAtTheFirstOrWantOne) {
 
 TEST_F(PopupRules, AnswerNoughtForAnArrayWithoutElements) {
     Select({PRO_PART});
-    Fail("ProArraySizeGet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProArraySizeGet", {.status = {.forGood = true}});
     EXPECT_EQ(Component(), 0);
     EXPECT_EQ(SingleItem(), 0);
 }
 
 TEST_F(PopupRules, AnswerNoughtForAnItemThatCannotBeRead) {
     Select({PRO_PART});
-    Fail("ProSelectionModelitemGet", PRO_TK_GENERAL_ERROR, /*forGood=*/true);
+    Fail("ProSelectionModelitemGet", {.status = {.forGood = true}});
     EXPECT_EQ(Component(), 0);
     EXPECT_EQ(SingleItem(), 0);
 }

@@ -1,7 +1,7 @@
 // The one simulated host of the process.
 #include "simhost/host.h"
 
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 
 namespace simhost {
 

@@ -8,8 +8,8 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
+#include "simhost/system/windows.h"
 #include "simhost/trail/macro.h"
-#include "simhost/windows/windows.h"
 
 #ifdef _WIN32
 #include <process.h>

@@ -8,12 +8,12 @@
 #include "hostapi/windows.h"
 #include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
+#include "simhost/system/clock.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
-#include "simhost/windows/clock.h"
 
 namespace simhost {
 namespace {

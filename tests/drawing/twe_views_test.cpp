@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "simhost/model/screen_view.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/drawing/drawing_bench.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {

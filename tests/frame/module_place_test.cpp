@@ -5,8 +5,8 @@
 
 #include "simhost/app/plugin.h"
 #include "simhost/host.h"
-#include "simhost/windows/clock.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/clock.h"
+#include "simhost/system/windows.h"
 #include "tests/support/desk.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"

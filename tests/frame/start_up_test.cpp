@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/frame/expected_rows.h"
 #include "tests/support/workbench.h"
 

@@ -12,8 +12,8 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/windows/clock.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/clock.h"
+#include "simhost/system/windows.h"
 #include "tests/support/desk.h"
 #include "tests/support/places.h"
 

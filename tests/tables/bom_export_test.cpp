@@ -4,7 +4,7 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/tables/bom_bench.h"
 #include "tests/tables/export_steps.h"
 

@@ -1,8 +1,8 @@
 // VxBom: the bill of materials in its table, summed and level by level.
 #include <gtest/gtest.h>
 
+#include "simhost/system/windows.h"
 #include "simhost/ui/textfield.h"
-#include "simhost/windows/windows.h"
 #include "tests/tables/bom_bench.h"
 
 namespace {

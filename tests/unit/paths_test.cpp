@@ -1,6 +1,6 @@
 // The two ways to the plug-in's files: beside the module and below the text folder.
 #include "frame/services/paths.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {

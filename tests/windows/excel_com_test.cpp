@@ -8,7 +8,7 @@
 #include "hostapi/excel.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/observed.h"
 #include "tests/tables/export_steps.h"
 

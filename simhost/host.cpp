@@ -2,7 +2,7 @@
 #include "simhost/host.h"
 
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 
 namespace simhost {
 

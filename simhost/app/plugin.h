@@ -2,9 +2,11 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "hostapi/wide.h"
+#include "simhost/system/module_file.h"
 
 namespace simhost {
 
@@ -27,8 +29,7 @@ private:
     void* Symbol(const char* name) const;
     void StopTimers();
     WideText name_;
-    std::filesystem::path copy_;  // goes with the module; empty where none was made
-    void* module_ = nullptr;
+    std::unique_ptr<ModuleFile> module_;
 };
 
 }  // namespace simhost

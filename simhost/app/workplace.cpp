@@ -11,8 +11,8 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
+#include "simhost/system/windows.h"
 #include "simhost/trail/macro.h"
-#include "simhost/windows/windows.h"
 
 namespace fs = std::filesystem;
 

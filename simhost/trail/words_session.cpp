@@ -10,6 +10,7 @@
 #include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
 #include "simhost/model/model_file.h"
+#include "simhost/system/clock.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/known_names.h"
@@ -17,7 +18,6 @@
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/user/progress.h"
-#include "simhost/windows/clock.h"
 
 namespace simhost {
 namespace {

@@ -1,10 +1,8 @@
 // Message boxes, which the host's user answers, and timers, which run when its clock moves on.
-#ifndef _WIN32
-
 #include <algorithm>
 
 #include "simhost/core/operation.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -39,13 +37,7 @@ bool SimulatedWindows::StopTimer(UINT_PTR id) {
     return timers_.remove_if([id](const Timer& timer) { return timer.id == id; }) > 0;
 }
 
-int SimulatedWindows::StopTimers(const std::function<bool(TIMERPROC)>& which) {
-    const auto stopped =
-        timers_.remove_if([&](const Timer& timer) { return which(timer.procedure); });
-    return static_cast<int>(stopped);
-}
-
-void SimulatedWindows::AdvanceClock(std::uint32_t milliseconds) {
+void SimulatedWindows::AdvanceClock(unsigned milliseconds) {
     const std::uint64_t until = tick_ + milliseconds;
     while (!timers_.empty()) {
         const auto next =
@@ -76,7 +68,7 @@ int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT 
                          box.caption = caption ? caption : WIDE("");
                          box.hasCaption = caption != nullptr;
                          box.flags = flags;
-                         return TheWindows().host().desk.ShowBox(box);
+                         return Simulated().host().desk.ShowBox(box);
                      },
                      "text", text, "caption", caption, "flags", flags);
 }
@@ -86,7 +78,7 @@ UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedu
     return op.CallOr([](int) { return UINT_PTR{0}; },
                      [&] {
                          if (window) Complain(0, "there is no such window");
-                         return TheWindows().StartTimer(id, milliseconds, procedure);
+                         return Simulated().StartTimer(id, milliseconds, procedure);
                      },
                      "id", id, "milliseconds", milliseconds, "procedure", procedure);
 }
@@ -96,9 +88,7 @@ BOOL KillTimer(HWND window, UINT_PTR id) {
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          if (window) Complain(0, "there is no such window");
-                         return BOOL{TheWindows().StopTimer(id)};
+                         return BOOL{Simulated().StopTimer(id)};
                      },
                      "id", id);
 }
-
-#endif

@@ -1,6 +1,4 @@
 // Conversions between code pages and UTF-16, and the C runtime's locale.
-#ifndef _WIN32
-
 #include <algorithm>
 #include <cstring>
 #include <optional>
@@ -8,7 +6,7 @@
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/windows/names.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -129,7 +127,7 @@ WideChar* SetLocale(int category, const WideChar* wanted) {
         std::end(kCategories)) {
         return nullptr;
     }
-    std::map<int, WideText>& locale = TheWindows().locale;
+    std::map<int, WideText>& locale = Simulated().locale;
     if (wanted) {
         const std::optional<WideText> name = LocaleName(wanted);
         if (!name) return nullptr;
@@ -177,5 +175,3 @@ WideChar* _wsetlocale(int category, const WideChar* locale) {
                      [&] { return SetLocale(category, locale); }, "category", category, "locale",
                      locale);
 }
-
-#endif

@@ -1,9 +1,7 @@
 // The system's own file dialogs.
-#ifndef _WIN32
-
 #include "simhost/core/operation.h"
 #include "simhost/user/save_dialog.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -20,7 +18,7 @@ BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          Need(dialog, "the record");
-                         const BOOL chosen = AskForSaveName(TheWindows().host(), dialog);
+                         const BOOL chosen = AskForSaveName(Simulated().host(), dialog);
                          filter = FirstPattern(dialog->lpstrFilter);
                          path = chosen ? dialog->lpstrFile : WIDE("");
                          return chosen;
@@ -31,5 +29,3 @@ BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
                      dialog ? dialog->lpstrInitialDir : nullptr, "flags",
                      dialog ? dialog->Flags : DWORD{0}, "path", TextThen{&path});
 }
-
-#endif

@@ -1,7 +1,5 @@
 // Files by handles: real files below the folder that plays drive C, with Windows' rules for who
 // may open what while others have it open.
-#ifndef _WIN32
-
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -11,7 +9,7 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -65,7 +63,7 @@ std::filesystem::path RealFile(WideView windowsPath) {
     if (windowsPath.size() >= MAX_PATH || names.empty()) return {};
     if (names.back() == u'\\' || names.back() == u'/') return {};
     if (std::any_of(names.begin(), names.end(), isForbidden)) return {};
-    return TheWindows().host().disk.Real(windowsPath);
+    return Simulated().host().disk.Real(windowsPath);
 }
 
 SimulatedWindows::~SimulatedWindows() {
@@ -82,6 +80,10 @@ void SimulatedWindows::Release(WideView windowsPath) {
 
 bool SimulatedWindows::IsHeld(const std::filesystem::path& real) const {
     return held_.count(PlaceOf(real)) > 0;
+}
+
+bool SimulatedWindows::MayOpen(const std::filesystem::path& real, bool toWrite) const {
+    return !IsHeld(real) && !(toWrite && IsReadOnly(real));
 }
 
 bool SimulatedWindows::CanShare(const std::filesystem::path& real, DWORD access,
@@ -115,7 +117,7 @@ bool SimulatedWindows::Close(HANDLE file) {
 namespace {
 
 HANDLE Failed(DWORD error) {
-    TheWindows().lastError = error;
+    Simulated().lastError = error;
     return INVALID_HANDLE_VALUE;
 }
 
@@ -142,7 +144,7 @@ HANDLE OpenAt(const WideChar* path, DWORD asked, DWORD share, DWORD creation) {
     const DWORD access = GeneralAccess(asked);
     const std::filesystem::path real = RealFile(path);
     const int flags = OpenFlags(access, creation);
-    SimulatedWindows& windows = TheWindows();
+    SimulatedWindows& windows = Simulated();
     if (real.empty() || flags < 0) return Failed(kInvalidName);
     if (windows.IsHeld(real)) return Failed(ERROR_SHARING_VIOLATION);
     // What would be emptied counts as written, whatever the handle may do later.
@@ -158,7 +160,7 @@ HANDLE OpenAt(const WideChar* path, DWORD asked, DWORD share, DWORD creation) {
 
 BOOL DeleteAt(const WideChar* path) {
     const std::filesystem::path real = RealFile(path);
-    SimulatedWindows& windows = TheWindows();
+    SimulatedWindows& windows = Simulated();
     const auto failed = [&windows](DWORD error) {
         windows.lastError = error;
         return BOOL{FALSE};
@@ -220,7 +222,7 @@ BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&]() -> BOOL {
                          Need(size, "the place for the size");
-                         const OpenFile* open = TheWindows().Require(file);
+                         const OpenFile* open = Simulated().Require(file);
                          struct stat now = {};
                          if (!open || fstat(open->descriptor, &now) != 0) return FALSE;
                          size->QuadPart = bytes = now.st_size;
@@ -237,7 +239,7 @@ BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* overlapped
                      [&]() -> BOOL {
                          Need(read, "the place for the number of bytes");
                          if (overlapped) Complain(0, "no file is open for overlapped use");
-                         OpenFile* open = TheWindows().Require(file);
+                         OpenFile* open = Simulated().Require(file);
                          if (!open) return FALSE;
                          if (size > 0) Need(data, "the buffer");
                          const BOOL ok = ReadAll(*open, data, size, &done);
@@ -255,7 +257,7 @@ BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* 
                      [&]() -> BOOL {
                          Need(written, "the place for the number of bytes");
                          if (overlapped) Complain(0, "no file is open for overlapped use");
-                         OpenFile* open = TheWindows().Require(file);
+                         OpenFile* open = Simulated().Require(file);
                          if (!open) return FALSE;
                          if (size > 0) Need(data, "the data");
                          const BOOL ok = WriteAll(*open, data, size, &done);
@@ -268,7 +270,7 @@ BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* 
 DWORD GetLastError() {
     static Operation op("GetLastError");
     return op.CallOr([](int) { return DWORD{ERROR_SUCCESS}; },
-                     [&] { return TheWindows().lastError; });
+                     [&] { return Simulated().lastError; });
 }
 
 BOOL PathFileExistsW(const WideChar* path) {
@@ -296,14 +298,12 @@ BOOL CloseHandle(HANDLE handle) {
     static Operation op("CloseHandle");
     return op.CallOr(
         [&](int) {
-            TheWindows().Close(handle);
+            Simulated().Close(handle);
             return BOOL{FALSE};
         },
         [&]() -> BOOL {
             // The value of "no file" stands for the process itself, and closing that does nothing.
             if (handle == INVALID_HANDLE_VALUE) return TRUE;
-            return TheWindows().Require(handle) && TheWindows().Close(handle);
+            return Simulated().Require(handle) && Simulated().Close(handle);
         });
 }
-
-#endif

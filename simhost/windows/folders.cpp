@@ -1,12 +1,10 @@
 // Where the folders of the user and of Windows itself lie.
-#ifndef _WIN32
-
 #include <algorithm>
 #include <filesystem>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -24,9 +22,9 @@ BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create
                 Complain(FALSE, "a folder that is not known here");
             }
             // Every user has a desktop, asked for or not.
-            const WideText desktop = TheWindows().Desktop();
+            const WideText desktop = Simulated().Desktop();
             std::error_code ignored;
-            std::filesystem::create_directories(TheWindows().host().disk.Real(desktop), ignored);
+            std::filesystem::create_directories(Simulated().host().disk.Real(desktop), ignored);
             CopyCut(desktop, path, MAX_PATH);
             return BOOL(TRUE);
         },
@@ -46,5 +44,3 @@ UINT GetSystemDirectoryW(WideChar* path, UINT size) {
                      },
                      "path", Out(path), "size", size);
 }
-
-#endif

@@ -1,6 +1,4 @@
 // Reading and writing values of INI files.
-#ifndef _WIN32
-
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -9,7 +7,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -111,7 +109,7 @@ DWORD ReadValue(const IniTable* ini, const WideChar* section, const WideChar* ke
 bool WriteValue(const WideChar* section, const WideChar* key, const WideChar* value,
                 const WideChar* path) {
     const std::filesystem::path real = RealFile(path);
-    const SimulatedWindows& windows = TheWindows();
+    const SimulatedWindows& windows = Simulated();
     if (real.empty() || windows.IsHeld(real) || IsReadOnly(real)) return false;
     if (!windows.CanShare(real, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ)) return false;
     bool exists = false;
@@ -137,7 +135,7 @@ DWORD GetPrivateProfileStringW(const WideChar* section, const WideChar* key,
         [&](int) { return value ? PutText(FallbackText(fallback), value, size) : DWORD{0}; },
         [&] {
             if (size > 0) Need(value, "the place for the value");
-            const IniTable* ini = path ? TheWindows().ReadIni(path) : nullptr;
+            const IniTable* ini = path ? Simulated().ReadIni(path) : nullptr;
             const DWORD length = ReadValue(ini, section, key, fallback, value, size);
             if (Operation::journalling) result.assign(value, length);
             return length;
@@ -156,5 +154,3 @@ BOOL WritePrivateProfileStringW(const WideChar* section, const WideChar* key, co
                      },
                      "section", section, "key", key, "value", value, "path", path);
 }
-
-#endif

@@ -1,6 +1,4 @@
 // INI files line by line: how a line is understood, looked up and replaced.
-#ifndef _WIN32
-
 #include "simhost/windows/ini_text.h"
 
 #include <algorithm>
@@ -236,5 +234,3 @@ std::string WithoutIniSection(std::string_view bytes, WideView section) {
 }
 
 }  // namespace simhost
-
-#endif

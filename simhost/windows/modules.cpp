@@ -1,12 +1,10 @@
 // Loaded modules: the plug-in asks where its own file lies.
-#ifndef _WIN32
-
 #include <algorithm>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/windows/names.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -64,7 +62,7 @@ const WideText& SimulatedWindows::ModulePath(HMODULE module) const {
 
 HMODULE GetModuleHandleW(const WideChar* name) {
     static Operation op("GetModuleHandleW");
-    return op.CallOr([](int) { return HMODULE{}; }, [&] { return TheWindows().FindModule(name); },
+    return op.CallOr([](int) { return HMODULE{}; }, [&] { return Simulated().FindModule(name); },
                      "name", name);
 }
 
@@ -74,7 +72,7 @@ DWORD GetModuleFileNameW(HMODULE module, WideChar* path, DWORD size) {
     return op.CallOr([](int) { return DWORD{0}; },
                      [&] {
                          Need(path, "the place for the path");
-                         whole = TheWindows().ModulePath(module);
+                         whole = Simulated().ModulePath(module);
                          // A path that just fits without its terminator counts as cut, too.
                          if (whole.size() < size) {
                              CopyCut(whole, path, size);
@@ -85,5 +83,3 @@ DWORD GetModuleFileNameW(HMODULE module, WideChar* path, DWORD size) {
                      },
                      "module", module, "path", TextThen{&whole}, "size", size);
 }
-
-#endif

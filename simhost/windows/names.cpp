@@ -1,6 +1,4 @@
 // Case folding for names.
-#ifndef _WIN32
-
 #include "simhost/windows/names.h"
 
 #include <clocale>
@@ -23,5 +21,3 @@ WideText FoldCase(WideView text) {
 }
 
 }  // namespace simhost
-
-#endif

@@ -1,9 +1,7 @@
 // Programs that the plug-in starts are written down, never run.
-#ifndef _WIN32
-
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -15,8 +13,8 @@ UINT WinExec(const char* commandLine, UINT show) {
         [&] {
             Need(commandLine, "the command line");
             const WideText command = FromSystemCodePage(commandLine);
-            TheWindows().programs.push_back(command);
-            TheWindows().host().desk.shown.push_back({Shown::Kind::Program, command, {}});
+            Simulated().programs.push_back(command);
+            Simulated().host().desk.shown.push_back({Shown::Kind::Program, command, {}});
             return kStarted;
         },
         "commandLine", commandLine, "show", show);
@@ -36,12 +34,10 @@ HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
             if (!std::filesystem::exists(RealFile(file), error)) {
                 return result(kFileNotFound);
             }
-            TheWindows().programs.push_back(done + file);
-            TheWindows().host().desk.shown.push_back({Shown::Kind::Program, done + file, {}});
+            Simulated().programs.push_back(done + file);
+            Simulated().host().desk.shown.push_back({Shown::Kind::Program, done + file, {}});
             return result(kStarted);
         },
         "owner", static_cast<const void*>(owner), "verb", verb, "file", file, "arguments",
         arguments, "folder", folder, "show", show);
 }
-
-#endif

@@ -1,12 +1,10 @@
 // The registry of the current user, held in memory: keys, typed values and the handles to them.
-#ifndef _WIN32
-
 #include <algorithm>
 #include <cstring>
 
 #include "simhost/core/operation.h"
 #include "simhost/windows/names.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 
 using namespace simhost;
 
@@ -40,7 +38,7 @@ RegistryKey* SimulatedWindows::FindKey(WideView path) const {
     return found == registry_.end() ? nullptr : found->second.get();
 }
 
-RegistryKey& SimulatedWindows::MakeKey(WideView path) {
+RegistryKey& SimulatedWindows::KeyAt(WideView path) {
     const WideText folded = FoldCase(Join({}, path));
     for (std::size_t at = 0; at < folded.size();) {
         at = std::min(folded.find(u'\\', at + 1), folded.size());
@@ -53,13 +51,7 @@ RegistryKey& SimulatedWindows::MakeKey(WideView path) {
 }
 
 void SimulatedWindows::SetRegistry(WideView path, WideView name, DWORD type, std::string bytes) {
-    MakeKey(path).values[FoldCase(name)] = {WideText(name), type, std::move(bytes)};
-}
-
-void SimulatedWindows::SetRegistry(WideView path, WideView name, WideView text) {
-    std::string bytes((text.size() + 1) * sizeof(WideChar), '\0');
-    std::memcpy(bytes.data(), text.data(), text.size() * sizeof(WideChar));
-    SetRegistry(path, name, REG_SZ, std::move(bytes));
+    KeyAt(path).values[FoldCase(name)] = {WideText(name), type, std::move(bytes)};
 }
 
 std::optional<WideText> SimulatedWindows::RegistryText(WideView path, WideView name) const {
@@ -112,8 +104,8 @@ LSTATUS Denied(int status) {
 
 // The key behind a handle, if the handle may do this to it.
 LSTATUS UseKey(HKEY handle, REGSAM need, RegistryKey** key) {
-    const OpenKey open = TheWindows().Require(handle);
-    *key = open.path.empty() ? &TheWindows().MakeKey({}) : TheWindows().FindKey(open.path);
+    const OpenKey open = Simulated().Require(handle);
+    *key = open.path.empty() ? &Simulated().KeyAt({}) : Simulated().FindKey(open.path);
     if (!*key) return kKeyDeleted;
     return open.access & need ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
@@ -128,13 +120,13 @@ LSTATUS PathBelow(const OpenKey& parent, const WideChar* path, WideText* joined)
 LSTATUS CreateKey(HKEY parent, const WideChar* path, REGSAM access, HKEY* key, DWORD* disposition) {
     Need(key, "the place for the key");
     Need(path, "the path");
-    const OpenKey above = TheWindows().Require(parent);
+    const OpenKey above = Simulated().Require(parent);
     WideText joined;
     if (const LSTATUS status = PathBelow(above, path, &joined)) return status;
-    const bool exists = joined.empty() || TheWindows().HasRegistry(joined);
+    const bool exists = joined.empty() || Simulated().HasRegistry(joined);
     if (!exists && !(above.access & kMayCreate)) return ERROR_ACCESS_DENIED;
-    TheWindows().MakeKey(joined);
-    *key = TheWindows().Open(joined, access);
+    Simulated().KeyAt(joined);
+    *key = Simulated().Open(joined, access);
     if (disposition) *disposition = exists ? kOpened : kCreated;
     return ERROR_SUCCESS;
 }
@@ -176,10 +168,10 @@ LSTATUS RegOpenKeyExW(HKEY parent, const WideChar* path, DWORD options, REGSAM a
         [&]() -> LSTATUS {
             Need(key, "the place for the key");
             WideText joined;
-            const OpenKey above = TheWindows().Require(parent);
+            const OpenKey above = Simulated().Require(parent);
             if (const LSTATUS status = PathBelow(above, path, &joined)) return status;
-            if (!joined.empty() && !TheWindows().HasRegistry(joined)) return ERROR_FILE_NOT_FOUND;
-            *key = TheWindows().Open(joined, access);
+            if (!joined.empty() && !Simulated().HasRegistry(joined)) return ERROR_FILE_NOT_FOUND;
+            *key = Simulated().Open(joined, access);
             return ERROR_SUCCESS;
         },
         "path", path, "options", options, "access", access);
@@ -227,15 +219,13 @@ LSTATUS RegCloseKey(HKEY key) {
     static Operation op("RegCloseKey");
     return op.CallOr(
         [&](int status) {
-            TheWindows().Close(key);
+            Simulated().Close(key);
             return Denied(status);
         },
         [&]() -> LSTATUS {
-            if (!TheWindows().Close(key)) {
+            if (!Simulated().Close(key)) {
                 Complain(kInvalidHandle, "the handle names no open key");
             }
             return ERROR_SUCCESS;
         });
 }
-
-#endif

@@ -1,10 +1,8 @@
 // Message boxes of a real Windows: each is seen by a hook when it stands, read from its windows as
 // a person would read it, and answered by the press of one of its buttons.
-#ifdef _WIN32
-
 #include <vector>
 
-#include "simhost/windows_real/windows.h"
+#include "simhost/windows_real/real.h"
 
 namespace simhost {
 
@@ -89,7 +87,7 @@ bool IsTopmost(HWND box) {
     static const bool isWine =
         GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
     const bool raised = GetWindowLongW(box, GWL_EXSTYLE) & WS_EX_TOPMOST;
-    const std::vector<UINT>& asked = TheWindows().boxFlags;
+    const std::vector<UINT>& asked = Real().boxFlags;
     return raised || (isWine && !asked.empty() && (asked.back() & MB_TOPMOST));
 }
 
@@ -117,7 +115,7 @@ void CALLBACK Answer(HWND box, UINT, UINT_PTR timer, DWORD) {
         systemCaption = TextOf(box);
         Press(box, IDOK);
     } else {
-        Press(box, TheWindows().host().desk.ShowBox(ReadBox(box)));
+        Press(box, Real().host().desk.ShowBox(ReadBox(box)));
     }
 }
 
@@ -142,5 +140,3 @@ void CatchBoxes() {
 }
 
 }  // namespace simhost
-
-#endif

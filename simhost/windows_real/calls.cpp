@@ -1,15 +1,13 @@
 // The plug-in's calls of a real Windows on their way there: counted, told to fail, written into the
 // journal and remembered where something is left open. Windows itself answers them; only programs
 // are noted and not run, since no test may open a browser.
-#ifdef _WIN32
-
 #include <algorithm>
 #include <cstring>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/user/save_dialog.h"
-#include "simhost/windows_real/windows.h"
+#include "simhost/windows_real/real.h"
 
 namespace simhost {
 
@@ -75,9 +73,9 @@ int WINAPI ShowMessageBox(HWND owner, const WideChar* text, const WideChar* capt
     static Operation op("MessageBoxW");
     return op.CallOr([](int) { return 0; },
                      [&] {
-                         TheWindows().boxFlags.push_back(flags);
+                         Real().boxFlags.push_back(flags);
                          const int answer = MessageBoxW(owner, text, caption, flags);
-                         TheWindows().boxFlags.pop_back();
+                         Real().boxFlags.pop_back();
                          return answer;
                      },
                      "text", text, "caption", caption, "flags", flags);
@@ -88,7 +86,7 @@ UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPRO
     return op.CallOr([](int) { return UINT_PTR{0}; },
                      [&] {
                          return window ? SetTimer(window, id, milliseconds, procedure)
-                                       : TheWindows().StartTimer(id, milliseconds, procedure);
+                                       : Real().StartTimer(id, milliseconds, procedure);
                      },
                      "id", id, "milliseconds", milliseconds, "procedure", procedure);
 }
@@ -96,8 +94,8 @@ UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPRO
 BOOL WINAPI StopTimer(HWND window, UINT_PTR id) {
     static Operation op("KillTimer");
     return op.CallOr(
-        False, [&] { return window ? KillTimer(window, id) : BOOL{TheWindows().StopTimer(id)}; },
-        "id", id);
+        False, [&] { return window ? KillTimer(window, id) : BOOL{Real().StopTimer(id)}; }, "id",
+        id);
 }
 
 // --- Registry ---
@@ -108,7 +106,7 @@ LSTATUS WINAPI OpenKey(HKEY parent, const WideChar* path, DWORD options, REGSAM 
         Denied,
         [&]() -> LSTATUS {
             const LSTATUS status = RegOpenKeyExW(parent, path, options, access, key);
-            if (status == ERROR_SUCCESS) TheWindows().keys.emplace_back(*key, path ? path : L"");
+            if (status == ERROR_SUCCESS) Real().keys.emplace_back(*key, path ? path : L"");
             return status;
         },
         "path", path, "options", options, "access", access);
@@ -123,7 +121,7 @@ LSTATUS WINAPI CreateKey(HKEY parent, const WideChar* path, DWORD reserved, Wide
         [&]() -> LSTATUS {
             const LSTATUS status = RegCreateKeyExW(parent, path, reserved, keyClass, options,
                                                    access, security, key, disposition);
-            if (status == ERROR_SUCCESS) TheWindows().keys.emplace_back(*key, path ? path : L"");
+            if (status == ERROR_SUCCESS) Real().keys.emplace_back(*key, path ? path : L"");
             return status;
         },
         "path", path, "class", keyClass, "options", options, "access", access, "security", security,
@@ -151,7 +149,7 @@ LSTATUS WINAPI CloseKey(HKEY key) {
     static Operation op("RegCloseKey");
     // Told to fail, it closes the key all the same, so that no test leaks one.
     const auto close = [&] {
-        Forget(&TheWindows().keys, key);
+        Forget(&Real().keys, key);
         return RegCloseKey(key);
     };
     return op.CallOr(
@@ -167,16 +165,15 @@ LSTATUS WINAPI CloseKey(HKEY key) {
 UINT WINAPI RunProgram(const char* commandLine, UINT show) {
     static Operation op("WinExec");
     constexpr UINT kFileNotFound = 2, kStarted = 33;
-    return op.CallOr(
-        [](int) { return kFileNotFound; },
-        [&] {
-            Need(commandLine, "the command line");
-            const WideText command = FromSystemCodePage(commandLine);
-            TheWindows().programs.push_back(command);
-            TheWindows().host().desk.shown.push_back({Shown::Kind::Program, command, {}});
-            return kStarted;
-        },
-        "commandLine", commandLine, "show", show);
+    return op.CallOr([](int) { return kFileNotFound; },
+                     [&] {
+                         Need(commandLine, "the command line");
+                         const WideText command = FromSystemCodePage(commandLine);
+                         Real().programs.push_back(command);
+                         Real().host().desk.shown.push_back({Shown::Kind::Program, command, {}});
+                         return kStarted;
+                     },
+                     "commandLine", commandLine, "show", show);
 }
 
 HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar* file,
@@ -191,8 +188,8 @@ HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar*
                              return result(kFileNotFound);
                          }
                          const WideText done = WideText(verb ? verb : L"open") + L" " + file;
-                         TheWindows().programs.push_back(done);
-                         TheWindows().host().desk.shown.push_back({Shown::Kind::Program, done, {}});
+                         Real().programs.push_back(done);
+                         Real().host().desk.shown.push_back({Shown::Kind::Program, done, {}});
                          return result(kStarted);
                      },
                      "owner", static_cast<const void*>(owner), "verb", verb, "file", file,
@@ -212,7 +209,7 @@ BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
         False,
         [&] {
             Need(dialog, "the record");
-            return AskForSaveName(TheWindows().host(), dialog);
+            return AskForSaveName(Real().host(), dialog);
         },
         "owner", static_cast<const void*>(dialog->hwndOwner), "extension", dialog->lpstrDefExt,
         "folder", dialog->lpstrInitialDir, "flags", dialog->Flags, "path", Out(dialog->lpstrFile));
@@ -250,8 +247,7 @@ HANDLE WINAPI OpenFile(const WideChar* path, DWORD access, DWORD share,
                       const HANDLE opened =
                           CreateFileW(path, access, share, security, creation, attributes, pattern);
                       error = GetLastError();
-                      if (opened != INVALID_HANDLE_VALUE)
-                          TheWindows().files.emplace_back(opened, path);
+                      if (opened != INVALID_HANDLE_VALUE) Real().files.emplace_back(opened, path);
                       return opened;
                   },
                   "path", path, "access", access, "share", share, "security", security, "creation",
@@ -283,7 +279,7 @@ BOOL WINAPI WriteBytes(HANDLE file, const void* data, DWORD size, DWORD* done,
 BOOL WINAPI Close(HANDLE handle) {
     static Operation op("CloseHandle");
     const auto close = [&] {
-        Forget(&TheWindows().files, handle);
+        Forget(&Real().files, handle);
         return CloseHandle(handle);
     };
     return op.CallOr(
@@ -334,7 +330,7 @@ WideChar* SetLocale(int category, const WideChar* locale) {
     return op.CallOr([](int) -> WideChar* { return nullptr; },
                      [&] {
                          WideChar* set = _wsetlocale(category, locale);
-                         if (set && locale) TheWindows().locale[category] = locale;
+                         if (set && locale) Real().locale[category] = locale;
                          return set;
                      },
                      "category", category, "locale", locale);
@@ -435,5 +431,3 @@ void ReplaceCall(HMODULE module, const char* name, void* call) {
 }
 
 }  // namespace simhost
-
-#endif

@@ -1,11 +1,9 @@
 // Timers of a real Windows on a clock that the user moves: one that is set does not run out by
 // itself, or it would fire in the message loop of any box on a slow machine. When it falls due it
 // is set anew with the shortest interval, and fires from the thread's message loop as ever.
-#ifdef _WIN32
-
 #include <algorithm>
 
-#include "simhost/windows_real/windows.h"
+#include "simhost/windows_real/real.h"
 
 namespace simhost {
 
@@ -27,15 +25,6 @@ UINT_PTR RealWindows::StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC proce
 bool RealWindows::StopTimer(UINT_PTR id) {
     timers_.remove_if([id](const Timer& each) { return each.id == id; });
     return KillTimer(nullptr, id);
-}
-
-int RealWindows::StopTimers(const std::function<bool(TIMERPROC)>& which) {
-    std::vector<UINT_PTR> ids;
-    for (const Timer& timer : timers_) {
-        if (which(timer.procedure)) ids.push_back(timer.id);
-    }
-    for (const UINT_PTR id : ids) StopTimer(id);
-    return static_cast<int>(ids.size());
 }
 
 // Runs the message loop until the timer has fired; false if it does not.
@@ -77,5 +66,3 @@ void RealWindows::AdvanceClock(unsigned milliseconds) {
 }
 
 }  // namespace simhost
-
-#endif

@@ -178,7 +178,7 @@ TEST_F(BatchColorCalls, ASurfaceThatCannotBeTreatedIsPassedOverAndTheOthersAreCl
          {"ProArrayObjectAdd", "ProSurfaceToGeomitem", "prodb_unset_surface_props"}) {
         SCOPED_TRACE(operation);
         ColourSurfaces(part);
-        Fail(operation, {.status = {.n = 3}});
+        Fail(operation, {.n = 3});
         Press("BatchColor");
         ASSERT_EQ(part.surfaceAppearances.size(), 1u);
         EXPECT_EQ(part.surfaceAppearances.begin()->first, 13);
@@ -320,7 +320,7 @@ TEST_F(BatchColorCalls, APartWithoutAnObjectLeavesTheColourOfThePartBefore) {
     UseAll(top, {&first, &second});
     Open(top);
     // The first part asks for its object twice, once to clear its surfaces.
-    Fail("prodb_get_object_ptr", {.status = {.n = 3}});
+    Fail("prodb_get_object_ptr", {.n = 3});
     Record();
     Press("BatchColor");
     Recorded();
@@ -353,7 +353,7 @@ TEST_F(BatchColorCalls, WithoutSettingsTheColourOfTheRecordIsUsed) {
 TEST_F(BatchColorCalls, WithoutATextFolderThePalettesAreNotFoundAndAllIsBlack) {
     Model& part = Part("single");
     Open(part);
-    Fail("ProToolkitApplTextPathGet", {.status = {.forGood = true}});
+    Fail("ProToolkitApplTextPathGet", {.forGood = true});
     Press("BatchColor");
     EXPECT_EQ(Present({&part}), (Colours{{&part, Rgb{}}}));
 }

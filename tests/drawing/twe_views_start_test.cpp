@@ -204,12 +204,12 @@ TEST_F(TwelveViewsStart, EachStatusOfTheCreationHasItsBox) {
         {"ProDrawingFromTmpltCreate", -59, "PRO_TK_NO_PERMISSION"},
     };
     for (const Case& one : cases) {
-        Fail(one.operation, {.status = {.status = one.status}});
+        Fail(one.operation, {.status = one.status});
         MakeViews({}, std::string("@ expect box \"") + one.box + "\"\n@ expect caption none\n@ ok");
         EXPECT_EQ(FindDrawing("BOX-12"), nullptr);
         EXPECT_EQ(host().session.workingDirectory, WIDE("C:\\Work"));
     }
-    Fail("ProDrawingFromTmpltCreate", {.status = {.status = -1}});
+    Fail("ProDrawingFromTmpltCreate", {.status = -1});
     MakeViews();
     EXPECT_EQ(FindDrawing("BOX-12"), nullptr);
 }
@@ -226,7 +226,7 @@ TEST_F(TwelveViewsStart, EachStatusOfTheMainViewHasItsBoxAndTheDrawingStaysOpen)
     for (const Case& one : cases) {
         const std::string name = "BOX" + std::to_string(++number);
         OpenBox(name);
-        Fail(one.operation, {.status = {.status = one.status}});
+        Fail(one.operation, {.status = one.status});
         MakeViews({"main-h", "twelve", true},
                   std::string("@ expect box \"") + one.box + "\"\n@ expect caption none\n@ ok");
         EXPECT_TRUE(Views(name + "-12").empty());
@@ -236,7 +236,7 @@ TEST_F(TwelveViewsStart, EachStatusOfTheMainViewHasItsBoxAndTheDrawingStaysOpen)
 
 TEST_F(TwelveViewsStart, AnyOtherStatusOfTheMainViewGoesOnQuietly) {
     OpenBox("BOX");
-    Fail("ProDrawingGeneralviewCreate", {.status = {.status = -52}});
+    Fail("ProDrawingGeneralviewCreate", {.status = -52});
     MakeViews({"main-h", "twelve"});
     // Without a main view there is nothing to project, and nothing says how the others are turned.
     EXPECT_TRUE(Views("BOX-12").empty());

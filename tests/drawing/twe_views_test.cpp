@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "simhost/model/screen_view.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/drawing/drawing_bench.h"
 
 namespace {
@@ -142,7 +142,7 @@ TEST_F(TwelveViews, HiddenLinesAreShownOrLeftOutAsChosen) {
 }
 
 TEST_F(TwelveViews, WithoutAChoiceOfViewsOnlyTheIsometricOneHasAStyle) {
-    Fail("ProUIRadiogroupSelectednamesGet", {.status = {.forGood = true}});
+    Fail("ProUIRadiogroupSelectednamesGet", {.forGood = true});
     MakeViews();
     EXPECT_EQ(Styles("BOX-12"), "0 0 0 0 0 0 3");
 }

@@ -82,7 +82,7 @@ TEST_F(AccessRules, WithoutAnOpenModelOnlyTheAlwaysAvailableCommandsCanBePressed
 TEST_F(AccessRules, WhenTheModeCannotBeReadOnlyTheAlwaysAvailableCommandsCanBePressed) {
     Start();
     Open(Assembly("UNIT"));
-    Fail("ProModeCurrentGet", {.status = {.forGood = true}});
+    Fail("ProModeCurrentGet", {.forGood = true});
     ExpectOnlyTheAlwaysAvailable();
 }
 

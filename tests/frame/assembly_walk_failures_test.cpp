@@ -21,7 +21,7 @@ protected:
     // A walk during which the n-th call (0: every call) of the operation fails.
     Names WalkWith(const char* operation, unsigned n,
                    ProFeatureVisitAction visitor = VisitAllComponents) {
-        Fail(operation, {.status = {.n = n == 0 ? 1 : n, .forGood = n == 0}});
+        Fail(operation, {.n = n == 0 ? 1 : n, .forGood = n == 0});
         ComponentArray components = ComponentCollector(top_.handle, visitor);
         EXPECT_GT(Operation::FiredFaults(), 0u) << operation << ' ' << n;
         Operation::ForgetFaults();
@@ -99,7 +99,7 @@ TEST_F(FailingWalk, TheAnswerOfAVisitBelowIsDroppedByEveryVisitor) {
 }
 
 TEST_F(FailingWalk, WithoutAnArrayNothingIsVisitedAndTheResultIsEmpty) {
-    Fail("ProArrayAlloc", {.status = {.status = PRO_TK_OUT_OF_MEMORY}});
+    Fail("ProArrayAlloc", {.status = PRO_TK_OUT_OF_MEMORY});
     Record();
     ComponentArray components = ComponentCollector(top_.handle, VisitAllComponents);
     EXPECT_FALSE(components);
@@ -192,7 +192,7 @@ TEST_F(ModelLists, AModelThatCannotBeFetchedForTheListIsDroppedNotGuessed) {
     UseAll(outer, {&plate_, &pin_});
     for (const auto& [n, left] : {std::pair{1u, &pin_}, std::pair{2u, &plate_}}) {
         ComponentArray components = ComponentCollector(outer.handle, VisitAllComponents);
-        Fail("ProAsmcompMdlGet", {.status = {.n = n}});
+        Fail("ProAsmcompMdlGet", {.n = n});
         EXPECT_EQ(FileNames(ReduceToModelList(std::move(components), 2)), Names{left->FileName()});
         Operation::ForgetFaults();
     }

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -283,7 +283,7 @@ TEST_F(FirstRunNotice, EndsTheStartWhenItsResourceIsMissing) {
 }
 
 TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedCreation) {
-    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_OUT_OF_MEMORY}});
+    Fail("ProUIDialogCreate", {.status = PRO_TK_OUT_OF_MEMORY});
     ExpectTheStartToEndWith(PRO_TK_OUT_OF_MEMORY, "UIDialog Create error!", "");
     EXPECT_TRUE(host().dialogs.Existing().empty());
 }
@@ -297,7 +297,7 @@ TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedActivationAndLeavesTheD
 }
 
 TEST_F(FirstRunNotice, EndsTheStartWithTheStatusOfAFailedDestruction) {
-    Fail("ProUIDialogDestroy", {.status = {.status = PRO_TK_BAD_CONTEXT}});
+    Fail("ProUIDialogDestroy", {.status = PRO_TK_BAD_CONTEXT});
     ExpectTheStartToEndWith(PRO_TK_BAD_CONTEXT, "UIDialog Destroy error!", kOk);
 }
 
@@ -326,13 +326,13 @@ TEST_F(FirstRunNotice, GoesOnWhenTheActionOfItsButtonCannotBeAttached) {
 
 TEST_F(FirstRunNotice, TakesARegistryThatCannotBeReadForNoMarker) {
     SetMarker("5120");
-    Fail("RegOpenKeyExW", {.status = {.status = ERROR_ACCESS_DENIED}});
+    Fail("RegOpenKeyExW", {.status = ERROR_ACCESS_DENIED});
     ExpectTheNoticeToWrite("5110");
 }
 
 TEST_F(FirstRunNotice, TakesAValueThatCannotBeReadForNoMarker) {
     SetMarker("5130");
-    Fail("RegQueryValueExW", {.status = {.status = ERROR_ACCESS_DENIED}});
+    Fail("RegQueryValueExW", {.status = ERROR_ACCESS_DENIED});
     ExpectTheNoticeToWrite("5110");
 }
 
@@ -340,7 +340,7 @@ TEST_F(FirstRunNotice, OpensTheHomePageAlsoWhenTheMarkerCannotBeWritten) {
     for (const char* operation : {"RegCreateKeyExW", "RegSetValueExW"}) {
         SCOPED_TRACE(operation);
         TheWindows().programs.clear();
-        Fail(operation, {.status = {.status = ERROR_ACCESS_DENIED}});
+        Fail(operation, {.status = ERROR_ACCESS_DENIED});
         StartAndPressOk();
         EXPECT_EQ(startStatus_, 0);
         EXPECT_EQ(Marker(), "(none)");

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "simhost/host.h"
-#include "simhost/windows/clock.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/clock.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace last_dir {

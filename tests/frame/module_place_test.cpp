@@ -5,8 +5,9 @@
 
 #include "simhost/app/plugin.h"
 #include "simhost/host.h"
-#include "simhost/windows/clock.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/clock.h"
+#include "simhost/system/windows.h"
+#include "tests/support/desk.h"
 #include "tests/support/drive.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"
@@ -195,7 +196,7 @@ TEST_F(PlaceOfTheModule, ThatWindowsDoesNotTellLeavesAllFilesAlone) {
     WriteSettingsInto(workbench::kModuleFolder + WIDE("\\VXconfig"));
     const auto before = Files();
     for (const char* operation : {"GetModuleHandleW", "GetModuleFileNameW"}) {
-        Fail(operation, {.status = {.forGood = true}});
+        Fail(operation, {.forGood = true});
     }
     RunAt(workbench::kModuleFolder + WIDE("\\vorlatix5.1.dll"));
     EXPECT_EQ(directoryAfterTheTimer_, "C:\\Work");

@@ -443,14 +443,14 @@ TEST_F(PopupMenus, OfManySelectionsLookAtTheFirst) {
 TEST_F(PopupMenus, DoNotAskForTheMode) {
     StartAfterTheFirstPopup();
     Select({PRO_PART});
-    Fail("ProModeCurrentGet", {.status = {.forGood = true}});
+    Fail("ProModeCurrentGet", {.forGood = true});
     EXPECT_EQ(OwnEntries(), kAllSix);
 }
 
 TEST_F(PopupMenus, LookAtNoItemOfAnArrayWhoseSizeCannotBeRead) {
     StartAfterTheFirstPopup();
     Select({PRO_PART});
-    Fail("ProArraySizeGet", {.status = {.forGood = true}});
+    Fail("ProArraySizeGet", {.forGood = true});
     const Lines calls = CallsOfPopup();
     EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
                             [](const std::string& line) {
@@ -463,7 +463,7 @@ TEST_F(PopupMenus, LookAtNoItemOfAnArrayWhoseSizeCannotBeRead) {
 TEST_F(PopupMenus, ShowNoButtonForAnItemThatCannotBeRead) {
     StartAfterTheFirstPopup();
     Select({PRO_PART});
-    Fail("ProSelectionModelitemGet", {.status = {.forGood = true}});
+    Fail("ProSelectionModelitemGet", {.forGood = true});
     EXPECT_EQ(OwnEntries(), Lines{});
 }
 
@@ -471,7 +471,7 @@ TEST_F(PopupMenus, ForgetTheItemOfTheRuleBefore) {
     // Only the first rule can read its item; the later ones must not live on what it has read.
     StartAfterTheFirstPopup();
     Select({PRO_PART});
-    Fail("ProSelectionModelitemGet", {.status = {.n = 2, .forGood = true}});
+    Fail("ProSelectionModelitemGet", {.n = 2, .forGood = true});
     EXPECT_EQ(OwnEntries(), Lines{"VxIsolate"});
 }
 
@@ -492,7 +492,7 @@ TEST_F(PopupMenus, LeaveTheArraysOfSelectionsToTheHost) {
 
 TEST_F(PopupMenus, AreHookedOverAlsoWhenNoCommandCanBeRegistered) {
     StartWithPopups();
-    Fail("ProMenubarmenuPushbuttonAdd", {.status = {.forGood = true}});
+    Fail("ProMenubarmenuPushbuttonAdd", {.forGood = true});
     OpenPopup();
     Operation::ForgetFaults();
     Select({PRO_PART});
@@ -502,7 +502,7 @@ TEST_F(PopupMenus, AreHookedOverAlsoWhenNoCommandCanBeRegistered) {
 TEST_F(PopupMenus, KeepTheOtherButtonsWhenOneCannotBeAdded) {
     StartAfterTheFirstPopup();
     Select({PRO_PART});
-    Fail("ProPopupmenuButtonAdd", {.status = {.n = 2}});
+    Fail("ProPopupmenuButtonAdd", {.n = 2});
     const Lines five = {"VxIsolate", "VxShowAllComp", "VxMdlNameCopy", "VxMdlRename", "VxOpenDrw"};
     EXPECT_EQ(OwnEntries(), five);
 }
@@ -510,7 +510,7 @@ TEST_F(PopupMenus, KeepTheOtherButtonsWhenOneCannotBeAdded) {
 TEST_F(PopupMenus, ShowAnEmptyLabelWhenTheTextOfOpeningADrawingIsMissing) {
     StartAfterTheFirstPopup();
     Select({PRO_PART});
-    Fail("ProMessageToBuffer", {.status = {.forGood = true, .status = PRO_TK_MSG_NOT_FOUND}});
+    Fail("ProMessageToBuffer", {.forGood = true, .status = PRO_TK_MSG_NOT_FOUND});
     const auto& entries = OpenPopup();
     ASSERT_EQ(entries.size(), 9u);
     EXPECT_EQ(entries[8].label, WIDE(""));

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/frame/expected_rows.h"
 #include "tests/support/workbench.h"
 
@@ -113,7 +113,7 @@ TEST_F(StartUp, GoesOnWhenTheMenuCannotBeMade) {
 }
 
 TEST_F(StartUp, GoesOnWhenNoCommandCanBeRegistered) {
-    Fail("ProCmdActionAdd", {.status = {.forGood = true}});
+    Fail("ProCmdActionAdd", {.forGood = true});
     StartJournalled();
     ExpectTheWholeStart();
     // The ids are used as they come: the host notices that it never gave them. 56 buttons,
@@ -131,19 +131,19 @@ TEST_F(StartUp, UsesNoStaleIdWhenOneCommandCannotBeRegistered) {
 }
 
 TEST_F(StartUp, GoesOnWhenNoButtonCanBeAdded) {
-    Fail("ProMenubarmenuPushbuttonAdd", {.status = {.forGood = true}});
+    Fail("ProMenubarmenuPushbuttonAdd", {.forGood = true});
     StartJournalled();
     ExpectTheWholeStart();
 }
 
 TEST_F(StartUp, GoesOnWhenNoIconCanBeSet) {
-    Fail("ProCmdIconSet", {.status = {.forGood = true}});
+    Fail("ProCmdIconSet", {.forGood = true});
     StartJournalled();
     ExpectTheWholeStart();
 }
 
 TEST_F(StartUp, GoesOnWhenNothingCanBeDesignated) {
-    Fail("ProCmdDesignate", {.status = {.forGood = true}});
+    Fail("ProCmdDesignate", {.forGood = true});
     StartJournalled();
     ExpectTheWholeStart();
 }

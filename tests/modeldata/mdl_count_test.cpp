@@ -225,7 +225,7 @@ TEST_F(ModelCount, WithoutAColumnTheInstanceCannotHaveItsNumberAndIsNamed) {
     Model& generic = Part("bolt");
     Model* m8 = MakeInstance("bolt_m8", generic);
     Use(*top_, *m8);
-    Fail("ProFamtableItemAdd", {.status = {.forGood = true}});
+    Fail("ProFamtableItemAdd", {.forGood = true});
     Count(Failed("BOLT_M8\\n"));
     EXPECT_EQ(NumberOf(*m8), "none");
 }

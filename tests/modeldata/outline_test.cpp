@@ -143,7 +143,7 @@ TEST_F(OutlineAndSheets, AModelWithoutSurfacesLosesTheParameter) {
     Run(outline_);
     EXPECT_EQ(ValueOn(empty), "none");
     // Surfaces that tell nothing about themselves are as good as none.
-    Fail("ProSurfaceDataGet", {.status = {.forGood = true}});
+    Fail("ProSurfaceDataGet", {.forGood = true});
     Run(outline_);
     EXPECT_EQ(ValueOn(*a_), "none");
     EXPECT_EQ(ValueOn(*top_), "none");
@@ -172,7 +172,7 @@ TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {
     Put(*top_, sub, {0, 0, 0}, {0, 0, 0});
     for (unsigned n = 2; n < 14; ++n) {
         Operation::ForgetFaults();
-        Fail("ProArrayAlloc", {.status = {.n = n, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY}});
+        Fail("ProArrayAlloc", {.n = n, .forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
         for (Model* model : {top_, a_, &sub}) {
             model->parameters.Set(TextParameter(WIDE("SIZE"), WIDE("old")));
         }
@@ -188,7 +188,7 @@ TEST_F(OutlineAndSheets, AFailedArrayLeavesAModelAsItWas) {
 }
 
 TEST_F(OutlineAndSheets, AnUnknownStateOfTheOrderGivesTheEmptyText) {
-    Fail("ProUICheckbuttonGetState", {.status = {.n = 2, .forGood = true}});
+    Fail("ProUICheckbuttonGetState", {.n = 2, .forGood = true});
     Run(outline_);
     EXPECT_EQ(ValueOn(*a_), "");
 }

@@ -146,7 +146,7 @@ TEST_F(BatchParameters, AModelWithoutTheParameterNeverTouchesThatOfAnother) {
     }
     for (unsigned n = 1; n <= 3; ++n) {
         Operation::ForgetFaults();
-        Fail("ProParameterInit", {.status = {.n = n}});
+        Fail("ProParameterInit", {.n = n});
         Run(Fill("P", std::to_string(n + 1), "整数") + kUpdate);
         int changed = 0;
         for (Model* model : {top_, a_, bolt_}) {
@@ -183,7 +183,7 @@ TEST_F(BatchParameters, WithoutComponentsThereIsOnlyTheMessage) {
 }
 
 TEST_F(BatchParameters, AFailedArrayIsToldByAddOnly) {
-    Fail("ProArrayAlloc", {.status = {.forGood = true, .status = PRO_TK_OUT_OF_MEMORY}});
+    Fail("ProArrayAlloc", {.forGood = true, .status = PRO_TK_OUT_OF_MEMORY});
     Run(Fill("P", "1", "整数") + kAdd + "@ expect box \"ProArray Alloc error\"\n@ ok\n" + kUpdate +
         none_ + kDelete + none_);
 }
@@ -195,7 +195,7 @@ TEST_F(BatchParameters, OverlongNamesAreCutAndOverlongTextsToo) {
 }
 
 TEST_F(BatchParameters, WithoutATypeNothingIsWritten) {
-    Fail("ProUIOptionmenuValueGet", {.status = {.forGood = true}});
+    Fail("ProUIOptionmenuValueGet", {.forGood = true});
     a_->parameters.Set(WholeParameter(WIDE("P"), 1));
     Run(Fill("P", "9", "整数") + kAdd + kUpdate);
     EXPECT_EQ(ValueOn(*a_, "P"), "integer 1");
@@ -251,7 +251,7 @@ TEST_F(BatchParameters, ClosingKeepsNothing) {
 TEST_F(BatchParameters, ASettingThatCannotBeReadStaysOnDisk) {
     WriteIni("[InputKeyWords]\r\ncontent=BOLT\r\n[VxOutlineOrder]\r\ncontent=1\r\n");
     Fail("ProUIInputpanelValueGet");
-    Fail("ProUICheckbuttonGetState", {.status = {.forGood = true}});
+    Fail("ProUICheckbuttonGetState", {.forGood = true});
     Run("~ Input `VxParams` `InputKeyWords` `NEW`\n~ Activate `VxParams` `VxOutlineOrder` 0\n" +
         Fill("P", "1", "整数") + kAdd);
     EXPECT_EQ(ReadIni().find("NEW"), std::string::npos);

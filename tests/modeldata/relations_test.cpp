@@ -159,7 +159,7 @@ TEST_F(BatchRelations, TheSetAfterRegenerationIsASetOfItsOwn) {
 }
 
 TEST_F(BatchRelations, WhereTheSetAfterRegenerationCannotBeHadTheInitialOneIsMade) {
-    Fail("ProRelsetPostregenerationInit", {.status = {.forGood = true}});
+    Fail("ProRelsetPostregenerationInit", {.forGood = true});
     a_->relations.initial = {WIDE("old=1")};
     Run(Type("x=1") + kAfter, "AddRels", added_);
     EXPECT_EQ(Initial(*b_), Lines{WIDE("x=1")});
@@ -243,7 +243,7 @@ TEST_F(BatchRelations, TheDialogComesWithAChoiceInEachGroupAndEndsByItsWindowToo
 }
 
 TEST_F(BatchRelations, AMissingResourceIsTold) {
-    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_E_NOT_FOUND}});
+    Fail("ProUIDialogCreate", {.status = PRO_TK_E_NOT_FOUND});
     Play("~ Command `VxRelations`\n@ expect box \"UIDialog Create error!\"\n@ ok");
 }
 

@@ -8,8 +8,9 @@
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/system/windows.h"
 #include "simhost/trail/interpreter.h"
-#include "simhost/windows/windows.h"
+#include "tests/support/desk.h"
 #include "tests/support/drive.h"
 #include "tests/support/places.h"
 

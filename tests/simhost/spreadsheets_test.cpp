@@ -9,7 +9,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
@@ -119,11 +119,11 @@ TEST_F(SpreadsheetApplication, AFileThatItHasWrittenReadsBackTheSame) {
 TEST_F(SpreadsheetApplication, HoldsAFileAsLongAsItIsOpen) {
     NewBook();
     Call(workbook_, 175, {Text(WIDE("C:\\Work\\copy.xlsx"))});
-    EXPECT_FALSE(TheWindows().IsHeld(host().disk.Real(WIDE("C:\\Work\\copy.xlsx"))));
+    EXPECT_FALSE(Simulated().IsHeld(host().disk.Real(WIDE("C:\\Work\\copy.xlsx"))));
     Opened(WIDE("C:\\Work\\copy.xlsx"));
-    EXPECT_TRUE(TheWindows().IsHeld(host().disk.Real(WIDE("C:\\Work\\copy.xlsx"))));
+    EXPECT_TRUE(Simulated().IsHeld(host().disk.Real(WIDE("C:\\Work\\copy.xlsx"))));
     Call(workbook_, 277);
-    EXPECT_FALSE(TheWindows().IsHeld(host().disk.Real(WIDE("C:\\Work\\copy.xlsx"))));
+    EXPECT_FALSE(Simulated().IsHeld(host().disk.Real(WIDE("C:\\Work\\copy.xlsx"))));
 }
 
 TEST_F(SpreadsheetApplication, OpensNothingThatIsNoSpreadsheet) {

@@ -19,7 +19,7 @@
 
 #ifndef _WIN32
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 #endif
 
 // Literals with null bytes or null units in them.

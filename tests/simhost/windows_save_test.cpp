@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows/simulated.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -20,14 +20,14 @@ protected:
     bool Exists(const WideText& path) { return std::filesystem::exists(host().disk.Real(path)); }
     // The error of an attempt to open it for everything, sharing its reading; 0 if that went well.
     static DWORD OpenError(const WideText& path) {
-        TheWindows().lastError = ERROR_SUCCESS;
+        Simulated().lastError = ERROR_SUCCESS;
         const HANDLE file = CreateFileW(path.c_str(), FILE_ALL_ACCESS, FILE_SHARE_READ, nullptr,
                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
         return GetLastError();
     }
     static DWORD DeleteError(const WideText& path) {
-        TheWindows().lastError = ERROR_SUCCESS;
+        Simulated().lastError = ERROR_SUCCESS;
         const BOOL deleted = DeleteFileW(path.c_str());
         const DWORD error = GetLastError();
         EXPECT_EQ(deleted != FALSE, error == ERROR_SUCCESS);

@@ -6,7 +6,7 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/places.h"
 
 namespace workbench {

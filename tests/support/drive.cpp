@@ -8,7 +8,7 @@
 #include <set>
 
 #include "simhost/core/text.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows_real/real.h"
 
 namespace fs = std::filesystem;
 

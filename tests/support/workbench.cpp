@@ -5,10 +5,10 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/spreadsheet/spreadsheets.h"
+#include "simhost/system/clock.h"
+#include "simhost/system/windows.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
-#include "simhost/windows/clock.h"
-#include "simhost/windows/windows.h"
 #include "tests/support/drive.h"
 
 namespace workbench {

@@ -10,8 +10,8 @@
 
 #include "hostapi/windows.h"
 #include "simhost/core/disk.h"
+#include "simhost/system/clock.h"
 #include "simhost/trail/interpreter.h"
-#include "simhost/windows/clock.h"
 #include "tests/support/desk.h"
 #include "tests/support/drive.h"
 #include "tests/support/models.h"

@@ -4,7 +4,7 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/tables/bom_bench.h"
 #include "tests/tables/export_steps.h"
 
@@ -286,7 +286,7 @@ TEST_F(BomExport, ACellThatFailsIsEmptyAndTheOthersAreWritten) {
     const auto b3 = std::find_if(gets.begin(), gets.end(), [](const std::string& line) {
         return line.find("\"B3\"") != std::string::npos;
     });
-    Fail("ExcelGet", {.status = {.n = unsigned(b3 - gets.begin()) + 1}});
+    Fail("ExcelGet", {.n = unsigned(b3 - gets.begin()) + 1});
     Export("@ answer C:\\Work\\list.xlsx\n@ answer yes\n");
     const Book book = Written();
     EXPECT_EQ(TextAt(book, 3, 1), "1");

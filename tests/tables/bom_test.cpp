@@ -1,9 +1,9 @@
 // VxBom: the bill of materials in its table, summed and level by level.
 #include <gtest/gtest.h>
 
+#include "simhost/system/windows.h"
 #include "simhost/trail/robot.h"
 #include "simhost/ui/textfield.h"
-#include "simhost/windows/windows.h"
 #include "tests/tables/bom_bench.h"
 
 namespace {
@@ -70,7 +70,7 @@ TEST_F(Bom, LeavesOutAComponentWithoutItsModel) {
 TEST_F(Bom, LeavesAModelThatCannotBeFetchedOutOfTheCount) {
     // The walk asks for the models of its twelve components, then the list asks for each again:
     // first SKEL, then the first BOLT. Only the second round matters to the counts.
-    Fail("ProAsmcompMdlGet", {.status = {.n = 12 + 2}});
+    Fail("ProAsmcompMdlGet", {.n = 12 + 2});
     Check("@ expect row bom_list 2 \"2|BOLT|4\"\n");
 }
 
@@ -300,24 +300,24 @@ TEST_F(Bom, AModelThatCannotBeRetrievedHasTheParametersOfTheRowBefore) {
     bolt_->parameters.Set(TextParameter(WIDE("材料"), WIDE("Q235")));
     sub_->parameters.Set(TextParameter(WIDE("材料"), WIDE("none")));
     // Retrieved are TOP, SKEL, BOLT and then SUB.
-    Fail("ProMdlRetrieve", {.status = {.n = 4, .status = PRO_TK_E_NOT_FOUND}});
+    Fail("ProMdlRetrieve", {.n = 4, .status = PRO_TK_E_NOT_FOUND});
     Check("@ expect row bom_list 3 \"3|SUB|Q235\"\n");
 }
 
 TEST_F(Bom, AfterASkeletonAModelThatCannotBeRetrievedIsTakenForOne) {
-    Fail("ProMdlRetrieve", {.status = {.n = 3, .status = PRO_TK_E_NOT_FOUND}});
+    Fail("ProMdlRetrieve", {.n = 3, .status = PRO_TK_E_NOT_FOUND});
     Check("@ expect rows bom_list 3\n@ expect row bom_list 2 \"2|SUB|2\"\n");
 }
 
 TEST_F(Bom, AFirstModelThatCannotBeRetrievedHasNoParameters) {
     Columns("模型名称,材料");
     top_->parameters.Set(TextParameter(WIDE("材料"), WIDE("steel")));
-    Fail("ProMdlRetrieve", {.status = {.status = PRO_TK_E_NOT_FOUND}});
+    Fail("ProMdlRetrieve", {.status = PRO_TK_E_NOT_FOUND});
     Check("@ expect row bom_list 1 \"1|TOP|\"\n@ expect row bom_list 2 \"2|BOLT|\"\n");
 }
 
 TEST_F(Bom, WhatCannotBeToldFromASkeletonIsNone) {
-    Fail("ProMdlIsSkeleton", {.status = {.forGood = true}});
+    Fail("ProMdlIsSkeleton", {.forGood = true});
     Check("@ expect rows bom_list 5\n@ expect row bom_list 2 \"2|SKEL|1\"\n");
 }
 
@@ -414,7 +414,7 @@ TEST_F(Bom, ColumnsThatCannotBeMadeLeaveTheNumbersAlone) {
 
 TEST_F(Bom, WithNoModeSelectedLoadingLeavesTheTableEmpty) {
     // Asked for at the opening and then at the press.
-    Fail("ProUIRadiogroupSelectednamesGet", {.status = {.n = 2}});
+    Fail("ProUIRadiogroupSelectednamesGet", {.n = 2});
     Check("~ Activate `VxBom` `VxLoadBom`\n@ expect rows bom_list 0\n");
 }
 
@@ -495,7 +495,7 @@ TEST_F(Bom, WithoutANameColumnADoubleClickDoesNothing) {
 }
 
 TEST_F(Bom, ADoubleClickWhoseModelIsGoneShowsNothing) {
-    Fail("ProMdlRetrieve", {.status = {.n = 6, .status = PRO_TK_E_NOT_FOUND}});  // the first five are the rows'
+    Fail("ProMdlRetrieve", {.n = 6, .status = PRO_TK_E_NOT_FOUND});  // the first five are the rows'
     Record();
     Check("~ Activate `VxBom` `bom_list` 2 `2` `num`\n");
     Recorded();

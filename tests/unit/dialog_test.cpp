@@ -75,7 +75,7 @@ TEST_F(ModalDialog, CanBeShownAgain) {
 }
 
 TEST_F(ModalDialog, ThatCannotBeCreatedSaysSoAndDoesNothingElse) {
-    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_BAD_INPUTS}});
+    Fail("ProUIDialogCreate", {.status = PRO_TK_BAD_INPUTS});
     EXPECT_EQ(Run("@ ok"), PRO_TK_BAD_INPUTS);
     ExpectPlainError("UIDialog Create error!");
     EXPECT_EQ(prepared_, 0);
@@ -100,7 +100,7 @@ TEST_F(ModalDialog, ThatCannotBeActivatedSaysSoAndIsNotDestroyed) {
 }
 
 TEST_F(ModalDialog, ThatCannotBeDestroyedSaysSo) {
-    Fail("ProUIDialogDestroy", {.status = {.status = PRO_TK_BAD_CONTEXT}});
+    Fail("ProUIDialogDestroy", {.status = PRO_TK_BAD_CONTEXT});
     EXPECT_EQ(Run("~ Activate `Question` `OK`\n@ ok"), PRO_TK_BAD_CONTEXT);
     ExpectPlainError("UIDialog Destroy error!");
 }

@@ -1,5 +1,6 @@
 // The host's version text, which commands read later to choose their macros.
 #include "frame/entry.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -33,7 +34,7 @@ TEST_F(VersionText, MayBeOfAnyLength) {
 
 TEST_F(VersionText, IsKeptAlsoWhenTheStartFails) {
     char version[] = "Creo 9";
-    Fail("ProUIDialogCreate", {.status = {.status = PRO_TK_BAD_CONTEXT}});
+    Fail("ProUIDialogCreate", {.status = PRO_TK_BAD_CONTEXT});
     int status = 0;
     PlayDuring([&] { status = user_initialize(0, nullptr, version, nullptr, nullptr); }, "@ ok");
     EXPECT_EQ(status, PRO_TK_BAD_CONTEXT);

@@ -1,6 +1,6 @@
 // The two ways to the plug-in's files: beside the module and below the text folder.
 #include "frame/services/paths.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -62,7 +62,7 @@ TEST_F(Paths, BesideAModuleWithALongerPathAreCutAndNotForWriting) {
 
 TEST_F(Paths, WithoutAnAnswerOfWindowsAreEmptyAndNotForWriting) {
     ModuleAt(WIDE("C:\\Plug-in\\vorlatix5.1.dll"));
-    Fail("GetModuleFileNameW", {.status = {.forGood = true, .status = 0}});
+    Fail("GetModuleFileNameW", {.forGood = true, .status = 0});
     EXPECT_EQ(FileBesideModule(WIDE("a")), WIDE(""));
     EXPECT_EQ(WritableFileBesideModule(WIDE("a")), std::nullopt);
 }
@@ -76,7 +76,7 @@ TEST_F(Paths, BelowTheTextFolderFollowTheHost) {
 }
 
 TEST_F(Paths, BelowTheTextFolderAreRelativeToNothingWhenTheHostDoesNotAnswer) {
-    Fail("ProToolkitApplTextPathGet", {.status = {.forGood = true}});
+    Fail("ProToolkitApplTextPathGet", {.forGood = true});
     EXPECT_EQ(AppTextDir(), WIDE(""));
     EXPECT_EQ(ConfigPathFor(WIDE("a.ini")), WIDE("\\VXconfig\\a.ini"));
 }

@@ -34,7 +34,7 @@ TEST_F(PopupRules, AnswerOneWithoutASelection) {
 
 TEST_F(PopupRules, AnswerOneWhenTheBufferCannotBeRead) {
     Select({PRO_PART});
-    Fail("ProSelbufferSelectionsGet", {.status = {.forGood = true}});
+    Fail("ProSelbufferSelectionsGet", {.forGood = true});
     EXPECT_EQ(Component(), 1);
     EXPECT_EQ(SingleItem(), 1);
 }
@@ -64,14 +64,14 @@ TEST_F(PopupRules, OfSeveralItemsLookAtTheFirstOrWantOne) {
 
 TEST_F(PopupRules, AnswerNoughtForAnArrayWithoutElements) {
     Select({PRO_PART});
-    Fail("ProArraySizeGet", {.status = {.forGood = true}});
+    Fail("ProArraySizeGet", {.forGood = true});
     EXPECT_EQ(Component(), 0);
     EXPECT_EQ(SingleItem(), 0);
 }
 
 TEST_F(PopupRules, AnswerNoughtForAnItemThatCannotBeRead) {
     Select({PRO_PART});
-    Fail("ProSelectionModelitemGet", {.status = {.forGood = true}});
+    Fail("ProSelectionModelitemGet", {.forGood = true});
     EXPECT_EQ(Component(), 0);
     EXPECT_EQ(SingleItem(), 0);
 }

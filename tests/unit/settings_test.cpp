@@ -1,6 +1,6 @@
 // Values of INI files: where they end, what is deleted in them, and that nothing is ever assumed.
 #include "frame/services/settings.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {

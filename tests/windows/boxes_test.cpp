@@ -1,6 +1,6 @@
 // Message boxes of a real Windows: what the hook reads from a box is what was asked for.
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/host.h"
-#include "simhost/windows/windows.h"
+#include "simhost/windows_real/real.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
@@ -53,7 +53,7 @@ TEST_F(RealModule, RestoresTheLastDirectoryAfterTwoSecondsOfTheMessageLoop) {
     std::filesystem::create_directories(L"C:\\项目\\泵 2");
     Write(kLastDirFile, "C:\\\xCF\xEE\xC4\xBF\\\xB1\xC3 2");
     Setting("SetLastDir", "1");
-    TheWindows().onWallClock = true;
+    Real().onWallClock = true;
     Start();
     const ULONGLONG started = GetTickCount64();
     RunMessageLoop(1000);

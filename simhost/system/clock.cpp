@@ -1,7 +1,7 @@
 // Lets time pass on the clock of whichever Windows this is.
-#include "simhost/windows/clock.h"
+#include "simhost/system/clock.h"
 
-#include "simhost/windows/windows.h"
+#include "simhost/system/windows.h"
 
 namespace simhost {
 

@@ -1,9 +1,7 @@
 // The simulated Windows itself: how it is started afresh, and what is left open.
-#ifndef _WIN32
+#include "simhost/windows/simulated.h"
 
-#include "simhost/windows/windows.h"
-
-#include <stdexcept>
+#include <memory>
 
 #include "simhost/core/text.h"
 
@@ -16,23 +14,16 @@ std::unique_ptr<SimulatedWindows>& Instance() {
     return windows;
 }
 
-const HostSide* served = nullptr;
-
 }  // namespace
 
-SimulatedWindows& TheWindows() {
+SimulatedWindows& Simulated() {
     auto& windows = Instance();
     if (!windows) windows = std::make_unique<SimulatedWindows>();
     return *windows;
 }
 
-void ServeHost(const HostSide* host) {
-    served = host;
-}
-
-const HostSide& SimulatedWindows::host() const {
-    if (!served) throw std::logic_error("no host runs on this Windows");
-    return *served;
+Windows& TheWindows() {
+    return Simulated();
 }
 
 void RestartWindows() {
@@ -48,5 +39,3 @@ std::vector<std::string> SimulatedWindows::OpenHandles() const {
 }
 
 }  // namespace simhost
-
-#endif

@@ -1,7 +1,5 @@
 // The user's side of a real Windows: its registry, its clock, and what the plug-in left open.
-#ifdef _WIN32
-
-#include "simhost/windows_real/windows.h"
+#include "simhost/windows_real/real.h"
 
 #include <cstring>
 #include <filesystem>
@@ -19,8 +17,6 @@ std::unique_ptr<RealWindows>& Instance() {
     return windows;
 }
 
-const HostSide* served = nullptr;
-
 WideText PathOf(HMODULE module) {
     WideText path(0x8000, L'\0');
     path.resize(GetModuleFileNameW(module, path.data(), 0x8000));
@@ -29,31 +25,26 @@ WideText PathOf(HMODULE module) {
 
 }  // namespace
 
-RealWindows& TheWindows() {
+RealWindows& Real() {
     auto& windows = Instance();
     if (!windows) windows = std::make_unique<RealWindows>();
     return *windows;
 }
 
-void ServeHost(const HostSide* host) {
-    served = host;
-}
-
-const HostSide& RealWindows::host() const {
-    if (!served) throw std::logic_error("no host runs on this Windows");
-    return *served;
+Windows& TheWindows() {
+    return Real();
 }
 
 void RestartWindows() {
     Instance().reset();
     _wsetlocale(LC_ALL, L"C");
-    TheWindows();
+    Real();
     CatchBoxes();
 }
 
 RealWindows::RealWindows()
-    : executablePath(PathOf(nullptr)),
-      rootPath_(L"Software\\Vorlatix tests\\" + std::to_wstring(GetCurrentProcessId())) {
+    : rootPath_(L"Software\\Vorlatix tests\\" + std::to_wstring(GetCurrentProcessId())) {
+    executablePath = PathOf(nullptr);
     RegDeleteTreeW(HKEY_CURRENT_USER, rootPath_.c_str());
     const LSTATUS made = RegCreateKeyExW(HKEY_CURRENT_USER, rootPath_.c_str(), 0, nullptr, 0,
                                          KEY_ALL_ACCESS, nullptr, &root_, nullptr);
@@ -135,12 +126,6 @@ void RealWindows::SetRegistry(WideView path, WideView name, DWORD type, std::str
     RegCloseKey(key);
 }
 
-void RealWindows::SetRegistry(WideView path, WideView name, WideView text) {
-    std::string bytes((text.size() + 1) * sizeof(WideChar), '\0');
-    std::memcpy(bytes.data(), text.data(), text.size() * sizeof(WideChar));
-    SetRegistry(path, name, REG_SZ, std::move(bytes));
-}
-
 std::optional<WideText> RealWindows::RegistryText(WideView path, WideView name) const {
     WideChar text[4096] = {};
     DWORD bytes = sizeof text - sizeof(WideChar);
@@ -194,5 +179,3 @@ std::vector<std::string> RealWindows::OpenHandles() const {
 }
 
 }  // namespace simhost
-
-#endif

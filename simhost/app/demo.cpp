@@ -10,6 +10,7 @@
 
 #include "simhost/app/demo_bom.h"
 #include "simhost/app/demo_data.h"
+#include "simhost/app/demo_drive.h"
 #include "simhost/app/demo_views.h"
 #include "simhost/app/picture.h"
 #include "simhost/app/picture_file.h"
@@ -146,9 +147,9 @@ private:
 
 int RunDemo(WorkplaceOptions options, const fs::path& out, const Print& print) {
     const fs::path whole = fs::absolute(out);
-    // A demonstration starts from the beginning each time; only its own folder goes.
-    fs::remove_all(whole / "drive_c");
-    options.drive = whole / "drive_c";
+    const DemoDrive drive(whole);
+    if (const std::string kept = drive.MakeRoom(); !kept.empty()) print(kept);
+    options.drive = drive.folder();
     options.newUser = true;
     Workplace workplace(std::move(options));
     TheHooks().start = [&] {
@@ -158,6 +159,7 @@ int RunDemo(WorkplaceOptions options, const fs::path& out, const Print& print) {
     const int result = Demo(workplace, whole, print).Run();
     workplace.StopPlugin();
     TheHooks() = {};
+    drive.NoteFiles();
     return result;
 }
 

@@ -1,12 +1,17 @@
 // Numbers and texts in an SVG file.
 #include "simhost/app/svg_text.h"
 
+#include <fmt/format.h>
+
 #include <cmath>
 #include <cstdlib>
 
 namespace simhost {
 
 std::string SvgNumber(double value) {
+    if (!std::isfinite(value)) return "0";
+    constexpr double kNoHundredths = 1e15;  // nor a whole number that the type below can hold
+    if (std::fabs(value) >= kNoHundredths) return fmt::format("{}", value);
     const long long hundredths = std::llround(value * 100);
     if (hundredths == 0) return "0";
     const long long whole = std::llabs(hundredths) / 100, rest = std::llabs(hundredths) % 100;

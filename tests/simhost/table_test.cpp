@@ -234,7 +234,7 @@ TEST_F(Tables, ADrawingAreaShowsThePicturesThatItKnows) {
 // Rows that go in one by one, each before all others, and come out likewise: with rows that moved
 // each time this would take minutes.
 TEST_F(Tables, TakeAsManyRowsOneByOneAsAtOnce) {
-    constexpr int kRows = 100'000;
+    constexpr int kRows = 30'000;
     auto& rows = *dynamic_cast<Table*>(host().dialogs.Find(dialog)->Find(table));
     rows.InsertRows("", {"last"});
     for (int i = 0; i < kRows; ++i) rows.InsertRows("", {std::to_string(i)});

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "bench/bom_export.h"
+#include "bench/growth.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
 #include "simhost/host.h"
@@ -216,13 +217,16 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
 
 int main(int argc, char* argv[]) {
     if (argc != 3) {
-        std::fprintf(stderr, "use: bench walk|JOB|COMMAND OCCURRENCES, or bench BomExport ROWS\n");
+        std::fprintf(stderr,
+                     "use: bench walk|JOB|COMMAND OCCURRENCES, or bench BomExport|SaveModels|"
+                     "LookForModels|OpenParameters|InsertRows PIECES\n");
         return 2;
     }
     try {
         if (std::string(argv[1]) == "BomExport") {
             return MeasureBomExport(std::atoi(argv[2]), fs::path(argv[0]).parent_path());
         }
+        if (MeasureGrowth(argv[1], std::atoi(argv[2]))) return 0;
         return Run(argv[1], std::atoi(argv[2]), fs::path(argv[0]).parent_path());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "bench: %s\n", error.what());

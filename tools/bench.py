@@ -14,7 +14,8 @@ import sys
 import tempfile
 
 JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount",
-        "BomFlat", "BomLevels", "TweViews", "BomExport"]
+        "BomFlat", "BomLevels", "TweViews", "BomExport", "SaveModels", "LookForModels",
+        "OpenParameters", "InsertRows"]
 EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop"]  # without the largest size
@@ -22,6 +23,9 @@ COUNTED_SIZES = SIZES[:2]
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.
 FIXED = {"TweViews": [50, 1_000, 10_000]}
+# Work of the simulated host that must grow no faster than its pieces, and how many they are.
+GROWTH = {"SaveModels": [500, 2_000, 8_000], "LookForModels": [500, 2_000, 8_000],
+          "OpenParameters": [10_000, 100_000], "InsertRows": [10_000, 100_000]}
 MEASURED = "*Measure*"  # bench.cpp: what is measured runs in this function
 
 
@@ -99,6 +103,22 @@ def measure_export(bench):
     print("Wanted: at most twice the time of the library.")
 
 
+def measure_growth(bench, jobs):
+    """Seconds at growing numbers of pieces, and saves against writing the same files plainly."""
+    print(f"\n{'job':<16}{'pieces':>10}{'seconds':>10}{'us/piece':>10}{'plain':>9}{'ratio':>8}")
+    for job in jobs:
+        for pieces in GROWTH[job]:
+            run = subprocess.run([bench, job, str(pieces)], check=True, capture_output=True,
+                                 text=True)
+            seconds = float(re.search(r"seconds=([\d.]+)", run.stdout).group(1))
+            row = f"{job:<16}{pieces:>10}{seconds:>10.4f}{seconds / pieces * 1e6:>10.2f}"
+            if plain := re.search(r"plain=([\d.]+)", run.stdout):
+                row += f"{float(plain.group(1)):>9.4f}{seconds / float(plain.group(1)):>8.2f}"
+            print(row, flush=True)
+    print("Wanted: time for each piece does not grow but for sorting; saves at most 3 times the "
+          "plain files.")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--bench", default="build/release/vorlatix_bench", help="what to run")
@@ -107,7 +127,7 @@ def main():
     print(f"{'job':<12}{'occurrences':>12}{'calls':>12}{'calls/occ':>11}{'seconds':>9}"
           f"{'new B/occ':>11}{'peak MiB':>10}{'plug-in instr/occ':>19}{'share':>8}{'growth':>8}")
     for job in options.jobs:
-        if job in FIXED or job == "BomExport":
+        if job in FIXED or job in GROWTH or job == "BomExport":
             continue
         previous = None
         for size in SIZES[:2] if job in SMALLER else SIZES:
@@ -127,6 +147,8 @@ def main():
             measure_fixed(options.bench, job)
     if "BomExport" in options.jobs:
         measure_export(options.bench)
+    if any(job in GROWTH for job in options.jobs):
+        measure_growth(options.bench, [job for job in options.jobs if job in GROWTH])
     print("\nWanted: growth per occurrence at most 1.05, share at most 10 %, "
           "memory of the plug-in at most 64 bytes for each occurrence.")
 

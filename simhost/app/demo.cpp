@@ -4,6 +4,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "simhost/app/demo_drive.h"
 #include "simhost/app/picture_file.h"
 #include "simhost/app/report.h"
 #include "simhost/core/disk.h"
@@ -58,9 +59,9 @@ int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& ou
     const std::string lines = ReadFile(script, &found);
     if (!found) throw std::runtime_error("cannot read " + script.string());
     const fs::path whole = fs::absolute(out), resources = options.installed / "text" / "resource";
-    // A demonstration starts from the beginning each time; only its own folder goes.
-    fs::remove_all(whole / "drive_c");
-    options.drive = whole / "drive_c";
+    const DemoDrive drive(whole);
+    if (const std::string kept = drive.MakeRoom(); !kept.empty()) print(kept);
+    options.drive = drive.folder();
     options.newUser = true;
     Workplace workplace(std::move(options));
     Report report;
@@ -77,6 +78,7 @@ int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& ou
     });
     workplace.StopPlugin();
     TheHooks() = {};
+    drive.NoteFiles();
     const fs::path page = whole / "index.html";
     const auto dialogs = DrawDialogsInto(whole / "dialogs", resources);
     if (!WriteFile(page, report.Html("Vorlatix: " + script.stem().string(), dialogs))) {

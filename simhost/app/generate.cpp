@@ -13,10 +13,15 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/model/model_file.h"
+#include "simhost/model/model_tree.h"
 
 namespace simhost {
 
 namespace {
+
+// What a session can still hold; an assembly may be a list of all its occurrences.
+constexpr int kMostOccurrences = 2'000'000;
+constexpr int kMostModels = 100'000;
 
 // Random numbers that are the same on every system (the splitmix64 generator).
 class Dice {
@@ -57,6 +62,14 @@ void Check(int occurrences, int models, int depth) {
     if (occurrences < 1 || models < 1 || depth < 1) {
         refuse("occurrences, models and depth must be at least 1");
     }
+    const auto most = [&](const char* what, int asked, int limit) {
+        if (asked <= limit) return;
+        refuse("at most " + std::to_string(limit) + ' ' + what + " can be made, not " +
+               std::to_string(asked));
+    };
+    most("occurrences", occurrences, kMostOccurrences);
+    most("models", models, kMostModels);
+    most("levels", depth, kMostLevels);
     if (models > occurrences) {
         refuse(std::to_string(models) + " models need at least as many occurrences, not " +
                std::to_string(occurrences));
@@ -175,8 +188,9 @@ std::string FileOf(const char* kind, std::size_t number, const char* suffix) {
 
 void Write(const std::filesystem::path& folder, const std::string& fileName, const Model& model) {
     const std::filesystem::path path = folder / (fileName + ".1");
-    if (!WriteFile(path, ModelText(model))) {
-        throw std::runtime_error("cannot write " + path.string());
+    std::string reason;
+    if (!WriteFile(path, ModelText(model), &reason)) {
+        throw std::runtime_error("cannot write " + path.string() + ": " + reason);
     }
 }
 

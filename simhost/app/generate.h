@@ -10,7 +10,8 @@ namespace simhost {
 // counted in the expanded tree over all levels, of exactly `models` different models (parts and
 // sub-assemblies), and the deepest component lies `depth` levels below the top (1: all directly
 // in it). Sub-assemblies are used again and again, so that the files stay few and small. The same
-// numbers and seed give the same files on every system.
+// numbers and seed give the same files on every system. At most 2 000 000 occurrences of 100 000
+// models in 1 000 levels.
 // Throws std::invalid_argument for numbers that no assembly can have, and std::runtime_error if a
 // file cannot be written.
 void GenerateAssembly(const std::filesystem::path& folder, int occurrences, int models, int depth,

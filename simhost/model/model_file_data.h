@@ -1,11 +1,10 @@
 // What model files say about a model's data: parameters, relations and family tables.
 #pragma once
 
-#include <toml++/toml.h>
-
 #include <string>
 
 #include "simhost/model/model_text.h"
+#include "simhost/model/toml.h"
 
 namespace simhost {
 

@@ -75,7 +75,7 @@ void ReadGeneral(const toml::table& table, const Model& model, DrawingView* view
     }
     view->pivot = Vector(table, "pivot");
     if (const toml::node* scale = table.get("scale")) {
-        view->scale = NumberOf(*scale, "scale");
+        view->scale = Measure(*scale, "scale");
         view->ownScale = true;
         if (!(view->scale > 0)) Fail(scale->source(), "\"scale\" must be more than 0");
     }

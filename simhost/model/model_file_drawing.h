@@ -1,11 +1,10 @@
 // What the file of a drawing says about its views.
 #pragma once
 
-#include <toml++/toml.h>
-
 #include <string>
 
 #include "simhost/model/model_text.h"
+#include "simhost/model/toml.h"
 
 namespace simhost {
 

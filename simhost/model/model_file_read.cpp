@@ -1,8 +1,6 @@
 // Reading models from the text that a designer wrote or keeps under version control. What is there
 // must be of the right kind, and nothing else may be there: whoever mistypes something learns in
 // which file and line, and what was expected.
-#include <toml++/toml.h>
-
 #include <algorithm>
 #include <array>
 #include <climits>
@@ -16,6 +14,7 @@
 #include "simhost/model/model_file_drawing.h"
 #include "simhost/model/model_file_keys.h"
 #include "simhost/model/model_text.h"
+#include "simhost/model/toml.h"
 
 namespace simhost {
 
@@ -164,7 +163,7 @@ void ReadSizes(const toml::table& table, Solid* solid) {
     for (const SizeKey& row : kSizeKeys) {
         const toml::node* node = row.shape == solid->shape ? table.get(row.key) : nullptr;
         if (row.shape != solid->shape || (!node && row.mayBeZero)) continue;
-        const double value = NumberOf(Require(table, row.key), row.key);
+        const double value = Measure(Require(table, row.key), row.key);
         check(*node, row.key, value, row.mayBeZero);
         solid->*row.value = value;
     }

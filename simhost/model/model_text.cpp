@@ -117,7 +117,15 @@ void Numbers(const toml::node& node, string_view key, double* values, std::size_
         Fail(node.source(),
              Quoted(key) + " must be a list of " + std::to_string(count) + " numbers");
     }
-    for (std::size_t i = 0; i < count; ++i) values[i] = NumberOf(*list->get(i), key);
+    for (std::size_t i = 0; i < count; ++i) values[i] = Measure(*list->get(i), key);
+}
+
+double Measure(const toml::node& node, string_view key) {
+    const double value = NumberOf(node, key);
+    if (std::fabs(value) > kLargestMeasure) {
+        Fail(node.source(), Quoted(key) + " must be between -1e30 and 1e30");
+    }
+    return value;
 }
 
 Vec3 Vector(const toml::table& table, string_view key) {

@@ -3,14 +3,13 @@
 // line.
 #pragma once
 
-#include <toml++/toml.h>
-
 #include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "simhost/model/model.h"
+#include "simhost/model/toml.h"
 
 namespace simhost::model_text {
 
@@ -26,11 +25,15 @@ std::string Quoted(std::string_view word);
 
 // --- Reading; all fail by Fail ---
 
+inline constexpr double kLargestMeasure = 1e30;
+
 void Allow(const toml::table& table, const Keys& keys);
 void OnlyIn(const Model& model, ProMdlType type, const toml::node* node, std::string_view key);
 const toml::node& Require(const toml::table& table, std::string_view key);
 const toml::table* Table(const toml::table& table, std::string_view key);  // null: not there
 double NumberOf(const toml::node& node, std::string_view key);
+// A length, an angle, a scale: what is multiplied with its like and must not overflow then.
+double Measure(const toml::node& node, std::string_view key);
 int Integer(const toml::node& node, std::string_view key, int least);
 bool Flag(const toml::table& table, std::string_view key, bool byDefault);
 std::string Text(const toml::node& node, std::string_view key);

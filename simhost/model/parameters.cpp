@@ -58,10 +58,8 @@ Parameter FlagParameter(WideView name, bool value) {
 }
 
 const Parameter* Parameters::Find(WideView name) const {
-    for (const Parameter& one : all_) {
-        if (SameName(one.name, name)) return &one;
-    }
-    return nullptr;
+    const auto found = at_.find(Lower(name));
+    return found == at_.end() ? nullptr : &all_[found->second];
 }
 
 Parameter* Parameters::Find(WideView name) {
@@ -70,12 +68,18 @@ Parameter* Parameters::Find(WideView name) {
 
 Parameter& Parameters::Set(Parameter parameter) {
     if (Parameter* there = Find(parameter.name)) return *there = std::move(parameter);
+    at_.emplace(Lower(parameter.name), all_.size());
     all_.push_back(std::move(parameter));
     return all_.back();
 }
 
 void Parameters::Remove(WideView name) {
-    std::erase_if(all_, [&](const Parameter& one) { return SameName(one.name, name); });
+    const auto found = at_.find(Lower(name));
+    if (found == at_.end()) return;
+    const std::size_t gone = found->second;
+    at_.erase(found);
+    all_.erase(all_.begin() + std::ptrdiff_t(gone));
+    for (std::size_t i = gone; i < all_.size(); ++i) at_[Lower(all_[i].name)] = i;
 }
 
 bool IsParameterName(WideView name) {

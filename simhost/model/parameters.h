@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "hostapi/host/parameter.h"
@@ -37,6 +38,7 @@ public:
 
 private:
     std::vector<Parameter> all_;
+    std::unordered_map<WideText, std::size_t> at_;  // where each is, by its name in small letters
 };
 
 // What the host takes as a name: a letter or a sign of another script first, then also digits and

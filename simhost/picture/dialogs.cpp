@@ -261,18 +261,20 @@ private:
     void DrawTable(const Table& table, Area area) {
         brush_.Fill(area, 1);
         brush_.Fill({area.x, area.y, area.width, kLine}, 0.88);
-        const std::size_t rows =
-            std::min(table.rows().size(), std::size_t(std::max(table.visibleRows(), 0)));
+        const auto& rows = table.rows();
+        const auto seen = std::min(rows.size(), std::size_t(std::max(table.visibleRows(), 0)));
+        const auto end = std::next(rows.begin(), std::ptrdiff_t(seen));
         double x = area.x;
         for (std::size_t i = 0; i < table.columns().size(); ++i) {
             double width = brush_.Width(Utf8(table.columns()[i].label));
-            for (std::size_t k = 0; k < rows; ++k) {
-                width = std::max(width, brush_.Width(Utf8(table.rows()[k].cells[i].label)));
+            for (auto row = rows.begin(); row != end; ++row) {
+                width = std::max(width, brush_.Width(Utf8(row->cells[i].label)));
             }
             width += 2 * kPad;
-            for (std::size_t k = 0; k < rows; ++k) {
-                const TableCell& cell = table.rows()[k].cells[i];
-                const Area place{x, area.y + double(k + 1) * kLine, width, kLine};
+            double y = area.y;
+            for (auto row = rows.begin(); row != end; ++row) {
+                const TableCell& cell = row->cells[i];
+                const Area place{x, y += kLine, width, kLine};
                 if (cell.colour) brush_.Fill(place, 0.8);
                 brush_.Text(x + kPad, Baseline(place), Utf8(cell.label));
             }

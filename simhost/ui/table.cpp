@@ -2,6 +2,7 @@
 #include "simhost/ui/table.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "simhost/core/text.h"
 #include "simhost/ui/dialogs.h"
@@ -34,7 +35,7 @@ Table::Table(Dialog& dialog, const ResourceComponent& declared, const DialogReso
 
 // --- The plug-in's side ---
 
-std::size_t Table::RowIndex(const std::string& row) const {
+Table::Row Table::RowNamed(const std::string& row) const {
     const auto found = rowAt_.find(row);
     if (found == rowAt_.end()) Refuse(PRO_TK_E_NOT_FOUND);
     return found->second;
@@ -47,25 +48,17 @@ std::size_t Table::ColumnIndex(const std::string& column) const {
     Refuse(PRO_TK_E_NOT_FOUND);
 }
 
-void Table::IndexRows(std::size_t from) {
-    for (std::size_t i = from; i < rows_.size(); ++i) rowAt_[rows_[i].name] = i;
-}
-
 void Table::InsertRows(std::string_view after, const std::vector<std::string>& names) {
-    const std::size_t at = after.empty() ? 0 : RowIndex(std::string(after)) + 1;
+    const Row place = after.empty() ? rows_.begin() : std::next(RowNamed(std::string(after)));
     for (const std::string& row : names) {
         if (row.empty()) Complain(PRO_TK_BAD_INPUTS, "a row without a name");
         if (rowAt_.count(row)) Refuse(PRO_TK_E_FOUND);
     }
     if (HasTwice(names)) Refuse(PRO_TK_E_FOUND);
-    std::vector<TableRow> added;
-    added.reserve(names.size());
     for (const std::string& row : names) {
-        added.push_back({row, {}, false, std::vector<TableCell>(columns_.size())});
+        rowAt_[row] =
+            rows_.insert(place, TableRow{row, {}, false, std::vector<TableCell>(columns_.size())});
     }
-    rows_.insert(rows_.begin() + std::ptrdiff_t(at), std::make_move_iterator(added.begin()),
-                 std::make_move_iterator(added.end()));
-    IndexRows(at);
 }
 
 void Table::InsertColumns(std::string_view after, const std::vector<std::string>& names) {
@@ -84,15 +77,13 @@ void Table::InsertColumns(std::string_view after, const std::vector<std::string>
 }
 
 void Table::DeleteRows(const std::vector<std::string>& names) {
-    std::vector<bool> gone(rows_.size());
-    for (const std::string& row : names) gone[RowIndex(row)] = true;
-    std::vector<TableRow> kept;
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-        if (!gone[i]) kept.push_back(std::move(rows_[i]));
+    for (const std::string& row : names) RowNamed(row);  // all or none
+    for (const std::string& row : names) {
+        const auto found = rowAt_.find(row);
+        if (found == rowAt_.end()) continue;  // named twice
+        rows_.erase(found->second);
+        rowAt_.erase(found);
     }
-    rows_ = std::move(kept);
-    rowAt_.clear();
-    IndexRows(0);
 }
 
 void Table::DeleteColumns(const std::vector<std::string>& names) {
@@ -113,11 +104,11 @@ void Table::SetColumnLabels(const std::vector<WideText>& labels) {
 }
 
 TableRow& Table::RequireRow(const std::string& row) {
-    return rows_[RowIndex(row)];
+    return *RowNamed(row);
 }
 
 TableCell& Table::RequireCell(const std::string& row, const std::string& column) {
-    return rows_[RowIndex(row)].cells[ColumnIndex(column)];
+    return RowNamed(row)->cells[ColumnIndex(column)];
 }
 
 WideChar** Table::Lend(std::vector<WideText> labels) {
@@ -144,7 +135,7 @@ WideChar** Table::ColumnLabelsForCaller() {
 
 const TableRow* Table::FindRow(const std::string& row) const {
     const auto found = rowAt_.find(row);
-    return found == rowAt_.end() ? nullptr : &rows_[found->second];
+    return found == rowAt_.end() ? nullptr : &*found->second;
 }
 
 const TableColumn* Table::FindColumn(const std::string& nameOrLabel) const {
@@ -165,12 +156,12 @@ const TableCell* Table::FindCell(const std::string& row, const std::string& name
 }
 
 std::vector<std::string> Table::Lines(std::size_t most) const {
-    const std::size_t shown = std::min(most, rows_.size());
+    const auto end = std::next(rows_.begin(), std::ptrdiff_t(std::min(most, rows_.size())));
     std::vector<std::size_t> widths;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         std::size_t width = DisplayWidth(Utf8(columns_[i].label));
-        for (std::size_t k = 0; k < shown; ++k) {
-            width = std::max(width, DisplayWidth(Utf8(rows_[k].cells[i].label)));
+        for (auto row = rows_.begin(); row != end; ++row) {
+            width = std::max(width, DisplayWidth(Utf8(row->cells[i].label)));
         }
         widths.push_back(width);
     }
@@ -185,12 +176,11 @@ std::vector<std::string> Table::Lines(std::size_t most) const {
     std::size_t width = 2;
     for (std::size_t i = 0; i < widths.size(); ++i) width += widths[i] + (i ? 3 : 0);
     lines.emplace_back(width, '-');
-    for (std::size_t k = 0; k < shown; ++k) {
-        const TableRow& row = rows_[k];
-        const bool coloured = std::any_of(row.cells.begin(), row.cells.end(),
+    for (auto row = rows_.begin(); row != end; ++row) {
+        const bool coloured = std::any_of(row->cells.begin(), row->cells.end(),
                                           [](const TableCell& cell) { return !!cell.colour; });
-        const char* mark = row.selected ? (coloured ? ">*" : "> ") : (coloured ? " *" : "  ");
-        lines.push_back(line(mark, [&](auto i) { return Utf8(row.cells[i].label); }));
+        const char* mark = row->selected ? (coloured ? ">*" : "> ") : (coloured ? " *" : "  ");
+        lines.push_back(line(mark, [&](auto i) { return Utf8(row->cells[i].label); }));
     }
     return lines;
 }
@@ -221,7 +211,7 @@ std::string Table::SelectRow(const std::vector<std::string>& cell) {
         return fmt::format("{} has no column {}{}", name(), cell[1], DidYouMean(cell[1], names));
     }
     for (TableRow& each : rows_) each.selected = false;
-    rows_[row->second].selected = true;
+    row->second->selected = true;
     return {};
 }
 

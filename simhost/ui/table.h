@@ -11,6 +11,7 @@
 //     ~ Activate `VxBom` `bom_list` 2 `3` `num`
 #pragma once
 
+#include <list>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -43,7 +44,7 @@ public:
     Table(Dialog& dialog, const ResourceComponent& declared, const DialogResource& resource);
 
     const std::vector<TableColumn>& columns() const { return columns_; }
-    const std::vector<TableRow>& rows() const { return rows_; }
+    const std::list<TableRow>& rows() const { return rows_; }
     int visibleRows() const { return visibleRows_; }
     int widthInCharacters() const { return width_; }
     DialogAction activateAction;
@@ -76,15 +77,16 @@ protected:
     std::string Act(Verb verb, const std::vector<std::string>& arguments) override;
 
 private:
-    std::size_t RowIndex(const std::string& row) const;        // refuses
+    using Row = std::list<TableRow>::iterator;
+    Row RowNamed(const std::string& row) const;                // refuses
     std::size_t ColumnIndex(const std::string& column) const;  // refuses
     std::string SelectRow(const std::vector<std::string>& cell);
-    void IndexRows(std::size_t from);
     WideChar** Lend(std::vector<WideText> labels);
 
     std::vector<TableColumn> columns_;
-    std::vector<TableRow> rows_;
-    std::unordered_map<std::string, std::size_t> rowAt_;
+    // A list, because rows come one by one, wherever they belong.
+    std::list<TableRow> rows_;
+    std::unordered_map<std::string, Row> rowAt_;
     int visibleRows_ = 8;
     int width_ = 40;
     struct Lent {

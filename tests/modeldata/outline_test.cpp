@@ -260,7 +260,7 @@ TEST_F(OutlineAndSheets, AModelWhoseTypeCannotBeReadKeepsItsParameter) {
     // The last of its questions is the one for the measure.
     const auto names = host().journal.Names();
     const auto asked = std::count(names.begin(), names.end(), "ProMdlTypeGet");
-    Fail("ProMdlTypeGet", {.n = std::uint64_t(asked)});
+    Fail("ProMdlTypeGet", {.n = unsigned(asked)});
     Run(Scope("Part") + outline_);
     EXPECT_EQ(ValueOn(*a_), "old");
 }

@@ -161,6 +161,10 @@ TEST(Generate, RefusesNumbersThatNoAssemblyCanHave) {
     EXPECT_EQ(complaint(0, 0, 1), least);
     EXPECT_EQ(complaint(5, 5, 0), least);
     EXPECT_EQ(complaint(-5, 1, 1), least);
+    EXPECT_EQ(complaint(2147483647, 1, 1),
+              "at most 2000000 occurrences can be made, not 2147483647");
+    EXPECT_EQ(complaint(2000000, 100001, 1), "at most 100000 models can be made, not 100001");
+    EXPECT_EQ(complaint(5000, 5000, 1001), "at most 1000 levels can be made, not 1001");
     EXPECT_FALSE(fs::exists(folder.path));  // nothing was written
     EXPECT_EQ(complaint(3, 3, 3), "");
 }

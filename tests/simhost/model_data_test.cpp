@@ -234,4 +234,21 @@ TEST_F(ModelData, ASurfaceTellsTheBoxAroundIt) {
     EXPECT_EQ(all.high.z, 30);
 }
 
+TEST(Parameters, AreFoundInAnyLettersAfterOthersHaveGone) {
+    Parameters parameters;
+    for (const WideChar* name : {WIDE("A"), WIDE("b"), WIDE("材料"), WIDE("C")}) {
+        parameters.Set(TextParameter(name, name));
+    }
+    parameters.Remove(WIDE("B"));
+    parameters.Remove(WIDE("none"));
+    ASSERT_EQ(parameters.all().size(), 3u);
+    EXPECT_EQ(parameters.Find(WIDE("b")), nullptr);
+    EXPECT_EQ(parameters.Find(WIDE("a")), &parameters.all()[0]);
+    EXPECT_EQ(parameters.Find(WIDE("材料")), &parameters.all()[1]);
+    parameters.Set(TextParameter(WIDE("c"), WIDE("new")));
+    EXPECT_EQ(parameters.all().size(), 3u);
+    EXPECT_EQ(Utf8(parameters.Find(WIDE("C"))->text), "new");
+    EXPECT_EQ(&parameters.Set(TextParameter(WIDE("B"), WIDE("again"))), &parameters.all()[3]);
+}
+
 }  // namespace

@@ -119,9 +119,16 @@ TEST_F(ModelTree, IsNotACircleWhereAModelIsUsedTwice) {
 }
 
 TEST_F(ModelTree, HasAtMostAThousandLevels) {
-    PutNested(kMostLevels + 1);
-    EXPECT_EQ(Refused("level_1.asm"), "level_1.asm has more than 1000 levels below it");
-    EXPECT_EQ(Refused("level_2.asm"), "");
+    Model* below = &Part("p");
+    for (int level = 1; level < kMostLevels; ++level) {
+        Model& assembly = Assembly(fmt::format("height_{}", level));
+        Use(assembly, *below);
+        below = &assembly;
+    }
+    PutAssembly("good.asm", {"height_999.asm"});
+    PutAssembly("too_high.asm", {"p.prt", "good.asm"});
+    EXPECT_EQ(Refused("too_high.asm"), "too_high.asm has more than 1000 levels below it");
+    EXPECT_EQ(Refused("good.asm"), "");
 }
 
 TEST_F(ModelTree, ThatCannotBeIsAStatusToThePlugIn) {

@@ -231,4 +231,19 @@ TEST_F(Tables, ADrawingAreaShowsThePicturesThatItKnows) {
     EXPECT_EQ(host().dialogs.Find("List")->Find("area")->State(), "small.gif at 2,3");
 }
 
+// Rows that go in one by one, each before all others, and come out likewise: with rows that moved
+// each time this would take minutes.
+TEST_F(Tables, TakeAsManyRowsOneByOneAsAtOnce) {
+    constexpr int kRows = 30'000;
+    auto& rows = *dynamic_cast<Table*>(host().dialogs.Find(dialog)->Find(table));
+    rows.InsertRows("", {"last"});
+    for (int i = 0; i < kRows; ++i) rows.InsertRows("", {std::to_string(i)});
+    for (int i = 0; i < kRows; ++i) rows.InsertRows("0", {"x" + std::to_string(i)});
+    EXPECT_EQ(rows.rows().size(), std::size_t(2 * kRows + 1));
+    EXPECT_EQ(rows.rows().front().name, std::to_string(kRows - 1));
+    EXPECT_EQ(rows.rows().back().name, "last");
+    for (int i = 0; i < kRows; ++i) rows.DeleteRows({std::to_string(i)});
+    EXPECT_EQ(rows.rows().front().name, "x" + std::to_string(kRows - 1));
+}
+
 }  // namespace

@@ -1,0 +1,10 @@
+// Work of the simulated host that must not grow faster than what it is done to.
+#pragma once
+
+#include <string>
+
+// Does one job of so many pieces and prints a line of figures: SaveModels (against writing and
+// renaming as many files of the same bytes), LookForModels (files that are not there),
+// OpenParameters (one model with so many), InsertRows (one by one, each first). False for any other
+// job. Throws std::exception.
+bool MeasureGrowth(const std::string& job, int pieces);

@@ -6,6 +6,7 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/trail/known_names.h"
+#include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 
 namespace simhost {
@@ -24,8 +25,26 @@ std::vector<std::string> PopupLabels() {
     return labels;
 }
 
-std::vector<std::string> ForWord(const Word& word) {
+// The components below what the typed path leads to; an assembly ends in the stroke behind which
+// its own components can be typed.
+std::vector<std::string> PathSteps(const std::string& typed) {
+    const std::size_t comma = typed.find_last_of(", \t");
+    const std::string path = comma == std::string::npos ? typed : typed.substr(comma + 1);
+    const std::size_t stroke = path.rfind('/');
+    std::vector<std::string> names;
+    const Model* model = ModelAt(stroke == std::string::npos ? "" : path.substr(0, stroke));
+    if (!model) return names;
+    for (const auto& [step, feature] : ComponentSteps(*model)) {
+        const bool holds = feature->model && !ComponentSteps(*feature->model).empty();
+        names.push_back(holds ? step + "/" : step);
+    }
+    return names;
+}
+
+std::vector<std::string> ForWord(const Word& word, const std::string& typed) {
     const std::string name = word.name;
+    if (name == "select") return PathSteps(typed);
+    if (name == "show" && typed.find("tree ") != std::string::npos) return PathSteps(typed);
     const std::string arguments = word.arguments;
     if (name == "open") return ModelFiles();
     if (name == "show") return ShowTopics();
@@ -70,7 +89,7 @@ std::vector<std::string> ForWords(const std::string& typed) {
     }
     const Word* word = FindWord(typed, nullptr);
     if (word && typed.size() > std::strlen(word->name)) {
-        for (std::string& name : ForWord(*word)) found.push_back(std::move(name));
+        for (std::string& name : ForWord(*word, typed)) found.push_back(std::move(name));
     }
     return found;
 }

@@ -29,6 +29,7 @@
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/user/language.h"
 
 namespace fs = std::filesystem;
 using namespace simhost;
@@ -95,17 +96,24 @@ std::string FirstOf(const std::vector<std::string>& names) {
     for (std::size_t i = 0; i < names.size() && i < kMost; ++i) {
         told += (i == 0 ? "" : ", ") + names[i];
     }
-    if (names.size() > kMost) told += " and " + std::to_string(names.size() - kMost) + " more";
+    if (names.size() > kMost) {
+        const std::string more = std::to_string(names.size() - kMost);
+        told += Either(" and ", " 等，另有 ") + more + Either(" more", " 个");
+    }
     return told;
 }
 
 void TellWhereItWorks(const Workplace& workplace) {
     if (workplace.isTemporary()) {
-        PrintLine("Works on a copy of " + workplace.options().project.string() +
-                  " that is gone at the end; --drive DIR keeps it.");
+        PrintLine(Either("Works on a copy of ", "在副本上工作，原项目：") +
+                  workplace.options().project.string() +
+                  Either(" that is gone at the end; --drive DIR keeps it.",
+                         "。结束时副本即删除；--drive DIR 可保留。"));
     } else {
-        PrintLine("Works in " + workplace.drive().string() + ", which stays.");
+        PrintLine(Either("Works in ", "工作位置：") + workplace.drive().string() +
+                  Either(", which stays.", "，结束后保留。"));
     }
+    PrintLine(Either("Type help, or quit to end.", "输入 help 查看用法，quit 退出。"));
 }
 
 // What a session leaves, and what it does not.
@@ -119,12 +127,15 @@ void TellWhatIsLeft(const Workplace& workplace, bool unsavedToo) {
         written.emplace_back(name.begin(), name.end());
     }
     if (!unsaved.empty()) {
-        PrintLine("changed and not saved: " + FirstOf(unsaved));
+        PrintLine(Either("changed and not saved: ", "已改动、未保存：") + FirstOf(unsaved));
     }
     if (!written.empty() && workplace.isTemporary()) {
-        PrintLine("gone with the temporary drive: " + FirstOf(written) + " (--drive DIR keeps it)");
+        PrintLine(Either("gone with the temporary drive: ", "随临时驱动器删除：") +
+                  FirstOf(written) +
+                  Either(" (--drive DIR keeps it)", "（用 --drive DIR 可保留）"));
     } else if (!written.empty()) {
-        PrintLine("kept in " + workplace.drive().string() + ": " + FirstOf(written));
+        PrintLine(Either("kept in ", "已保留在 ") + workplace.drive().string() + ": " +
+                  FirstOf(written));
     }
 }
 

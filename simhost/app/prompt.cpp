@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "simhost/app/line_editor.h"
+#include "simhost/user/language.h"
 #include "simhost/user/progress.h"
 
 #ifdef _WIN32
@@ -14,6 +15,18 @@
 
 namespace simhost {
 namespace {
+
+// What waits, in the words of Source::Next, for the person's eyes.
+std::string PromptFor(const std::string& waiting) {
+    if (!InChinese()) return waiting;
+    const std::string dialog = "dialog ";
+    if (waiting.compare(0, dialog.size(), dialog) == 0) {
+        return "对话框 " + waiting.substr(dialog.size());
+    }
+    if (waiting == "box") return "提示框";
+    if (waiting == "answer") return "请回答";
+    return waiting == "popup" ? "右键菜单" : waiting;
+}
 
 class PlainSource : public Source {
 public:
@@ -44,7 +57,7 @@ public:
     std::optional<std::string> Next(const std::string& waiting) override {
         TheProgress().stop = false;  // what was to be stopped has ended
         std::cout << std::flush;
-        return editor_.ReadLine(waiting + "> ");
+        return editor_.ReadLine(PromptFor(waiting) + "> ");
     }
     bool patient() const override { return true; }
     bool takesPlainWords() const override { return true; }

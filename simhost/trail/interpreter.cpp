@@ -8,10 +8,14 @@
 #include <exception>
 
 #include "simhost/core/text.h"
+#include "simhost/trail/labels.h"
+#include "simhost/trail/robot.h"
 #include "simhost/trail/steps.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/text_frame.h"
+#include "simhost/ui/textfield.h"
+#include "simhost/user/language.h"
 
 namespace simhost {
 namespace {
@@ -37,6 +41,27 @@ const char* WayOut(const Wait& wait) {
         case Wait::Kind::Prompt: return "@ answer TEXT or @ quit answers it";
         default: return "its buttons or ~ Close end it";
     }
+}
+
+// Presses and what else a user does to commands and dialogs.
+bool IsPress(const Step& step) {
+    if (step.kind == Step::Kind::Trail) return true;
+    const Word* word = step.kind == Step::Kind::Word ? FindWord(step.text, nullptr) : nullptr;
+    return word && word->presses;
+}
+
+bool IsExpectation(const Step& step) {
+    const Word* word = step.kind == Step::Kind::Word ? FindWord(step.text, nullptr) : nullptr;
+    return word && std::string_view(word->name).substr(0, 7) == "expect ";
+}
+
+// A step that closes the dialog's window, and not the list of one of its menus.
+bool ClosesWindow(const Dialog& dialog, const Step& step) {
+    if (step.verb != VerbName(Verb::Close) || step.arguments.empty() ||
+        step.arguments[0] != dialog.name())
+        return false;
+    return step.arguments.size() == 1 ||
+           !dynamic_cast<const OptionMenu*>(dialog.Find(step.arguments[1]));
 }
 
 bool IsDone(const Wait& wait) {
@@ -124,14 +149,11 @@ std::optional<Step> Trail::NextStep() {
 
 Step Trail::Resolved(Step step) const {
     if (step.kind != Step::Kind::Plain || !source_.takesPlainWords()) return step;
-    const auto names = TheHost().commands.Names();
-    if (std::find(names.begin(), names.end(), step.text) != names.end()) {
-        step.kind = Step::Kind::Trail;
-        step.verb = "Command";
-        step.arguments = {step.text};
-    } else {
-        step.kind = Step::Kind::Word;
-    }
+    const auto [file, line] = std::pair(step.file, step.line);
+    ResolvePlain(&step);
+    step.file = file;
+    step.line = line;
+    if (step.kind == Step::Kind::Plain) step.kind = Step::Kind::Word;
     return step;
 }
 
@@ -203,8 +225,9 @@ void Trail::TrailUser::UseDialog(Dialog& dialog) {
     if (trail_.Serve(wait)) return;
     trail_.Say("(the dialog is closed)");
     dialog.CloseWindow();
-    // A close action may leave the dialog open; the run must go on all the same.
-    if (!dialog.ended()) dialog.Exit(-1);
+    const std::string button = LeaveByAButton(dialog);
+    if (!button.empty()) trail_.Say(fmt::format("(its window stays open; {} ends it)", button));
+    if (!dialog.ended()) dialog.Exit(-1);  // the run must go on all the same
 }
 
 std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
@@ -244,11 +267,17 @@ bool Trail::TrailUser::AnswerReplace(const WideText& path) {
 
 // --- Doing -------------------------------------------------------------------------------------
 
-void Trail::Perform(const Step& step) {
+void Trail::Perform(const Step& given) {
+    Step step = given;
+    if (step.kind == Step::Kind::Trail) step.problem = NameLabels(&step);
     const Step* outer = current_;
     current_ = &step;
     said_ = false;
     if (!patient()) print_(step.written);
+    // By hand the transcript is the screen: it holds the name, too.
+    if (patient() && (step.byLabel || step.written != given.written)) Say(step.written);
+    const bool isPress = IsPress(step);
+    if (isPress) changes_.Begin();
     try {
         PerformInner(step);
     } catch (const Refusal& refusal) {
@@ -258,20 +287,31 @@ void Trail::Perform(const Step& step) {
         Fail(error.what());
     }
     TellWhatWasShown();
+    if (isPress) {
+        const std::string changed = changes_.Tell();
+        if (!changed.empty()) Say(changed);
+    }
     // Whoever types sees that something happened.
-    if (!said_ && patient() && waits_.empty() && !stopped_) Say("done");
+    if (!said_ && patient() && waits_.empty() && !stopped_) Say(Either("done", "完成"));
     current_ = outer;
 }
 
 void Trail::PerformInner(const Step& step) {
+    if (!step.problem.empty()) return Fail(step.problem);
     switch (step.kind) {
-        case Step::Kind::Trail:
-            if (const std::string problem = PerformTrailStep(step); !problem.empty()) {
-                Fail(problem + (step.verb == "Command" ? UnloadedHint() : ""));
-            }
-            break;
+        case Step::Kind::Trail: PerformTrail(step); break;
         case Step::Kind::Word: PerformWord(*this, step.text); break;
         default: Fail("a line begins with ~ (a step), @ (a word) or ! (a comment)");
+    }
+}
+
+void Trail::PerformTrail(const Step& step) {
+    const Dialog* dialog = TheHost().dialogs.Active();
+    const bool closesWindow = dialog && ClosesWindow(*dialog, step);
+    const std::string problem = PerformTrailStep(step);
+    if (!problem.empty()) return Fail(problem + (step.verb == "Command" ? UnloadedHint() : ""));
+    if (closesWindow && TheHost().dialogs.Active() == dialog && !dialog->ended()) {
+        Say(fmt::format("the window of {} stays open: its buttons end it", dialog->name()));
     }
 }
 
@@ -283,11 +323,18 @@ void Trail::TellWhatWasShown() {
         if (shown.kind == Shown::Kind::Program) Say("program: " + Utf8(shown.text));
     }
     while (complaintsSeen_ < host.complaints.size()) {
-        Fail("the host complains: " + host.complaints[complaintsSeen_++]);
+        const std::string complaint = "the host complains: " + host.complaints[complaintsSeen_++];
+        Count(complaint);
     }
 }
 
 void Trail::Fail(const std::string& what) {
+    // By hand a slip is told and forgotten; what was expected and is not so, counts.
+    if (!patient() || (current_ && IsExpectation(*current_))) return Count(what);
+    Say("!! " + what);
+}
+
+void Trail::Count(const std::string& what) {
     std::string place;
     const int line = current_ ? current_->line : line_;
     if (!patient() && line > 0) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simhost/host.h"
+#include "simhost/trail/changes.h"
 #include "simhost/trail/fact_table.h"
 #include "simhost/trail/lexer.h"
 #include "simhost/trail/source.h"
@@ -38,7 +39,8 @@ public:
     void Begin(const std::string& line);
     // Runs to the end; true if nothing failed. While it runs, it is the host's user.
     bool Run();
-    // What failed, each with its place in the script.
+    // What failed, each with its place in the script. By hand only expectations that do not hold
+    // and complaints of the host are failures; a slip of the finger is none.
     const std::vector<std::string>& failures() const { return failures_; }
 
     // --- For the @ words ---
@@ -78,6 +80,8 @@ private:
     std::string Misfit(const Step& step) const;
     void Perform(const Step& step);
     void PerformInner(const Step& step);
+    void PerformTrail(const Step& step);
+    void Count(const std::string& what);  // a failure, whoever types
     Step Resolved(Step step) const;
     void TellWhatWasShown();
 
@@ -85,6 +89,7 @@ private:
     Print print_;
     TrailUser user_{*this};
     std::deque<Step> pending_;
+    Changes changes_;
     std::vector<Wait*> waits_;
     std::vector<std::string> failures_;
     const Step* current_ = nullptr;

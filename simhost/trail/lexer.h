@@ -24,6 +24,8 @@ struct Step {
     std::string written;  // as it stands in the script
     std::string file;
     int line = 0;
+    std::string problem;   // why it cannot be told what is meant
+    bool byLabel = false;  // the user has said it by a label
 };
 
 // A line that cannot be understood; the text says why.

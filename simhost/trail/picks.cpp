@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <optional>
+#include <set>
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -57,6 +59,12 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 
 std::string FileOf(const Feature& component) {
     return component.model ? component.model->FileName() : Lower(component.file);
+}
+
+// The current model, or the assembly that it manufactures.
+Model* Top() {
+    Model* model = TheHost().session.CurrentModel();
+    return model && model->manufactured ? model->manufactured : model;
 }
 
 bool IsCalled(const Feature& component, const std::string& name) {
@@ -123,14 +131,46 @@ std::vector<std::string> SplitPicks(const std::string& text) {
     return paths;
 }
 
+std::vector<std::pair<std::string, const Feature*>> ComponentSteps(const Model& model) {
+    std::map<std::string, std::set<std::string>> filesOfName;
+    for (const Feature& feature : model.features()) {
+        const std::string file = FileOf(feature);
+        if (!file.empty()) filesOfName[file.substr(0, file.rfind('.'))].insert(file);
+    }
+    std::map<std::string, int> seen;
+    std::vector<std::pair<std::string, const Feature*>> steps;
+    for (const Feature& feature : model.features()) {
+        const std::string file = FileOf(feature);
+        if (file.empty()) continue;
+        const std::string name = file.substr(0, file.rfind('.'));
+        std::string step = filesOfName[name].size() == 1 ? name : file;
+        const int occurrence = ++seen[step];
+        if (occurrence > 1) step += fmt::format(":{}", occurrence);
+        steps.emplace_back(std::move(step), &feature);
+    }
+    return steps;
+}
+
+Model* ModelAt(const std::string& path) {
+    Model* model = Top();
+    if (!model || path.empty()) return model;
+    for (const std::string& step : Split(path, '/')) {
+        std::string ignored;
+        if (step.empty() || step == ".") continue;
+        const Feature* found = FindComponent(*model, step, &ignored);
+        if (!found || !found->model) return nullptr;
+        model = found->model;
+    }
+    return model;
+}
+
 Selection* Pick(const std::string& path, std::string* problem) {
     Session& session = TheHost().session;
-    Model* top = session.CurrentModel();
+    Model* top = Top();
     if (!top) {
         *problem = "no model is open";
         return nullptr;
     }
-    if (top->manufactured) top = top->manufactured;
     std::vector<int> ids;
     Model* model = top;
     std::optional<ProModelitem> item;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "simhost/model/session.h"
@@ -10,6 +11,14 @@ namespace simhost {
 
 // "A, B/C" as its paths, without the blanks around them.
 std::vector<std::string> SplitPicks(const std::string& text);
+
+// The components of a model with the steps that lead to them: "gear", "gear:2" for the second of
+// that name, "gear.asm" where a part has the same name.
+std::vector<std::pair<std::string, const Feature*>> ComponentSteps(const Model& model);
+
+// The model that a path of components leads to below the current model, without an item; the
+// current model itself for an empty path. Null: there is none.
+Model* ModelAt(const std::string& path);
 
 // What a path leads to below the current model. Its steps are the names of components, with or
 // without their type, ":2" for the second of that name; behind # an id of the component reached so

@@ -15,6 +15,14 @@ bool SeemsToEnd(const std::string& name) {
     return word == "ok" || word == "close" || word == "cancel";
 }
 
+std::vector<std::string> PushButtonsOf(const Dialog& dialog) {
+    std::vector<std::string> names;
+    for (const auto& component : dialog.components()) {
+        if (component->kind() == PushButton::kKind) names.push_back(component->name());
+    }
+    return names;
+}
+
 }  // namespace
 
 int RobotUser::AnswerBox(const Box&) {
@@ -26,10 +34,7 @@ std::optional<WideText> RobotUser::AnswerPrompt(const WideText&, const WideText&
 }
 
 void RobotUser::UseDialog(Dialog& dialog) {
-    std::vector<std::string> buttons;
-    for (const auto& component : dialog.components()) {
-        if (component->kind() == PushButton::kKind) buttons.push_back(component->name());
-    }
+    std::vector<std::string> buttons = PushButtonsOf(dialog);
     std::stable_partition(buttons.begin(), buttons.end(),
                           [](const std::string& name) { return !SeemsToEnd(name); });
     for (const std::string& button : buttons) {
@@ -38,8 +43,18 @@ void RobotUser::UseDialog(Dialog& dialog) {
     }
     dialog.CloseWindow();
     // The OK may have had its reasons for staying; a second press finds them gone or not.
-    if (!dialog.ended()) dialog.Press("OK");
+    LeaveByAButton(dialog);
     if (!dialog.ended()) dialog.Exit(kForcedEnd);
+}
+
+std::string LeaveByAButton(Dialog& dialog) {
+    for (const std::string& button : PushButtonsOf(dialog)) {
+        if (dialog.ended()) break;
+        if (!SeemsToEnd(button)) continue;
+        dialog.Press(button);
+        if (dialog.ended()) return button;
+    }
+    return {};
 }
 
 }  // namespace simhost

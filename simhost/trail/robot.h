@@ -7,7 +7,8 @@
 namespace simhost {
 
 // Answers every box with OK, leaves every prompt, and presses each push-button of a dialog once:
-// those that seem to end it last. A dialog that is still open then is closed.
+// those that seem to end it last. A dialog that is still open then is closed, and left by a button
+// if that does not end it.
 class RobotUser : public User {
 public:
     int AnswerBox(const Box& box) override;
@@ -15,5 +16,9 @@ public:
     std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                          const WideText& byDefault) override;
 };
+
+// Presses the buttons that seem to end a dialog (OK, Close, Cancel) until one does; its name, or
+// empty if none did or none was needed.
+std::string LeaveByAButton(Dialog& dialog);
 
 }  // namespace simhost

@@ -54,9 +54,10 @@ const std::vector<Word>& Words() {
         {"select",           "PATH[, PATH…]",     kMain, kLeaves, SelectItems,     "select components down the tree: UNIT/GEAR:2, items: GEAR#12, GEAR/edge#7, the top: ."},
         {"clear selection",  "",                  kMain, kLeaves, ClearSelection,  "select nothing"},
         {"right-click",      "[POPUP]",           kMain, kKeeps,  RightClick,      "open a popup menu, \"Sel Obj Menu\" if none is named"},
-        {"choose",           "LABEL",             kAny,  kKeeps,  ChooseEntry,     "press a button of the open popup"},
-        {"press",            "MENU/BUTTON",       kMain, kLeaves, PressMenuButton, "press a button by its menu and its name"},
-        {"ok",               "",                  kAny,  kLeaves, AnswerOk,        "press OK in the open box"},
+        {"choose",           "LABEL",             kAny,  kKeeps,  ChooseEntry,     "press a button of the open popup", true},
+        {"press",            "MENU/BUTTON",       kMain, kLeaves, PressMenuButton, "press a button by its menu and its name", true},
+        {"ok",               "",                  kAny,  kLeaves, AnswerOk,        "press OK in the open box; by hand also: the default button of the open dialog", true},
+        {"enter",            "",                  kAny,  kLeaves, PressEnter,      "press the Enter key: the default button of the open dialog, OK in the open box", true},
         {"answer",           "TEXT",              kAny,  kLeaves, AnswerText,      "type at the prompt; no text takes its default"},
         {"quit",             "",                  kAny,  kKeeps,  Quit,            "leave the prompt or the popup; by hand also: end"},
         {"expect box",       "TEXT",              kAny,  kKeeps,  ExpectBox,       "the open box says this (all of it if \"quoted\")"},
@@ -83,7 +84,7 @@ const std::vector<Word>& Words() {
         {"save",             "[FILE]",            kMain, kLeaves, SaveModel,       "save the current model, or the one named"},
         {"save all",         "",                  kMain, kLeaves, SaveAllModels,   "save every model that was changed"},
         {"picture",          "FILE",              kAny,  kKeeps,  DrawPicture,     "draw what the window shows into a file"},
-        {"show",             "TOPIC",             kAny,  kKeeps,  Show,            "models, menu, commands, dialog, popup, selection, colours, parameters, relations, views, tables or messages"},
+        {"show",             "TOPIC",             kAny,  kKeeps,  Show,            "models, tree [PATH], menu, commands, dialog, popup, selection, colours, parameters, relations, views, tables or messages"},
         {"title",            "TEXT",              kAny,  kKeeps,  ShowTitle,       "begin a part of the report"},
         {"remember",         "LABEL: FACTS",      kAny,  kKeeps,  RememberFacts,   "take colour, relations or parameters of all models for a table"},
         {"table",            "",                  kAny,  kKeeps,  ShowFactTable,   "show side by side what was remembered"},
@@ -142,37 +143,6 @@ bool KeepsPopup(const Step& step) {
     if (step.kind != Step::Kind::Word) return false;
     const Word* word = FindWord(step.text, nullptr);
     return !word || word->keepsPopup;
-}
-
-void Note(Trail& trail, const std::string& rest) {
-    if (trail.patient()) trail.Say(ParseText(rest).text);
-}
-
-void Help(Trail& trail, const std::string&) {
-    trail.SayAll({
-        "You sit before a simulated CAD host with the plug-in in it. Type one line at a time:",
-        "  open gearbox.asm          open a model of the working folder",
-        "  BatchColor                press a command by its name (show menu lists them)",
-        "  select motor, 箱体组件/housing   select components down the tree",
-        "  right-click, choose LABEL open the popup menu of what is selected, press in it",
-        "  ok                        press OK when a box is open",
-        "  answer TEXT, or quit      at a prompt",
-        "  ~ Activate `DIALOG` `BUTTON`   press a button of an open dialog; ~ Close `DIALOG`",
-        "  show models|colours|…     look at the session; picture FILE draws it",
-        "  save all                  write what was changed",
-        "  help words                every word; in scripts each begins with @",
-        "The Tab key completes what you type. quit (or Ctrl-D) ends.",
-    });
-}
-
-void HelpWords(Trail& trail, const std::string&) {
-    for (const Word& word : Words()) {
-        trail.Say(
-            fmt::format("@ {:<32} {}", std::string(word.name) + " " + word.arguments, word.help));
-    }
-    std::string verbs = "~ Command `NAME`   and on dialogs:";
-    for (const std::string& verb : VerbNames()) verbs += " ~ " + verb;
-    trail.Say(verbs);
 }
 
 std::optional<bool> IsLoaded() {

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "hostapi/host.h"
@@ -21,7 +22,17 @@ struct Word {
     bool keepsPopup;
     void (*perform)(Trail& trail, const std::string& rest);
     const char* help;
+    bool presses = false;  // lets the plug-in work, so that what it changed is told
 };
+
+// What help says: lines to type, with what they do. `plays`: an example that works on the sample
+// gearbox as it stands, one after the other.
+struct HelpLine {
+    const char *typed, *english, *chinese;
+    bool plays;
+};
+const std::vector<HelpLine>& HelpLines();
+const char* ChineseHelp(std::string_view word);  // empty for a word that has none
 
 const std::vector<Word>& Words();
 // The word that the text begins with (the longest that fits), with what stands behind it.
@@ -55,6 +66,7 @@ void RightClick(Trail& trail, const std::string& rest);
 void ChooseEntry(Trail& trail, const std::string& rest);
 void PressMenuButton(Trail& trail, const std::string& rest);
 void AnswerOk(Trail& trail, const std::string& rest);
+void PressEnter(Trail& trail, const std::string& rest);
 void AnswerText(Trail& trail, const std::string& rest);
 void Quit(Trail& trail, const std::string& rest);
 

@@ -43,8 +43,25 @@ void PressMenuButton(Trail& trail, const std::string& rest) {
     if (!pressed) trail.Fail(pressed.reason);
 }
 
-void AnswerOk(Trail& trail, const std::string&) {
+void PressEnter(Trail& trail, const std::string&) {
     Wait* wait = trail.waiting();
+    if (IsOpen(wait, Wait::Kind::Box)) {
+        wait->answered = true;
+        return;
+    }
+    const Dialog* dialog = TheHost().dialogs.Active();
+    if (!dialog) return trail.Fail("neither a box nor a dialog is open");
+    const auto* button = dialog->resource().Find("", "DefaultButton");
+    if (!button) return trail.Fail(fmt::format("{} has no default button", dialog->name()));
+    const std::string problem =
+        TheHost().dialogs.Use(Verb::Activate, dialog->name(), button->at(0));
+    if (!problem.empty()) trail.Fail(problem);
+}
+
+// A script says which of the two it means, so that a box that did not come is not overlooked.
+void AnswerOk(Trail& trail, const std::string& rest) {
+    Wait* wait = trail.waiting();
+    if (trail.typed() && IsOpen(wait, Wait::Kind::Dialog)) return PressEnter(trail, rest);
     if (!IsOpen(wait, Wait::Kind::Box)) return trail.Fail("no box is open");
     wait->answered = true;
 }

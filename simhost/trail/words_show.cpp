@@ -5,6 +5,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/text_frame.h"
@@ -34,6 +35,34 @@ void ShowModels(Trail& trail) {
     }
     trail.Say(fmt::format("{} models in memory, working folder {}", session.All().size(),
                           Utf8(session.workingDirectory)));
+}
+
+constexpr int kMostTreeLines = 500;
+
+// One line a component, with the path that select takes. Counts down what may be shown still.
+void ShowBelow(Trail& trail, const Model& model, const std::string& path, int* left) {
+    for (const auto& [step, feature] : ComponentSteps(model)) {
+        if (--*left < 0) return;
+        const Model* below = feature->model;
+        const std::string here = path.empty() ? step : path + "/" + step;
+        trail.Say(fmt::format("{} {}", Padded(here, 44), below ? below->title : "(not in memory)"));
+        if (below) ShowBelow(trail, *below, here, left);
+    }
+}
+
+void ShowTree(Trail& trail, const std::string& path) {
+    const Model* model = ModelAt(path);
+    if (!model) {
+        return trail.Fail(path.empty() ? "no model is open"
+                                       : fmt::format("there is no component {}", path));
+    }
+    int left = kMostTreeLines;
+    ShowBelow(trail, *model, path, &left);
+    if (left < 0) {
+        trail.Say("… and more; show tree PATH shows what is below a component");
+    } else {
+        trail.Say(fmt::format("{} components in {}", kMostTreeLines - left, model->FileName()));
+    }
 }
 
 void ShowMenu(Trail& trail) {
@@ -133,12 +162,19 @@ struct Topic {
     void (*show)(Trail&);
 };
 constexpr Topic kTopics[] = {
-    {"models", ShowModels},       {"menu", ShowMenu},
-    {"commands", ShowCommands},   {"dialog", ShowDialog},
-    {"popup", ShowPopup},         {"selection", ShowSelection},
-    {"colours", ShowColours},     {"parameters", ShowParameters},
-    {"relations", ShowRelations}, {"views", ShowViews},
-    {"tables", ShowTables},       {"messages", ShowMessages},
+    {"models", ShowModels},
+    {"menu", ShowMenu},
+    {"tree", [](Trail& trail) { ShowTree(trail, ""); }},
+    {"commands", ShowCommands},
+    {"dialog", ShowDialog},
+    {"popup", ShowPopup},
+    {"selection", ShowSelection},
+    {"colours", ShowColours},
+    {"parameters", ShowParameters},
+    {"relations", ShowRelations},
+    {"views", ShowViews},
+    {"tables", ShowTables},
+    {"messages", ShowMessages},
 };
 
 }  // namespace
@@ -159,6 +195,10 @@ const std::vector<std::string>& ShowTopics() {
 }
 
 void Show(Trail& trail, const std::string& rest) {
+    constexpr std::string_view kTree = "tree ";
+    if (rest.compare(0, kTree.size(), kTree) == 0) {
+        return ShowTree(trail, ParseText(rest.substr(kTree.size())).text);
+    }
     for (const Topic& topic : kTopics) {
         if (rest == topic.name) return topic.show(trail);
     }

@@ -93,7 +93,10 @@ std::vector<std::string> Component::Picture() const {
 
 std::vector<std::string> PushButton::Picture() const {
     const std::string text = label.empty() ? name() : Utf8(label);
-    return {enabled ? "[ " + text + " ]" : "( " + text + " )"};
+    if (!enabled) return {"( " + text + " )"};
+    const auto* byDefault = dialog().resource().Find("", "DefaultButton");
+    const bool isDefault = byDefault && byDefault->at(0) == name();  // Enter presses it
+    return {isDefault ? "[> " + text + " <]" : "[ " + text + " ]"};
 }
 
 std::string PushButton::Act(Verb verb, const std::vector<std::string>& arguments) {

@@ -14,8 +14,8 @@
 namespace simhost {
 namespace {
 
-// How a dialog ends whose window is closed while it has no close action of its own.
-constexpr int kClosedWindow = -1;
+// How a dialog ends that its user has left open: the run must go on.
+constexpr int kForcedEnd = -1;
 
 bool EndsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
@@ -75,11 +75,7 @@ std::string Dialog::Use(Verb verb, const std::string& component,
 
 void Dialog::CloseWindow() {
     if (!active_ || ended()) return;
-    if (closeAction.function) {
-        RunAction(closeAction, "");
-    } else {
-        Exit(kClosedWindow);
-    }
+    RunAction(closeAction, "");
 }
 
 void Dialog::RunAction(const DialogAction& action, const std::string& component) {
@@ -153,7 +149,7 @@ int Dialogs::Activate(Dialog& dialog) {
         desk_.Complain(what + dialog.name());
         dialog.CloseWindow();
     }
-    if (!dialog.ended()) dialog.Exit(kClosedWindow);
+    if (!dialog.ended()) dialog.Exit(kForcedEnd);
     dialog.active_ = false;
     active_.pop_back();
     return dialog.status_;

@@ -40,7 +40,7 @@ public:
     std::string Use(Verb verb, const std::string& component,
                     const std::vector<std::string>& arguments = {});
     std::string Press(const std::string& component) { return Use(Verb::Activate, component); }
-    // Closes the window: runs the close action; a dialog that has none ends with -1.
+    // Closes the window: runs the close action. A dialog that has none stays open.
     void CloseWindow();
 
     // For components: calls into the plug-in.

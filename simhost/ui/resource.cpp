@@ -7,6 +7,8 @@
 #include <charconv>
 #include <set>
 
+#include "simhost/ui/near_name.h"
+
 namespace simhost {
 namespace {
 
@@ -112,6 +114,36 @@ private:
     int line_ = 1;
 };
 
+// The attributes that the host knows. A Layout is known of every kind that can hold components.
+struct KindAttributes {
+    const char* kind;  // empty: of the dialog itself
+    std::vector<std::string> names;
+};
+const std::vector<std::string> kCommonAttributes = {
+    "Label", "Sensitive", "Visible", "TopOffset", "BottomOffset", "LeftOffset", "RightOffset"};
+const std::vector<KindAttributes> kKindAttributes = {
+    {"", {"Label", "DefaultButton"}},
+    {"CheckButton", {"Set"}},
+    {"DrawingArea", {"Width", "Height"}},
+    {"InputPanel", {"Value", "Columns"}},
+    {"Label", {}},
+    {"Layout", {"Decorated"}},
+    {"OptionMenu", {"Names", "Labels", "Value", "Columns"}},
+    {"PushButton", {}},
+    {"RadioGroup", {"Names", "Labels", "SelectedNames", "Orientation"}},
+    {"Separator", {}},
+    {"Table", {"ColumnNames", "ColumnLabels", "VisibleRows", "Columns"}},
+    {"TextArea", {"Value", "Columns", "Rows"}},
+};
+
+std::vector<std::string> AttributesOf(const std::string& kind) {
+    std::vector<std::string> names = kind.empty() ? std::vector<std::string>() : kCommonAttributes;
+    for (const KindAttributes& row : kKindAttributes) {
+        if (kind == row.kind) names.insert(names.end(), row.names.begin(), row.names.end());
+    }
+    return names;
+}
+
 class Meaning {
 public:
     explicit Meaning(const Reader& reader) : reader_(reader) {}
@@ -131,6 +163,7 @@ public:
                 reader_.Fail(part.line, "only Components and Resources stand here");
             }
         }
+        CheckDefaultButton();
         return std::move(resource_);
     }
 
@@ -138,6 +171,37 @@ private:
     bool Declared(const std::string& name) const {
         return std::any_of(resource_.components.begin(), resource_.components.end(),
                            [&](const ResourceComponent& each) { return each.name == name; });
+    }
+
+    // Empty for the dialog itself.
+    std::string KindOf(const std::string& component) const {
+        for (const ResourceComponent& each : resource_.components) {
+            if (each.name == component) return each.kind;
+        }
+        return {};
+    }
+
+    void CheckName(const ResourceAttribute& attribute) const {
+        const std::string kind = KindOf(attribute.component);
+        const std::vector<std::string> known = AttributesOf(kind);
+        if (std::find(known.begin(), known.end(), attribute.name) != known.end()) return;
+        reader_.Fail(attribute.line,
+                     fmt::format("a {} has no attribute {}{}", kind.empty() ? "dialog" : kind,
+                                 attribute.name, DidYouMean(attribute.name, known)));
+    }
+
+    void CheckDefaultButton() const {
+        for (const ResourceAttribute& attribute : resource_.attributes) {
+            if (!attribute.component.empty() || attribute.name != "DefaultButton") continue;
+            const std::string name = attribute.values.empty() ? "" : attribute.values[0];
+            std::vector<std::string> buttons;
+            for (const ResourceComponent& each : resource_.components) {
+                if (each.kind == "PushButton") buttons.push_back(each.name);
+            }
+            if (std::find(buttons.begin(), buttons.end(), name) != buttons.end()) continue;
+            reader_.Fail(attribute.line, fmt::format("the default button {} is no push-button{}",
+                                                     name, DidYouMean(name, buttons)));
+        }
     }
 
     void ReadComponents(const Node& part) {
@@ -150,7 +214,14 @@ private:
             if (Declared(name)) {
                 reader_.Fail(item.line, fmt::format("the component {} is there twice", name));
             }
-            resource_.components.push_back({item.items[0].word, name, item.line});
+            const std::string& kind = item.items[0].word;
+            std::vector<std::string> kinds;
+            for (const KindAttributes& row : kKindAttributes) kinds.emplace_back(row.kind);
+            if (kind.empty() || std::find(kinds.begin(), kinds.end(), kind) == kinds.end()) {
+                reader_.Fail(item.line, fmt::format("there is no kind of component {}{}", kind,
+                                                    DidYouMean(kind, kinds)));
+            }
+            resource_.components.push_back({kind, name, item.line});
         }
     }
 
@@ -173,6 +244,7 @@ private:
             ReadLayout(node, attribute.component);
             return;
         }
+        CheckName(attribute);
         if (resource_.Find(attribute.component, attribute.name)) {
             reader_.Fail(node.line, fmt::format("{} is given twice", node.items[0].word));
         }

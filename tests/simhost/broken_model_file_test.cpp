@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "simhost/app/svg_text.h"
+#include "simhost/picture/svg_canvas.h"
 #include "simhost/model/model_file.h"
 
 using namespace simhost;

@@ -206,12 +206,17 @@ TEST_F(DialogsOfTheHost, ClosingTheWindowRunsTheCloseAction) {
     EXPECT_EQ(status, 0);
 }
 
-TEST_F(DialogsOfTheHost, AWindowWithoutACloseActionEndsWithMinusOne) {
+TEST_F(DialogsOfTheHost, AWindowWithoutACloseActionStaysOpen) {
     Create();
-    person_.use = [](Dialog& dialog) { dialog.CloseWindow(); };
+    SetAction("OK", ExitWithOne);
+    person_.use = [](Dialog& dialog) {
+        dialog.CloseWindow();
+        EXPECT_FALSE(dialog.ended());
+        dialog.Press("OK");
+    };
     int status = 99;
     Activate(&status);
-    EXPECT_EQ(status, -1);
+    EXPECT_EQ(status, 1);
 }
 
 TEST_F(DialogsOfTheHost, ACloseActionThatDoesNotEndLeavesTheDialogOpen) {
@@ -269,7 +274,7 @@ TEST_F(DialogsOfTheHost, ADialogOpenedFromAnotherHasTheUserFirst) {
         if (dialog.name() == "Second") {
             EXPECT_EQ(host().dialogs.Active(), &dialog);
             EXPECT_NE(host().dialogs.Use(Verb::Activate, "Settings", "OK"), "");
-            dialog.CloseWindow();
+            dialog.Exit(-1);
             return;
         }
         dialog.Press("Apply");
@@ -307,13 +312,13 @@ TEST_F(DialogsOfTheHost, WithoutAUserADialogEndsWithItsCloseActionOrMinusOne) {
 TEST_F(DialogsOfTheHost, ADialogAsTextShowsItsLayoutWithGreyedButtonsInParentheses) {
     Create();
     const auto lines = DialogText(*host().dialogs.Find("Settings"));
-    // The upper rows are 11 + 2 + 22 wide, the row of buttons 3 * 8 + 2 * 2: of the 7 columns that
-    // are left its three columns get 2, 2 and 3.
+    // The upper rows are 11 + 2 + 22 wide, the row of buttons 8 + 8 + 10 + 2 * 2 (Enter presses the
+    // last one): of the 5 columns that are left its three columns get 1, 2 and 2.
     const std::vector<std::string> expected = {"+- 设置! -----------------------------+",  //
                                                "| 设置 \"A\"     [____________________] |",
                                                "| second line                         |",  //
                                                "| ----                                |",  //
-                                               "| [ 应用 ]    ( 帮助 )    [ 确定 ]    |",  //
+                                               "| [ 应用 ]   ( 帮助 )    [> 确定 <]   |",  //
                                                "+-------------------------------------+"};
     EXPECT_EQ(lines, expected);
 }

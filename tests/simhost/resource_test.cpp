@@ -76,9 +76,29 @@ TEST(DialogResources, AByteOrderMarkIsNoPartOfTheText) {
 }
 
 TEST(DialogResources, AnAttributeMayHaveSeveralValuesOrNone) {
-    const DialogResource dialog = ParseResource(With("(OK.Items \"a\" b 3)(OK.Empty)"), "x.res");
-    EXPECT_EQ(*dialog.Find("OK", "Items"), (std::vector<std::string>{"a", "b", "3"}));
-    EXPECT_TRUE(dialog.Find("OK", "Empty")->empty());
+    const DialogResource dialog = ParseResource(
+        "(Dialog D (Components (RadioGroup R))(Resources (R.Names \"a\" b 3)(R.Labels)))", "x.res");
+    EXPECT_EQ(*dialog.Find("R", "Names"), (std::vector<std::string>{"a", "b", "3"}));
+    EXPECT_TRUE(dialog.Find("R", "Labels")->empty());
+}
+
+TEST(DialogResources, AnAttributeThatItsKindDoesNotHaveIsRefusedWithTheNearest) {
+    EXPECT_EQ(Problem(With("(OK.Lable \"x\")")),
+              "x.res:2: a PushButton has no attribute Lable; did you mean Label?");
+    EXPECT_EQ(Problem(With("(OK.Columns 3)")), "x.res:2: a PushButton has no attribute Columns");
+    EXPECT_EQ(Problem(With("(.Sensitive False)")), "x.res:2: a dialog has no attribute Sensitive");
+    EXPECT_EQ(Problem(With("(OK.TopOffset 4)\n(OK.Visible False)")), "none");
+    EXPECT_EQ(Problem("(Dialog D (Components (PushBotton OK)))"),
+              "x.res:1: there is no kind of component PushBotton; did you mean PushButton?");
+}
+
+TEST(DialogResources, ADefaultButtonIsAPushButtonOfTheDialog) {
+    EXPECT_EQ(Problem(With("(.DefaultButton \"OK\")")), "none");
+    EXPECT_EQ(Problem(With("\n(.DefaultButton \"Ok\")")),
+              "x.res:3: the default button Ok is no push-button; did you mean OK?");
+    EXPECT_EQ(Problem("(Dialog D (Components (Label OK))(Resources (.DefaultButton \"OK\")))"),
+              "x.res:1: the default button OK is no push-button");
+    EXPECT_EQ(Problem(With("(.DefaultButton)")), "x.res:2: the default button  is no push-button");
 }
 
 TEST(DialogResources, ANameWithAFullStopIsCutAtTheLastOne) {

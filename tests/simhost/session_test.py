@@ -3,6 +3,7 @@
 import os
 import pathlib
 import pty
+import re
 import select
 import signal
 import subprocess
@@ -75,9 +76,44 @@ class Session(unittest.TestCase):
     def test_a_line_is_completed_and_edited_in_chinese(self):
         terminal = Terminal(self.folder)
         terminal.line("open gearbox.a\t")
-        terminal.line("select 箱体组x\x7f件/hou\t")
+        terminal.line("select 箱体组x\x7f\thou\t")
         terminal.line("show sel\t")
         terminal.until("1 selected")
+        terminal.line("quit")
+        screen, status = terminal.end()
+        self.assertEqual(status, 0, screen)
+
+    def test_the_examples_of_help_work_on_the_gearbox(self):
+        terminal = Terminal(self.folder)
+        terminal.line("help")
+        terminal.until("Type line by line:")
+        terminal.until("vx> ")
+        rows = re.findall(r"^      (\S.*?)   *\S.*\r$", terminal.screen, re.MULTILINE)
+        self.assertGreater(len(rows), 12)
+        played = [row for row in rows if not re.search(r"[A-Z]{4}|`|^ok$", row)]
+        self.assertGreater(len(played), 9)
+        for row in played:
+            terminal.type(row + "\r")
+            terminal.until("> ")
+        terminal.type("quit\r")
+        screen, status = terminal.end()
+        self.assertEqual(status, 0, screen)
+        self.assertNotIn("!!", terminal.screen)
+        for wanted in ("colours of 43 models", "~ Command `BatchColor`", "motor_drive/motor",
+                       "~ Activate `Relations` `Close`"):
+            self.assertIn(wanted, terminal.screen)
+
+    def test_prompt_and_help_follow_the_locale(self):
+        terminal = Terminal(self.folder, LC_ALL="", LC_MESSAGES="zh_CN.UTF-8")
+        terminal.until("结束时副本即删除")
+        terminal.line("help")
+        terminal.until("打开工作目录中的模型")
+        terminal.line("open nowhere.asm")
+        terminal.until("there is no nowhere.asm")
+        terminal.line("open gearbox.asm")
+        terminal.line("VxRelations")
+        terminal.until("对话框 Relations> ")
+        terminal.type("关闭\r")
         terminal.line("quit")
         screen, status = terminal.end()
         self.assertEqual(status, 0, screen)

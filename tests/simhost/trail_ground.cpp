@@ -10,6 +10,7 @@ using namespace simhost;
 namespace trails {
 
 std::string seen;
+std::vector<simhost::Model*> changed;
 
 namespace {
 
@@ -65,6 +66,15 @@ int Runs(uiCmdCmdId, uiCmdValue*, void*) {
     seen += "ran ";
     return 0;
 }
+int ChangesModels(uiCmdCmdId, uiCmdValue*, void*) {
+    for (Model* model : changed) {
+        model->appearance = DefaultAppearance();
+        model->parameters.Set(WholeParameter(WIDE("N"), 1));
+    }
+    changed.at(0)->relations.initial = {WIDE("x = 1")};
+    TheHost().session.Create(WIDE("NEW"), PRO_MDL_PART);
+    return 0;
+}
 int Complains(uiCmdCmdId, uiCmdValue*, void*) {
     TheHost().Complain("a dangling handle");
     return 0;
@@ -106,6 +116,7 @@ void Scripts::SetUp() {
     Add("Asks", Asks);
     Add("OpensADialog", OpensADialog);
     Add("Runs", Runs);
+    Add("Changes", ChangesModels);
     Add("Complains", Complains);
     Add("NotHere", Runs, NotHere);
 }

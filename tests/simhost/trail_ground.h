@@ -16,12 +16,16 @@ using Failures = std::vector<std::string>;
 // What the commands did, in order.
 extern std::string seen;
 
+// The models that the command Changes gives a colour and a parameter, the first of them a relation.
+extern std::vector<simhost::Model*> changed;
+
 // A handler of popup menus that adds a button for the command Runs.
 ProError FillsPopup(char* popup);
 
 // Runs scripts at a host that has these commands. ShowsABox, ShowsAPlainBox and ShowsTwoBoxes open
 // boxes, Asks waits at a prompt, OpensADialog uses a dialog with the buttons Apply (opens a box)
-// and OK (ends it), Runs only runs, Complains makes the host complain, NotHere cannot be pressed.
+// and OK (ends it), Runs only runs, Changes changes models, Complains makes the host complain,
+// NotHere cannot be pressed.
 class Scripts : public workbench::Workbench {
 protected:
     void SetUp() override;

@@ -167,13 +167,39 @@ TEST_F(Scripts, ADialogIsUsedByTheNextLinesAndABoxInItByThoseBehind) {
                   "~ Activate `Settings` `OK`\n@ expect dialog none"),
               Failures{});
     EXPECT_EQ(seen, "box answered dialog 1 ");
-    EXPECT_TRUE(Told("[ 应用 ]    ( 帮助 )    [ 确定 ]"));
+    EXPECT_TRUE(Told("[ 应用 ]   ( 帮助 )    [> 确定 <]"));
 }
 
-TEST_F(Scripts, CloseClosesTheWindowOfADialog) {
-    EXPECT_EQ(Run("~ Command `OpensADialog`\n~ Close `Settings`"), Failures{});
-    EXPECT_EQ(Run("~ Command `OpensADialog`\n~ Close `Settings` `Settings`"), Failures{});
-    EXPECT_EQ(seen, "dialog -1 dialog -1 ");
+TEST_F(Scripts, AWindowWithoutACloseActionStaysOpenAndThatIsNoFailure) {
+    EXPECT_EQ(Run("~ Command `OpensADialog`\n~ Close `Settings`\n@ expect dialog Settings\n"
+                  "~ Close `Settings` `Settings`\n~ Activate `Settings` `OK`"),
+              Failures{});
+    EXPECT_TRUE(Told("    the window of Settings stays open: its buttons end it"));
+    EXPECT_EQ(seen, "dialog 1 ");
+}
+
+// --- The Enter key
+
+TEST_F(Scripts, EnterPressesTheDefaultButtonOrAnswersABox) {
+    EXPECT_EQ(Run("~ Command `OpensADialog`\n@ enter\n~ Command `ShowsABox`\n@ enter"), Failures{});
+    EXPECT_TRUE(Told("( 帮助 )    [> 确定 <]"));
+    EXPECT_EQ(seen, "dialog 1 box answered ");
+    EXPECT_EQ(Failure("@ enter"), "line 1: neither a box nor a dialog is open");
+}
+
+TEST_F(Scripts, InAScriptOkIsForBoxesAlone) {
+    EXPECT_EQ(Failure("~ Command `OpensADialog`\n@ ok\n@ enter"), "line 2: no box is open");
+}
+
+// --- Labels
+
+TEST_F(Scripts, AButtonIsAlsoPressedByItsLabelAndTheTranscriptHoldsItsName) {
+    EXPECT_EQ(Run("~ Command `OpensADialog`\n~ Activate `Settings` `应用`\n@ ok\n"
+                  "~ Activate `Settings` `确定`"),
+              Failures{});
+    EXPECT_TRUE(Told("\n~ Activate `Settings` `Apply`\n"));
+    EXPECT_FALSE(Told("`应用`"));
+    EXPECT_EQ(seen, "box answered dialog 1 ");
 }
 
 TEST_F(Scripts, AWrongComponentFailsAndTheDialogStays) {
@@ -192,13 +218,14 @@ TEST_F(Scripts, AnotherDialogCannotBeUsedMeanwhile) {
 TEST_F(Scripts, ADialogThatNoLineEndsFailsAndIsClosed) {
     EXPECT_EQ(Failure("~ Command `OpensADialog`"),
               "line 1: the dialog Settings is open and the script is at its end");
-    EXPECT_EQ(seen, "dialog -1 ");
+    EXPECT_TRUE(Told("    (its window stays open; OK ends it)"));
+    EXPECT_EQ(seen, "dialog 1 ");
 }
 
 TEST_F(Scripts, ACommandBehindADialogFailsAndIsDoneWhenTheDialogIsClosed) {
     EXPECT_EQ(Failure("~ Command `OpensADialog`\n~ Command `Runs`").substr(0, 40),
               "line 2: the dialog Settings is open and ");
-    EXPECT_EQ(seen, "dialog -1 ran ");
+    EXPECT_EQ(seen, "dialog 1 ran ");
 }
 
 TEST_F(Scripts, AStepNeedsADialogAndAComponent) {
@@ -307,11 +334,31 @@ TEST_F(Scripts, ByHandAStepThatEndsWithoutAWordIsConfirmed) {
 
 TEST_F(Scripts, ByHandALineThatDoesNotFitIsAskedAgain) {
     Hand hand({"ShowsABox", "Runs", "nonsense", "ok"});
-    Trail trail(hand, [](const std::string&) {});
-    trail.Run();
+    std::vector<std::string> told;
+    Trail trail(hand, [&told](const std::string& line) { told.push_back(line); });
+    EXPECT_TRUE(trail.Run());
     EXPECT_EQ(seen, "box answered ");
-    ASSERT_EQ(trail.failures().size(), 2u);
-    EXPECT_EQ(trail.failures()[1], "nothing is called \"nonsense\"; try help");
+    ASSERT_EQ(told.size(), 7u);  // the box, two slips, the end
+    EXPECT_EQ(told[5], "    !! nothing is called \"nonsense\"; try help");
+}
+
+TEST_F(Scripts, ByHandASlipIsNoFailureButAnExpectationAndAComplaintAre) {
+    Hand hand({"nonsense", "expect bx x", "open nowhere.prt", "expect message gone", "Complains"});
+    Trail trail(hand, [](const std::string&) {});
+    EXPECT_FALSE(trail.Run());
+    const Failures wanted = {"the message line says \"\"", "the host complains: a dangling handle"};
+    EXPECT_EQ(trail.failures(), wanted);
+    EXPECT_EQ(Complaints().size(), 1u);
+}
+
+TEST_F(Scripts, ByHandButtonsAndTheDefaultButtonArePressedByPlainWords) {
+    Hand hand({"OpensADialog", "应用", "ok", "ok", "OpensADialog", "OK"});
+    std::vector<std::string> told;
+    Trail trail(hand, [&told](const std::string& line) { told.push_back(line); });
+    EXPECT_TRUE(trail.Run());
+    EXPECT_EQ(seen, "box answered dialog 1 dialog 1 ");
+    EXPECT_EQ(std::count(told.begin(), told.end(), "    ~ Activate `Settings` `Apply`"), 1);
+    EXPECT_EQ(std::count(told.begin(), told.end(), "    ~ Activate `Settings` `OK`"), 0);
 }
 
 }  // namespace

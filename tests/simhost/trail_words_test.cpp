@@ -8,6 +8,7 @@
 #include "hostapi/host.h"
 #include "hostapi/windows.h"
 #include "simhost/app/prompt.h"
+#include "simhost/trail/words.h"
 #include "tests/simhost/trail_ground.h"
 
 using namespace simhost;
@@ -48,6 +49,39 @@ TEST_F(ModelScripts, APathThatLeadsNowhereFailsAndTheSelectionStays) {
     EXPECT_EQ(Failure("@ select shaft#x"), "line 1: \"x\" behind # is no id");
     EXPECT_EQ(Failure("@ select"), "line 1: a path belongs after select, such as UNIT/GEAR:2");
     EXPECT_EQ(host().session.buffer.size(), 1u);
+}
+
+TEST_F(ModelScripts, TheTreeIsShownWithThePathsThatSelectTakes) {
+    EXPECT_EQ(Run("@ show tree\n@ select 箱体, 箱体/shaft, 箱体/shaft:2, shaft"), Failures{});
+    for (const char* path : {"    箱体 ", "    箱体/shaft ", "    箱体/shaft:2 ", "    shaft "}) {
+        EXPECT_TRUE(Told(path)) << path;
+    }
+    EXPECT_TRUE(Told("4 components in top.asm"));
+    EXPECT_EQ(Run("@ show tree 箱体"), Failures{});
+    EXPECT_TRUE(Told("2 components in 箱体.asm"));
+    EXPECT_FALSE(Told("    shaft "));
+    EXPECT_EQ(Failure("@ show tree 箱"), "line 1: there is no component 箱");
+}
+
+TEST_F(ModelScripts, APartAndAnAssemblyOfOneNameAreToldApartByTheirType) {
+    Use(*top_, Assembly("SHAFT"));
+    EXPECT_EQ(Run("@ show tree\n@ select shaft.asm"), Failures{});
+    EXPECT_TRUE(Told("    shaft.asm "));
+    EXPECT_TRUE(Told("    shaft.prt "));
+    EXPECT_EQ(Picked(0).substr(0, 9), "shaft.asm");
+}
+
+TEST_F(ModelScripts, APressTellsWhatItHasChanged) {
+    changed = {shaft_, unit_};
+    EXPECT_EQ(Run("~ Command `Changes`\n~ Command `Runs`"), Failures{});
+    EXPECT_TRUE(
+        Told("    changed: colours of 2 models, parameters of 2 models, relations of 1 model, "
+             "1 model came into memory\n"));
+    EXPECT_EQ(transcript_.find("changed:"), transcript_.rfind("changed:"));
+}
+
+TEST(ChineseHelp, EveryWordHasOne) {
+    for (const Word& word : Words()) EXPECT_STRNE(ChineseHelp(word.name), "") << word.name;
 }
 
 TEST_F(ModelScripts, AManufacturingModelIsPickedInItsAssembly) {
@@ -266,7 +300,10 @@ TEST_F(ModelScripts, TheTabKeyKnowsStepsWordsCommandsDialogsAndModels) {
     EXPECT_EQ(Completions("Run"), Words{"Runs"});
     EXPECT_EQ(Completions("@ expect ca"), Words{"caption"});
     EXPECT_EQ(Completions("expect no "), (Words{"box", "button"}));
-    EXPECT_EQ(Completions("select 箱体/SH"), Words{"shaft.prt"});
+    EXPECT_EQ(Completions("select 箱体/SH"), (Words{"shaft", "shaft:2"}));
+    EXPECT_EQ(Completions("select shaft, "), (Words{"shaft", "箱体/"}));
+    EXPECT_EQ(Completions("show tree 箱"), Words{"箱体/"});
+    EXPECT_EQ(Completions("select nowhere/"), Words{});
     EXPECT_EQ(Completions("show col"), Words{"colours"});
     EXPECT_EQ(Completions("expect greyed Not"), Words{"NotHere"});
     char name[] = "Settings";

@@ -1,0 +1,124 @@
+// What help says, in the language of the person who asks.
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "simhost/trail/interpreter.h"
+#include "simhost/trail/words.h"
+#include "simhost/ui/text_frame.h"
+#include "simhost/user/language.h"
+
+namespace simhost {
+namespace {
+
+struct ChineseWord {
+    const char *word, *help;
+};
+// clang-format off
+constexpr ChineseWord kChineseWords[] = {
+    {"open",               "在窗口中打开工作目录里的模型"},
+    {"window",             "切换到显示该模型的窗口"},
+    {"close",              "关闭当前窗口"},
+    {"directory",          "把该文件夹设为工作目录"},
+    {"select",             "沿模型树选择元件：UNIT/GEAR:2；选择项目：GEAR#12、GEAR/edge#7；顶层模型：."},
+    {"clear selection",    "清除选择"},
+    {"right-click",        "打开右键菜单，不写名称则为 \"Sel Obj Menu\""},
+    {"choose",             "按下右键菜单中的按钮"},
+    {"press",              "按菜单名和按钮名按下按钮"},
+    {"ok",                 "在提示框中按确定；手动操作时也可按下对话框的缺省按钮"},
+    {"enter",              "按回车键：对话框的缺省按钮，或提示框的确定"},
+    {"answer",             "在提示处输入；不写内容则取缺省值"},
+    {"quit",               "离开输入提示或右键菜单；手动操作时也用来退出"},
+    {"expect box",         "提示框的内容（加引号时须完全一致）"},
+    {"expect caption",     "提示框的标题；none 表示系统自己的标题"},
+    {"expect no box",      "没有打开的提示框"},
+    {"expect message",     "消息栏的内容"},
+    {"expect dialog",      "该对话框已打开；none 表示没有"},
+    {"expect colour",      "模型或其曲面自身的颜色，每个分量 0 到 255；或 none"},
+    {"expect greyed",      "该命令现在不能按下"},
+    {"expect available",   "该命令现在可以按下"},
+    {"expect button",      "右键菜单中有这个按钮，并且可以按下"},
+    {"expect no button",   "右键菜单中没有这个按钮"},
+    {"expect parameter",   "模型参数的值；或 none"},
+    {"expect relations",   "模型的关系，各行之间为空格、/、空格；或 none"},
+    {"expect views",       "当前窗口的工程图有多少个视图"},
+    {"expect rows",        "对话框中表格的行数"},
+    {"expect columns",     "表格各列的标题，以 | 分隔"},
+    {"expect row",         "一行的文字，以 | 分隔"},
+    {"expect row colours", "一行各单元格的颜色；- 为通常的颜色"},
+    {"parameter",          "给模型一个参数：4、12.5、YES 或 \"文字\""},
+    {"option",             "设置主程序的配置选项，例如 pro_format_dir；none 为取消设置"},
+    {"wait",               "让时间过去若干秒"},
+    {"setting",            "写入 VxConfig.ini 的一项设置"},
+    {"save",               "保存当前模型，或写出名称的模型"},
+    {"save all",           "保存所有改动过的模型"},
+    {"picture",            "把窗口的内容画到文件中"},
+    {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、"
+                           "colours、parameters、relations、views、tables、messages"},
+    {"start",              "载入插件"},
+    {"stop",               "卸载插件"},
+    {"note",               "在记录中写一行"},
+    {"help",               "如何使用"},
+    {"help words",         "本列表"},
+};
+// clang-format on
+
+}  // namespace
+
+const std::vector<HelpLine>& HelpLines() {
+    // clang-format off
+    static const std::vector<HelpLine> lines = {
+        {"open gearbox.asm",                 "open a model of the working folder",                "打开工作目录中的模型", true},
+        {"BatchColor",                       "press a command by its name (show menu lists them)", "按名称执行命令（show menu 列出全部命令）", true},
+        {"批量上色",                         "or by the label that the menu shows",               "或按菜单上显示的文字", true},
+        {"show tree",                        "the components, with the paths that select takes",  "列出元件及 select 所用的路径", true},
+        {"select motor_drive/motor, 箱体组件/housing", "select components down the tree",         "沿模型树选择元件", true},
+        {"right-click",                      "the popup menu of what is selected; choose LABEL presses in it", "打开所选元件的右键菜单；choose 文字 按下其中的按钮", true},
+        {"VxRelations",                      "a command with a dialog",                           "带对话框的命令", true},
+        {"关闭",                             "in a dialog: a button or a choice, by name or label", "对话框中：按名称或文字按下按钮、选择选项", true},
+        {"~ Activate `DIALOG` `BUTTON`",     "the same in full; ~ Close `DIALOG` closes the window", "完整写法；~ Close `DIALOG` 关闭窗口", false},
+        {"ok",                               "OK in an open box; the default button of a dialog", "提示框中按确定；对话框中按缺省按钮", false},
+        {"answer TEXT, or quit",             "at a prompt",                                       "回答输入提示，或离开", false},
+        {"show colours",                     "look at the session; show lists what can be seen",  "查看当前状态；show 列出可看的内容", true},
+        {"picture FILE",                     "draw what the window shows",                        "把窗口内容画到文件", false},
+        {"save housing.prt",                 "write a model; save all writes what was changed",   "保存模型；save all 保存所有改动", true},
+        {"help words",                       "every word; in scripts each begins with @",         "全部词语；脚本中每行以 @ 开头", true},
+    };
+    // clang-format on
+    return lines;
+}
+
+const char* ChineseHelp(std::string_view word) {
+    for (const ChineseWord& row : kChineseWords) {
+        if (word == row.word) return row.help;
+    }
+    return "";
+}
+
+void Note(Trail& trail, const std::string& rest) {
+    if (trail.patient()) trail.Say(ParseText(rest).text);
+}
+
+void Help(Trail& trail, const std::string&) {
+    trail.Say(
+        Either("You sit before a simulated CAD host with the plug-in in it. Type line by line:",
+               "您面前是一台模拟的 CAD 主程序，插件已载入。每次输入一行："));
+    for (const HelpLine& line : HelpLines()) {
+        trail.Say("  " + Padded(line.typed, 46) + Either(line.english, line.chinese));
+    }
+    trail.Say(Either("The Tab key completes what you type. quit (or Ctrl-D) ends.",
+                     "Tab 键补全输入；quit（或 Ctrl-D）退出。"));
+}
+
+void HelpWords(Trail& trail, const std::string&) {
+    for (const Word& word : Words()) {
+        trail.Say(fmt::format("@ {} {}", Padded(std::string(word.name) + " " + word.arguments, 32),
+                              Either(word.help, ChineseHelp(word.name))));
+    }
+    std::string verbs =
+        std::string("~ Command `NAME`   ") + Either("and on dialogs:", "以及对话框操作：");
+    for (const std::string& verb : VerbNames()) verbs += " ~ " + verb;
+    trail.Say(verbs);
+}
+
+}  // namespace simhost

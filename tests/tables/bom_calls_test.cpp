@@ -205,4 +205,16 @@ TEST_F(BomCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
     EXPECT_EQ(titles, 1);
 }
 
+TEST_F(BomCalls, TheFileIsOpenedAsItIsAndTheEditorWhereItCanBeSeen) {
+    Record();
+    Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxOpenBomIni`\n"
+                     "~ Activate `VxBom` `VxExportBom`\n@ answer C:\\Work\\list.xlsx\n") +
+         kCloseBom);
+    Recorded();
+    ASSERT_EQ(Lines("ShellExecuteW").size(), 1u);
+    EXPECT_NE(Lines("ShellExecuteW")[0].find("show=1"), std::string::npos);
+    ASSERT_EQ(Lines("WinExec").size(), 1u);
+    EXPECT_NE(Lines("WinExec")[0].find("show=5"), std::string::npos) << Lines("WinExec")[0];
+}
+
 }  // namespace

@@ -67,11 +67,14 @@ class Trials:
     # --- Which case comes by which mutant ---
 
     def reach(self):
-        cases = [(name, case) for name in self.build.programs
-                 for case in cases_of(self.build.program(name, self.place))]
         reach = Reach({}, {})
         loading = set()
         with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
+            # Most programs come by nothing, so each is run as a whole first.
+            wholes = list(pool.map(self.look, [(name, "*") for name in self.build.programs]))
+            cases = [(name, case) for (name, _), _, numbers in wholes
+                     if any(number > 0 for number in numbers)
+                     for case in cases_of(self.build.program(name, self.place))]
             for case, seconds, numbers in pool.map(self.look, cases):
                 reach.seconds[case] = seconds
                 loading |= {-n for n in numbers if n < 0}

@@ -96,14 +96,15 @@ class Trials:
 
     # --- Who notices ---
 
-    def noticed_by(self, number, cases, seconds, first=None, place=None):
+    def noticed_by(self, number, reach, first=None, place=None):
         """Program and case that notice the mutant, or None. `first` is tried before all others."""
+        cases = reach.cases.get(number, set())
         groups = [first] if first in cases else []
         groups = [(program, [case]) for program, case in groups]
         for program in sorted({program for program, _ in cases}):
             groups.append((program, [c for p, c in sorted(cases) if p == program]))
         for program, names in groups:
-            limit = SPARE_SECONDS + 10 * sum(seconds[program, name] for name in names)
+            limit = SPARE_SECONDS + 10 * sum(reach.seconds[program, name] for name in names)
             case = self.run(program, names, limit, place, VX_MUTANT=number)
             if case:
                 return program, case

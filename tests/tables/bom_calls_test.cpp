@@ -161,7 +161,9 @@ TEST_F(BomCalls, ARepeatedSubAssemblyIsWalkedEachTime) {
 
 // --- The export --------------------------------------------------------------------------------
 
-TEST_F(BomCalls, TheExportAsksForNameAndPathThenForTheTableAndThenForTheApplication) {
+class BomExportCalls : public BomCalls {};
+
+TEST_F(BomExportCalls, TheExportAsksForNameAndPathThenForTheTableAndThenForTheApplication) {
     Write(WIDE("C:\\Work\\list.xlsx"), "old");
     Record();
     Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxExportBom`\n"
@@ -181,7 +183,7 @@ TEST_F(BomCalls, TheExportAsksForNameAndPathThenForTheTableAndThenForTheApplicat
                      "ProUITableCellLabelGet", "ShellExecuteW"}));
 }
 
-TEST_F(BomCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
+TEST_F(BomExportCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
     Columns("");
     Record();
     Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxExportBom`\n"
@@ -205,7 +207,7 @@ TEST_F(BomCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
     EXPECT_EQ(titles, 1);
 }
 
-TEST_F(BomCalls, TheFileIsOpenedAsItIsAndTheEditorWhereItCanBeSeen) {
+TEST_F(BomExportCalls, TheFileIsOpenedAsItIsAndTheEditorWhereItCanBeSeen) {
     Record();
     Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxOpenBomIni`\n"
                      "~ Activate `VxBom` `VxExportBom`\n@ answer C:\\Work\\list.xlsx\n") +

@@ -40,23 +40,28 @@ TEST_F(SettingsDialogCalls, ItGetsItsActionsThenItsChoicesThenItsPaths) {
     Record();
     Play("~ Command `VxConfig`\n~ Close `VxConfig`");
     Recorded();
-    const std::set<std::string> calls = {
-        "ProUIDialogCreate",         "ProUIPushbuttonActivateActionSet",
-        "ProUIDialogCloseActionSet", "GetPrivateProfileStringW",
-        "ProUIInputpanelValueSet",   "ProUIRadiogroupSelectednamesSet",
-        "ProUIDialogActivate",       "ProUIDialogDestroy"};
-    EXPECT_EQ(CallOrder(host().journal.lines(), calls),
-              Joined({{"ProUIDialogCreate", "ProUIPushbuttonActivateActionSet save"},
-                      ForEach(kTemplates, {"ProUIPushbuttonActivateActionSet"}, "Sel"),
-                      {"ProUIDialogCloseActionSet"},
-                      ForEach({"SetLastDir", "AsmAssembly", "PrtAssembly", "SmtAssembly",
-                               "RmbDisable", "TweViewsUseAutoMainView", "CompCopyAutoNum",
-                               "VxRandomColorOpt", "VxExportDwgDIr", "VxExportPdfDIr",
-                               "VxExportStpDir", "VxCountForInstance"},
-                              {"GetPrivateProfileStringW", "ProUIRadiogroupSelectednamesSet"}),
-                      ForEach(kTemplates, {"GetPrivateProfileStringW", "ProUIInputpanelValueSet"},
-                              "", "path"),
-                      {"ProUIDialogActivate", "ProUIDialogDestroy"}}));
+    const std::set<std::string> calls = {"ProUIDialogCreate",
+                                         "ProUIPushbuttonActivateActionSet",
+                                         "ProUIDialogCloseActionSet",
+                                         "GetModuleFileNameW",
+                                         "GetPrivateProfileStringW",
+                                         "ProUIInputpanelValueSet",
+                                         "ProUIRadiogroupSelectednamesSet",
+                                         "ProUIDialogActivate",
+                                         "ProUIDialogDestroy"};
+    EXPECT_EQ(
+        CallOrder(host().journal.lines(), calls),
+        Joined(
+            {{"ProUIDialogCreate", "ProUIPushbuttonActivateActionSet save"},
+             ForEach(kTemplates, {"ProUIPushbuttonActivateActionSet"}, "Sel"),
+             {"ProUIDialogCloseActionSet", "GetModuleFileNameW"},  // the path, once for all
+             ForEach({"SetLastDir", "AsmAssembly", "PrtAssembly", "SmtAssembly", "RmbDisable",
+                      "TweViewsUseAutoMainView", "CompCopyAutoNum", "VxRandomColorOpt",
+                      "VxExportDwgDIr", "VxExportPdfDIr", "VxExportStpDir", "VxCountForInstance"},
+                     {"GetPrivateProfileStringW", "ProUIRadiogroupSelectednamesSet"}),
+             ForEach(kTemplates, {"GetPrivateProfileStringW", "ProUIInputpanelValueSet"}, "",
+                     "path"),
+             {"ProUIDialogActivate", "ProUIDialogDestroy"}}));
 }
 
 TEST_F(SettingsDialogCalls, EachComponentIsReadAndWrittenBeforeTheNext) {

@@ -291,4 +291,16 @@ TEST_F(BatchCalls, OfAManufacturingModelTheTreeThatIsShownAfreshIsItsOwnButAfter
               (Names{"ProTreetoolRefresh top.asm"}));
 }
 
+TEST_F(BatchCalls, TheSettingsAreReadAndWrittenByTwoSpellingsOfTheirFolder) {
+    PressingParams("Add");
+    for (const std::string& line : Lines("GetPrivateProfileStringW")) {
+        EXPECT_NE(line.find("\\VXconfig\\VxParams.ini"), std::string::npos) << line;
+    }
+    const Names written = Lines("WritePrivateProfileStringW");
+    EXPECT_EQ(written.size(), 5u);
+    for (const std::string& line : written) {
+        EXPECT_NE(line.find("\\vxconfig\\VxParams.ini"), std::string::npos) << line;
+    }
+}
+
 }  // namespace

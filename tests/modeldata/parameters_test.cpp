@@ -207,7 +207,7 @@ TEST_F(BatchParameters, WithoutATypeNothingIsWritten) {
 
 TEST_F(BatchParameters, SavedSettingsComeBack) {
     WriteIni(
-        "[InputKeyWords]\r\ncontent=M8 BOLT\r\n[VxOutlineOrder]\r\ncontent=0\r\n"
+        "[InputKeyWords]\r\ncontent=M8 BOLT\r\n[VxOutlineOrder]\r\ncontent=0 off\r\n"
         "[VxOutlineNum]\r\ncontent=2 dp\r\n[outlinePname]\r\ncontent=SIZE old\r\n"
         "[shSizePname]\r\ncontent=SHEET\r\n");
     // A press keeps what is shown: the values as they arrived in the components.

@@ -161,7 +161,9 @@ TEST_F(BomCalls, ARepeatedSubAssemblyIsWalkedEachTime) {
 
 // --- The export --------------------------------------------------------------------------------
 
-TEST_F(BomCalls, TheExportAsksForNameAndPathThenForTheTableAndThenForTheApplication) {
+class BomExportCalls : public BomCalls {};
+
+TEST_F(BomExportCalls, TheExportAsksForNameAndPathThenForTheTableAndThenForTheApplication) {
     Write(WIDE("C:\\Work\\list.xlsx"), "old");
     Record();
     Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxExportBom`\n"
@@ -181,7 +183,7 @@ TEST_F(BomCalls, TheExportAsksForNameAndPathThenForTheTableAndThenForTheApplicat
                      "ProUITableCellLabelGet", "ShellExecuteW"}));
 }
 
-TEST_F(BomCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
+TEST_F(BomExportCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
     Columns("");
     Record();
     Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxExportBom`\n"
@@ -203,6 +205,18 @@ TEST_F(BomCalls, ACellIsReadWithItsColourBeforeItIsWritten) {
         titles += line.find("object=Range A1, member=Merge") != std::string::npos ? 1 : 0;
     }
     EXPECT_EQ(titles, 1);
+}
+
+TEST_F(BomExportCalls, TheFileIsOpenedAsItIsAndTheEditorWhereItCanBeSeen) {
+    Record();
+    Play(std::string("~ Command `VxBom`\n~ Activate `VxBom` `VxOpenBomIni`\n"
+                     "~ Activate `VxBom` `VxExportBom`\n@ answer C:\\Work\\list.xlsx\n") +
+         kCloseBom);
+    Recorded();
+    ASSERT_EQ(Lines("ShellExecuteW").size(), 1u);
+    EXPECT_NE(Lines("ShellExecuteW")[0].find("show=1"), std::string::npos);
+    ASSERT_EQ(Lines("WinExec").size(), 1u);
+    EXPECT_NE(Lines("WinExec")[0].find("show=5"), std::string::npos) << Lines("WinExec")[0];
 }
 
 }  // namespace

@@ -321,49 +321,6 @@ TEST_F(Bom, WhatCannotBeToldFromASkeletonIsNone) {
     Check("@ expect rows bom_list 5\n@ expect row bom_list 2 \"2|SKEL|1\"\n");
 }
 
-TEST_F(Bom, AfterASkeletonWhatCannotBeToldFromOneIsNone) {
-    // Asked are TOP, SKEL, which is one, and BOLT, for which the host does not answer.
-    Fail("ProMdlIsSkeleton", {.n = 3});
-    Check("@ expect rows bom_list 4\n@ expect row bom_list 2 \"2|BOLT|5\"\n");
-}
-
-TEST_F(Bom, AModelWhoseKindCannotBeReadHasAnUncolouredRowOfTheModelBefore) {
-    Open(Assembly("empty"));
-    Columns("模型名称,材料");
-    Record();
-    Check("@ expect row colours bom_list 1 17 17 -\n");
-    Recorded();
-    // The last question is the one for the row.
-    Fail("ProMdlTypeGet", {.n = unsigned(Lines("ProMdlTypeGet").size())});
-    Check("@ expect row bom_list 1 \"1|EMPTY|\"\n@ expect row colours bom_list 1 - - -\n");
-}
-
-TEST_F(Bom, InTheTreeAModelWhoseKindCannotBeReadIsNoAssembly) {
-    Open(*sub_);
-    Record();
-    Check(LoadLevels("1") + "@ expect rows bom_list 3\n");
-    Recorded();
-    Fail("ProMdlTypeGet", {.n = unsigned(Lines("ProMdlTypeGet").size())});  // that of BOLT
-    Check(LoadLevels("1") + "@ expect row bom_list 3 \"3|1|2|BOLT|1\"\n" +
-          "@ expect row colours bom_list 3 - - - - -\n");
-}
-
-TEST_F(Bom, AComponentThatDoesNotTellWhetherItShowsIsLeftOutOfTheTree) {
-    Open(*sub_);
-    WithBom([&](Dialog& dialog) {
-        dialog.Use(Verb::Select, "BomRadio", {"LevelBom"});
-        Fail("ProFeatureVisibilityGet", {.forGood = true});
-        EXPECT_EQ(dialog.Press("VxLoadBom"), "");
-        EXPECT_EQ(dialog.Find("bom_list")->State(), "1 rows of 5 columns");
-    });
-}
-
-TEST_F(Bom, AtTheOpeningOnlyTheSummedModeGreysTheDepth) {
-    Fail("ProUIRadiogroupSelectednamesGet");
-    WithBom([&](Dialog& dialog) { EXPECT_TRUE(dialog.Find("LevelOption")->enabled); });
-    WithBom([&](Dialog& dialog) { EXPECT_FALSE(dialog.Find("LevelOption")->enabled); });
-}
-
 TEST_F(Bom, AParameterWhoseValueCannotBeReadIsAsGoodAsNone) {
     Columns("模型名称,材料");
     top_->parameters.Set(TextParameter(WIDE("材料"), WIDE("steel")));

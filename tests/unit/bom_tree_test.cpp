@@ -82,6 +82,7 @@ TEST_F(BomTree, GoesOnBehindAComponentWhoseModelCannotBeFetched) {
 TEST_F(BomTree, WithoutAModelHasANamelessRoot) {
     const BomNode root = BuildBomTree(nullptr);
     EXPECT_EQ(Text(root), "0  x1\n");
+    EXPECT_EQ(root.type, PRO_MDL_ASSEMBLY);
 }
 
 TEST_F(BomTree, FlattensParentsBeforeTheirChildrenAndSetsTheLevels) {

@@ -67,11 +67,14 @@ class Trials:
     # --- Which case comes by which mutant ---
 
     def reach(self):
-        cases = [(name, case) for name in self.build.programs
-                 for case in cases_of(self.build.program(name, self.place))]
         reach = Reach({}, {})
         loading = set()
         with concurrent.futures.ThreadPoolExecutor(WORKERS) as pool:
+            # Most programs come by nothing, so each is run as a whole first.
+            wholes = list(pool.map(self.look, [(name, "*") for name in self.build.programs]))
+            cases = [(name, case) for (name, _), _, numbers in wholes
+                     if any(number > 0 for number in numbers)
+                     for case in cases_of(self.build.program(name, self.place))]
             for case, seconds, numbers in pool.map(self.look, cases):
                 reach.seconds[case] = seconds
                 loading |= {-n for n in numbers if n < 0}
@@ -93,14 +96,15 @@ class Trials:
 
     # --- Who notices ---
 
-    def noticed_by(self, number, cases, seconds, first=None, place=None):
+    def noticed_by(self, number, reach, first=None, place=None):
         """Program and case that notice the mutant, or None. `first` is tried before all others."""
+        cases = reach.cases.get(number, set())
         groups = [first] if first in cases else []
         groups = [(program, [case]) for program, case in groups]
         for program in sorted({program for program, _ in cases}):
             groups.append((program, [c for p, c in sorted(cases) if p == program]))
         for program, names in groups:
-            limit = SPARE_SECONDS + 10 * sum(seconds[program, name] for name in names)
+            limit = SPARE_SECONDS + 10 * sum(reach.seconds[program, name] for name in names)
             case = self.run(program, names, limit, place, VX_MUTANT=number)
             if case:
                 return program, case

@@ -130,8 +130,10 @@ LEFT_OUT = ("simhost_tests", "sweep_tests")
 
 
 def cmake_build(folder, source):
-    entry = next(e for e in json.loads((folder / "compile_commands.json").read_text())
-                 if Path(e["file"]) == source)
+    entries = json.loads((folder / "compile_commands.json").read_text(encoding="utf-8"))
+    entry = next((e for e in entries if Path(e["file"]) == source), None)
+    if entry is None:
+        raise RuntimeError(f"{source} is no source of {folder}")
     words = shlex.split(entry["command"])
     own = words[words.index("-o") + 1]
     compiler = [w for w in words[:words.index("-o")] if w != "-Werror"]

@@ -18,7 +18,7 @@ protected:
 
 TEST_F(BomFaults, AfterASkeletonWhatCannotBeToldFromOneIsNone) {
     // Asked are TOP, SKEL, which is one, and BOLT, for which the host does not answer.
-    FailCall("ProMdlIsSkeleton", 3);
+    Fail("ProMdlIsSkeleton", {.n = 3});
     Check("@ expect rows bom_list 4\n@ expect row bom_list 2 \"2|BOLT|5\"\n");
 }
 
@@ -29,7 +29,7 @@ TEST_F(BomFaults, AModelWhoseKindCannotBeReadHasAnUncolouredRowOfTheModelBefore)
     Check("@ expect row colours bom_list 1 17 17 -\n");
     Recorded();
     // The last question is the one for the row.
-    FailCall("ProMdlTypeGet", unsigned(Lines("ProMdlTypeGet").size()));
+    Fail("ProMdlTypeGet", {.n = unsigned(Lines("ProMdlTypeGet").size())});
     Check("@ expect row bom_list 1 \"1|EMPTY|\"\n@ expect row colours bom_list 1 - - -\n");
 }
 
@@ -38,7 +38,7 @@ TEST_F(BomFaults, InTheTreeAModelWhoseKindCannotBeReadIsNoAssembly) {
     Record();
     Check(LoadLevels("1") + "@ expect rows bom_list 3\n");
     Recorded();
-    FailCall("ProMdlTypeGet", unsigned(Lines("ProMdlTypeGet").size()));  // that of BOLT
+    Fail("ProMdlTypeGet", {.n = unsigned(Lines("ProMdlTypeGet").size())});  // that of BOLT
     Check(LoadLevels("1") + "@ expect row bom_list 3 \"3|1|2|BOLT|1\"\n" +
           "@ expect row colours bom_list 3 - - - - -\n");
 }
@@ -47,7 +47,7 @@ TEST_F(BomFaults, AComponentThatDoesNotTellWhetherItShowsIsLeftOutOfTheTree) {
     Open(*sub_);
     WithBom([&](Dialog& dialog) {
         dialog.Use(Verb::Select, "BomRadio", {"LevelBom"});
-        FailCall("ProFeatureVisibilityGet", 0);
+        Fail("ProFeatureVisibilityGet", {.forGood = true});
         EXPECT_EQ(dialog.Press("VxLoadBom"), "");
         EXPECT_EQ(dialog.Find("bom_list")->State(), "1 rows of 5 columns");
     });
@@ -55,12 +55,12 @@ TEST_F(BomFaults, AComponentThatDoesNotTellWhetherItShowsIsLeftOutOfTheTree) {
 
 TEST_F(BomFaults, AComponentThatDoesNotTellItsStatusCountsAsActive) {
     Open(*sub_);
-    FailCall("ProFeatureStatusGet", 0);
+    Fail("ProFeatureStatusGet", {.forGood = true});
     Check(LoadLevels("1") + "@ expect rows bom_list 3\n");
 }
 
 TEST_F(BomFaults, AtTheOpeningOnlyTheSummedModeGreysTheDepth) {
-    FailCall("ProUIRadiogroupSelectednamesGet", 1);
+    Fail("ProUIRadiogroupSelectednamesGet");
     WithBom([&](Dialog& dialog) { EXPECT_TRUE(dialog.Find("LevelOption")->enabled); });
     WithBom([&](Dialog& dialog) { EXPECT_FALSE(dialog.Find("LevelOption")->enabled); });
 }

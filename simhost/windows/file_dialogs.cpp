@@ -8,7 +8,7 @@
 using namespace simhost;
 
 BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
-    static Operation op("GetSaveFileNameW");
+    Operation& op = Op<"GetSaveFileNameW">;
     WideText filter, path;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {

@@ -16,7 +16,7 @@ WideText SimulatedWindows::Desktop() const {
 }
 
 BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create) {
-    static Operation op("SHGetSpecialFolderPathW");
+    Operation& op = Op<"SHGetSpecialFolderPathW">;
     return op.CallOr([](int) { return BOOL(FALSE); },
                      [&] {
                          Need(path, "the place for the path");

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -63,21 +62,25 @@ int RunTrail(const Options& options, Source& source) {
     Workplace workplace(options.workplace);
     Host& host = TheHost();
     SetHooks(workplace);
-    if (!options.journal.empty()) host.journal.Start();
+    if (!options.journal.empty()) host.journal.StartFile(options.journal);
     for (const Fault& fault : faults) Operation::Fail(fault);
 
     Trail trail(source, PrintLine);
     if (!options.noPlugin) trail.Begin("@ start");
-    const bool ok = trail.Run();
+    bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
     }
     workplace.StopPlugin();
     if (!options.journal.empty()) {
-        std::ofstream(options.journal) << host.journal.Text();
+        host.journal.Stop();
         PrintLine("journal: " + options.journal);
     }
     if (!ok) PrintLine(std::to_string(trail.failures().size()) + " failed");
+    for (const std::string& unreached : UnreachedFaultLines()) {
+        PrintLine(unreached);
+        ok = false;
+    }
     return ok ? 0 : 1;
 }
 
@@ -98,8 +101,10 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
     command->add_option("--drive", options->workplace.drive,
                         "Folder that plays drive C and stays (default: a temporary one)");
     command->add_option("--journal", options->journal, "Write every call through the door here");
-    command->add_option("--fail", options->faults,
-                        "OPERATION[:N]=STATUS: the N-th such call fails (without N, every one)");
+    command->add_option(
+        "--fail", options->faults,
+        "OPERATION[:N]=STATUS[+done]: the N-th such call fails (without N, every one), "
+        "with +done after it has done its work");
     command->add_flag("--new-user", options->workplace.newUser,
                       "The first-run notice has not been seen yet");
     command->add_flag("--no-plugin", options->noPlugin, "Do not start the plug-in (see @ start)");

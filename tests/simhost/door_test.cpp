@@ -1,0 +1,173 @@
+// What all operations of the door have in common: what they refuse and what they complain about,
+// how they are told to fail, and how their arguments look in the journal.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "hostapi/host.h"
+#include "simhost/app/faults.h"
+#include "tests/support/workbench.h"
+
+namespace {
+
+using namespace simhost;
+using Lines = std::vector<std::string>;
+
+class Door : public workbench::Workbench {
+protected:
+    // The journal of what `act` calls.
+    template <class Act>
+    Lines Recorded(Act act) {
+        host().journal.Clear();
+        host().journal.Start();
+        act();
+        host().journal.Stop();
+        return host().journal.lines();
+    }
+};
+
+// --- Faults ---
+
+TEST_F(Door, AFaultAfterTheWorkFillsTheRecordAndRefuses) {
+    Model& part = Part("part");
+    ProModelitem owner = {PRO_PART, -1, part.handle};
+    ProName name = {'N', 0};
+    ProParamvalue value = {};
+    value.type = PRO_PARAM_INTEGER;
+    value.value.i_val = 3;
+    Operation::Fail(ParseFault("ProParameterCreate:1=-5+done"));
+    ProParameter parameter = {};
+    EXPECT_EQ(ProParameterCreate(&owner, name, &value, &parameter), PRO_TK_E_FOUND);
+    EXPECT_EQ(parameter.owner.owner, part.handle);
+    EXPECT_TRUE(part.parameters.Find(WIDE("N")));
+    EXPECT_EQ(Operation::FiredFaults(), 1u);
+}
+
+TEST_F(Door, AFaultWithoutItLeavesTheWorkUndone) {
+    Model& part = Part("part");
+    Operation::Fail(ParseFault("ProMdlToModelitem=-5"));
+    ProModelitem item = {};
+    EXPECT_EQ(ProMdlToModelitem(part.handle, &item), PRO_TK_E_FOUND);
+    EXPECT_EQ(item.owner, nullptr);
+}
+
+// A status that the header does not list is a value of its type all the same.
+TEST_F(Door, AFaultMayHaveAStatusThatIsNotListed) {
+    Model& part = Part("part");
+    Operation::Fail(ParseFault("ProMdlTypeGet:1=-88"));
+    ProMdlType type = PRO_MDL_UNUSED;
+    EXPECT_EQ(int(ProMdlTypeGet(part.handle, &type)), -88);
+}
+
+std::string Problem(const std::string& fault) {
+    try {
+        ParseFault(fault);
+    } catch (const std::invalid_argument& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+TEST_F(Door, AFaultOfAnUnknownOperationIsTold) {
+    EXPECT_EQ(Problem("ProMdlTypGet=-1"),
+              "--fail ProMdlTypGet=-1: there is no operation ProMdlTypGet; did you mean "
+              "ProMdlTypeGet?");
+    EXPECT_EQ(Problem("Nonsense=-1"), "--fail Nonsense=-1: there is no operation Nonsense");
+    // Known before any call of them.
+    EXPECT_EQ(Problem("ExcelQuit=-1").find("did you mean") != std::string::npos, true);
+    EXPECT_EQ(Problem("MessageBoxW=0"), "none");
+    EXPECT_EQ(Problem("ProViewRotate:2=-1+done"), "none");
+}
+
+TEST_F(Door, AFaultWhoseStatusOrNumberDoesNotFitIsTold) {
+    for (const char* wrong :
+         {"ProMdlTypeGet=-2147483649", "ProMdlTypeGet=99999999999999999999", "ProMdlTypeGet=x",
+          "ProMdlTypeGet=", "ProMdlTypeGet:0=-1", "ProMdlTypeGet:-1=-1", "ProMdlTypeGet:x=-1",
+          "ProMdlTypeGet=-1+do", "ProMdlTypeGet=+done", "ProMdlTypeGet", "=-1", ""}) {
+        EXPECT_NE(Problem(wrong).find("write OPERATION=STATUS"), std::string::npos) << wrong;
+    }
+}
+
+TEST_F(Door, AFaultWhoseCallWasNeverMadeIsTold) {
+    Model& part = Part("part");
+    Operation::Fail(ParseFault("ProMdlTypeGet:3=-1"));
+    Operation::Fail(ParseFault("ProMdlTypeGet:1=-1"));
+    ProMdlType type = PRO_MDL_UNUSED;
+    ProMdlTypeGet(part.handle, &type);
+    ProMdlTypeGet(part.handle, &type);
+    EXPECT_EQ(UnreachedFaultLines(),
+              Lines{"--fail ProMdlTypeGet: that call was never made; there were 2 calls of it"});
+}
+
+// --- A journal that goes to a file ---
+
+class JournalFile : public Door {
+protected:
+    std::string path_ =
+        (std::filesystem::temp_directory_path() /
+         ("vorlatix-journal-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed())))
+            .string();
+    void TearDown() override {
+        std::filesystem::remove(path_);
+        Door::TearDown();
+    }
+    std::string Text() const {
+        std::ostringstream text;
+        text << std::ifstream(path_).rdbuf();
+        return text.str();
+    }
+};
+
+ProError AskForType(ProFeature* feature, ProError, ProAppData) {
+    ProFeattype type = 0;
+    ProFeatureTypeGet(feature, &type);
+    return PRO_TK_NO_ERROR;
+}
+
+TEST_F(JournalFile, HasEachCallWhenItHasEnded) {
+    Model& top = Assembly("top");
+    Feature feature;
+    feature.type = 5;
+    const int id = top.AddFeature(feature).id;
+    host().journal.StartFile(path_);
+    ProSolidFeatVisit(static_cast<ProSolid>(top.handle), AskForType, nullptr, nullptr);
+    host().journal.Stop();
+    EXPECT_EQ(host().journal.lines(), Lines{});
+    EXPECT_EQ(Text(),
+              "ProSolidFeatVisit ...\n"
+              "  ProFeatureTypeGet(feature=top.asm item " +
+                  std::to_string(id) +
+                  " of type 3, type=5) = 0\n"
+                  "... ProSolidFeatVisit(solid=top.asm) = 0\n");
+}
+
+TEST_F(JournalFile, ThatCannotBeWrittenIsAnErrorWithPathAndReason) {
+    const std::string nowhere = path_ + "/no/folder";
+    try {
+        host().journal.StartFile(nowhere);
+        ADD_FAILURE() << "it was opened";
+    } catch (const std::runtime_error& error) {
+        EXPECT_EQ(error.what(),
+                  "cannot write the journal " + nowhere + ": No such file or directory");
+    }
+    EXPECT_FALSE(host().journal.running());
+}
+
+#ifdef __linux__
+TEST_F(JournalFile, OnAFullDiskIsAnErrorWhenItEnds) {
+    host().journal.StartFile("/dev/full");
+    ProMdl model = nullptr;
+    ProMdlCurrentGet(&model);
+    try {
+        host().journal.Stop();
+        ADD_FAILURE() << "nobody was told";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "cannot write the journal /dev/full: No space left on device");
+    }
+}
+#endif
+
+}  // namespace

@@ -10,10 +10,11 @@ using namespace simhost;
 
 namespace {
 
-// The model of an object; a null or stale object is a complaint.
+// The model of an object; a stale object is a complaint.
 Model& RequireObject(Prohandle object) {
+    if (!object) Refuse(PRO_TK_BAD_INPUTS);
     Model* model = TheHost().session.FindObject(object);
-    if (!model) Complain(PRO_TK_BAD_INPUTS, object ? "not an object" : "the object is null");
+    if (!model) Complain(PRO_TK_BAD_INPUTS, "not an object");
     return *model;
 }
 

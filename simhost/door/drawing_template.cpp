@@ -86,6 +86,7 @@ ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProMod
             Need(model, "the model");
             Need(drawing, "the place for the drawing");
             Need(errors, "the place for the errors");
+            if (!model->name[0]) Refuse(PRO_TK_BAD_INPUTS);
             Session& session = TheHost().session;
             const WideText wanted = name;
             if (wanted.empty() || wanted.size() >= PRO_NAME_SIZE) {

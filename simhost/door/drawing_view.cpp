@@ -14,8 +14,8 @@ using namespace simhost;
 namespace {
 
 DrawingView& RequireView(const Model& drawing, ProView handle) {
+    if (!handle) Refuse(PRO_TK_BAD_INPUTS);
     DrawingView* view = FindView(handle);
-    if (!handle) Complain(PRO_TK_BAD_INPUTS, "the view is null");
     if (!view) Complain(PRO_TK_BAD_INPUTS, "not a live view");
     if (view->drawing != &drawing) {
         Complain(PRO_TK_BAD_INPUTS, "a view of " + view->drawing->FileName());

@@ -54,6 +54,7 @@ ProError ProFamtableItemAdd(ProFamtable* table, ProFamtableItem* item) {
         [&] {
             Need(item, "the item");
             Model& generic = TheHost().session.RequireSolid(table->owner);
+            if (!item->owner.owner) Refuse(PRO_TK_BAD_INPUTS);
             if (item->type != kParameterColumn) {
                 Complain(PRO_TK_BAD_INPUTS, "no item of a family table");
             }

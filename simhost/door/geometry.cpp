@@ -53,6 +53,7 @@ ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
         [&] {
             Need(data, "the place for the data");
             Surface* found = TheHost().session.FindSurface(surface);
+            if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
             *data = Model::SurfaceData(*found);
         },

@@ -87,9 +87,7 @@ ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {
     return Op<"ProMfgAssemGet">.Call(
         [&] {
             const Model& model = TheHost().session.Require(manufacturing);
-            if (model.type != PRO_MDL_MFG) {
-                Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a manufacturing model");
-            }
+            if (model.type != PRO_MDL_MFG) Refuse(PRO_TK_BAD_INPUTS);
             if (!model.manufactured) Refuse(PRO_TK_E_NOT_FOUND);
             *assembly = static_cast<ProAssembly>(model.manufactured->handle);
         },

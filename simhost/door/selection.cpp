@@ -21,6 +21,7 @@ ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem* item) {
     return Op<"ProSelectionModelitemGet">.Call(
         [&] {
             const Selection* found = TheHost().session.FindSelection(selection);
+            if (!selection) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a live selection");
             *item = found->item;
         },

@@ -29,6 +29,64 @@ protected:
     }
 };
 
+// --- What is refused, and what is a complaint ---
+
+TEST_F(Door, ANullHandleIsRefusedQuietly) {
+    ProMdlType type = PRO_MDL_UNUSED;
+    EXPECT_EQ(ProMdlTypeGet(nullptr, &type), PRO_TK_BAD_INPUTS);
+    ProModelitem item = {};
+    EXPECT_EQ(ProSelectionModelitemGet(nullptr, &item), PRO_TK_BAD_INPUTS);
+    ProGeomitemdata* data = nullptr;
+    EXPECT_EQ(ProSurfaceDataGet(nullptr, &data), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(prodb_unset_surface_props(nullptr, PRODB_WHOLE_OBJECT, -1, 0), PRO_TK_BAD_INPUTS);
+    char icon[] = "x.png";
+    EXPECT_EQ(ProCmdIconSet(nullptr, icon), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(), Lines{});
+}
+
+TEST_F(Door, AZeroedRecordIsRefusedQuietly) {
+    ProFeature feature = {};
+    ProFeattype type = 0;
+    EXPECT_EQ(ProFeatureTypeGet(&feature, &type), PRO_TK_BAD_INPUTS);
+    ProParameter parameter = {};
+    EXPECT_EQ(ProParameterDelete(&parameter), PRO_TK_BAD_INPUTS);
+    ProRelset set = {};
+    EXPECT_EQ(ProRelsetRelationsSet(&set, nullptr, 0), PRO_TK_BAD_INPUTS);
+    ProAsmcomppath path = {};
+    ProMdl model = nullptr;
+    EXPECT_EQ(ProAsmcomppathMdlGet(&path, &model), PRO_TK_BAD_INPUTS);
+    ProFamtable table = {PRO_ASSEMBLY, -1, Assembly("top").handle};
+    ProFamtableItem column = {};
+    EXPECT_EQ(ProFamtableItemAdd(&table, &column), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(), Lines{});
+}
+
+TEST_F(Door, AModelOfTheWrongKindIsRefusedQuietly) {
+    Model& part = Part("part");
+    Model& drawing = host().session.Create(WIDE("SHEET"), PRO_MDL_DRAWING);
+    ProAssembly assembly = nullptr;
+    EXPECT_EQ(ProMfgAssemGet(static_cast<ProMfg>(part.handle), &assembly), PRO_TK_BAD_INPUTS);
+    int sheets = 0;
+    EXPECT_EQ(ProDrawingSheetsCount(static_cast<ProDrawing>(part.handle), &sheets),
+              PRO_TK_BAD_INPUTS);
+    Pro3dPnt outline[2];
+    EXPECT_EQ(ProSolidOutlineGet(static_cast<ProSolid>(drawing.handle), outline),
+              PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(), Lines{});
+}
+
+TEST_F(Door, ADanglingHandleAndANullPlaceAreComplaints) {
+    Model& part = Part("part");
+    ProMdl handle = part.handle;
+    EXPECT_EQ(ProMdlTypeGet(handle, nullptr), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(ProMdlRetrieve(nullptr, PRO_MDL_PART, &handle), PRO_TK_BAD_INPUTS);
+    host().session.Erase(part);
+    ProMdlType type = PRO_MDL_UNUSED;
+    EXPECT_EQ(ProMdlTypeGet(handle, &type), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(), (Lines{"ProMdlTypeGet: type is null", "ProMdlRetrieve: name is null",
+                                   "ProMdlTypeGet: a model that was erased"}));
+}
+
 // --- Faults ---
 
 TEST_F(Door, AFaultAfterTheWorkFillsTheRecordAndRefuses) {

@@ -11,21 +11,9 @@
 
 namespace {
 
-using sweep::Forced;
 using sweep::Scenes;
 using sweep::Sweep;
 using sweep::World;
-
-// Registering examines no status, by rule: what follows on a failed step is done with the id as it
-// came, and the host refuses it.
-const Forced kNoId[] = {
-    {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd: a command id that the host did not give",
-     "buttons are added with the id as it came"},
-    {"ProCmdActionAdd", "ProCmdIconSet: a command id that the host did not give",
-     "icons are set with the id as it came"},
-    {"ProCmdActionAdd", "ProCmdDesignate: a command id that the host did not give",
-     "commands are designated with the id as it came"},
-};
 
 class FaultSweep : public ::testing::Test {
 protected:
@@ -48,7 +36,7 @@ void NewUser(World& world) {
 }
 
 TEST_F(FaultSweep, Start) {
-    Sweep faults({kNoId[0], kNoId[1], kNoId[2]});
+    Sweep faults;
     faults.Run({"the start for a new user",
                 NewUser,
                 [](World& w) { w.StartAsNewUser(); },
@@ -105,11 +93,6 @@ void OpenPopup(World& world) {
 
 TEST_F(FaultSweep, Popups) {
     Sweep faults({
-        kNoId[0],
-        {"ProCmdActionAdd", "ProPopupmenuButtonAdd: a command id that the host did not give",
-         "the button of the drawing is added with the id as it came"},
-        {"ProCmdCmdIdFind", "ProPopupmenuButtonAdd: a command id that the host did not give",
-         "popup buttons are added with the id as it came"},
         {"ProPopupmenuIdGet", "ProPopupmenuButtonAdd: no popup of the id 0",
          "popup buttons are added with the id as it came"},
     });

@@ -56,7 +56,6 @@ int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
                             ProdbSurfaceProps* props) {
     return Op<"prodb_get_surface_props">.Call(
         [&] {
-            Need(props, "the place for the appearance");
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
             const auto own = model.surfaceAppearances.find(id);
@@ -66,14 +65,13 @@ int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
                 *props = model.appearance.value_or(DefaultAppearance());
             }
         },
-        ARG(object), ARG(itemType), ARG(id), ARG(unused));
+        ARG(object), ARG(itemType), ARG(id), ARG(unused), OUT(props));
 }
 
 int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
                             ProdbSurfaceProps* props) {
     return Op<"prodb_set_surface_props">.Call(
         [&] {
-            Need(props, "the appearance");
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
             RequireRange(*props);
@@ -84,7 +82,7 @@ int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
             }
             model.modified = true;
         },
-        ARG(object), ARG(itemType), ARG(id), ARG(unused));
+        ARG(object), ARG(itemType), ARG(id), ARG(unused), GIVEN(props));
 }
 
 int prodb_unset_surface_props(Prohandle object, int itemType, int id, int unused) {

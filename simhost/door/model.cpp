@@ -36,7 +36,6 @@ ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype) {
 ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
     return Op<"ProMdlDataGet">.Call(
         [&] {
-            Need(data, "the place for the data");
             const Model& found = TheHost().session.Require(model);
             *data = {};
             CopyCut(TheHost().session.workingDirectory, data->path, PRO_PATH_SIZE);
@@ -44,7 +43,7 @@ ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
             CopyCut(Upper(Wide(SuffixOf(found.type))), data->type, PRO_TYPE_SIZE);
             data->version = found.version;
         },
-        ARG(model));
+        ARG(model), OUT(data));
 }
 
 ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {

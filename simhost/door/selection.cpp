@@ -7,14 +7,15 @@ using namespace simhost;
 
 ProError ProSelbufferSelectionsGet(ProSelection** selections) {
     Operation& op = Op<"ProSelbufferSelectionsGet">;
-    return op.Call([&] {
-        Need(selections, "the place for the selections");
-        Host& host = TheHost();
-        if (host.session.buffer.empty()) Refuse(PRO_TK_E_NOT_FOUND);
-        std::vector<ProSelection> handles;
-        for (const Selection* one : host.session.buffer) handles.push_back(one->handle);
-        *selections = host.arrays.Make(handles, op.name());
-    });
+    return op.Call(
+        [&] {
+            Host& host = TheHost();
+            if (host.session.buffer.empty()) Refuse(PRO_TK_E_NOT_FOUND);
+            std::vector<ProSelection> handles;
+            for (const Selection* one : host.session.buffer) handles.push_back(one->handle);
+            *selections = host.arrays.Make(handles, op.name());
+        },
+        OUT_ARRAY(selections));
 }
 
 ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem* item) {

@@ -7,6 +7,19 @@
 
 using namespace simhost;
 
+namespace {
+
+// The labels and patterns of a filter, each with the \0 that ends it made visible.
+WideText VisibleFilter(const WideChar* pairs) {
+    WideText text;
+    for (const WideChar* at = pairs; at && *at; at += WideView(at).size() + 1) {
+        text.append(at).append(WIDE("\\0"));
+    }
+    return text;
+}
+
+}  // namespace
+
 BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
     Operation& op = Op<"GetSaveFileNameW">;
     WideText filter, path;
@@ -14,7 +27,7 @@ BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
                      [&] {
                          Need(dialog, "the record");
                          const BOOL chosen = AskForSaveName(dialog);
-                         filter = FirstPattern(dialog->lpstrFilter);
+                         filter = VisibleFilter(dialog->lpstrFilter);
                          path = chosen ? dialog->lpstrFile : WIDE("");
                          return chosen;
                      },

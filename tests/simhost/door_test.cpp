@@ -9,6 +9,7 @@
 
 #include "hostapi/host.h"
 #include "simhost/app/faults.h"
+#include "simhost/model/drawing.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -160,6 +161,65 @@ TEST_F(Door, AFaultWhoseCallWasNeverMadeIsTold) {
               Lines{"--fail ProMdlTypeGet: that call was never made; there were 2 calls of it"});
 }
 
+// --- The journal ---
+
+TEST_F(Door, TheJournalShowsPlacesScalesAndOrientations) {
+    Model& part = Part("part");
+    Model& drawing = host().session.Create(WIDE("SHEET"), PRO_MDL_DRAWING);
+    drawing.sheets.sizes = {WIDE("A3")};
+    Pro3dPnt at = {100.5, 0.1, 0};
+    ProMatrix turned = {{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+    ProView view = nullptr;
+    const auto created = [&] {
+        ProDrawingGeneralviewCreate(static_cast<ProDrawing>(drawing.handle),
+                                    static_cast<ProSolid>(part.handle), 1, PRO_B_FALSE, at, 0.25,
+                                    turned, &view);
+    };
+    EXPECT_EQ(Recorded(created),
+              Lines{"ProDrawingGeneralviewCreate(drawing=sheet.drw, solid=part.prt, sheet=1, "
+                    "exploded=0, position=(100.5, 0.1, 0), scale=0.25, orientation=[(0, 1, 0, 0), "
+                    "(-1, 0, 0, 0), (0, 0, 1, 0), (0, 0, 0, 1)], view=view 1 of sheet.drw) = 0"});
+    ProDrawingViewDisplay display = {};
+    display.style = PRO_DISPSTYLE_NO_HIDDEN;
+    display.tangent_edge_display = ProTanedgeDisplay(15);
+    const auto shown = [&] {
+        ProDrawingViewDisplaySet(static_cast<ProDrawing>(drawing.handle), view, &display);
+    };
+    EXPECT_EQ(Recorded(shown),
+              Lines{"ProDrawingViewDisplaySet(drawing=sheet.drw, view=view 1 of sheet.drw, "
+                    "display=style 3, quilt 0, tangent edges 15, cables 0, concept 0, welds 0) = "
+                    "0"});
+}
+
+TEST_F(Door, TheJournalShowsAViewsMatrixThatIsSetAndRead) {
+    Model& part = Part("part");
+    ProMatrix wanted = {{2, 0, 0, 0}, {0, 0, 2, 0}, {0, -2, 0, 0}, {5, -0.5, 0, 1}};
+    const std::string text = "[(2, 0, 0, 0), (0, 0, 2, 0), (0, -2, 0, 0), (5, -0.5, 0, 1)]";
+    ProMatrix got = {};
+    const auto both = [&] {
+        ProViewMatrixSet(part.handle, nullptr, wanted);
+        ProViewMatrixGet(part.handle, nullptr, got);
+    };
+    EXPECT_EQ(Recorded(both),
+              (Lines{"ProViewMatrixSet(model=part.prt, view=null, transform=" + text + ") = 0",
+                     "ProViewMatrixGet(model=part.prt, view=null, transform=" + text + ") = 0"}));
+}
+
+TEST_F(Door, TheJournalShowsTheIdsOfAPath) {
+    Model& top = Assembly("top");
+    ProIdTable ids = {4, 7};
+    ProAsmcomppath path = {};
+    const auto made = [&] { ProAsmcomppathInit(static_cast<ProSolid>(top.handle), ids, 2, &path); };
+    EXPECT_EQ(Recorded(made),
+              Lines{"ProAsmcomppathInit(assembly=top.asm, ids=[4, 7], path=top.asm [4, 7]) = 0"});
+}
+
+TEST_F(Door, TheJournalMakesControlCharactersVisible) {
+    WideChar macro[] = {'a', '\t', 'b', 1, 0x7f, '"', 0};
+    EXPECT_EQ(Recorded([&] { ProMacroLoad(macro); }),
+              Lines{"ProMacroLoad(macro=\"a\\tb\\x01\\x7f\\\"\") = 0"});
+}
+
 // --- A journal that goes to a file ---
 
 class JournalFile : public Door {
@@ -200,6 +260,35 @@ TEST_F(JournalFile, HasEachCallWhenItHasEnded) {
                   std::to_string(id) +
                   " of type 3, type=5) = 0\n"
                   "... ProSolidFeatVisit(solid=top.asm) = 0\n");
+}
+
+TEST_F(JournalFile, ShowsTheFirstFiftyOfALongList) {
+    Model& part = Part("part");
+    ProModelitem item = {PRO_PART, -1, part.handle};
+    ProRelset set = {};
+    ASSERT_EQ(ProRelsetCreate(&item, &set), PRO_TK_NO_ERROR);
+    WideChar line[] = {'x', '=', '1', 0};
+    ProArray array = nullptr;
+    ASSERT_EQ(ProArrayAlloc(0, sizeof(WideChar*), 1, &array), PRO_TK_NO_ERROR);
+    for (int i = 0; i < 52; ++i) {
+        WideChar* one = line;
+        ASSERT_EQ(ProArrayObjectAdd(&array, -1, 1, &one), PRO_TK_NO_ERROR);
+    }
+    const auto write = [&] { ProRelsetRelationsSet(&set, static_cast<WideChar**>(array), 52); };
+    std::string fifty, all;
+    for (int i = 0; i < 52; ++i) {
+        const std::string one = (i ? ", " : "") + std::string("\"x=1\"");
+        all += one;
+        if (i < 50) fifty += one;
+    }
+    EXPECT_EQ(Recorded(write),
+              Lines{"ProRelsetRelationsSet(set=of part.prt, lines=[" + all + "]) = 0"});
+    host().journal.StartFile(path_);
+    write();
+    host().journal.Stop();
+    EXPECT_EQ(Text(),
+              "ProRelsetRelationsSet(set=of part.prt, lines=[" + fifty + ", and 2 more]) = 0\n");
+    ProArrayFree(&array);
 }
 
 TEST_F(JournalFile, ThatCannotBeWrittenIsAnErrorWithPathAndReason) {

@@ -94,9 +94,12 @@ TEST_F(BomExport, AsksOnTheDesktopForASpreadsheet) {
     Record();
     Export("@ quit\n");
     Recorded();
-    EXPECT_EQ(Lines("GetSaveFileNameW"),
-              Names{"GetSaveFileNameW(filter=\"*.xlsx\", extension=\".xlsx\", "
-                    "folder=\"C:\\Users\\Designer\\Desktop\", flags=6, path=\"\") = 0"});
+    EXPECT_EQ(
+        Lines("GetSaveFileNameW"),
+        Names{
+            "GetSaveFileNameW(filter=\"EXCEL文件(*.xlsx)\\0*.xlsx\\0 All Files (*.*) \\0*.*\\0\", "
+            "extension=\".xlsx\", "
+            "folder=\"C:\\Users\\Designer\\Desktop\", flags=6, path=\"\") = 0"});
     EXPECT_EQ(Lines("ExcelCreate"), Names{});
 }
 

@@ -31,7 +31,7 @@ bool WriteCount(const ModelCount& count) {
     const ProError status = ProParameterCreate(&item, name, &value, &parameter);
     if (status != PRO_TK_E_FOUND) return status == PRO_TK_NO_ERROR;
     // The host may leave the handle of a parameter that is there already to be asked for.
-    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
+    if (!parameter.id[0] && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
         return false;
     }
     return ProParameterValueSet(&parameter, &value) == PRO_TK_NO_ERROR;
@@ -47,7 +47,7 @@ void AddColumn(ProMdl generic) {
     ProParamvalue value = WholeValue(0);
     ProParameter parameter = {};
     ProParameterCreate(&item, name, &value, &parameter);
-    if (!parameter.owner.owner && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
+    if (!parameter.id[0] && ProParameterInit(&item, name, &parameter) != PRO_TK_NO_ERROR) {
         return;
     }
     ProFamtable table = {PRO_TYPE_UNUSED, 0, nullptr};

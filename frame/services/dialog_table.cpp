@@ -86,7 +86,7 @@ void SetTableCellText(const char* dialog, const char* table, const std::string& 
 
 ProUIColorType TableCellColour(const char* dialog, const char* table, const std::string& row,
                                const std::string& column) {
-    ProUIColorType colour = -1;
+    ProUIColorType colour = {};
     ProUITableCellBackgroundColorGet(HostText(dialog), HostText(table), HostText(row.c_str()),
                                      HostText(column.c_str()), &colour);
     return colour;

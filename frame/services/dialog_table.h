@@ -20,6 +20,6 @@ WideText TableCellText(const char* dialog, const char* table, const std::string&
 void SetTableCellText(const char* dialog, const char* table, const std::string& row,
                       const std::string& column, const WideText& text);
 
-// The colour behind a cell's text; -1 after a failed call.
+// The colour behind a cell's text; the first of the palette after a failed call.
 ProUIColorType TableCellColour(const char* dialog, const char* table, const std::string& row,
                                const std::string& column);

@@ -9,7 +9,7 @@ typedef int uiCmdPriority;
 typedef int uiCmdAccessMode;
 
 // What an access function answers.
-typedef enum {
+typedef enum : int {
     ACCESS_REMOVE = 0,
     ACCESS_INVISIBLE = 1,
     ACCESS_UNAVAILABLE = 2,

@@ -5,10 +5,10 @@
 
 #include "hostapi/host/dialog.h"
 
-typedef int ProUIColorType;  // an entry of the host's palette of interface colours
+enum ProUIColorType : int {};  // an entry of the host's palette of interface colours
 
 // Which rows or columns the user may select.
-typedef enum {
+typedef enum : int {
     PROUISELPOLICY_SINGLE = 0,
     PROUISELPOLICY_BROWSE = 1,
     PROUISELPOLICY_MULTIPLE = 2,

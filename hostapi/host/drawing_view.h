@@ -9,7 +9,7 @@
 #include "hostapi/host/view.h"
 
 // How the edges of a view are shown.
-typedef enum {
+typedef enum : int {
     PRO_DISPSTYLE_DEFAULT = 0,
     PRO_DISPSTYLE_WIREFRAME = 1,
     PRO_DISPSTYLE_HIDDEN_LINE = 2,  // hidden edges in a weaker line
@@ -17,8 +17,8 @@ typedef enum {
 } ProDisplayStyle;
 
 // How edges between surfaces that run into each other without a bend are shown.
-typedef int ProTanedgeDisplay;
-typedef int ProCableDisplay;
+enum ProTanedgeDisplay : int {};
+enum ProCableDisplay : int {};
 
 typedef struct VxDrawingViewDisplay {
     ProDisplayStyle style;

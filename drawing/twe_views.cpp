@@ -135,8 +135,9 @@ ProError CreateFromTemplate(const WideText& name, ProMdl model, const WideText& 
     ProMdldata data = {};
     ProMdlDataGet(model, &data);
     ProModel shown = {};
-    std::copy(std::begin(data.name), std::end(data.name), shown.name);
-    std::copy(std::begin(data.type), std::end(data.type), shown.type);
+    // Whole, terminated or not; the two records need not be of one size.
+    std::copy_n(data.name, std::min(std::size(data.name), std::size(shown.name)), shown.name);
+    std::copy_n(data.type, std::min(std::size(data.type), std::size(shown.type)), shown.type);
     const WideText templates = FileBesideModule(WIDE("tp"));
     const bool enters = !workFolder.empty() && !templates.empty();
     if (enters) ProDirectoryChange(HostText(templates));

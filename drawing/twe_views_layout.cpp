@@ -45,7 +45,7 @@ struct SetOutlines {
 ProDrawingViewDisplay DisplayOf(ProDisplayStyle style) {
     ProDrawingViewDisplay display = {};
     display.style = style;
-    display.tangent_edge_display = 15;
+    display.tangent_edge_display = ProTanedgeDisplay(15);
     return display;
 }
 

@@ -58,14 +58,14 @@ uiCmdAccessState AccessDrawing(uiCmdAccessMode) noexcept {
     return AvailableInModes({PRO_MODE_DRAWING});
 }
 
-uiCmdAccessState PopupAccessComponent(uiCmdCmdId, ProAppData, void*) noexcept {
+uiCmdAccessState PopupAccessComponent(uiCmdCmdId, ProAppData, PopupSelection) noexcept {
     const SelectedItems selected = ReadSelectedItems();
     if (selected.status != PRO_TK_NO_ERROR) return ACCESS_INVISIBLE;
     const bool component = selected.firstType == PRO_ASSEMBLY || selected.firstType == PRO_PART;
     return selected.count >= 1 && component ? ACCESS_AVAILABLE : ACCESS_REMOVE;
 }
 
-uiCmdAccessState PopupAccessSingleItem(uiCmdCmdId, ProAppData, void*) noexcept {
+uiCmdAccessState PopupAccessSingleItem(uiCmdCmdId, ProAppData, PopupSelection) noexcept {
     static constexpr ProType kTypes[] = {PRO_ASSEMBLY, PRO_PART,       PRO_SURFACE,
                                          PRO_EDGE,     PRO_CSYS,       PRO_QUILT,
                                          PRO_CURVE,    PRO_COMP_CURVE, PRO_BODY};

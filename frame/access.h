@@ -10,9 +10,18 @@ uiCmdAccessState AccessSolidOrMfg(uiCmdAccessMode mode) noexcept;     // and man
 uiCmdAccessState AccessAssemblyOrMfg(uiCmdAccessMode mode) noexcept;  // no parts
 uiCmdAccessState AccessDrawing(uiCmdAccessMode mode) noexcept;
 
+// What the host hands a popup button's rule last; of which type, its own headers say.
+template <class Function>
+struct LastOfThree;
+template <class Result, class First, class Second, class Third>
+struct LastOfThree<Result (*)(First, Second, Third)> {
+    using Type = Third;
+};
+using PopupSelection = LastOfThree<ProPopupmenuAccessFn>::Type;
+
 // Rules of popup buttons: by what is selected. The first looks at the first selection only, the
 // second wants exactly one. The host's array of selections is left to the host.
 uiCmdAccessState PopupAccessComponent(uiCmdCmdId command, ProAppData data,
-                                      void* selection) noexcept;
+                                      PopupSelection selection) noexcept;
 uiCmdAccessState PopupAccessSingleItem(uiCmdCmdId command, ProAppData data,
-                                       void* selection) noexcept;
+                                       PopupSelection selection) noexcept;

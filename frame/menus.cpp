@@ -7,7 +7,7 @@
 namespace {
 
 // Commands that act at once on what is shown.
-constexpr uiCmdPriority kImmediate = 2;
+constexpr auto kImmediate = uiCmdPriority(2);
 
 void RegisterCommand(const CommandRow& row, const WideText& textFile) {
     uiCmdCmdId command = nullptr;

@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char* kSelectionPopup = "Sel Obj Menu";
 constexpr const char* kActionMenu = "ActionMenu";
-constexpr uiCmdPriority kImmediate = 2;
-constexpr uiCmdPriority kOnSelection = 5;
+constexpr auto kImmediate = uiCmdPriority(2);
+constexpr auto kOnSelection = uiCmdPriority(5);
 
 void AddToActionMenu(const char* button, const char* labelKey, const char* helpKey,
                      uiCmdCmdId command, const WideText& textFile) {

@@ -7,6 +7,8 @@
 //     are then left as they were.
 //   - Text parameters are read, never written, unless the comment says "receives". They are not
 //     const because the published lists are not.
+//   - Codes are enumerations, and a host may answer one that is not listed: each has int beneath,
+//     so that such a value is no mistake of the program.
 //   - Handles are the host's: the plug-in never frees one unless the comment says so.
 #pragma once
 

@@ -43,7 +43,7 @@ def declared_name(text):
     """The name that the declaration at the beginning of this text declares."""
     for pattern in (r"HOST_API\b[^(;]*[ *](\w+)\(", r"typedef [^({;]*?(\w+)(?:\[[^;]*\])?;",
                     r"typedef [^;{]*?\(\*(\w+)\)", r"typedef [^;]*?\{.*?\n\} ?(\w+)",
-                    r" +(\w+) = "):
+                    r"enum (\w+) : int \{\};", r" +(\w+) = "):
         match = re.match(pattern, text, re.S)
         if match:
             return match.group(1)

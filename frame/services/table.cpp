@@ -127,7 +127,7 @@ void Table::SetCellText(const std::string& row, const std::string& column,
 }
 
 ProUIColorType Table::CellColour(const std::string& row, const std::string& column) const {
-    ProUIColorType colour = -1;
+    ProUIColorType colour = {};
     ProUITableCellBackgroundColorGet(HostText(dialog_), HostText(name_), HostText(row.c_str()),
                                      HostText(column.c_str()), &colour);
     return colour;

@@ -36,7 +36,7 @@ public:
     // --- Cells ---
     WideText CellText(const std::string& row, const std::string& column) const;
     void SetCellText(const std::string& row, const std::string& column, const WideText& text) const;
-    // The colour behind the text; -1 after a failed call.
+    // The colour behind the text; the first of the palette after a failed call.
     ProUIColorType CellColour(const std::string& row, const std::string& column) const;
     void SetCellColour(const std::string& row, const std::string& column,
                        ProUIColorType colour) const;

@@ -10,7 +10,7 @@ typedef int uiCmdAccessMode;
 
 // What an access function answers.
 // Assumed (codes, 75 %): 0 removed, 1 invisible, 2 unavailable, 3 available
-typedef enum {
+typedef enum : int {
     ACCESS_REMOVE = 0,
     ACCESS_INVISIBLE = 1,
     ACCESS_UNAVAILABLE = 2,

@@ -5,12 +5,12 @@
 
 #include "hostapi/host/dialog.h"
 
-// Assumed (codes, 35 %): a plain code of the host's palette of interface colours; the usual colour
-//   is not 17. The kit may have an enumeration, and then 17 needs a cast
-typedef int ProUIColorType;  // an entry of the host's palette of interface colours
+// Assumed (codes, 35 %): a code of the host's palette of interface colours; the usual colour is not
+//   17. Whether number or enumeration, 17 is handed over as a cast
+enum ProUIColorType : int {};  // an entry of the host's palette of interface colours
 
 // Which rows or columns the user may select.
-typedef enum {
+typedef enum : int {
     PROUISELPOLICY_SINGLE = 0,
     PROUISELPOLICY_BROWSE = 1,
     PROUISELPOLICY_MULTIPLE = 2,

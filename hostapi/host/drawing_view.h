@@ -9,7 +9,7 @@
 #include "hostapi/host/view.h"
 
 // How the edges of a view are shown.
-typedef enum {
+typedef enum : int {
     PRO_DISPSTYLE_DEFAULT = 0,
     PRO_DISPSTYLE_WIREFRAME = 1,
     PRO_DISPSTYLE_HIDDEN_LINE = 2,  // hidden edges in a weaker line
@@ -17,10 +17,10 @@ typedef enum {
 } ProDisplayStyle;
 
 // How edges between surfaces that run into each other without a bend are shown.
-// Assumed (codes, 20 %): a plain number; the kit may have an enumeration, and then 15 needs a cast
-typedef int ProTanedgeDisplay;
-// Assumed (codes, 20 %): a plain number, as of tangent edges
-typedef int ProCableDisplay;
+// Assumed (codes, 20 %): number or enumeration, 15 is handed over as a cast
+enum ProTanedgeDisplay : int {};
+// Assumed (codes, 20 %): a code, as of tangent edges
+enum ProCableDisplay : int {};
 
 // Assumed (record, 60 %): fields in this order; styles 2 hidden line, 3 no hidden; the tangent edge
 //   code 15 is handed on as it is

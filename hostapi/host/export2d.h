@@ -4,7 +4,7 @@
 #include "hostapi/host/types.h"
 
 // Formats of Pro2dExport.
-typedef enum { PRO_DXF_FILE = 9, PRO_DWG_FILE = 34 } Pro2dExportType;
+typedef enum : int { PRO_DXF_FILE = 9, PRO_DWG_FILE = 34 } Pro2dExportType;
 
 typedef struct VxHost2dExportdata* Pro2dExportdata;
 

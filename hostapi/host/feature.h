@@ -6,7 +6,7 @@
 typedef int ProFeattype;
 #define PRO_FEAT_COMPONENT 1000
 
-typedef enum {
+typedef enum : int {
     PRO_FEAT_STAT_INVALID = -1,
     PRO_FEAT_ACTIVE = 0,
     PRO_FEAT_INACTIVE = 1,

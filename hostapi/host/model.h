@@ -3,7 +3,7 @@
 
 #include "hostapi/host/types.h"
 
-typedef enum {
+typedef enum : int {
     PRO_MDL_UNUSED = -1,
     PRO_MDL_ASSEMBLY = 1,
     PRO_MDL_PART = 2,
@@ -12,7 +12,7 @@ typedef enum {
     PRO_MDL_MFG = 37
 } ProMdlType;
 
-typedef enum {
+typedef enum : int {
     PROMDLSTYPE_NONE = -1,
     PROMDLSTYPE_PART_SOLID = 1,
     PROMDLSTYPE_PART_SHEETMETAL = 4

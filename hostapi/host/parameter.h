@@ -4,7 +4,7 @@
 
 #include "hostapi/host/types.h"
 
-typedef enum {
+typedef enum : int {
     PRO_PARAM_DOUBLE = 50,
     PRO_PARAM_STRING = 51,
     PRO_PARAM_INTEGER = 52,

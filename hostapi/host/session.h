@@ -4,7 +4,7 @@
 #include "hostapi/host/types.h"
 
 // What the current window is for. These numbers are not those of ProMdlType.
-typedef enum {
+typedef enum : int {
     PRO_MODE_UNKNOWN = -1,
     PRO_MODE_PART = 1,
     PRO_MODE_SHEET_METAL = 2,
@@ -31,8 +31,7 @@ HOST_API ProError ProToolkitApplTextPathGet(ProPath directory);
 
 // The event of a popup menu that has just been created. Its handler is
 // `ProError handler(char* popupName)`.
-typedef int ProNotifyType;
-#define PRO_POPUPMENU_CREATE_POST 72
+enum ProNotifyType : int { PRO_POPUPMENU_CREATE_POST = 72 };
 
 // Makes `handler` the one handler of the event; a later call replaces it.
 // Assumed (codes, 60 %): event 72 is the popup menu's creation; its handler takes the popup's name

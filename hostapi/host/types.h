@@ -18,12 +18,12 @@ typedef WideChar ProLine[PRO_LINE_SIZE];  // a line of the message area
 typedef WideChar ProFileName[PRO_PATH_SIZE];
 typedef WideChar ProMacro[PRO_PATH_SIZE];  // passed as a pointer; macros may be longer than this
 
-typedef enum { PRO_B_FALSE = 0, PRO_B_TRUE = 1 } ProBoolean;
+typedef enum : int { PRO_B_FALSE = 0, PRO_B_TRUE = 1 } ProBoolean;
 typedef void* ProAppData;      // handed back to a callback untouched
 typedef void* ProArray;        // an expandable array; points at its first element
 typedef int (*ProFunction)();  // a callback whose real parameter list its event tells
 
-typedef enum {
+typedef enum : int {
     PRO_TK_NO_ERROR = 0,
     PRO_TK_GENERAL_ERROR = -1,
     PRO_TK_BAD_INPUTS = -2,
@@ -67,7 +67,7 @@ typedef enum {
 } ProError;
 
 // Kinds of items, as far as the plug-in meets them. ProMdlType uses the same numbers for models.
-typedef enum {
+typedef enum : int {
     PRO_TYPE_UNUSED = -1,
     PRO_ASSEMBLY = 1,
     PRO_PART = 2,

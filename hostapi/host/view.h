@@ -9,7 +9,7 @@ typedef struct VxHostView* ProView;
 
 // The axis on the screen about which a view is turned: to the right, up, towards the viewer.
 // Assumed (codes, 40 %): 101, 102 and 103; the name of the type is ours
-typedef enum {
+typedef enum : int {
     PRO_VIEW_ROTATE_X = 101,
     PRO_VIEW_ROTATE_Y = 102,
     PRO_VIEW_ROTATE_Z = 103

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <limits>
 #include <memory>
@@ -147,23 +146,27 @@ int RunTrail(const Options& options, Source& source, bool session) {
     Workplace workplace(options.workplace);
     Host& host = TheHost();
     SetHooks(workplace);
-    if (!options.journal.empty()) host.journal.Start();
+    if (!options.journal.empty()) host.journal.StartFile(options.journal);
     for (const Fault& fault : faults) Operation::Fail(fault);
 
     if (session) TellWhereItWorks(workplace);
     Trail trail(source, PrintLine);
     if (!options.noPlugin) trail.Begin("@ start");
-    const bool ok = trail.Run();
+    bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
     }
     TellWhatIsLeft(workplace, session);
     workplace.StopPlugin();
     if (!options.journal.empty()) {
-        std::ofstream(options.journal) << host.journal.Text();
+        host.journal.Stop();
         PrintLine("journal: " + options.journal);
     }
     if (!ok) PrintLine(std::to_string(trail.failures().size()) + " failed");
+    for (const std::string& unreached : UnreachedFaultLines()) {
+        PrintLine(unreached);
+        ok = false;
+    }
     return ok ? 0 : 1;
 }
 
@@ -262,8 +265,10 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
     FolderOption(command, "--drive", &options->workplace.drive,
                  "Folder that plays drive C and stays (default: a temporary one)");
     command->add_option("--journal", options->journal, "Write every call through the door here");
-    command->add_option("--fail", options->faults,
-                        "OPERATION[:N]=STATUS: the N-th such call fails (without N, every one)");
+    command->add_option(
+        "--fail", options->faults,
+        "OPERATION[:N]=STATUS[+done]: the N-th such call fails (without N, every one), "
+        "with +done after it has done its work");
     command
         ->add_option("--code-page", options->workplace.codePage,
                      "Code page of the simulated Windows (default: 936, Chinese)")

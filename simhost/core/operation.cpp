@@ -18,8 +18,12 @@ std::map<std::string, Operation*>& Registry() {
     return operations;
 }
 
-std::vector<Fault>& Faults() {
-    static std::vector<Fault> faults;
+struct ArmedFault {
+    Fault fault;
+    bool fired = false;
+};
+std::vector<ArmedFault>& Faults() {
+    static std::vector<ArmedFault> faults;
     return faults;
 }
 
@@ -57,7 +61,7 @@ const std::map<std::string, Operation*>& Operation::All() {
 }
 
 void Operation::Fail(Fault fault) {
-    Faults().push_back(std::move(fault));
+    Faults().push_back({std::move(fault)});
     faultsArmed = true;
 }
 
@@ -81,16 +85,25 @@ std::uint64_t Operation::TotalCalls() {
     return total;
 }
 
-bool Operation::Fails(int* status) {
-    for (Fault& fault : Faults()) {
+std::vector<Fault> Operation::UnreachedFaults() {
+    std::vector<Fault> unreached;
+    for (const ArmedFault& armed : Faults()) {
+        if (!armed.fired) unreached.push_back(armed.fault);
+    }
+    return unreached;
+}
+
+Operation::Injected Operation::Strike() {
+    for (ArmedFault& armed : Faults()) {
+        Fault& fault = armed.fault;
         if (fault.operation != name_ || fault.n == 0) continue;
         if (--fault.n > 0) continue;
         if (fault.forGood) fault.n = 1;
-        *status = fault.status;
+        armed.fired = true;
         ++firedFaults;
-        return true;
+        return {true, fault.afterWork, fault.status};
     }
-    return false;
+    return {};
 }
 
 void Operation::Serve(Journal* journal, ComplaintSink complain) {
@@ -145,10 +158,25 @@ std::string InQuotes(const std::string& utf8) {
             case '\n': text += "\\n"; break;
             case '\r': text += "\\r"; break;
             case '"': text += "\\\""; break;
-            default: text += c;
+            default:
+                if (std::uint8_t(c) < 0x20 || c == 0x7f) {
+                    text += fmt::format("\\x{:02x}", std::uint8_t(c));
+                } else {
+                    text += c;
+                }
         }
     }
     return text + '"';
+}
+
+std::string DescribeList(std::size_t count,
+                         const std::function<std::string(std::size_t i)>& describe) {
+    const Journal* journal = TheListeners().journal;
+    const std::size_t shown = std::min(count, journal ? journal->mostListed() : count);
+    std::string text = "[";
+    for (std::size_t i = 0; i < shown; ++i) text += (i ? ", " : "") + describe(i);
+    if (shown < count) text += fmt::format(", and {} more", count - shown);
+    return text + ']';
 }
 
 std::string Describe(const char* text) {

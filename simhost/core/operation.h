@@ -30,12 +30,17 @@ struct Refusal {
 [[noreturn]] void Refuse(int status);
 [[noreturn]] void Complain(int status, std::string complaint);
 
+// What wraps an argument may have Missing(), which tells a null that is a complaint, and kOutput,
+// which hides the argument of a refused call.
+
 // An output of a call, shown in the journal with the value that it has after the call. Null is a
 // complaint where the place is needed.
 template <class T>
 struct Output {
+    static constexpr bool kOutput = true;
     T* place;
     bool needed = false;
+    bool Missing() const { return needed && place == nullptr; }
 };
 template <class T>
 Output<T> Out(T* place) {
@@ -50,6 +55,7 @@ Output<T> NeededOut(T* place) {
 template <class T>
 struct GivenInput {
     T* value;
+    bool Missing() const { return value == nullptr; }
 };
 template <class T>
 GivenInput<T> Given(T* value) {
@@ -72,7 +78,11 @@ std::string Describe(unsigned long long value);
 std::string Describe(double value);
 std::string Describe(const char* text);
 std::string Describe(const WideChar* text);
+// In quotes, with control characters as \t, \n, \r or \x1b.
 std::string InQuotes(const std::string& utf8);
+// A list as "[a, b]", in a journal that goes to a file the first 50 and how many more.
+std::string DescribeList(std::size_t count,
+                         const std::function<std::string(std::size_t i)>& describe);
 std::string Describe(const void* handle);  // by whoever knows handles; else "pointer" or "null"
 inline std::string Describe(char* text) {
     return Describe(static_cast<const char*>(text));
@@ -89,7 +99,9 @@ inline std::string Describe(void* handle) {
 template <class T>
 struct JournalText;
 template <class T>
-concept HasJournalText = requires(const T& value) { JournalText<T>::Of(value); };
+concept HasJournalText = requires(const T& value) {
+    JournalText<T>::Of(value);
+};
 
 template <class T>
 std::string DescribeAny(const T& value) {
@@ -97,6 +109,8 @@ std::string DescribeAny(const T& value) {
         return JournalText<T>::Of(value);
     } else if constexpr (std::is_enum_v<T>) {
         return Describe(static_cast<int>(value));
+    } else if constexpr (std::is_array_v<T>) {
+        return Describe(&value[0]);  // a text in a record
     } else if constexpr (std::is_pointer_v<T> && std::is_function_v<std::remove_pointer_t<T>>) {
         return value ? "function" : "null";
     } else if constexpr (std::is_pointer_v<T>) {
@@ -117,6 +131,8 @@ std::string DescribeAny(const Output<T>& output) {
     if (!output.place) return "null";
     if constexpr (std::is_same_v<T, WideChar> || std::is_same_v<T, char>) {
         return Describe(static_cast<const T*>(output.place));  // a text buffer
+    } else if constexpr (HasJournalText<T*>) {
+        return JournalText<T*>::Of(output.place);  // a matrix
     } else {
         return DescribeAny(*output.place);
     }
@@ -126,12 +142,14 @@ std::string DescribeAny(const GivenInput<T>& input) {
     return DescribeAny(input.value);
 }
 
-// The n-th call from now on fails (1 is the next), and with `forGood` every later one too.
+// The n-th call from now on fails (1 is the next), and with `forGood` every later one too. With
+// `afterWork` the work is done first, as by a host that fills a record and refuses all the same.
 struct Fault {
     std::string operation;
     std::uint64_t n = 1;
     bool forGood = false;
     int status = PRO_TK_GENERAL_ERROR;
+    bool afterWork = false;
 };
 
 class Operation {
@@ -158,11 +176,10 @@ public:
         ++calls_;
         const long line = journalling ? Begin() : -1;
         ResultOf<Body> result{};
-        int injected = 0;
+        Injected injected;
         bool refused = true;
-        if (faultsArmed && Fails(&injected)) {
-            result = failed(injected);
-        } else {
+        if (faultsArmed) injected = Strike();
+        if (!injected.fails || injected.afterWork) {
             try {
                 RefuseNull(arguments...);
                 if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
@@ -176,6 +193,7 @@ public:
                 result = failed(refusal.status);
             }
         }
+        if (injected.fails) result = failed(injected.status);
         if (line >= 0) {
             std::string text;
             Append(&text, refused, arguments...);
@@ -199,29 +217,33 @@ public:
     static bool journalling;  // set by Journal
     static bool faultsArmed;  // set by Fail
 
-    // All operations by name. Those made by Op are known from the start, others from their first
-    // call.
+    // All operations by name. Those made by Op are known from the start.
     static const std::map<std::string, Operation*>& All();
     // Makes calls of an operation, known yet or not, end with `status`: see Fault.
     static void Fail(Fault fault);
     static void ForgetFaults();
     static std::uint64_t FiredFaults();  // calls that were failed since ForgetFaults
+    // Those of Fail whose call was never made, in their order; `n` counts what is left to it.
+    static std::vector<Fault> UnreachedFaults();
     static void ResetCounts();
     static std::uint64_t TotalCalls();
 
 private:
     long Begin();
     void End(long line, const std::string& arguments, const std::string& result);
-    bool Fails(int* status);
+    struct Injected {
+        bool fails = false;
+        bool afterWork = false;
+        int status = 0;
+    };
+    Injected Strike();  // what the faults say about this call
     void Report(const Refusal& refusal);
 
     static void RefuseNull() {}
     template <class Value, class... Rest>
     static void RefuseNull(const char* name, const Value& value, const Rest&... rest) {
-        if constexpr (IsOutput<Value>::value) {
-            if (value.needed) Need(value.place, name);
-        } else if constexpr (IsGiven<Value>::value) {
-            Need(value.value, name);
+        if constexpr (requires { value.Missing(); }) {
+            if (value.Missing()) Complain(PRO_TK_BAD_INPUTS, std::string(name) + " is null");
         }
         RefuseNull(rest...);
     }
@@ -230,7 +252,7 @@ private:
     template <class Value, class... Rest>
     static void Append(std::string* text, bool refused, const char* name, const Value& value,
                        const Rest&... rest) {
-        if constexpr (IsOutput<Value>::value) {
+        if constexpr (requires { Value::kOutput; }) {
             if (!refused) Add(text, name, DescribeAny(value));
         } else {
             Add(text, name, DescribeAny(value));
@@ -238,14 +260,6 @@ private:
         Append(text, refused, rest...);
     }
     static void Add(std::string* text, const char* name, const std::string& value);
-    template <class T>
-    struct IsOutput : std::false_type {};
-    template <class T>
-    struct IsOutput<Output<T>> : std::true_type {};
-    template <class T>
-    struct IsGiven : std::false_type {};
-    template <class T>
-    struct IsGiven<GivenInput<T>> : std::true_type {};
 
     const char* name_;
     std::uint64_t calls_ = 0;

@@ -10,10 +10,11 @@ using namespace simhost;
 
 namespace {
 
-// The model of an object; a null or stale object is a complaint.
+// The model of an object; a stale object is a complaint.
 Model& RequireObject(Prohandle object) {
+    if (!object) Refuse(PRO_TK_BAD_INPUTS);
     Model* model = TheHost().session.FindObject(object);
-    if (!model) Complain(PRO_TK_BAD_INPUTS, object ? "not an object" : "the object is null");
+    if (!model) Complain(PRO_TK_BAD_INPUTS, "not an object");
     return *model;
 }
 
@@ -55,7 +56,6 @@ int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
                             ProdbSurfaceProps* props) {
     return Op<"prodb_get_surface_props">.Call(
         [&] {
-            Need(props, "the place for the appearance");
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
             const auto own = model.surfaceAppearances.find(id);
@@ -65,14 +65,13 @@ int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
                 *props = model.appearance.value_or(DefaultAppearance());
             }
         },
-        ARG(object), ARG(itemType), ARG(id), ARG(unused));
+        ARG(object), ARG(itemType), ARG(id), ARG(unused), OUT(props));
 }
 
 int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
                             ProdbSurfaceProps* props) {
     return Op<"prodb_set_surface_props">.Call(
         [&] {
-            Need(props, "the appearance");
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
             RequireRange(*props);
@@ -83,7 +82,7 @@ int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
             }
             model.modified = true;
         },
-        ARG(object), ARG(itemType), ARG(id), ARG(unused));
+        ARG(object), ARG(itemType), ARG(id), ARG(unused), GIVEN(props));
 }
 
 int prodb_unset_surface_props(Prohandle object, int itemType, int id, int unused) {

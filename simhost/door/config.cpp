@@ -20,7 +20,6 @@ ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
     Operation& op = Op<"ProConfigoptArrayGet">;
     return op.Call(
         [&] {
-            Need(values, "the place for the values");
             Host& host = TheHost();
             const auto found = host.configOptions.find(Lower(WideView(option)));
             if (found == host.configOptions.end() || found->second.empty()) {
@@ -32,7 +31,7 @@ ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
             }
             *values = &host.arrays.Make(records, op.name())->text;
         },
-        GIVEN(option));
+        GIVEN(option), OUT_ARRAY(values));
 }
 
 ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
@@ -48,7 +47,7 @@ ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProP
             if (!answer) Refuse(PRO_TK_USER_ABORT);
             CopyCut(*answer, path, PRO_PATH_SIZE);
         },
-        GIVEN(title), GIVEN(filter), ARG(folder), OUT(path));
+        GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
 }
 
 ProError ProTreetoolRefresh(ProMdl model) {

@@ -34,7 +34,7 @@ std::string DescribeHandle(const void* handle) {
             break;
         case HandleKind::Selection:
             if (const Selection* selection = session.FindSelection(handle)) {
-                return "selection of " + JournalText<ProModelitem>::Of(selection->item);
+                return "selection of " + TextOf(selection->item);
             }
             break;
         case HandleKind::View: return DescribeView(handle);
@@ -51,21 +51,102 @@ std::string DescribeHandle(const void* handle) {
 
 }  // namespace
 
-std::string JournalText<ProModelitem>::Of(const ProModelitem& item) {
+namespace {
+
+// A text in a record, which may fill it to its end.
+template <std::size_t Size>
+std::string TextIn(const WideChar (&text)[Size]) {
+    return InQuotes(Utf8(WideText(text, std::find(text, text + Size, WideChar{}))));
+}
+
+std::string Numbers(const double* numbers, std::size_t count) {
+    std::string text = "(";
+    for (std::size_t i = 0; i < count; ++i) text += (i ? ", " : "") + Describe(numbers[i]);
+    return text + ')';
+}
+
+}  // namespace
+
+std::string TextOf(const ProModelitem& item) {
     return fmt::format("{} item {} of type {}", Describe(item.owner), item.id, int(item.type));
 }
 
-std::string JournalText<ProParameter>::Of(const ProParameter& parameter) {
-    const WideChar* id = parameter.id;
-    const WideText name(id, std::find(id, id + PRO_NAME_SIZE, WideChar{}));
-    return fmt::format("{} of {}", InQuotes(Utf8(name)), Describe(parameter.owner.owner));
+std::string TextOf(const ProParameter& parameter) {
+    return fmt::format("{} of {}", TextIn(parameter.id), Describe(parameter.owner.owner));
 }
 
-std::string JournalText<ProParamvalue>::Of(const ProParamvalue& value) {
+std::string TextOf(const ProParamvalue& value) {
     Parameter parameter;
     TakeValue(value, &parameter);
     const std::string text = ValueText(parameter);
     return parameter.type == PRO_PARAM_STRING ? InQuotes(text) : text;
+}
+
+std::string TextOf(const ProMdldata& data) {
+    return fmt::format("{}, {}, {}, version {}", TextIn(data.path), TextIn(data.name),
+                       TextIn(data.type), data.version);
+}
+
+std::string TextOf(const ProModel& model) {
+    return fmt::format("{} of type {}", TextIn(model.name), TextIn(model.type));
+}
+
+std::string TextOf(const ProRelset& set) {
+    return (set.afterRegeneration ? "after regeneration, of " : "of ") + Describe(set.owner.owner);
+}
+
+std::string TextOf(const ProFamtableItem& item) {
+    return fmt::format("{} of type {} in {}", TextIn(item.name), item.type,
+                       Describe(item.owner.owner));
+}
+
+std::string TextOf(const ProAsmcomppath& path) {
+    const int count = std::clamp(path.table_num, 0, PRO_MAX_ASSEM_LEVEL);
+    return Describe(static_cast<const void*>(path.owner)) + ' ' +
+           Describe(ListOf(path.comp_id_tab, count));
+}
+
+std::string TextOf(const ProGeomitemdata& data) {
+    const ProSurfacedata& surface = *data.data.p_surface_data;
+    return fmt::format("type {} from {} to {}", surface.type, Numbers(surface.xyz_min, 3),
+                       Numbers(surface.xyz_max, 3));
+}
+
+std::string TextOf(const ProDrawingViewDisplay& display) {
+    return fmt::format("style {}, quilt {}, tangent edges {}, cables {}, concept {}, welds {}",
+                       int(display.style), int(display.quilt_hlr),
+                       int(display.tangent_edge_display), int(display.cable_display),
+                       int(display.concept_model), int(display.weld_xsec));
+}
+
+std::string TextOf(const ProdbSurfaceProps& props) {
+    return Numbers(&props.ambient, sizeof props / sizeof(double));
+}
+
+std::string TextOf(const ProUIPoint& point) {
+    return fmt::format("({}, {})", point.x, point.y);
+}
+
+std::string PointText::Of(const double* point) {
+    return point ? Numbers(point, 3) : "null";
+}
+
+std::string JournalText<double (*)[4]>::Of(const double (*matrix)[4]) {
+    if (!matrix) return "null";
+    return DescribeList(4, [&](std::size_t row) { return Numbers(matrix[row], 4); });
+}
+
+std::string JournalText<double (*)[3]>::Of(const double (*corners)[3]) {
+    if (!corners) return "null";
+    return DescribeList(2, [&](std::size_t i) { return Numbers(corners[i], 3); });
+}
+
+int SizeOfArray(const void* array) {
+    return array ? TheHost().arrays.Size(const_cast<void*>(array)) : 0;
+}
+
+std::string Describe(const PointOut& out) {
+    return Numbers(out.place, 3);
 }
 
 }  // namespace simhost

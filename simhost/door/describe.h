@@ -1,26 +1,117 @@
-// How the door's records look in the journal. Every operation whose arguments they are includes
-// this; handles are described by describe.cpp wherever they appear.
+// How the door's records, points, matrices and lists look in the journal. Every operation whose
+// arguments they are includes this; handles are described by describe.cpp wherever they appear.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
+#include "hostapi/host/appearance.h"
+#include "hostapi/host/component_path.h"
+#include "hostapi/host/dialog_drawingarea.h"
+#include "hostapi/host/drawing_template.h"
+#include "hostapi/host/drawing_view.h"
+#include "hostapi/host/family_table.h"
+#include "hostapi/host/geometry.h"
+#include "hostapi/host/model.h"
 #include "hostapi/host/parameter.h"
+#include "hostapi/host/relation.h"
 #include "hostapi/host/types.h"
 #include "simhost/core/operation.h"
 
 namespace simhost {
 
-template <>
-struct JournalText<ProModelitem> {
-    static std::string Of(const ProModelitem& item);
+std::string TextOf(const ProModelitem& record);
+std::string TextOf(const ProParameter& record);
+std::string TextOf(const ProParamvalue& record);
+std::string TextOf(const ProMdldata& record);
+std::string TextOf(const ProModel& record);
+std::string TextOf(const ProRelset& record);
+std::string TextOf(const ProFamtableItem& record);
+std::string TextOf(const ProAsmcomppath& record);
+std::string TextOf(const ProGeomitemdata& record);
+std::string TextOf(const ProDrawingViewDisplay& record);
+std::string TextOf(const ProdbSurfaceProps& record);
+std::string TextOf(const ProUIPoint& record);
+
+template <class Record>
+struct RecordText {
+    static std::string Of(const Record& record) { return TextOf(record); }
+};
+// clang-format off
+template <> struct JournalText<ProModelitem> : RecordText<ProModelitem> {};
+template <> struct JournalText<ProParameter> : RecordText<ProParameter> {};
+template <> struct JournalText<ProParamvalue> : RecordText<ProParamvalue> {};
+template <> struct JournalText<ProMdldata> : RecordText<ProMdldata> {};
+template <> struct JournalText<ProModel> : RecordText<ProModel> {};
+template <> struct JournalText<ProRelset> : RecordText<ProRelset> {};
+template <> struct JournalText<ProFamtableItem> : RecordText<ProFamtableItem> {};
+template <> struct JournalText<ProAsmcomppath> : RecordText<ProAsmcomppath> {};
+template <> struct JournalText<ProGeomitemdata> : RecordText<ProGeomitemdata> {};
+template <> struct JournalText<ProDrawingViewDisplay> : RecordText<ProDrawingViewDisplay> {};
+template <> struct JournalText<ProdbSurfaceProps> : RecordText<ProdbSurfaceProps> {};
+template <> struct JournalText<ProUIPoint> : RecordText<ProUIPoint> {};
+// clang-format on
+
+// A point or a direction, as (x, y, z).
+struct PointText {
+    static std::string Of(const double* point);
 };
 template <>
-struct JournalText<ProParameter> {
-    static std::string Of(const ProParameter& parameter);
-};
+struct JournalText<double*> : PointText {};
+// A matrix, row by row.
 template <>
-struct JournalText<ProParamvalue> {
-    static std::string Of(const ProParamvalue& value);
+struct JournalText<double (*)[4]> {
+    static std::string Of(const double (*matrix)[4]);
 };
+// The two corners of an outline.
+template <>
+struct JournalText<double (*)[3]> {
+    static std::string Of(const double (*corners)[3]);
+};
+
+// A list that the caller hands in, with its length.
+template <class T>
+struct ListOf {
+    T* list;
+    int count;
+};
+template <class T>
+ListOf(T*, int) -> ListOf<T>;
+
+template <class T>
+std::string Describe(const ListOf<T>& of) {
+    if (!of.list) return "null";
+    return DescribeList(of.count < 0 ? 0 : std::size_t(of.count),
+                        [&](std::size_t i) { return DescribeAny(of.list[i]); });
+}
+
+// A place for a list that the operation hands out, with the place for its length or, if the host
+// keeps that with the array, without.
+template <class T>
+struct ListOut {
+    static constexpr bool kOutput = true;
+    T** place;
+    const int* count = nullptr;
+    bool Missing() const { return place == nullptr; }
+};
+template <class T>
+ListOut(T**) -> ListOut<T>;
+template <class T>
+ListOut(T**, const int*) -> ListOut<T>;
+
+int SizeOfArray(const void* array);  // 0 for a null array
+
+template <class T>
+std::string Describe(const ListOut<T>& out) {
+    return Describe(ListOf(*out.place, out.count ? *out.count : SizeOfArray(*out.place)));
+}
+
+// A place for a point.
+struct PointOut {
+    static constexpr bool kOutput = true;
+    double* place;
+    bool Missing() const { return place == nullptr; }
+};
+std::string Describe(const PointOut& out);
 
 }  // namespace simhost

@@ -47,8 +47,7 @@ ProError ProUIDrawingareaImagesSet(char* dialog, char* area, int count, char** i
             }
             found.images = names;
         },
-        ARG(dialog), ARG(area), ARG(count), "image",
-        count > 0 && images ? images[0] : static_cast<char*>(nullptr));
+        ARG(dialog), ARG(area), LIST(images, count));
 }
 
 ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** images,
@@ -57,7 +56,7 @@ ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** 
         [&] {
             DrawingArea& found = Required<DrawingArea>(dialog, area);
             const std::vector<std::string> names = Names(count, images);
-            Need(positions, "the positions");
+            Need(positions, "positions");
             for (std::size_t i = 0; i < names.size(); ++i) {
                 const auto& known = found.images;
                 if (std::find(known.begin(), known.end(), names[i]) == known.end()) {
@@ -66,7 +65,5 @@ ProError ProUIDrawingareaImagesDraw(char* dialog, char* area, int count, char** 
                 found.drawn.push_back({names[i], positions[i].x, positions[i].y});
             }
         },
-        ARG(dialog), ARG(area), ARG(count), "image",
-        count > 0 && images ? images[0] : static_cast<char*>(nullptr), "x",
-        positions ? positions->x : 0, "y", positions ? positions->y : 0);
+        ARG(dialog), ARG(area), LIST(images, count), LIST(positions, count));
 }

@@ -9,12 +9,11 @@ using namespace simhost;
 ProError ProUIRadiogroupSelectednamesGet(char* dialog, char* component, int* count, char*** names) {
     return Op<"ProUIRadiogroupSelectednamesGet">.Call(
         [&] {
-            Need(names, "the place for the names");
             RadioGroup& group = Required<RadioGroup>(dialog, component);
             *names = group.SelectedForCaller();
             *count = *names ? 1 : 0;
         },
-        ARG(dialog), ARG(component), OUT(count));
+        ARG(dialog), ARG(component), OUT(count), OUT_LIST(names, count));
 }
 
 ProError ProUIRadiogroupSelectednamesSet(char* dialog, char* component, int count, char** names) {
@@ -26,8 +25,7 @@ ProError ProUIRadiogroupSelectednamesSet(char* dialog, char* component, int coun
             Need(names[0], "the name");
             if (!group.Select(Utf8(FromSystemCodePage(names[0])))) Refuse(PRO_TK_BAD_INPUTS);
         },
-        ARG(dialog), ARG(component), "name",
-        count == 1 && names ? names[0] : static_cast<char*>(nullptr));
+        ARG(dialog), ARG(component), LIST(names, count));
 }
 
 ProError ProUIRadiogroupSelectActionSet(char* dialog, char* component, ProUIAction action,

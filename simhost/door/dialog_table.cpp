@@ -23,11 +23,6 @@ std::vector<std::string> NameList(int count, char** names) {
     return list;
 }
 
-// For the journal: the first name of a list, which is never read beyond its end.
-const char* First(int count, char** names) {
-    return count > 0 && names ? names[0] : nullptr;
-}
-
 char** NamesForCaller(const Operation& op, std::vector<std::string> names) {
     for (std::string& name : names) name = ToSystemCodePage(Wide(name));
     return TheHost().arrays.MakeNames(std::move(names), op.name());
@@ -46,7 +41,7 @@ ProError ProUITableRowsInsert(char* dialog, char* table, char* after, int count,
             Table& found = Required<Table>(dialog, table);
             found.InsertRows(Name(after, "the row before"), NameList(count, names));
         },
-        ARG(dialog), ARG(table), ARG(after), ARG(count), "name", First(count, names));
+        ARG(dialog), ARG(table), ARG(after), LIST(names, count));
 }
 
 ProError ProUITableColumnsInsert(char* dialog, char* table, char* after, int count, char** names) {
@@ -55,40 +50,38 @@ ProError ProUITableColumnsInsert(char* dialog, char* table, char* after, int cou
             Table& found = Required<Table>(dialog, table);
             found.InsertColumns(Name(after, "the column before"), NameList(count, names));
         },
-        ARG(dialog), ARG(table), ARG(after), ARG(count), "name", First(count, names));
+        ARG(dialog), ARG(table), ARG(after), LIST(names, count));
 }
 
 ProError ProUITableRowsDelete(char* dialog, char* table, int count, char** names) {
     return Op<"ProUITableRowsDelete">.Call(
         [&] { Required<Table>(dialog, table).DeleteRows(NameList(count, names)); }, ARG(dialog),
-        ARG(table), ARG(count), "name", First(count, names));
+        ARG(table), LIST(names, count));
 }
 
 ProError ProUITableColumnsDelete(char* dialog, char* table, int count, char** names) {
     return Op<"ProUITableColumnsDelete">.Call(
         [&] { Required<Table>(dialog, table).DeleteColumns(NameList(count, names)); }, ARG(dialog),
-        ARG(table), ARG(count), "name", First(count, names));
+        ARG(table), LIST(names, count));
 }
 
 ProError ProUITableRownamesGet(char* dialog, char* table, int* count, char*** names) {
     Operation& op = Op<"ProUITableRownamesGet">;
     return op.Call(
         [&] {
-            Need(names, "the place for the names");
             std::vector<std::string> all;
             for (const TableRow& row : Required<Table>(dialog, table).rows())
                 all.push_back(row.name);
             *count = int(all.size());
             *names = NamesForCaller(op, std::move(all));
         },
-        ARG(dialog), ARG(table), OUT(count));
+        ARG(dialog), ARG(table), OUT(count), OUT_LIST(names, count));
 }
 
 ProError ProUITableColumnnamesGet(char* dialog, char* table, int* count, char*** names) {
     Operation& op = Op<"ProUITableColumnnamesGet">;
     return op.Call(
         [&] {
-            Need(names, "the place for the names");
             std::vector<std::string> all;
             for (const auto& column : Required<Table>(dialog, table).columns()) {
                 all.push_back(column.name);
@@ -96,14 +89,13 @@ ProError ProUITableColumnnamesGet(char* dialog, char* table, int* count, char***
             *count = int(all.size());
             *names = NamesForCaller(op, std::move(all));
         },
-        ARG(dialog), ARG(table), OUT(count));
+        ARG(dialog), ARG(table), OUT(count), OUT_LIST(names, count));
 }
 
 ProError ProUITableSelectednamesGet(char* dialog, char* table, int* count, char*** names) {
     Operation& op = Op<"ProUITableSelectednamesGet">;
     return op.Call(
         [&] {
-            Need(names, "the place for the names");
             std::vector<std::string> all;
             for (const TableRow& row : Required<Table>(dialog, table).rows()) {
                 if (row.selected) all.push_back(row.name);
@@ -111,29 +103,27 @@ ProError ProUITableSelectednamesGet(char* dialog, char* table, int* count, char*
             *count = int(all.size());
             *names = NamesForCaller(op, std::move(all));
         },
-        ARG(dialog), ARG(table), OUT(count));
+        ARG(dialog), ARG(table), OUT(count), OUT_LIST(names, count));
 }
 
 ProError ProUITableRowlabelsGet(char* dialog, char* table, int* count, WideChar*** labels) {
     return Op<"ProUITableRowlabelsGet">.Call(
         [&] {
-            Need(labels, "the place for the labels");
             Table& found = Required<Table>(dialog, table);
             *labels = found.RowLabelsForCaller();
             *count = int(found.rows().size());
         },
-        ARG(dialog), ARG(table), OUT(count));
+        ARG(dialog), ARG(table), OUT(count), OUT_LIST(labels, count));
 }
 
 ProError ProUITableColumnlabelsGet(char* dialog, char* table, int* count, WideChar*** labels) {
     return Op<"ProUITableColumnlabelsGet">.Call(
         [&] {
-            Need(labels, "the place for the labels");
             Table& found = Required<Table>(dialog, table);
             *labels = found.ColumnLabelsForCaller();
             *count = int(found.columns().size());
         },
-        ARG(dialog), ARG(table), OUT(count));
+        ARG(dialog), ARG(table), OUT(count), OUT_LIST(labels, count));
 }
 
 ProError ProUITableColumnlabelsSet(char* dialog, char* table, int count, WideChar** labels) {
@@ -149,7 +139,7 @@ ProError ProUITableColumnlabelsSet(char* dialog, char* table, int count, WideCha
             }
             found.SetColumnLabels(all);
         },
-        ARG(dialog), ARG(table), ARG(count));
+        ARG(dialog), ARG(table), LIST(labels, count));
 }
 
 ProError ProUITableCellLabelSet(char* dialog, char* table, char* row, char* column,
@@ -185,7 +175,7 @@ ProError ProUITableCellBackgroundColorGet(char* dialog, char* table, char* row, 
     return Op<"ProUITableCellBackgroundColorGet">.Call(
         [&] {
             const TableCell& cell = RequireCell(dialog, table, row, column);
-            *colour = cell.colour.value_or(kUsual);
+            *colour = ProUIColorType(cell.colour.value_or(kUsual));
         },
         ARG(dialog), ARG(table), ARG(row), ARG(column), OUT(colour));
 }

@@ -15,7 +15,6 @@ ProError ProDrawingSheetsCount(ProDrawing drawing, int* count) {
 ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProMatrix transform) {
     return Op<"ProDrawingSheetTrfGet">.Call(
         [&] {
-            Need(transform, "the place for the transform");
             const auto& sizes = TheHost().session.RequireDrawing(drawing).sheets.sizes;
             if (sheet < 1 || std::size_t(sheet) > sizes.size()) Refuse(PRO_TK_E_NOT_FOUND);
             CopyCut(sizes[std::size_t(sheet - 1)], size, PRO_NAME_SIZE);
@@ -25,5 +24,5 @@ ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProM
                 }
             }
         },
-        ARG(drawing), ARG(sheet), OUT(size));
+        ARG(drawing), ARG(sheet), OUT(size), OUT(transform));
 }

@@ -84,9 +84,7 @@ ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProMod
     return Op<"ProDrawingFromTmpltCreate">.Call(
         [&] {
             Need(drawingTemplate, "the template");
-            Need(model, "the model");
-            Need(drawing, "the place for the drawing");
-            Need(errors, "the place for the errors");
+            if (!model->name[0]) Refuse(PRO_TK_BAD_INPUTS);
             Session& session = TheHost().session;
             const WideText wanted = name;
             if (wanted.empty() || wanted.size() >= PRO_NAME_SIZE) {
@@ -106,5 +104,6 @@ ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProMod
             *errors = nullptr;
             *drawing = static_cast<ProDrawing>(made.handle);
         },
-        GIVEN(name), "template", drawingTemplate, ARG(options));
+        GIVEN(name), "template", drawingTemplate, GIVEN(model), ARG(options), OUT(drawing),
+        OUT(errors));
 }

@@ -14,8 +14,8 @@ using namespace simhost;
 namespace {
 
 DrawingView& RequireView(const Model& drawing, ProView handle) {
+    if (!handle) Refuse(PRO_TK_BAD_INPUTS);
     DrawingView* view = FindView(handle);
-    if (!handle) Complain(PRO_TK_BAD_INPUTS, "the view is null");
     if (!view) Complain(PRO_TK_BAD_INPUTS, "not a live view");
     if (view->drawing != &drawing) {
         Complain(PRO_TK_BAD_INPUTS, "a view of " + view->drawing->FileName());
@@ -55,8 +55,6 @@ ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int she
                                      ProMatrix orientation, ProView* view) {
     return Op<"ProDrawingGeneralviewCreate">.Call(
         [&] {
-            Need(position, "the position");
-            Need(orientation, "the orientation");
             Model& model = TheHost().session.RequireDrawing(drawing);
             Model& shown = TheHost().session.Require(solid);
             if (shown.type != PRO_MDL_PART && shown.type != PRO_MDL_ASSEMBLY) {
@@ -75,14 +73,14 @@ ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int she
             *view = DrawingOf(model).AddGeneral(shown, sheet, at, scale, frame).handle;
             model.modified = true;
         },
-        ARG(drawing), ARG(solid), ARG(sheet), ARG(exploded), ARG(scale), OUT(view));
+        ARG(drawing), ARG(solid), ARG(sheet), ARG(exploded), GIVEN(position), ARG(scale),
+        GIVEN(orientation), OUT(view));
 }
 
 ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent, ProBoolean exploded,
                                        Pro3dPnt position, ProView* view) {
     return Op<"ProDrawingProjectedviewCreate">.Call(
         [&] {
-            Need(position, "the position");
             Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingView& from = RequireView(model, parent);
             if (exploded) Refuse(PRO_TK_CRE_VIEW_BAD_EXPLODE);
@@ -91,13 +89,12 @@ ProError ProDrawingProjectedviewCreate(ProDrawing drawing, ProView parent, ProBo
             *view = made->handle;
             model.modified = true;
         },
-        ARG(drawing), ARG(parent), ARG(exploded), OUT(view));
+        ARG(drawing), ARG(parent), ARG(exploded), GIVEN(position), OUT(view));
 }
 
 ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt outline[2]) {
     return Op<"ProDrawingViewOutlineGet">.Call(
         [&] {
-            Need(outline, "the place for the outline");
             Model& model = TheHost().session.RequireDrawing(drawing);
             const Extents& box = DrawingOf(model).OutlineOf(RequireView(model, view));
             const Vec3 corners[] = {box.low, box.high};
@@ -107,18 +104,17 @@ ProError ProDrawingViewOutlineGet(ProDrawing drawing, ProView view, Pro3dPnt out
                 outline[i][2] = 0;
             }
         },
-        ARG(drawing), ARG(view));
+        ARG(drawing), ARG(view), OUT(outline));
 }
 
 ProError ProDrawingViewMove(ProDrawing drawing, ProView view, ProVector by) {
     return Op<"ProDrawingViewMove">.Call(
         [&] {
-            Need(by, "the way");
             Model& model = TheHost().session.RequireDrawing(drawing);
             DrawingOf(model).Move(RequireView(model, view), PlaceOf(by));
             model.modified = true;
         },
-        ARG(drawing), ARG(view), "x", by ? by[0] : 0, "y", by ? by[1] : 0);
+        ARG(drawing), ARG(view), GIVEN(by));
 }
 
 ProError ProDrawingViewRegenerate(ProDrawing drawing, ProView view) {
@@ -134,7 +130,6 @@ ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
                                   ProDrawingViewDisplay* display) {
     return Op<"ProDrawingViewDisplaySet">.Call(
         [&] {
-            Need(display, "the display");
             Model& model = TheHost().session.RequireDrawing(drawing);
             if (display->style < PRO_DISPSTYLE_DEFAULT ||
                 display->style > PRO_DISPSTYLE_NO_HIDDEN) {
@@ -143,14 +138,13 @@ ProError ProDrawingViewDisplaySet(ProDrawing drawing, ProView view,
             RequireView(model, view).display = *display;
             model.modified = true;
         },
-        ARG(drawing), ARG(view), "style", display ? int(display->style) : -1);
+        ARG(drawing), ARG(view), GIVEN(display));
 }
 
 ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean toSheet,
                                     ProMatrix transform) {
     return Op<"ProDrawingViewTransformGet">.Call(
         [&] {
-            Need(transform, "the place for the transform");
             Model& model = TheHost().session.RequireDrawing(drawing);
             const DrawingView& one = RequireView(model, view);
             const Drawing& all = DrawingOf(model);
@@ -163,14 +157,13 @@ ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean
                 Invert(frame, scale, place, transform);
             }
         },
-        ARG(drawing), ARG(view), ARG(toSheet));
+        ARG(drawing), ARG(view), ARG(toSheet), OUT(transform));
 }
 
 ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
     Operation& op = Op<"ProDrawingViewsCollect">;
     return op.Call(
         [&] {
-            Need(views, "the place for the views");
             std::vector<ProView> handles;
             for (const auto& view : DrawingOf(TheHost().session.RequireDrawing(drawing)).views()) {
                 handles.push_back(view->handle);
@@ -178,7 +171,7 @@ ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
             if (handles.empty()) Refuse(PRO_TK_E_NOT_FOUND);
             *views = TheHost().arrays.Make(handles, op.name());
         },
-        ARG(drawing));
+        ARG(drawing), OUT_ARRAY(views));
 }
 
 ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view, char* reference,

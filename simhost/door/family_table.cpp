@@ -27,17 +27,15 @@ ProError ProFaminstanceGenericGet(ProMdl instance, ProBoolean immediate, ProMdl*
 ProError ProFamtableInit(ProMdl model, ProFamtable* table) {
     return Op<"ProFamtableInit">.Call(
         [&] {
-            Need(table, "the place for the table");
             const Model& found = TheHost().session.RequireSolid(model);
             *table = {ProType(found.type), -1, found.handle};
         },
-        ARG(model));
+        ARG(model), OUT(table));
 }
 
 ProError ProParameterToFamtableItem(ProParameter* parameter, ProFamtableItem* item) {
     return Op<"ProParameterToFamtableItem">.Call(
         [&] {
-            Need(item, "the place for the item");
             const Model& model = TheHost().session.Require(parameter->owner.owner);
             const Parameter* found = ShownParameter(model, parameter->id);
             if (!found) Refuse(PRO_TK_E_NOT_FOUND);
@@ -46,14 +44,14 @@ ProError ProParameterToFamtableItem(ProParameter* parameter, ProFamtableItem* it
             item->owner = parameter->owner;
             CopyCut(found->name, item->name, PRO_LINE_SIZE);
         },
-        GIVEN(parameter));
+        GIVEN(parameter), OUT(item));
 }
 
 ProError ProFamtableItemAdd(ProFamtable* table, ProFamtableItem* item) {
     return Op<"ProFamtableItemAdd">.Call(
         [&] {
-            Need(item, "the item");
             Model& generic = TheHost().session.RequireSolid(table->owner);
+            if (!item->owner.owner) Refuse(PRO_TK_BAD_INPUTS);
             if (item->type != kParameterColumn) {
                 Complain(PRO_TK_BAD_INPUTS, "no item of a family table");
             }
@@ -62,5 +60,5 @@ ProError ProFamtableItemAdd(ProFamtable* table, ProFamtableItem* item) {
             generic.family.columns.emplace_back(item->name);
             generic.modified = true;
         },
-        GIVEN(table), "item", item ? item->name : nullptr);
+        GIVEN(table), GIVEN(item));
 }

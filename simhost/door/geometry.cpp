@@ -12,7 +12,6 @@ namespace {
 
 // Follows a path from its top; `placement` becomes that of its end in the top's coordinates.
 Model& Follow(const ProAsmcomppath* path, Placement* placement) {
-    Need(path, "the path");
     Model* model = &TheHost().session.RequireSolid(path->owner);
     if (path->table_num < 0 || path->table_num > PRO_MAX_ASSEM_LEVEL) {
         Complain(PRO_TK_BAD_INPUTS, "a path of an impossible length");
@@ -51,35 +50,32 @@ Placement Inverse(const Placement& p) {
 ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
     return Op<"ProSurfaceDataGet">.Call(
         [&] {
-            Need(data, "the place for the data");
             Surface* found = TheHost().session.FindSurface(surface);
+            if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
             *data = Model::SurfaceData(*found);
         },
-        ARG(surface));
+        ARG(surface), OUT(data));
 }
 
 ProError ProPntTrfEval(ProVector point, ProMatrix transform, ProVector result) {
-    return Op<"ProPntTrfEval">.Call([&] {
-        Need(point, "the point");
-        Need(transform, "the transform");
-        Need(result, "the place for the result");
-        ProVector sum = {};
-        for (std::size_t column = 0; column < 3; ++column) {
-            sum[column] = transform[3][column];
-            for (std::size_t row = 0; row < 3; ++row) {
-                sum[column] += point[row] * transform[row][column];
+    return Op<"ProPntTrfEval">.Call(
+        [&] {
+            ProVector sum = {};
+            for (std::size_t column = 0; column < 3; ++column) {
+                sum[column] = transform[3][column];
+                for (std::size_t row = 0; row < 3; ++row) {
+                    sum[column] += point[row] * transform[row][column];
+                }
             }
-        }
-        std::copy_n(sum, 3, result);
-    });
+            std::copy_n(sum, 3, result);
+        },
+        GIVEN(point), GIVEN(transform), OUT_POINT(result));
 }
 
 ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int count, ProAsmcomppath* path) {
     return Op<"ProAsmcomppathInit">.Call(
         [&] {
-            Need(ids, "the table of ids");
-            Need(path, "the place for the path");
             TheHost().session.RequireSolid(assembly);
             if (count < 0 || count > PRO_MAX_ASSEM_LEVEL) {
                 Complain(PRO_TK_BAD_INPUTS, "a path of an impossible length");
@@ -89,7 +85,7 @@ ProError ProAsmcomppathInit(ProSolid assembly, ProIdTable ids, int count, ProAsm
             std::copy_n(ids, count, path->comp_id_tab);
             path->table_num = count;
         },
-        ARG(assembly), ARG(count));
+        ARG(assembly), LIST(ids, count), OUT(path));
 }
 
 ProError ProAsmcomppathMdlGet(ProAsmcomppath* path, ProMdl* model) {
@@ -98,16 +94,15 @@ ProError ProAsmcomppathMdlGet(ProAsmcomppath* path, ProMdl* model) {
             Placement ignored;
             *model = Follow(path, &ignored).handle;
         },
-        OUT(model));
+        GIVEN(path), OUT(model));
 }
 
 ProError ProAsmcomppathTrfGet(ProAsmcomppath* path, ProBoolean bottomUp, ProMatrix transform) {
     return Op<"ProAsmcomppathTrfGet">.Call(
         [&] {
-            Need(transform, "the place for the transform");
             Placement placement;
             Follow(path, &placement);
             Fill(bottomUp ? placement : Inverse(placement), transform);
         },
-        ARG(bottomUp));
+        GIVEN(path), ARG(bottomUp), OUT(transform));
 }

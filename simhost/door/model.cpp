@@ -36,7 +36,6 @@ ProError ProMdlSubtypeGet(ProMdl model, ProMdlsubtype* subtype) {
 ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
     return Op<"ProMdlDataGet">.Call(
         [&] {
-            Need(data, "the place for the data");
             const Model& found = TheHost().session.Require(model);
             *data = {};
             CopyCut(TheHost().session.workingDirectory, data->path, PRO_PATH_SIZE);
@@ -44,7 +43,7 @@ ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
             CopyCut(Upper(Wide(SuffixOf(found.type))), data->type, PRO_TYPE_SIZE);
             data->version = found.version;
         },
-        ARG(model));
+        ARG(model), OUT(data));
 }
 
 ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
@@ -88,9 +87,7 @@ ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {
     return Op<"ProMfgAssemGet">.Call(
         [&] {
             const Model& model = TheHost().session.Require(manufacturing);
-            if (model.type != PRO_MDL_MFG) {
-                Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a manufacturing model");
-            }
+            if (model.type != PRO_MDL_MFG) Refuse(PRO_TK_BAD_INPUTS);
             if (!model.manufactured) Refuse(PRO_TK_E_NOT_FOUND);
             *assembly = static_cast<ProAssembly>(model.manufactured->handle);
         },

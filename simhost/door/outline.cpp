@@ -9,7 +9,6 @@ using namespace simhost;
 ProError ProSolidOutlineGet(ProSolid solid, Pro3dPnt outline[2]) {
     return Op<"ProSolidOutlineGet">.Call(
         [&] {
-            Need(outline, "the place for the outline");
             const Extents box = ExtentsIn(TheHost().session.RequireSolid(solid), Placement());
             if (box.empty) Refuse(PRO_TK_E_NOT_FOUND);
             const Vec3 corners[] = {box.low, box.high};
@@ -19,5 +18,5 @@ ProError ProSolidOutlineGet(ProSolid solid, Pro3dPnt outline[2]) {
                 outline[i][2] = corners[i].z;
             }
         },
-        ARG(solid));
+        ARG(solid), OUT(outline));
 }

@@ -33,41 +33,37 @@ Set RequireSet(const ProRelset* set) {
 ProError ProModelitemToRelset(ProModelitem* item, ProRelset* set) {
     return Op<"ProModelitemToRelset">.Call(
         [&] {
-            Need(set, "the place for the relation set");
             const Model& model = RequireOwner(item);
             if (!model.relations.initial) Refuse(PRO_TK_E_NOT_FOUND);
             *set = {*item, 0};
         },
-        ARG(item));
+        ARG(item), OUT(set));
 }
 
 ProError ProRelsetPostregenerationInit(ProMdl model, ProRelset* set) {
     return Op<"ProRelsetPostregenerationInit">.Call(
         [&] {
-            Need(set, "the place for the relation set");
             const Model& found = TheHost().session.RequireSolid(model);
             *set = {{ProType(found.type), -1, found.handle}, 1};
         },
-        ARG(model));
+        ARG(model), OUT(set));
 }
 
 ProError ProRelsetCreate(ProModelitem* item, ProRelset* set) {
     return Op<"ProRelsetCreate">.Call(
         [&] {
-            Need(set, "the place for the relation set");
             Model& model = RequireOwner(item);
             if (model.relations.initial) Refuse(PRO_TK_E_FOUND);
             model.relations.initial.emplace();
             model.modified = true;
             *set = {*item, 0};
         },
-        ARG(item));
+        ARG(item), OUT(set));
 }
 
 ProError ProRelsetRelationsGet(ProRelset* set, WideChar*** lines) {
     return Op<"ProRelsetRelationsGet">.Call(
         [&] {
-            Need(lines, "the place of the array");
             const Set found = RequireSet(set);
             Host& host = TheHost();
             auto array = static_cast<ProArray>(*lines);
@@ -77,7 +73,7 @@ ProError ProRelsetRelationsGet(ProRelset* set, WideChar*** lines) {
             }
             *lines = static_cast<WideChar**>(array);
         },
-        "owner", set ? set->owner.owner : nullptr);
+        GIVEN(set), OUT_ARRAY(lines));
 }
 
 ProError ProRelsetRelationsSet(ProRelset* set, WideChar** lines, int count) {
@@ -96,5 +92,5 @@ ProError ProRelsetRelationsSet(ProRelset* set, WideChar** lines, int count) {
             found.lines = std::move(texts);
             found.model.modified = true;
         },
-        "owner", set ? set->owner.owner : nullptr, ARG(count));
+        GIVEN(set), LIST(lines, count));
 }

@@ -70,6 +70,7 @@ ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* it
     return Op<"ProSurfaceToGeomitem">.Call(
         [&] {
             const Model& model = TheHost().session.RequireSolid(part);
+            if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             const Surface* found = TheHost().session.FindSurface(surface);
             if (!found || found->part != &model) {
                 Complain(PRO_TK_BAD_INPUTS, "not a surface of " + model.FileName());

@@ -28,24 +28,20 @@ void Copy(const ProMatrix from, ProMatrix to) {
 
 ProError ProViewMatrixGet(ProMdl model, ProView view, ProMatrix transform) {
     return Op<"ProViewMatrixGet">.Call(
-        [&] {
-            Need(transform, "the place for the transform");
-            Copy(ScreenOf(RequireShown(model, view)).matrix, transform);
-        },
-        ARG(model), ARG(view));
+        [&] { Copy(ScreenOf(RequireShown(model, view)).matrix, transform); }, ARG(model), ARG(view),
+        OUT(transform));
 }
 
 ProError ProViewMatrixSet(ProMdl model, ProView view, ProMatrix transform) {
     return Op<"ProViewMatrixSet">.Call(
         [&] {
-            Need(transform, "the transform");
             Model& shown = RequireShown(model, view);
             Placement frame;
             double scale = 0;
             if (!FrameOf(transform, &frame, &scale)) Refuse(PRO_TK_INVALID_MATRIX);
             Copy(transform, ScreenOf(shown).matrix);
         },
-        ARG(model), ARG(view));
+        ARG(model), ARG(view), GIVEN(transform));
 }
 
 ProError ProViewRotate(ProMdl model, ProView view, ProViewRotationAxis axis, double angle) {

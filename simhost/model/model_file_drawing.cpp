@@ -60,7 +60,7 @@ void ReadDisplay(const toml::table& table, DrawingView* view) {
         view->display.style = ProDisplayStyle(WordOf(*style, "style", kStyles));
     }
     if (const toml::node* edges = table.get("tangent_edges")) {
-        view->display.tangent_edge_display = Integer(*edges, "tangent_edges", 0);
+        view->display.tangent_edge_display = ProTanedgeDisplay(Integer(*edges, "tangent_edges", 0));
     }
 }
 
@@ -143,7 +143,7 @@ void AddView(std::string* text, const DrawingView& view) {
         Line(text, "style", TextText(kStyles[std::size_t(view.display.style)]));
     }
     if (view.display.tangent_edge_display != 0) {
-        Line(text, "tangent_edges", std::to_string(view.display.tangent_edge_display));
+        Line(text, "tangent_edges", std::to_string(int(view.display.tangent_edge_display)));
     }
 }
 

@@ -45,24 +45,20 @@ Model& Session::Create(WideView name, ProMdlType type) {
 Model& Session::Require(ProMdl handle) const {
     Model* model = Find(handle);
     if (model) return *model;
-    if (!handle) Complain(PRO_TK_BAD_INPUTS, "the model is null");
+    if (!handle) Refuse(PRO_TK_BAD_INPUTS);
     Complain(PRO_TK_BAD_INPUTS,
              models_.WasGiven(handle) ? "a model that was erased" : "not a handle of a model");
 }
 
 Model& Session::RequireSolid(const void* handle) const {
     Model& model = Require(const_cast<void*>(handle));
-    if (model.type != PRO_MDL_PART && model.type != PRO_MDL_ASSEMBLY) {
-        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a part or an assembly");
-    }
+    if (model.type != PRO_MDL_PART && model.type != PRO_MDL_ASSEMBLY) Refuse(PRO_TK_BAD_INPUTS);
     return model;
 }
 
 Model& Session::RequireDrawing(ProMdl handle) const {
     Model& model = Require(handle);
-    if (model.type != PRO_MDL_DRAWING) {
-        Complain(PRO_TK_BAD_INPUTS, model.FileName() + " is not a drawing");
-    }
+    if (model.type != PRO_MDL_DRAWING) Refuse(PRO_TK_BAD_INPUTS);
     return model;
 }
 

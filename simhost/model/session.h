@@ -43,7 +43,8 @@ public:
     // --- Models in memory ---
     Model& Create(WideView name, ProMdlType type);  // complains if the name is taken
     Model* Find(ProMdl handle) const { return models_.Find(handle); }
-    Model& Require(ProMdl handle) const;            // a complaint for a dangling handle
+    // A null handle or a model of the wrong kind is refused, a dangling handle is a complaint.
+    Model& Require(ProMdl handle) const;
     Model& RequireSolid(const void* handle) const;  // a part or an assembly
     Model& RequireDrawing(ProMdl handle) const;
     Feature& RequireFeature(const ProModelitem* item) const;

@@ -1,7 +1,8 @@
 // Writes pictures as SVG.
 #include "simhost/picture/svg_canvas.h"
 
-#include <algorithm>
+#include <fmt/format.h>
+
 #include <cmath>
 #include <cstdlib>
 
@@ -113,9 +114,10 @@ std::string SvgOf(const Picture& picture) {
 }
 
 std::string SvgNumber(double value) {
-    constexpr double kLargest = 1e12;
-    if (std::isnan(value)) value = 0;
-    const long long hundredths = std::llround(std::clamp(value, -kLargest, kLargest) * 100);
+    if (!std::isfinite(value)) return "0";
+    constexpr double kNoHundredths = 1e15;  // nor a whole number that the type below can hold
+    if (std::fabs(value) >= kNoHundredths) return fmt::format("{}", value);
+    const long long hundredths = std::llround(value * 100);
     if (hundredths == 0) return "0";
     const long long whole = std::llabs(hundredths) / 100, rest = std::llabs(hundredths) % 100;
     std::string text(hundredths < 0 ? "-" : "");

@@ -10,8 +10,8 @@ namespace simhost {
 // The whole file, in UTF-8.
 std::string SvgOf(const Picture& picture);
 
-// At most two decimals, without zeros at the ends: "-.5", "12". What is no number, or larger than a
-// picture can be, becomes the nearest number that is not.
+// At most two decimals, without zeros at the ends: "-.5", "12"; a power of ten from 1e15 on. What
+// is no number is "0".
 std::string SvgNumber(double value);
 
 // For texts and attributes: what has a meaning in XML is escaped, and control characters, which

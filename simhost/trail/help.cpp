@@ -55,6 +55,11 @@ constexpr ChineseWord kChineseWords[] = {
     {"picture",            "把窗口的内容画到文件中"},
     {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、"
                            "colours、parameters、relations、views、tables、messages"},
+    {"title",              "开始报告的一节"},
+    {"remember",           "记下所有模型的颜色、关系或参数，供列表用"},
+    {"table",              "把记下的内容并排列出"},
+    {"erase",              "从内存中拭除模型；未保存的改动会丢失"},
+    {"hand out",           "把 C 盘的文件复制到结果文件夹"},
     {"start",              "载入插件"},
     {"stop",               "卸载插件"},
     {"note",               "在记录中写一行"},

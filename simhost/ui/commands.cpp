@@ -90,6 +90,7 @@ Command& Commands::Add(const char* name, uiCmdCmdActFn action, uiCmdPriority pri
 }
 
 Command& Commands::Require(uiCmdCmdId id) const {
+    if (!id) Refuse(PRO_TK_BAD_INPUTS);
     Command* command = ids_.Find(id);
     if (!command) Complain(PRO_TK_BAD_INPUTS, "a command id that the host did not give");
     return *command;

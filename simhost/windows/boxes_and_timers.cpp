@@ -59,7 +59,7 @@ void SimulatedWindows::AdvanceClock(unsigned milliseconds) {
 }  // namespace simhost
 
 int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT flags) {
-    static Operation op("MessageBoxW");
+    Operation& op = Op<"MessageBoxW">;
     return op.CallOr([](int) { return 0; },
                      [&] {
                          if (owner) Complain(0, "there is no such window");
@@ -74,7 +74,7 @@ int MessageBoxW(HWND owner, const WideChar* text, const WideChar* caption, UINT 
 }
 
 UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
-    static Operation op("SetTimer");
+    Operation& op = Op<"SetTimer">;
     return op.CallOr([](int) { return UINT_PTR{0}; },
                      [&] {
                          if (window) Complain(0, "there is no such window");
@@ -84,7 +84,7 @@ UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedu
 }
 
 BOOL KillTimer(HWND window, UINT_PTR id) {
-    static Operation op("KillTimer");
+    Operation& op = Op<"KillTimer">;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          if (window) Complain(0, "there is no such window");

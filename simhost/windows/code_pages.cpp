@@ -144,7 +144,7 @@ WideChar* SetLocale(int category, const WideChar* wanted) {
 
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* narrow, int narrowLength,
                         WideChar* wide, int wideSize) {
-    static Operation op("MultiByteToWideChar");
+    Operation& op = Op<"MultiByteToWideChar">;
     return op.CallOr([](int) { return 0; },
                      [&] { return ToWide(codePage, narrow, narrowLength, wide, wideSize); },
                      "codePage", codePage, "flags", flags, "length", narrowLength, "size",
@@ -153,7 +153,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* narrow, int narr
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, const WideChar* wide, int wideLength,
                         char* narrow, int narrowSize, const char* defaultChar, BOOL* usedDefault) {
-    static Operation op("WideCharToMultiByte");
+    Operation& op = Op<"WideCharToMultiByte">;
     WideView text;
     if (wide) {
         text = wideLength < 0 ? WideView(wide, WideView(wide).size() + 1)
@@ -170,7 +170,7 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WideChar* wide, int wi
 }
 
 WideChar* _wsetlocale(int category, const WideChar* locale) {
-    static Operation op("_wsetlocale");
+    Operation& op = Op<"_wsetlocale">;
     return op.CallOr([](int) { return static_cast<WideChar*>(nullptr); },
                      [&] { return SetLocale(category, locale); }, "category", category, "locale",
                      locale);

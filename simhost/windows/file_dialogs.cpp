@@ -5,21 +5,34 @@
 
 using namespace simhost;
 
+namespace {
+
+// The labels and patterns of a filter, each with the \0 that ends it made visible.
+WideText VisibleFilter(const WideChar* pairs) {
+    WideText text;
+    for (const WideChar* at = pairs; at && *at; at += WideView(at).size() + 1) {
+        text.append(at).append(WIDE("\\0"));
+    }
+    return text;
+}
+
+}  // namespace
+
 HWND GetActiveWindow() {
-    static Operation op("GetActiveWindow");
     // The one window that all dialogs of the host share.
     constexpr std::uintptr_t kWindow = 0x10010;
-    return op.CallOr([](int) { return HWND{}; }, [] { return reinterpret_cast<HWND>(kWindow); });
+    return Op<"GetActiveWindow">.CallOr([](int) { return HWND{}; },
+                                        [] { return reinterpret_cast<HWND>(kWindow); });
 }
 
 BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
-    static Operation op("GetSaveFileNameW");
+    Operation& op = Op<"GetSaveFileNameW">;
     WideText filter, path;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          Need(dialog, "the record");
                          const BOOL chosen = AskForSaveName(Simulated().host(), dialog);
-                         filter = FirstPattern(dialog->lpstrFilter);
+                         filter = VisibleFilter(dialog->lpstrFilter);
                          path = chosen ? dialog->lpstrFile : WIDE("");
                          return chosen;
                      },

@@ -206,7 +206,7 @@ BOOL WriteAll(OpenFile& file, const void* data, DWORD size, DWORD* done) {
 
 HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* security, DWORD creation,
                    DWORD attributes, HANDLE pattern) {
-    static Operation op("CreateFileW");
+    Operation& op = Op<"CreateFileW">;
     return op.CallOr([](int status) { return Failed(status > 0 ? DWORD(status) : kNotSaid); },
                      [&] {
                          Need(path, "the path");
@@ -217,7 +217,7 @@ HANDLE CreateFileW(const WideChar* path, DWORD access, DWORD share, void* securi
 }
 
 BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
-    static Operation op("GetFileSizeEx");
+    Operation& op = Op<"GetFileSizeEx">;
     std::int64_t bytes = 0;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&]() -> BOOL {
@@ -232,7 +232,7 @@ BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) {
 }
 
 BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* overlapped) {
-    static Operation op("ReadFile");
+    Operation& op = Op<"ReadFile">;
     DWORD done = 0;
     if (read) *read = 0;
     return op.CallOr([](int) { return BOOL{FALSE}; },
@@ -250,7 +250,7 @@ BOOL ReadFile(HANDLE file, void* data, DWORD size, DWORD* read, void* overlapped
 }
 
 BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* overlapped) {
-    static Operation op("WriteFile");
+    Operation& op = Op<"WriteFile">;
     DWORD done = 0;
     if (written) *written = 0;
     return op.CallOr([](int) { return BOOL{FALSE}; },
@@ -268,13 +268,13 @@ BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* 
 }
 
 DWORD GetLastError() {
-    static Operation op("GetLastError");
+    Operation& op = Op<"GetLastError">;
     return op.CallOr([](int) { return DWORD{ERROR_SUCCESS}; },
                      [&] { return Simulated().lastError; });
 }
 
 BOOL PathFileExistsW(const WideChar* path) {
-    static Operation op("PathFileExistsW");
+    Operation& op = Op<"PathFileExistsW">;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&]() -> BOOL {
                          Need(path, "the path");
@@ -285,7 +285,7 @@ BOOL PathFileExistsW(const WideChar* path) {
 }
 
 BOOL DeleteFileW(const WideChar* path) {
-    static Operation op("DeleteFileW");
+    Operation& op = Op<"DeleteFileW">;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          Need(path, "the path");
@@ -295,7 +295,7 @@ BOOL DeleteFileW(const WideChar* path) {
 }
 
 BOOL CloseHandle(HANDLE handle) {
-    static Operation op("CloseHandle");
+    Operation& op = Op<"CloseHandle">;
     return op.CallOr(
         [&](int) {
             Simulated().Close(handle);

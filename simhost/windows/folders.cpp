@@ -13,7 +13,7 @@ WideText SimulatedWindows::Desktop() const {
 }
 
 BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create) {
-    static Operation op("SHGetSpecialFolderPathW");
+    Operation& op = Op<"SHGetSpecialFolderPathW">;
     return op.CallOr(
         [](int) { return BOOL(FALSE); },
         [&] {
@@ -33,7 +33,7 @@ BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create
 }
 
 UINT GetSystemDirectoryW(WideChar* path, UINT size) {
-    static Operation op("GetSystemDirectoryW");
+    Operation& op = Op<"GetSystemDirectoryW">;
     constexpr WideView kFolder = WIDE("C:\\Windows\\system32");
     return op.CallOr([](int) { return UINT{0}; },
                      [&] {

@@ -129,7 +129,7 @@ bool WriteValue(const WideChar* section, const WideChar* key, const WideChar* va
 DWORD GetPrivateProfileStringW(const WideChar* section, const WideChar* key,
                                const WideChar* fallback, WideChar* value, DWORD size,
                                const WideChar* path) {
-    static Operation op("GetPrivateProfileStringW");
+    Operation& op = Op<"GetPrivateProfileStringW">;
     WideText result;
     return op.CallOr(
         [&](int) { return value ? PutText(FallbackText(fallback), value, size) : DWORD{0}; },
@@ -146,7 +146,7 @@ DWORD GetPrivateProfileStringW(const WideChar* section, const WideChar* key,
 
 BOOL WritePrivateProfileStringW(const WideChar* section, const WideChar* key, const WideChar* value,
                                 const WideChar* path) {
-    static Operation op("WritePrivateProfileStringW");
+    Operation& op = Op<"WritePrivateProfileStringW">;
     return op.CallOr([](int) { return BOOL{FALSE}; },
                      [&] {
                          if (!section || !path) return BOOL{FALSE};

@@ -61,13 +61,13 @@ const WideText& SimulatedWindows::ModulePath(HMODULE module) const {
 }  // namespace simhost
 
 HMODULE GetModuleHandleW(const WideChar* name) {
-    static Operation op("GetModuleHandleW");
+    Operation& op = Op<"GetModuleHandleW">;
     return op.CallOr([](int) { return HMODULE{}; }, [&] { return Simulated().FindModule(name); },
                      "name", name);
 }
 
 DWORD GetModuleFileNameW(HMODULE module, WideChar* path, DWORD size) {
-    static Operation op("GetModuleFileNameW");
+    Operation& op = Op<"GetModuleFileNameW">;
     WideText whole;
     return op.CallOr([](int) { return DWORD{0}; },
                      [&] {

@@ -6,7 +6,7 @@
 using namespace simhost;
 
 UINT WinExec(const char* commandLine, UINT show) {
-    static Operation op("WinExec");
+    Operation& op = Op<"WinExec">;
     constexpr UINT kFileNotFound = 2, kStarted = 33;
     return op.CallOr(
         [](int) { return kFileNotFound; },
@@ -22,7 +22,7 @@ UINT WinExec(const char* commandLine, UINT show) {
 
 HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
                         const WideChar* arguments, const WideChar* folder, int show) {
-    static Operation op("ShellExecuteW");
+    Operation& op = Op<"ShellExecuteW">;
     constexpr std::uintptr_t kFileNotFound = 2, kStarted = 33;
     const auto result = [](std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); };
     return op.CallOr(

@@ -162,7 +162,7 @@ LSTATUS SetValue(HKEY handle, const WideChar* name, DWORD type, const BYTE* data
 }  // namespace simhost
 
 LSTATUS RegOpenKeyExW(HKEY parent, const WideChar* path, DWORD options, REGSAM access, HKEY* key) {
-    static Operation op("RegOpenKeyExW");
+    Operation& op = Op<"RegOpenKeyExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS {
@@ -180,7 +180,7 @@ LSTATUS RegOpenKeyExW(HKEY parent, const WideChar* path, DWORD options, REGSAM a
 LSTATUS RegCreateKeyExW(HKEY parent, const WideChar* path, DWORD reserved, WideChar* keyClass,
                         DWORD options, REGSAM access, void* security, HKEY* key,
                         DWORD* disposition) {
-    static Operation op("RegCreateKeyExW");
+    Operation& op = Op<"RegCreateKeyExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS {
@@ -193,7 +193,7 @@ LSTATUS RegCreateKeyExW(HKEY parent, const WideChar* path, DWORD reserved, WideC
 
 LSTATUS RegQueryValueExW(HKEY key, const WideChar* name, DWORD* reserved, DWORD* type, BYTE* data,
                          DWORD* size) {
-    static Operation op("RegQueryValueExW");
+    Operation& op = Op<"RegQueryValueExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS {
@@ -205,7 +205,7 @@ LSTATUS RegQueryValueExW(HKEY key, const WideChar* name, DWORD* reserved, DWORD*
 
 LSTATUS RegSetValueExW(HKEY key, const WideChar* name, DWORD reserved, DWORD type, const BYTE* data,
                        DWORD size) {
-    static Operation op("RegSetValueExW");
+    Operation& op = Op<"RegSetValueExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS {
@@ -216,7 +216,7 @@ LSTATUS RegSetValueExW(HKEY key, const WideChar* name, DWORD reserved, DWORD typ
 }
 
 LSTATUS RegCloseKey(HKEY key) {
-    static Operation op("RegCloseKey");
+    Operation& op = Op<"RegCloseKey">;
     return op.CallOr(
         [&](int status) {
             Simulated().Close(key);

@@ -32,13 +32,13 @@ void Forget(std::vector<std::pair<Handle, WideText>>* open, Handle handle) {
 // --- Modules ---
 
 HMODULE WINAPI ModuleHandle(const WideChar* name) {
-    static Operation op("GetModuleHandleW");
+    Operation& op = Op<"GetModuleHandleW">;
     return op.CallOr([](int) { return HMODULE{}; }, [&] { return GetModuleHandleW(name); }, "name",
                      name);
 }
 
 DWORD WINAPI ModuleFileName(HMODULE module, WideChar* path, DWORD size) {
-    static Operation op("GetModuleFileNameW");
+    Operation& op = Op<"GetModuleFileNameW">;
     return op.CallOr(
         Nothing, [&] { return GetModuleFileNameW(module, path, size); }, "module", module, "path",
         Out(path), "size", size);
@@ -48,7 +48,7 @@ DWORD WINAPI ModuleFileName(HMODULE module, WideChar* path, DWORD size) {
 
 DWORD WINAPI GetProfile(const WideChar* section, const WideChar* key, const WideChar* fallback,
                         WideChar* value, DWORD size, const WideChar* path) {
-    static Operation op("GetPrivateProfileStringW");
+    Operation& op = Op<"GetPrivateProfileStringW">;
     const auto failed = [&](int) {
         CopyCut(fallback ? fallback : L"", value, size);
         return static_cast<DWORD>(std::wcslen(value));
@@ -61,7 +61,7 @@ DWORD WINAPI GetProfile(const WideChar* section, const WideChar* key, const Wide
 
 BOOL WINAPI WriteProfile(const WideChar* section, const WideChar* key, const WideChar* value,
                          const WideChar* path) {
-    static Operation op("WritePrivateProfileStringW");
+    Operation& op = Op<"WritePrivateProfileStringW">;
     return op.CallOr(
         False, [&] { return WritePrivateProfileStringW(section, key, value, path); }, "section",
         section, "key", key, "value", value, "path", path);
@@ -70,7 +70,7 @@ BOOL WINAPI WriteProfile(const WideChar* section, const WideChar* key, const Wid
 // --- Boxes and timers ---
 
 int WINAPI ShowMessageBox(HWND owner, const WideChar* text, const WideChar* caption, UINT flags) {
-    static Operation op("MessageBoxW");
+    Operation& op = Op<"MessageBoxW">;
     return op.CallOr([](int) { return 0; },
                      [&] {
                          Real().boxFlags.push_back(flags);
@@ -82,7 +82,7 @@ int WINAPI ShowMessageBox(HWND owner, const WideChar* text, const WideChar* capt
 }
 
 UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
-    static Operation op("SetTimer");
+    Operation& op = Op<"SetTimer">;
     return op.CallOr([](int) { return UINT_PTR{0}; },
                      [&] {
                          return window ? SetTimer(window, id, milliseconds, procedure)
@@ -92,7 +92,7 @@ UINT_PTR WINAPI StartTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPRO
 }
 
 BOOL WINAPI StopTimer(HWND window, UINT_PTR id) {
-    static Operation op("KillTimer");
+    Operation& op = Op<"KillTimer">;
     return op.CallOr(
         False, [&] { return window ? KillTimer(window, id) : BOOL{Real().StopTimer(id)}; }, "id",
         id);
@@ -101,7 +101,7 @@ BOOL WINAPI StopTimer(HWND window, UINT_PTR id) {
 // --- Registry ---
 
 LSTATUS WINAPI OpenKey(HKEY parent, const WideChar* path, DWORD options, REGSAM access, HKEY* key) {
-    static Operation op("RegOpenKeyExW");
+    Operation& op = Op<"RegOpenKeyExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS {
@@ -115,7 +115,7 @@ LSTATUS WINAPI OpenKey(HKEY parent, const WideChar* path, DWORD options, REGSAM 
 LSTATUS WINAPI CreateKey(HKEY parent, const WideChar* path, DWORD reserved, WideChar* keyClass,
                          DWORD options, REGSAM access, SECURITY_ATTRIBUTES* security, HKEY* key,
                          DWORD* disposition) {
-    static Operation op("RegCreateKeyExW");
+    Operation& op = Op<"RegCreateKeyExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS {
@@ -130,7 +130,7 @@ LSTATUS WINAPI CreateKey(HKEY parent, const WideChar* path, DWORD reserved, Wide
 
 LSTATUS WINAPI QueryValue(HKEY key, const WideChar* name, DWORD* reserved, DWORD* type, BYTE* data,
                           DWORD* size) {
-    static Operation op("RegQueryValueExW");
+    Operation& op = Op<"RegQueryValueExW">;
     return op.CallOr(
         Denied,
         [&]() -> LSTATUS { return RegQueryValueExW(key, name, reserved, type, data, size); },
@@ -139,14 +139,14 @@ LSTATUS WINAPI QueryValue(HKEY key, const WideChar* name, DWORD* reserved, DWORD
 
 LSTATUS WINAPI SetValue(HKEY key, const WideChar* name, DWORD reserved, DWORD type,
                         const BYTE* data, DWORD size) {
-    static Operation op("RegSetValueExW");
+    Operation& op = Op<"RegSetValueExW">;
     return op.CallOr(
         Denied, [&]() -> LSTATUS { return RegSetValueExW(key, name, reserved, type, data, size); },
         "name", name, "type", type, "size", size);
 }
 
 LSTATUS WINAPI CloseKey(HKEY key) {
-    static Operation op("RegCloseKey");
+    Operation& op = Op<"RegCloseKey">;
     // Told to fail, it closes the key all the same, so that no test leaks one.
     const auto close = [&] {
         Forget(&Real().keys, key);
@@ -163,7 +163,7 @@ LSTATUS WINAPI CloseKey(HKEY key) {
 // --- Programs ---
 
 UINT WINAPI RunProgram(const char* commandLine, UINT show) {
-    static Operation op("WinExec");
+    Operation& op = Op<"WinExec">;
     constexpr UINT kFileNotFound = 2, kStarted = 33;
     return op.CallOr([](int) { return kFileNotFound; },
                      [&] {
@@ -178,7 +178,7 @@ UINT WINAPI RunProgram(const char* commandLine, UINT show) {
 
 HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar* file,
                                const WideChar* arguments, const WideChar* folder, int show) {
-    static Operation op("ShellExecuteW");
+    Operation& op = Op<"ShellExecuteW">;
     constexpr std::uintptr_t kFileNotFound = 2, kStarted = 33;
     const auto result = [](std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); };
     return op.CallOr([&](int) { return result(kFileNotFound); },
@@ -199,12 +199,12 @@ HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar*
 // --- Files ---
 
 HWND WINAPI ActiveWindow() {
-    static Operation op("GetActiveWindow");
+    Operation& op = Op<"GetActiveWindow">;
     return op.CallOr([](int) { return HWND{}; }, [] { return GetActiveWindow(); });
 }
 
 BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
-    static Operation op("GetSaveFileNameW");
+    Operation& op = Op<"GetSaveFileNameW">;
     return op.CallOr(
         False,
         [&] {
@@ -216,20 +216,20 @@ BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
 }
 
 BOOL WINAPI FileExists(const WideChar* path) {
-    static Operation op("PathFileExistsW");
+    Operation& op = Op<"PathFileExistsW">;
     return op.CallOr(
         False, [&] { return PathFileExistsW(path); }, "path", path);
 }
 
 BOOL WINAPI RemoveFile(const WideChar* path) {
-    static Operation op("DeleteFileW");
+    Operation& op = Op<"DeleteFileW">;
     return op.CallOr(
         False, [&] { return DeleteFileW(path); }, "path", path);
 }
 
 // What is done here on the way must not hide the error that is asked for.
 DWORD WINAPI LastError() {
-    static Operation op("GetLastError");
+    Operation& op = Op<"GetLastError">;
     const DWORD error = GetLastError();
     const DWORD told = op.CallOr(Nothing, [error] { return error; });
     SetLastError(error);
@@ -239,7 +239,7 @@ DWORD WINAPI LastError() {
 HANDLE WINAPI OpenFile(const WideChar* path, DWORD access, DWORD share,
                        SECURITY_ATTRIBUTES* security, DWORD creation, DWORD attributes,
                        HANDLE pattern) {
-    static Operation op("CreateFileW");
+    Operation& op = Op<"CreateFileW">;
     DWORD error = ERROR_GEN_FAILURE;
     const HANDLE file =
         op.CallOr([](int) { return INVALID_HANDLE_VALUE; },
@@ -257,12 +257,12 @@ HANDLE WINAPI OpenFile(const WideChar* path, DWORD access, DWORD share,
 }
 
 BOOL WINAPI FileSize(HANDLE file, LARGE_INTEGER* size) {
-    static Operation op("GetFileSizeEx");
+    Operation& op = Op<"GetFileSizeEx">;
     return op.CallOr(False, [&] { return GetFileSizeEx(file, size); });
 }
 
 BOOL WINAPI ReadBytes(HANDLE file, void* data, DWORD size, DWORD* done, OVERLAPPED* overlapped) {
-    static Operation op("ReadFile");
+    Operation& op = Op<"ReadFile">;
     return op.CallOr(
         False, [&] { return ReadFile(file, data, size, done, overlapped); }, "size", size, "read",
         Out(done));
@@ -270,14 +270,14 @@ BOOL WINAPI ReadBytes(HANDLE file, void* data, DWORD size, DWORD* done, OVERLAPP
 
 BOOL WINAPI WriteBytes(HANDLE file, const void* data, DWORD size, DWORD* done,
                        OVERLAPPED* overlapped) {
-    static Operation op("WriteFile");
+    Operation& op = Op<"WriteFile">;
     return op.CallOr(
         False, [&] { return WriteFile(file, data, size, done, overlapped); }, "size", size,
         "written", Out(done));
 }
 
 BOOL WINAPI Close(HANDLE handle) {
-    static Operation op("CloseHandle");
+    Operation& op = Op<"CloseHandle">;
     const auto close = [&] {
         Forget(&Real().files, handle);
         return CloseHandle(handle);
@@ -291,14 +291,14 @@ BOOL WINAPI Close(HANDLE handle) {
 }
 
 BOOL WINAPI SpecialFolder(HWND owner, WideChar* path, int folder, BOOL create) {
-    static Operation op("SHGetSpecialFolderPathW");
+    Operation& op = Op<"SHGetSpecialFolderPathW">;
     return op.CallOr(
         False, [&] { return SHGetSpecialFolderPathW(owner, path, folder, create); }, "owner",
         static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create", create);
 }
 
 UINT WINAPI SystemFolder(WideChar* path, UINT size) {
-    static Operation op("GetSystemDirectoryW");
+    Operation& op = Op<"GetSystemDirectoryW">;
     return op.CallOr([](int) { return UINT{0}; }, [&] { return GetSystemDirectoryW(path, size); },
                      "path", Out(path), "size", size);
 }
@@ -307,7 +307,7 @@ UINT WINAPI SystemFolder(WideChar* path, UINT size) {
 
 int WINAPI ToWide(UINT codePage, DWORD flags, const char* narrow, int length, WideChar* wide,
                   int size) {
-    static Operation op("MultiByteToWideChar");
+    Operation& op = Op<"MultiByteToWideChar">;
     return op.CallOr(
         False, [&] { return MultiByteToWideChar(codePage, flags, narrow, length, wide, size); },
         "codePage", codePage, "flags", flags, "length", length, "size", size);
@@ -315,7 +315,7 @@ int WINAPI ToWide(UINT codePage, DWORD flags, const char* narrow, int length, Wi
 
 int WINAPI ToNarrow(UINT codePage, DWORD flags, const WideChar* wide, int length, char* narrow,
                     int size, const char* byDefault, BOOL* usedDefault) {
-    static Operation op("WideCharToMultiByte");
+    Operation& op = Op<"WideCharToMultiByte">;
     return op.CallOr(
         False,
         [&] {
@@ -326,7 +326,7 @@ int WINAPI ToNarrow(UINT codePage, DWORD flags, const WideChar* wide, int length
 }
 
 WideChar* SetLocale(int category, const WideChar* locale) {
-    static Operation op("_wsetlocale");
+    Operation& op = Op<"_wsetlocale">;
     return op.CallOr([](int) -> WideChar* { return nullptr; },
                      [&] {
                          WideChar* set = _wsetlocale(category, locale);

@@ -84,8 +84,9 @@ TEST_F(SettingsDialogCalls, ABlankInAChoiceIsNotDeleted) {
     // Deleted, the value would be a choice that the dialog has.
     Setting("VxRandomColorOpt", "as UG");
     Play("~ Command `VxConfig`\n~ Activate `VxConfig` `save`\n~ Close `VxConfig`");
-    EXPECT_NE(Read(kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini")).find("value=Optimization"),
-              std::string::npos);
+    EXPECT_NE(
+        ReadSettings(kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini")).find("value=Optimization"),
+        std::string::npos);
 }
 
 TEST_F(SettingsDialogCalls, APickedTemplateLeavesTheOtherPanelsAsTheyAre) {

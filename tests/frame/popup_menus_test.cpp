@@ -129,8 +129,8 @@ TEST_F(PopupMenus, TheNameOfThePopupIsComparedByteForByte) {
     StartAfterTheFirstPopup();
     using Handler = ProError (*)(char*);
     // Through a type of its own: each event has a parameter list behind the one type of the door.
-    const auto handler =
-        reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(host().commands.Notification(72)));
+    const auto given = host().commands.Notification(PRO_POPUPMENU_CREATE_POST);
+    const auto handler = reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(given));
     ASSERT_TRUE(handler);
     for (std::string name : {"sel obj menu", "Sel Obj Menu ", " Sel Obj Menu", "Sel Obj Men",
                              "Sel Obj Menu2", "Sel  Obj Menu", "S", ""}) {

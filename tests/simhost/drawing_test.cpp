@@ -219,7 +219,7 @@ TEST_F(DrawingTest, ADrawingIsReadAsItWasWritten) {
     DrawingView& main =
         drawing.AddGeneral(box, 1, {100.5, 100, 0}, 0.5, PlacementFrom({}, {0, 0, 90}));
     main.display.style = PRO_DISPSTYLE_HIDDEN_LINE;
-    main.display.tangent_edge_display = 15;
+    main.display.tangent_edge_display = ProTanedgeDisplay(15);
     drawing.AddProjected(main, {160, 100, 0});
     const std::string text = ModelText(sheet);
     Model copy;

@@ -7,7 +7,6 @@
 #include "simhost/app/picture_file.h"
 #include "simhost/core/disk.h"
 #include "simhost/host.h"
-#include "simhost/picture/svg_canvas.h"
 
 namespace {
 
@@ -88,14 +87,5 @@ TEST_F(PictureFiles, APdfHasAPageAndItsFontInside) {
     EXPECT_NE(file_.find("/FontFile"), std::string::npos);
 }
 #endif
-
-TEST(SvgNumbers, AreNeverMoreThanAPictureCanHold) {
-    EXPECT_EQ(SvgNumber(1e300), "1000000000000");
-    EXPECT_EQ(SvgNumber(-1e300), "-1000000000000");
-    EXPECT_EQ(SvgNumber(std::stod("nan")), "0");
-    EXPECT_EQ(SvgNumber(-0.004), "0");
-    EXPECT_EQ(SvgNumber(-0.5), "-.5");
-    EXPECT_EQ(SvgNumber(12.304), "12.3");
-}
 
 }  // namespace

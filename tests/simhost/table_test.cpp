@@ -121,9 +121,10 @@ TEST_F(Tables, HaveALabelForEachColumnAndRow) {
 
 TEST_F(Tables, ColoursAreThoseThatWereSet) {
     InsertRow("", "1");
-    ProUIColorType colour = -1;
-    EXPECT_EQ(ProUITableCellBackgroundColorSet(dialog, table, Text("1"), Text("num"), 17),
-              PRO_TK_NO_ERROR);
+    auto colour = ProUIColorType(-1);
+    EXPECT_EQ(
+        ProUITableCellBackgroundColorSet(dialog, table, Text("1"), Text("num"), ProUIColorType(17)),
+        PRO_TK_NO_ERROR);
     EXPECT_EQ(ProUITableCellBackgroundColorGet(dialog, table, Text("1"), Text("num"), &colour),
               PRO_TK_NO_ERROR);
     EXPECT_EQ(colour, 17);
@@ -171,7 +172,7 @@ TEST_F(Tables, AreDrawnAsText) {
     SetCell("1", "num", WIDE("1"));
     SetCell("1", "name", WIDE("齿轮"));
     SetCell("2", "name", WIDE("bolt"));
-    ProUITableCellBackgroundColorSet(dialog, table, Text("2"), Text("num"), 17);
+    ProUITableCellBackgroundColorSet(dialog, table, Text("2"), Text("num"), ProUIColorType(17));
     ProUITableRowCellsSelect(dialog, table, Text("1"));
     EXPECT_EQ(host().dialogs.Find("List")->Find("list")->Picture(),
               (Names{"  No. | Name", "------------", "> 1   | 齿轮", " *    | bolt",
@@ -200,7 +201,7 @@ TEST_F(Tables, MoreLabelsThanColumnsAreAComplaint) {
 TEST_F(Tables, CanBeLookedAtInScripts) {
     InsertRow("", "1");
     SetCell("1", "name", WIDE("a|b"));
-    ProUITableCellBackgroundColorSet(dialog, table, Text("1"), Text("num"), 17);
+    ProUITableCellBackgroundColorSet(dialog, table, Text("1"), Text("num"), ProUIColorType(17));
     ProUIDialogCloseActionSet(
         dialog, [](char* name, char*, ProAppData) { ProUIDialogExit(name, 0); }, nullptr);
     int status = 0;

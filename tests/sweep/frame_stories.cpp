@@ -5,17 +5,6 @@ namespace sweep {
 
 namespace {
 
-// Registering examines no status, by rule: what follows on a failed step is done with the id as it
-// came, and the host refuses it.
-const Forced kNoId[] = {
-    {"ProCmdActionAdd", "ProMenubarmenuPushbuttonAdd: a command id that the host did not give",
-     "buttons are added with the id as it came"},
-    {"ProCmdActionAdd", "ProCmdIconSet: a command id that the host did not give",
-     "icons are set with the id as it came"},
-    {"ProCmdActionAdd", "ProCmdDesignate: a command id that the host did not give",
-     "commands are designated with the id as it came"},
-};
-
 // What a user does next, whatever became of the start.
 void GoOn(World& world) {
     world.Wait();
@@ -42,7 +31,7 @@ FrameStories Start() {
               [](World& w) { w.Start(); },
               GoOn,
               {"RegQueryValueExW", "ProMenubarMenuAdd"}}},
-            {kNoId[0], kNoId[1], kNoId[2]}};
+            {}};
 }
 
 FrameStories Timer() {
@@ -62,15 +51,14 @@ FrameStories Timer() {
 }
 
 FrameStories End() {
-    return {
-        "End",
-        {{"the end",
-          [](World& w) { w.Start(); },
-          [](World& w) { w.Stop(); },
-          {},
-          {"ProDirectoryCurrentGet", "CreateFileW", "WriteFile", "CloseHandle", "KillTimer"}}},
-        {{"KillTimer", "a timer is still set whose procedure lies in vorlatix5.1.dll",
-          "a timer that cannot be killed is all that Windows leaves the plug-in"}}};
+    return {"End",
+            {{"the end",
+              [](World& w) { w.Start(); },
+              [](World& w) { w.Stop(); },
+              {},
+              {"ProDirectoryCurrentGet", "CreateFileW", "WriteFile", "CloseHandle", "KillTimer"}}},
+            {{"KillTimer", "a timer is still set whose procedure lies in vorlatix5.1.dll",
+              "a timer that cannot be killed is all that Windows leaves the plug-in"}}};
 }
 
 void OpenPopup(World& world) {
@@ -105,12 +93,7 @@ FrameStories Popups() {
               {},
               {"ProSelbufferSelectionsGet"}},
              {"a later popup with two selections", twoSelected, OpenPopup}},
-            {kNoId[0],
-             {"ProCmdActionAdd", "ProPopupmenuButtonAdd: a command id that the host did not give",
-              "the button of the drawing is added with the id as it came"},
-             {"ProCmdCmdIdFind", "ProPopupmenuButtonAdd: a command id that the host did not give",
-              "popup buttons are added with the id as it came"},
-             {"ProPopupmenuIdGet", "ProPopupmenuButtonAdd: no popup of the id 0",
+            {{"ProPopupmenuIdGet", "ProPopupmenuButtonAdd: no popup of the id 0",
               "popup buttons are added with the id as it came"}}};
 }
 

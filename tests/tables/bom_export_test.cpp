@@ -95,7 +95,9 @@ TEST_F(BomExport, AsksOnTheDesktopForASpreadsheet) {
     Export("@ quit\n");
     Recorded();
     EXPECT_EQ(Lines("GetSaveFileNameW"),
-              Names{"GetSaveFileNameW(owner=pointer, filter=\"*.xlsx\", extension=\".xlsx\", "
+              Names{"GetSaveFileNameW(owner=pointer, "
+                    "filter=\"EXCEL文件(*.xlsx)\\0*.xlsx\\0 All Files (*.*) \\0*.*\\0\", "
+                    "extension=\".xlsx\", "
                     "folder=\"C:\\Users\\Designer\\Desktop\", flags=6, path=\"\") = 0"});
     EXPECT_EQ(Lines("ExcelCreate"), Names{});
 }

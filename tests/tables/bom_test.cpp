@@ -484,7 +484,8 @@ TEST_F(Bom, DrawsItsPictureAndLeavesTheListToTheHost) {
     EXPECT_EQ(
         Lines("ProUIDrawingareaImagesDraw"),
         workbench::Names{"ProUIDrawingareaImagesDraw(dialog=\"VxBom\", "
-                         "area=\"DrawingArea\", count=1, image=\"VxQQ2.gif\", x=2, y=2) = 0"});
+                         "area=\"DrawingArea\", images=[\"VxQQ2.gif\"], positions=[(2, 2)]) = "
+                         "0"});
     EXPECT_EQ(host().arrays.Held(),
               std::vector<std::string>{"command VxBom, ProArrayAlloc: 1 objects of 8 bytes"});
 }

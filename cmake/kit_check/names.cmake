@@ -40,6 +40,9 @@ function(names_of file variable)
         list(APPEND names "type ${name}")
     endforeach()
 
+    # Codes of which only the type is known.
+    append_names(type "enum ([A-Za-z_0-9]+) : int *{}" "${text}")
+
     string(REGEX MATCHALL "typedef (struct|union)[^{@]*{[^}]*} *[A-Za-z_0-9]+" records "${text}")
     foreach(record IN LISTS records)
         string(REGEX REPLACE ".*} *([A-Za-z_0-9]+)$" "\\1" name "${record}")

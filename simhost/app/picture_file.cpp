@@ -12,6 +12,7 @@
 #include "simhost/picture/isometric.h"
 #include "simhost/picture/sheet.h"
 #include "simhost/picture/svg_canvas.h"
+#include "simhost/user/progress.h"
 
 namespace fs = std::filesystem;
 
@@ -47,6 +48,8 @@ std::string SavePicture(const std::string& file) {
     if (path.has_parent_path()) fs::create_directories(path.parent_path(), ignored);
     try {
         Write(PictureOf(session, *model), ending, path);
+    } catch (const Interrupted& stopped) {
+        return stopped.what();
     } catch (const std::runtime_error& error) {
         return file + ": " + error.what();
     }

@@ -68,7 +68,7 @@ TEST_F(TwelveViewsCalls, TheDialogIsReadAndEndsBeforeTheDrawingIsMade) {
                "ProUIRadiogroupSelectednamesGet DirectionRadio",
                "ProUIRadiogroupSelectednamesGet ViewsRadio",
                "ProUICheckbuttonGetState ExportCheckButton", "ProUIDialogExit",
-               "ProViewMatrixGet box.prt", "ProDrawingFromTmpltCreate", "ProUIDialogDestroy"}));
+               "ProViewMatrixGet box.prt", "ProDrawingFromTmpltCreate BOX", "ProUIDialogDestroy"}));
     EXPECT_NE(LineOf("ProUIDialogExit").find("status=0"), std::string::npos);
 }
 
@@ -99,7 +99,7 @@ TEST_F(TwelveViewsCalls, ANewDrawingsWindowIsMadeCurrentAndActivatedAgainAtTheEn
                       [&] {
                           MakeViews({"main-h", "six-hidden", true}, "@ ok");
                       }),
-              (Names{"ProDirectoryChange", "ProDrawingFromTmpltCreate", "ProDirectoryChange",
+              (Names{"ProDirectoryChange", "ProDrawingFromTmpltCreate BOX", "ProDirectoryChange",
                      "ProObjectwindowCreate", "ProWindowCurrentSet", "ProWindowActivate",
                      "ProDrawingGeneralviewCreate", "ProDrawingGeneralviewCreate",
                      "ProDrawingViewsCollect", "ProMdlWindowGet box-12.drw", "ProWindowActivate",

@@ -99,7 +99,7 @@ class Session(unittest.TestCase):
         screen, status = terminal.end()
         self.assertEqual(status, 0, screen)
         self.assertNotIn("!!", terminal.screen)
-        for wanted in ("colours of 43 models", "~ Command `BatchColor`", "motor_drive/motor",
+        for wanted in ("colours of 42 models", "~ Command `BatchColor`", "motor_drive/motor",
                        "~ Activate `Relations` `Close`"):
             self.assertIn(wanted, terminal.screen)
 

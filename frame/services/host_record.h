@@ -1,6 +1,7 @@
 // Records that the host fills, and whether it has.
 #pragma once
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 
@@ -19,8 +20,8 @@ public:
 
     // False while it has the bytes with which it was prepared.
     bool IsFilled() const {
-        static constexpr unsigned char kPrepared[sizeof(Record)] = {};
-        return std::memcmp(&record_, kPrepared, sizeof record_) != 0;
+        const auto* bytes = reinterpret_cast<const unsigned char*>(&record_);
+        return std::any_of(bytes, bytes + sizeof record_, [](unsigned char byte) { return byte; });
     }
 
 private:

@@ -103,7 +103,7 @@ std::string TextOf(const ProFamtableItem& item) {
 std::string TextOf(const ProAsmcomppath& path) {
     const int count = std::clamp(path.table_num, 0, PRO_MAX_ASSEM_LEVEL);
     return Describe(static_cast<const void*>(path.owner)) + ' ' +
-           Describe(ListOf(path.comp_id_tab, count));
+           Describe(ListOf{path.comp_id_tab, count});
 }
 
 std::string TextOf(const ProGeomitemdata& data) {

@@ -103,7 +103,7 @@ int SizeOfArray(const void* array);  // 0 for a null array
 
 template <class T>
 std::string Describe(const ListOut<T>& out) {
-    return Describe(ListOf(*out.place, out.count ? *out.count : SizeOfArray(*out.place)));
+    return Describe(ListOf{*out.place, out.count ? *out.count : SizeOfArray(*out.place)});
 }
 
 // A place for a point.

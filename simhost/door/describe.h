@@ -20,18 +20,18 @@
 
 namespace simhost {
 
-std::string TextOf(const ProModelitem& record);
-std::string TextOf(const ProParameter& record);
-std::string TextOf(const ProParamvalue& record);
-std::string TextOf(const ProMdldata& record);
-std::string TextOf(const ProModel& record);
-std::string TextOf(const ProRelset& record);
-std::string TextOf(const ProFamtableItem& record);
-std::string TextOf(const ProAsmcomppath& record);
-std::string TextOf(const ProGeomitemdata& record);
-std::string TextOf(const ProDrawingViewDisplay& record);
-std::string TextOf(const ProdbSurfaceProps& record);
-std::string TextOf(const ProUIPoint& record);
+std::string TextOf(const ProModelitem& item);
+std::string TextOf(const ProParameter& parameter);
+std::string TextOf(const ProParamvalue& value);
+std::string TextOf(const ProMdldata& data);
+std::string TextOf(const ProModel& model);
+std::string TextOf(const ProRelset& set);
+std::string TextOf(const ProFamtableItem& item);
+std::string TextOf(const ProAsmcomppath& path);
+std::string TextOf(const ProGeomitemdata& data);
+std::string TextOf(const ProDrawingViewDisplay& display);
+std::string TextOf(const ProdbSurfaceProps& props);
+std::string TextOf(const ProUIPoint& point);
 
 template <class Record>
 struct RecordText {

@@ -2,10 +2,10 @@
 // exchange text of release 12.
 #include "hostapi/host/export2d.h"
 
-#include "simhost/picture/dxf.h"
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/model/drawing.h"
+#include "simhost/picture/dxf.h"
 
 using namespace simhost;
 

@@ -10,8 +10,6 @@
 
 namespace simhost {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 const Disk& NoDisk() {

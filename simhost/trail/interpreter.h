@@ -78,7 +78,7 @@ private:
     bool Serve(Wait& wait);
     bool Fits(const Step& step) const;
     std::string Misfit(const Step& step) const;
-    void Perform(const Step& step);
+    void Perform(const Step& given);
     void PerformInner(const Step& step);
     void PerformTrail(const Step& step);
     void Count(const std::string& what);  // a failure, whoever types

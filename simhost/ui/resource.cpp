@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <set>
 
 #include "simhost/ui/near_name.h"
@@ -215,8 +216,9 @@ private:
                 reader_.Fail(item.line, fmt::format("the component {} is there twice", name));
             }
             const std::string& kind = item.items[0].word;
-            std::vector<std::string> kinds;
-            for (const KindAttributes& row : kKindAttributes) kinds.emplace_back(row.kind);
+            std::vector<std::string> kinds(std::size(kKindAttributes));
+            std::transform(std::begin(kKindAttributes), std::end(kKindAttributes), kinds.begin(),
+                           [](const KindAttributes& row) { return row.kind; });
             if (kind.empty() || std::find(kinds.begin(), kinds.end(), kind) == kinds.end()) {
                 reader_.Fail(item.line, fmt::format("there is no kind of component {}{}", kind,
                                                     DidYouMean(kind, kinds)));

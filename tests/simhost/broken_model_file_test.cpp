@@ -4,8 +4,8 @@
 #include <limits>
 #include <string>
 
-#include "simhost/picture/svg_canvas.h"
 #include "simhost/model/model_file.h"
+#include "simhost/picture/svg_canvas.h"
 
 using namespace simhost;
 

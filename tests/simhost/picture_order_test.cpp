@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "simhost/picture/isometric.h"
 #include "simhost/core/text.h"
+#include "simhost/picture/isometric.h"
 #include "tests/simhost/picture_models.h"
 #include "tests/simhost/picture_reader.h"
 

@@ -32,7 +32,7 @@ class PlainSource : public Source {
 public:
     explicit PlainSource(bool terminal) : terminal_(terminal) {}
     std::optional<std::string> Next(const std::string& waiting) override {
-        if (terminal_) std::cout << waiting << "> " << std::flush;
+        if (terminal_) std::cout << PromptFor(waiting) << "> " << std::flush;
         std::string line;
         if (!std::getline(std::cin, line)) return std::nullopt;
         return line;

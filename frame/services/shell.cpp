@@ -78,6 +78,9 @@ void OpenInNotepad(WideView fileBesideModule) {
 void OpenHomePage() {
     const std::string folder = SystemFolder();
     if (folder.empty()) return;
-    const std::string command = '"' + folder + "\\cmd.exe\" /c start " + kHomePage;
+    std::string command = "\"";
+    command += folder;
+    command += "\\cmd.exe\" /c start ";
+    command += kHomePage;
     WinExec(command.c_str(), SW_HIDE);
 }

@@ -52,6 +52,12 @@ void Complain(int status, std::string complaint) {
     throw Refusal{status, std::move(complaint)};
 }
 
+void ComplainOfNull(const char* what) {
+    std::string complaint = what;
+    complaint += " is null";
+    Complain(PRO_TK_BAD_INPUTS, std::move(complaint));
+}
+
 Operation::Operation(const char* name) : name_(name) {
     Registry()[name] = this;
 }

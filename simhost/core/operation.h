@@ -63,9 +63,10 @@ GivenInput<T> Given(T* value) {
 }
 
 // Complains about a null pointer where the caller must give a place or a text.
+[[noreturn]] void ComplainOfNull(const char* what);
 template <class T>
 void Need(T* pointer, const char* what = "an argument") {
-    if (pointer == nullptr) Complain(PRO_TK_BAD_INPUTS, std::string(what) + " is null");
+    if (pointer == nullptr) ComplainOfNull(what);
 }
 
 // --- How values look in the journal ---

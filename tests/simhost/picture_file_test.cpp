@@ -44,12 +44,6 @@ protected:
     std::string file_;
 };
 
-unsigned BigEndian(const std::string& bytes, std::size_t at) {
-    unsigned value = 0;
-    for (std::size_t i = at; i < at + 4; ++i) value = value << 8 | (unsigned char)bytes.at(i);
-    return value;
-}
-
 TEST_F(PictureFiles, AnSvgIsText) {
     EXPECT_EQ(Save("part.svg"), "");
     EXPECT_EQ(file_.compare(0, 5, "<?xml"), 0);
@@ -68,6 +62,12 @@ TEST_F(PictureFiles, AFolderThatIsNoFolderIsTold) {
 }
 
 #ifndef _WIN32
+unsigned BigEndian(const std::string& bytes, std::size_t at) {
+    unsigned value = 0;
+    for (std::size_t i = at; i < at + 4; ++i) value = value << 8 | (unsigned char)bytes.at(i);
+    return value;
+}
+
 TEST_F(PictureFiles, APngHasTheSizeOfTheSvg) {
     EXPECT_EQ(Save("part.svg"), "");
     const std::string svg = file_.substr(0, 300);

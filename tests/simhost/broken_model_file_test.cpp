@@ -39,7 +39,8 @@ TEST(BrokenModelFile, WithAControlCharacterIsNamedWithItsLine) {
 // Every place of a good file gets every character that means something, and some that do not.
 TEST(BrokenModelFile, IsAnErrorOfTheFileAndNothingElse) {
     ASSERT_EQ(Said(kGood), "");
-    const std::string bytes("\0\x01\x1a\x7f\n\r\t \"'[]{}=,.#+-_0eE:TZxX\\u\x80\xc3\xff\xef", 37);
+    constexpr char kBytes[] = "\0\x01\x1a\x7f\n\r\t \"'[]{}=,.#+-_0eE:TZxX\\u\x80\xc3\xff\xef";
+    const std::string bytes(kBytes, sizeof kBytes - 1);
     for (std::size_t at = 0; at <= kGood.size(); ++at) {
         for (const char byte : bytes) {
             std::string changed = kGood;

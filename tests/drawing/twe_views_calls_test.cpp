@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <set>
 
+#include "simhost/core/text.h"
 #include "simhost/model/screen_view.h"
+#include "simhost/system/windows.h"
 #include "tests/drawing/drawing_bench.h"
 #include "tests/support/call_order.h"
 
@@ -106,8 +108,8 @@ TEST_F(TwelveViewsCalls, ANewDrawingsWindowIsMadeCurrentAndActivatedAgainAtTheEn
                      "Pro2dExport", "MessageBoxW"}));
     EXPECT_NE(LineOf("ProDrawingFromTmpltCreate").find("options=1"), std::string::npos);
     // No extension: the host adds it.
-    EXPECT_NE(LineOf("Pro2dExport").find("file=\"C:\\Users\\Designer\\Desktop\\BOX-12\""),
-              std::string::npos)
+    const std::string desktop = Utf8(TheWindows().Desktop());
+    EXPECT_NE(LineOf("Pro2dExport").find("file=\"" + desktop + "\\BOX-12\""), std::string::npos)
         << LineOf("Pro2dExport");
 }
 

@@ -12,7 +12,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
-#include "simhost/system/windows.h"
+#include "simhost/windows_real/real.h"
 #include "tests/support/observed.h"
 #include "tests/tables/export_steps.h"
 #include "tests/windows/excel_class.h"

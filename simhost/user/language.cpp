@@ -7,7 +7,7 @@
 namespace simhost {
 
 bool InChinese() {
-    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    for (const char* name : {"VX_LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
         const char* value = std::getenv(name);
         if (value && *value) return std::string_view(value).substr(0, 2) == "zh";
     }

@@ -3,7 +3,7 @@
 
 namespace simhost {
 
-// By LC_ALL, else LC_MESSAGES, else LANG. Only what explains follows it; what can fail is said in
+// By VX_LANGUAGE, else LC_ALL, else LC_MESSAGES, else LANG. Only what explains follows it; what can fail is said in
 // English, so that scripts and their transcripts mean the same everywhere.
 bool InChinese();
 

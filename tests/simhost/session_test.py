@@ -132,7 +132,11 @@ class Session(unittest.TestCase):
     def test_ctrl_c_throws_the_line_away(self):
         terminal = Terminal(self.folder)
         terminal.until("vx> ")
-        terminal.type("note nonsense\x03")
+        # The prompt is there a moment before the editor listens to keys.
+        time.sleep(1)
+        terminal.type("note nonsense")
+        terminal.until("nonsense")
+        terminal.type("\x03")
         terminal.line("note sense")
         terminal.until("    sense")
         terminal.line("quit")

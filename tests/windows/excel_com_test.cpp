@@ -247,7 +247,6 @@ protected:
     }
 };
 
-// The same.
 TEST_F(SpreadsheetProgram, DISABLED_IsAskedTheSameAndGivenUpWhole) {
     Register(0);
     OpenEmptyAssembly();
@@ -255,7 +254,8 @@ TEST_F(SpreadsheetProgram, DISABLED_IsAskedTheSameAndGivenUpWhole) {
     EXPECT_EQ(Asked(), WholeExport());
 }
 
-// Not run: once in a while the served program spins and never answers under this Wine.
+// The three tests of the program are not run: it was seen to spin without an answer under Wine 8,
+// and which of them brings that about is not known yet.
 TEST_F(SpreadsheetProgram, DISABLED_RefusesEachStepAndIsGivenUpAllTheSame) {
     OpenEmptyAssembly();
     for (std::size_t step = 1; step < WholeExport().size(); ++step) {
@@ -266,7 +266,6 @@ TEST_F(SpreadsheetProgram, DISABLED_RefusesEachStepAndIsGivenUpAllTheSame) {
     }
 }
 
-// The same.
 TEST_F(SpreadsheetProgram, DISABLED_IsFoundOnAThreadThatHasNotMetCom) {
     Register(0);
     bool found = false;

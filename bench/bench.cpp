@@ -169,7 +169,7 @@ void Walk(const fs::path& module) {
     std::printf("%d components, %d models; ", components, models);
 }
 
-// The size that stands for one part: there is no assembly of fewer components to measure.
+// The size that means one part: there is no assembly of fewer components to measure.
 constexpr int kPartAlone = 50;
 
 void OpenSomePart(Session* session) {

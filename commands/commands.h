@@ -1,4 +1,4 @@
-// The commands of this room: small ones that stand alone.
+// The commands of this room: small ones that share nothing.
 #pragma once
 
 // A place-holder without an effect: asks the host for the current model and ignores the answer.

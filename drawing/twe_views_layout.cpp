@@ -1,4 +1,4 @@
-// Twelve views: the views of a model on the sheet. The main view stands in the middle, projections
+// Twelve views: the views of a model on the sheet. The main view is in the middle, projections
 // on its four sides, the rear behind the right one, and an isometric view in the lower right
 // corner. Each is made where it should about be, and then moved until the gap is right.
 #include "drawing/twe_views_layout.h"
@@ -27,8 +27,8 @@ struct Outline {
 struct Setting {
     ProDrawing drawing;
     ProSolid solid;
-    ProMatrix orientation;                     // of the main view as it stands
-    ProDrawingViewDisplay* display = nullptr;  // of every view; null: set when all stand
+    ProMatrix orientation;                     // of the main view as it is
+    ProDrawingViewDisplay* display = nullptr;  // of every view; null: set when all are placed
     ProDrawingViewDisplay* isometricDisplay = nullptr;
 };
 
@@ -141,7 +141,7 @@ View PutIsometric(Setting& set, const Outline& below) {
     return view;
 }
 
-// All that stands around a main view.
+// Everything around a main view.
 SetOutlines LayOutAround(Setting& set, const View& main) {
     const double row = main.outline.MiddleY();
     const View below = PutBelow(set, main);
@@ -155,7 +155,7 @@ SetOutlines LayOutAround(Setting& set, const View& main) {
 
 // --- The main view ---
 
-// Where both sides are of one length it stands upright already, but does not lie across.
+// Where both sides are of one length it counts as upright, not as across.
 bool NeedsTurn(const Outline& outline, LongSide wanted) {
     const double higher = outline.Height() - outline.Width();
     return (wanted == LongSide::Across && higher > kSameLength) ||

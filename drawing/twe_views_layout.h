@@ -1,4 +1,5 @@
-// Twelve views: how the views of a model stand on the sheet, with gaps of one size between them.
+// Twelve views: how the views of a model are placed on the sheet, with gaps of one size between
+// them.
 #pragma once
 
 #include "hostapi/host.h"

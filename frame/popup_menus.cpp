@@ -31,7 +31,7 @@ void AddPopupButton(ProPopupMenuId popup, const PopupRow& row) {
                           HostText(help), command, row.popupAccess, nullptr);
 }
 
-// Opening a drawing is registered here and nowhere else, afresh for each popup.
+// Opening a drawing is registered here and nowhere else, anew for each popup.
 void AddOpenDrawing(ProPopupMenuId popup) {
     const CommandRow& row = kOpenDrawingRow;
     const WideText textFile = Widen(kMenuTextFile);

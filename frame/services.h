@@ -1,4 +1,4 @@
-// The services that all rooms stand on, in one include: text and numbers, paths and settings,
+// The services that all rooms build on, in one include: text and numbers, paths and settings,
 // messages and dialogs, models and parameters, the assembly walk, host arrays and the guards around
 // callbacks, and the shell of Windows.
 #pragma once

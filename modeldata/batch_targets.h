@@ -19,5 +19,5 @@ bool ForEachTarget(const TopModel& top, const std::string& scope, ComponentArray
                    Dialog dialog, const char* keywordPanel,
                    const std::function<void(ProMdl model, const WideText& name)>& work);
 
-// Shows the tree of the model that is current now afresh.
+// Refreshes the tree of the model that is current now.
 void RefreshCurrentTree();

@@ -88,7 +88,7 @@ Outcome MeasureComponent(ProAsmcomppath* path, Measure* measure) {
     return Outcome::Measured;
 }
 
-// Parents stand before their children, so the ids above a line's depth are those of its parents.
+// Parents come before their children, so the ids above a line's depth are those of its parents.
 Outcome MeasureAssembly(ProMdl assembly, Measure* measure) {
     const auto listing = ListComponents(assembly);
     if (!listing) return Outcome::NotMeasured;

@@ -9,7 +9,7 @@
 
 namespace {
 
-// More than any double has digits behind its point that a text of six digits could show.
+// More decimals than a text of six digits could ever show.
 constexpr int kMostDecimalPlaces = 30;
 constexpr int kSignificantDigits = 6;
 

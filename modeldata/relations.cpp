@@ -16,7 +16,7 @@ constexpr Dialog kDialog = "Relations";
 
 // Which of a model's two sets is written.
 constexpr const char* kInitial = "init";
-constexpr const char* kAfter = "after";  // the one that is worked off after the regeneration
+constexpr const char* kAfter = "after";  // the one that is evaluated after the regeneration
 
 using LineList = std::vector<WideText>;
 using LineArray = HostArray<WideChar*>;

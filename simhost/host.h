@@ -1,4 +1,4 @@
-// The simulated host as one thing: what it is made of, and how it is started afresh.
+// The simulated host as one thing: what it is made of, and how it is started anew.
 #pragma once
 
 #include <deque>
@@ -54,7 +54,7 @@ private:
 // The host of this process.
 Host& TheHost();
 
-// Throws everything away (models, menus, dialogs, journal, faults) and starts afresh.
+// Throws everything away (models, menus, dialogs, journal, faults) and starts anew.
 void RestartHost();
 
 }  // namespace simhost

@@ -1,4 +1,4 @@
-// The table as it stands on the screen goes into a new workbook, which is then opened. An old file
+// The table, as shown on the screen, goes into a new workbook, which is then opened. An old file
 // of the chosen name is deleted first, whatever comes of the export.
 #include "tables/bom_export.h"
 

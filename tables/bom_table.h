@@ -9,7 +9,7 @@
 inline constexpr Dialog kBomDialog = "VxBom";
 inline constexpr Table kBomTable{"VxBom", "bom_list"};
 
-// The colour behind the cells of assemblies. It is read back as the mark of an assembly.
+// The background of the cells of assemblies. It is read back as the mark of an assembly.
 inline constexpr auto kAssemblyColour = ProUIColorType(17);
 
 // The label of the column that holds the names of models.

@@ -10,7 +10,7 @@
 struct BomNode {
     WideText name;
     ProMdlType type = PRO_MDL_UNUSED;
-    int count = 1;                  // like siblings that it stands for
+    int count = 1;                  // equal siblings counted in it
     int level = 0;                  // below the root, which is 0; set by FlattenBom
     WideText number = WIDE("0");    // "2.1"; "0" for the root
     std::vector<BomNode> children;  // in the order in which they are first met
@@ -21,7 +21,7 @@ struct BomNode {
 extern std::vector<BomNode*> BomFlatList;
 
 // The tree below an assembly. Siblings are one node if their names are equal, ignoring case; the
-// first one stands for all, with what lies below it. Components that are not active and visible or
+// first one counts for all, with what is below it. Components that are not active and visible or
 // that have no model in memory are left out. `root` is null: a root without a name.
 BomNode BuildBomTree(ProMdl root);
 

@@ -131,7 +131,7 @@ centred on its own +x axis; the wheels are turned by half a pitch, so that the t
 ## Tree
 
 {files} model files: {asms} assemblies, {parts} parts, 1 manufacturing model, {drawings} drawings.
-Below `gearbox.asm` stand {places} components in {levels} levels, the top included.
+Below `gearbox.asm` are {places} components in {levels} levels, the top included.
 
 ```
 {tree}
@@ -151,7 +151,7 @@ Below `gearbox.asm` stand {places} components in {levels} levels, the top includ
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
 - Parameters: 代号 and 名称 everywhere, 材料 and 重量 (kg) on parts. Relations decide 重量 of
   `housing.prt` and 数量 of `washer_12.prt`, so nobody else can change these two.
-- Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it stands in no assembly.
+- Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it is in no assembly.
 - Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
   more yet than the sizes of their sheets.
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.

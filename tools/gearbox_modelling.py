@@ -111,7 +111,7 @@ def use(model, at=(0, 0, 0), turn=(0, 0, 0), **state):
 
 
 def assembly(name, note, title, components, extra=()):
-    """Defines an assembly; `extra` lists further feature types behind the components."""
+    """Defines an assembly; `extra` lists further feature types after the components."""
     rows = [{"id": 1, "type": 923, "name": "ASM_RIGHT"}, {"id": 3, "type": 923, "name": "ASM_TOP"},
             {"id": 5, "type": 923, "name": "ASM_FRONT"},
             {"id": 7, "type": 979, "name": "ASM_DEF_CSYS"}]

@@ -36,7 +36,7 @@ LID_SLOPE = math.degrees(LID_NORMAL) - 90
 
 Z_BASE = -200                       # underside of the base plate
 ALONG_Y = [-90, 0, 0]               # turns +z to +y
-WALL_TURN = [90, 0, 0]              # stands an outline up: its y becomes z, it extends to -y
+WALL_TURN = [90, 0, 0]              # sets an outline upright: its y becomes z, it extends to -y
 
 CAST, STEEL, GROUND = (0.36, 0.47, 0.50), (0.72, 0.68, 0.58), (0.80, 0.81, 0.84)
 BLACK, ZINC, DARK = (0.16, 0.16, 0.17), (0.62, 0.64, 0.66), (0.28, 0.30, 0.33)

@@ -130,7 +130,7 @@ class Product:
 
 
 def covers(pattern, text):
-    """Whether a name or message in a page means this one; … in it stands for anything."""
+    """Whether a name or message in a page means this one; … in it matches anything."""
     return re.fullmatch(".*".join(map(re.escape, pattern.split("…"))), text) is not None
 
 

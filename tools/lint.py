@@ -171,7 +171,7 @@ def may_include_system(path, header):
 WHY_INCLUDE = {"hostapi": "the door declares the outside world and knows nobody",
                "simhost": "the simulated host meets the plug-in only by loading it",
                "frame": "the services are the ground floor; only the command table sees the rooms"}
-WHY_ROOM = "a room stands on frame/services.h and the door; what two rooms share is a service"
+WHY_ROOM = "a room builds on frame/services.h and the door; what two rooms share is a service"
 WHY_SYSTEM = "the plug-in and the door need the C++ standard library and nothing else"
 
 
@@ -232,7 +232,7 @@ def simhost_has_floors(tree):
             header = match[1].strip('"')
             if (simhost_floor(header) or 0) > own:
                 yield from found(path, line_of(text, match.start()), header,
-                                 f'may not include "{header}" (it stands on this floor; what is '
+                                 f'may not include "{header}" (it is built on this floor; what is '
                                  "needed from there is handed down)")
         asked = re.search(r"\bTheHost\b", text)
         if asked and path.split("/")[1] not in ASK_THE_HOST:
@@ -255,7 +255,7 @@ def no_conditional_code(tree):
         for number, line in numbered_lines(tree.without_comments(path)):
             if re.match(r"\s*#\s*(if|ifdef|ifndef|elif|elifdef|elifndef)\b", line):
                 yield Finding(path, number, f"{line.strip().split()[0]} in {place} "
-                              "(what differs between systems belongs behind the door)")
+                              "(what differs between systems belongs below the door)")
 
 
 def wide_literals_have_one_form(tree):
@@ -365,7 +365,7 @@ def read_messages(tree, path):
             break
         key = block[0]
         if key in messages:
-            problems.append(Finding(path, start + 1, f'"{key}" stands twice (only one is shown)'))
+            problems.append(Finding(path, start + 1, f'"{key}" is there twice (only one is shown)'))
         if not block[1].strip():
             problems.append(Finding(path, start + 2, f'"{key}" has no English text'))
         if not CHINESE.search(block[2]):

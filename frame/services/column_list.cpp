@@ -11,7 +11,7 @@ std::vector<WideText> SplitColumnList(const WideText& value) {
     const std::size_t blank = std::min(list.find(WideChar{' '}), list.size());
     std::vector<WideText> items;
     std::size_t start = 0;
-    // A comma behind the blank separates nothing any more.
+    // A comma after the blank no longer separates anything.
     for (std::size_t comma = list.find(',', start); comma < blank; comma = list.find(',', start)) {
         if (comma > start) items.emplace_back(list.substr(start, comma - start));
         start = comma + 1;

@@ -6,7 +6,7 @@
 
 #include "hostapi/host.h"
 
-// What stands in a record, up to its terminator or, in a record that is filled to the last place,
+// The text in a record, up to its terminator or, in a record that is filled to the last place,
 // to its end; in the record's own place.
 template <std::size_t Size>
 WideView ViewIn(const WideChar (&record)[Size]) {

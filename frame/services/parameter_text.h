@@ -5,6 +5,6 @@
 
 #include "hostapi/host.h"
 
-// Real numbers with three decimals, texts as they stand, whole numbers, and 是 or 否. Nothing for a
+// Real numbers with three decimals, texts as they are, whole numbers, and 是 or 否. Nothing for a
 // value of another type.
 std::optional<WideText> ParameterText(const ProParamvalue& value);

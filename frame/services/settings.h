@@ -3,8 +3,8 @@
 
 #include "hostapi/wide.h"
 
-// The value of a key as it stands, at most 254 characters. Empty for a missing file, section or
-// key.
+// The value of a key as it is in the file, at most 254 characters. Empty for a missing file,
+// section or key.
 WideText ReadIniValue(const WideText& path, const WideText& section, const WideText& key);
 
 // Writes a key, making file and section where missing. Success is not examined.

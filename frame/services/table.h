@@ -8,7 +8,7 @@
 
 // A table of a dialog. Holds the two names and nothing else: every member is one call of the host
 // at the moment at which it is called, but for the arrays of names, which are given back at once.
-// Failed calls give empty answers. As with Dialog, no two members stand in one expression.
+// Failed calls give empty answers. As with Dialog, no two members are called in one expression.
 class Table {
 public:
     constexpr Table(const char* dialog, const char* name) : dialog_(dialog), name_(name) {}
@@ -36,7 +36,7 @@ public:
     // --- Cells ---
     WideText CellText(const std::string& row, const std::string& column) const;
     void SetCellText(const std::string& row, const std::string& column, const WideText& text) const;
-    // The colour behind the text; the first of the palette after a failed call.
+    // The background colour; the first of the palette after a failed call.
     ProUIColorType CellColour(const std::string& row, const std::string& column) const;
     void SetCellColour(const std::string& row, const std::string& column,
                        ProUIColorType colour) const;

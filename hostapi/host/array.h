@@ -16,7 +16,7 @@ HOST_API ProError ProArrayFree(ProArray* array);
 // Number of elements. PRO_TK_BAD_INPUTS: not a live array.
 HOST_API ProError ProArraySizeGet(ProArray array, int* size);
 
-// Copies `count` elements from `object` into the array before element `index`, or behind the last
+// Copies `count` elements from `object` into the array before element `index`, or after the last
 // one with index -1. The array may move, so `*array` changes.
 HOST_API ProError ProArrayObjectAdd(ProArray* array, int index, int count, void* object);
 

@@ -3,6 +3,6 @@
 
 #include "hostapi/host/types.h"
 
-// The model that a component stands for. PRO_TK_E_NOT_FOUND: it is not in memory.
+// The model of a component. PRO_TK_E_NOT_FOUND: it is not in memory.
 // PRO_TK_BAD_INPUTS: the feature is not a component.
 HOST_API ProError ProAsmcompMdlGet(ProAsmcomp* component, ProMdl* model);

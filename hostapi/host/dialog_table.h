@@ -17,7 +17,7 @@ typedef enum : int {
     PROUISELPOLICY_EXTENDED = 3
 } ProUISelectionpolicy;
 
-// Insert behind the row or column of this name, or before all with an empty one.
+// Insert after the row or column of this name, or before all others with an empty one.
 // PRO_TK_E_NOT_FOUND: there is none of this name. PRO_TK_E_FOUND: a new name is there already.
 // Assumed (parameters, 80 %): in the order dialog, table, name to come after (narrow; empty: before
 //   all), count, names; columns alike
@@ -52,7 +52,7 @@ HOST_API ProError ProUITableCellLabelSet(char* dialog, char* table, char* row, c
 // Assumed (frees, 20 %): the label stays the host's
 HOST_API ProError ProUITableCellLabelGet(char* dialog, char* table, char* row, char* column,
                                          WideChar** label);
-// The colour behind it; what it is where none was set is the host's affair.
+// The cell's background; what it is where none was set is up to the host.
 HOST_API ProError ProUITableCellBackgroundColorSet(char* dialog, char* table, char* row,
                                                    char* column, ProUIColorType colour);
 HOST_API ProError ProUITableCellBackgroundColorGet(char* dialog, char* table, char* row,

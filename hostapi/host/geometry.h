@@ -1,4 +1,4 @@
-// Geometry of surfaces, and where the components of an assembly stand. Lengths in the model's
+// Geometry of surfaces, and where the components of an assembly are. Lengths in the model's
 // units.
 #pragma once
 

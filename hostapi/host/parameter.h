@@ -1,5 +1,5 @@
 // Parameters of models: named values of four types. A model's parameters are those of its item
-// (ProMdlToModelitem). Names are told apart ignoring case.
+// (ProMdlToModelitem). Names are compared ignoring case.
 #pragma once
 
 #include "hostapi/host/types.h"

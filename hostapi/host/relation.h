@@ -1,4 +1,4 @@
-// Relations of models: lines of text in two sets, one worked off before the model regenerates and
+// Relations of models: lines of text in two sets, one evaluated before the model regenerates and
 // one after it.
 #pragma once
 
@@ -15,7 +15,7 @@ typedef struct VxRelset {
 // Receives the item's initial relation set. PRO_TK_E_NOT_FOUND: it has none.
 HOST_API ProError ProModelitemToRelset(ProModelitem* item, ProRelset* set);
 
-// Receives the relation set that is worked off after the regeneration of a part or an assembly.
+// Receives the relation set that is evaluated after the regeneration of a part or an assembly.
 // Assumed (parameters, 50 %): takes the model and gives its set for after the regeneration, even an
 //   empty one; the kit may want a ProSolid
 HOST_API ProError ProRelsetPostregenerationInit(ProMdl model, ProRelset* set);

@@ -3,5 +3,5 @@
 
 #include "hostapi/host/types.h"
 
-// Shows the model's tree afresh.
+// Refreshes the model's tree.
 HOST_API ProError ProTreetoolRefresh(ProMdl model);

@@ -4,7 +4,7 @@
 #include "hostapi/host/geometry.h"
 #include "hostapi/host/types.h"
 
-// A saved view, or a view of a drawing. Null stands for the view that is on the screen.
+// A saved view, or a view of a drawing. Null: the view that is on the screen.
 typedef struct VxHostView* ProView;
 
 // The axis on the screen about which a view is turned: to the right, up, towards the viewer.

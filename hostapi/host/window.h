@@ -5,7 +5,7 @@
 
 #define PRO_VALUE_UNUSED (-1)
 
-// Draws a window afresh; PRO_VALUE_UNUSED (-1) is the current window.
+// Redraws a window; PRO_VALUE_UNUSED (-1) is the current window.
 HOST_API ProError ProWindowRepaint(int window);
 
 // Opens a window for the model of this name and kind, from memory or from the working folder, or

@@ -1,4 +1,4 @@
-// What the Tab key offers: the words that can stand at the end of a line.
+// What the Tab key offers: the words that can end a line.
 #include <algorithm>
 #include <cstring>
 
@@ -15,7 +15,7 @@ namespace {
 // Where a word begins for the completion: paths and names of components hold these.
 constexpr const char* kWordBreaks = " \t`,/";
 
-// --- What can stand where ----------------------------------------------------------------------
+// --- What may come where -----------------------------------------------------------------------
 
 std::vector<std::string> PopupLabels() {
     std::vector<std::string> labels;
@@ -25,7 +25,7 @@ std::vector<std::string> PopupLabels() {
     return labels;
 }
 
-// The components below what the typed path leads to; an assembly ends in the stroke behind which
+// The components below what the typed path leads to; an assembly ends in the slash after which
 // its own components can be typed.
 std::vector<std::string> PathSteps(const std::string& typed) {
     const std::size_t comma = typed.find_last_of(", \t");
@@ -56,7 +56,7 @@ std::vector<std::string> ForWord(const Word& word, const std::string& typed) {
     return ModelsInMemory();
 }
 
-// The argument of a trail step that is being typed: 0 behind the verb.
+// The argument of a trail step that is being typed: 0 right after the verb.
 std::vector<std::string> ForStep(const std::string& line) {
     const auto ticks = std::count(line.begin(), line.end(), '`');
     if (ticks == 0) {
@@ -76,7 +76,7 @@ std::vector<std::string> ForStep(const std::string& line) {
     return open ? open->ComponentNames() : std::vector<std::string>();
 }
 
-// The beginnings of @ words, and what belongs behind the one that is there.
+// The beginnings of @ words, and what may follow the one that is there.
 std::vector<std::string> ForWords(const std::string& typed) {
     std::vector<std::string> found;
     for (const Word& word : Words()) {

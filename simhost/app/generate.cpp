@@ -42,7 +42,7 @@ private:
     std::uint64_t state_;
 };
 
-// An assembly is named by its index; the top is 0. Assemblies stand in the order of their levels,
+// An assembly is named by its index; the top is 0. Assemblies are in the order of their levels,
 // and one contains only assemblies of deeper levels, so that nothing contains itself.
 struct Assembly {
     int level = 0;
@@ -96,7 +96,7 @@ void CountOccurrences(Plan* plan) {
     }
 }
 
-// The indices of the assemblies of one level, first and behind the last.
+// The indices of the assemblies of one level: the first, and one past the last.
 std::pair<std::size_t, std::size_t> LevelRange(const Plan& plan, int level) {
     const auto& all = plan.assemblies;
     const auto range =
@@ -203,7 +203,7 @@ Feature Datum() {
     return datum;
 }
 
-// A model's file and the rectangle that it stands on.
+// A model's file and its footprint, a rectangle.
 struct Child {
     std::string file;
     double width = 0, depth = 0;

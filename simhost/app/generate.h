@@ -6,7 +6,7 @@
 namespace simhost {
 
 // Writes `large.asm.1` and the models below it into a real folder, which is made if it is missing;
-// files of the same names are replaced. Below the top stand exactly `occurrences` components,
+// files of the same names are replaced. Below the top are exactly `occurrences` components,
 // counted in the expanded tree over all levels, of exactly `models` different models (parts and
 // sub-assemblies), and the deepest component lies `depth` levels below the top (1: all directly
 // in it). Sub-assemblies are used again and again, so that the files stay few and small. The same

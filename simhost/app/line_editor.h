@@ -15,7 +15,7 @@ public:
     LineEditor(const LineEditor&) = delete;
     LineEditor& operator=(const LineEditor&) = delete;
 
-    // The line that is typed behind this prompt, UTF-8; nothing at the end of input. Ctrl-C gives
+    // The line that is typed at this prompt, UTF-8; nothing at the end of input. Ctrl-C gives
     // an empty line. What is not empty joins the history at once.
     std::optional<std::string> ReadLine(const std::string& prompt);
 

@@ -44,7 +44,7 @@ struct Options {
     int occurrences = 10000, models = 200, depth = 4, seed = 1;
 };
 
-// What stands on the command line and cannot be done.
+// What the command line asks for and cannot be done.
 struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };

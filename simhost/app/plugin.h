@@ -12,7 +12,7 @@ namespace simhost {
 
 class Plugin {
 public:
-    // Loads the module afresh, so that its program-wide state is new. To itself it lies at
+    // Loads the module anew, so that its program-wide state is new. To itself it lies at
     // `windowsPath`; on Windows a copy of `file` really is put there.
     // Throws std::runtime_error with a sentence that says what is wrong.
     Plugin(const std::filesystem::path& file, const WideText& windowsPath);

@@ -16,11 +16,11 @@ std::unique_ptr<Source> PromptSource();
 // Whether somebody sits at a terminal.
 bool IsTyped();
 
-// The words that can stand at the end of what was typed so far: steps, @ words, commands, dialogs
+// The words that can end what was typed so far: steps, @ words, commands, dialogs
 // and their components, models. Each replaces the last word of the line.
 std::vector<std::string> Completions(const std::string& line);
 
-// The word that a completion replaces: what stands behind the last break of the line.
+// The word that a completion replaces: what follows the line's last break.
 std::string WordAtEnd(const std::string& line);
 
 }  // namespace simhost

@@ -37,7 +37,7 @@ struct WorkplaceOptions {
 
 class Workplace {
 public:
-    // Starts the host afresh, copies the installed files and the project onto the drive. Files that
+    // Starts the host anew, copies the installed files and the project onto the drive. Files that
     // are there already stay, so that a drive can be used again. What cannot be copied (a link that
     // leads nowhere, a pipe) is told and passed over.
     // Throws std::runtime_error.

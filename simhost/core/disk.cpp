@@ -98,7 +98,7 @@ std::string FindIgnoringCase(const fs::path& folder, const std::string& name) {
     return match == names.end() ? std::string() : match->second;
 }
 
-// The parts behind the drive, with `.` and `..` worked in. False if the path names no drive C.
+// The parts after the drive, with `.` and `..` worked in. False if the path names no drive C.
 bool SplitPath(WideView path, std::vector<std::string>* parts) {
     const auto isSeparator = [](WideChar c) { return c == u'\\' || c == u'/'; };
     if (path.size() < 2 || (path[0] | 0x20) != u'c' || path[1] != u':') return false;

@@ -78,7 +78,7 @@ Utf8Lead LeadOf(unsigned byte) {
     return {};
 }
 
-// The character at *at, which moves behind it. A broken sequence counts as one character up to
+// The character at *at, which moves past it. A broken sequence counts as one character up to
 // the byte that cannot belong to it.
 char32_t NextUtf8(std::string_view text, std::size_t* at) {
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };

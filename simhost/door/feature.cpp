@@ -36,7 +36,7 @@ ProError ProAsmcompMdlGet(ProAsmcomp* component, ProMdl* model) {
     return Op<"ProAsmcompMdlGet">.Call(
         [&] {
             const Feature& feature = TheHost().session.RequireFeature(component);
-            // Some kinds of features stand in an assembly without being components.
+            // Some features of an assembly are no components.
             if (feature.file.empty() && !feature.model) Refuse(PRO_TK_BAD_INPUTS);
             if (!feature.model) Refuse(PRO_TK_E_NOT_FOUND);
             *model = feature.model->handle;

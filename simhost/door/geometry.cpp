@@ -35,7 +35,7 @@ void Fill(const Placement& placement, ProMatrix matrix) {
     }
 }
 
-// The other way round: the axes are square to each other, so the transpose turns back.
+// The other way round: the axes are at right angles, so the transpose turns back.
 Placement Inverse(const Placement& p) {
     Placement inverse;
     inverse.axes = {Vec3{p.axes[0].x, p.axes[1].x, p.axes[2].x},

@@ -11,7 +11,7 @@ using namespace simhost;
 
 namespace {
 
-// A real host reads on behind an array that has no end.
+// A real host reads past an array that has no end.
 template <std::size_t Size>
 WideText RequireText(const WideChar (&text)[Size], const char* what) {
     const auto* end = std::find(text, text + Size, WideChar{});

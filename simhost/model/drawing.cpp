@@ -1,4 +1,4 @@
-// Views of drawings: where they stand, what they show, and how projections follow their parents.
+// Views of drawings: where they are, what they show, and how projections follow their parents.
 #include "simhost/model/drawing.h"
 
 #include <fmt/format.h>

@@ -13,10 +13,10 @@
 
 namespace simhost {
 
-// Where a projection shows what: with first angle, the view from above stands below.
+// Where a projection shows what: with first angle, the view from above is placed below.
 enum class ProjectionRule { FirstAngle, ThirdAngle };
 
-// The side of its parent on which a projected view stands.
+// The side of its parent on which a projected view is placed.
 enum class Side { None, Below, Above, Left, Right };
 const char* SideName(Side side);  // "below"
 bool ParseSide(const std::string& word, Side* side);
@@ -31,7 +31,7 @@ struct DrawingView {
     DrawingView* parent = nullptr;  // general views have none
     Side side = Side::None;
     Vec3 pivot;             // the middle of the model when the view was made, in the model
-    Vec3 at;                // where the pivot stands on the sheet
+    Vec3 at;                // where the pivot is on the sheet
     double scale = 1;       // general views
     bool ownScale = false;  // general views: their scale is not the sheet's
     Placement orientation;  // general views; its axes say where the model's axes point

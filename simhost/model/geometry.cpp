@@ -13,7 +13,7 @@ namespace {
 using Point2 = std::array<double, 2>;
 using std::numbers::pi;
 
-// Sine and cosine of an angle in degrees, exact for quarter turns: parts stay square to each other.
+// Sine and cosine of an angle in degrees, exact for quarter turns: parts stay at right angles.
 void SineCosine(double degrees, double* sine, double* cosine) {
     const double turn = std::remainder(degrees, 360.0);
     if (std::remainder(turn, 90.0) == 0.0) {
@@ -188,7 +188,7 @@ struct ToothForm {
 };
 
 // The flank is a straight line through the pitch point, leaning by the usual 20 degrees there. A
-// gear of few teeth would have no land left between them: its flanks stand steeper.
+// gear of few teeth would have no land left between them: its flanks are steeper.
 ToothForm FormOf(const Solid& solid) {
     constexpr double kPressureAngle = 20.0 * pi / 180.0;
     constexpr double kWidestRoot = 0.9;  // of the angle that belongs to half a tooth and half a gap

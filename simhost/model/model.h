@@ -56,7 +56,7 @@ ProdbSurfaceProps DefaultAppearance();
 class Model {
 public:
     ProMdl handle = nullptr;
-    Session* session = nullptr;                      // whose it is; null for one that stands alone
+    Session* session = nullptr;  // whose it is; null for one outside any session
     HandleTable<Surface>* surfaceHandles = nullptr;  // the session's, which its surfaces join
     ProMdlType type = PRO_MDL_PART;
     ProMdlsubtype subtype = PROMDLSTYPE_NONE;
@@ -78,7 +78,7 @@ public:
     std::shared_ptr<Drawing> drawing;    // drawings: their views; see DrawingOf
     std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;               // released: the host lets nobody change it
-    int treeRefreshes = 0;               // how often its tree was shown afresh
+    int treeRefreshes = 0;               // how often its tree was refreshed
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one

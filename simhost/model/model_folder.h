@@ -39,7 +39,7 @@ private:
 };
 
 // "gearbox.asm.12" is version 12 of gearbox.asm. 0, and the whole text as the file's name, where no
-// version stands at the end. The file's name comes in small letters.
+// version comes last. The file's name comes in small letters.
 int SplitVersion(const std::string& name, std::string* fileName);
 
 }  // namespace simhost

@@ -8,7 +8,7 @@
 
 namespace simhost {
 
-// A part as it stands in the model that is looked at.
+// A part as it is placed in the model that is looked at.
 struct ShownPart {
     const Model* part;
     Placement placement;

@@ -15,7 +15,7 @@ struct ScreenView {
 ScreenView& ScreenOf(Model& model);
 
 // The rows of a matrix as the axes of a frame, divided by their length. False unless they are of
-// one length (more than 0), square to each other and right-handed.
+// one length (more than 0), at right angles and right-handed.
 bool FrameOf(const ProMatrix matrix, Placement* frame, double* scale);
 void SetMatrix(const Placement& frame, double scale, Vec3 place, ProMatrix matrix);
 

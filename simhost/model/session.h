@@ -88,7 +88,7 @@ public:
     // The item that component ids lead to below `top`; false if there is none.
     static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
 
-    // The object of the older database calls that stands for a model, and back.
+    // The object of the older database calls of a model, and back.
     static Prohandle ObjectOf(const Model& model);
     Model* FindObject(const void* object) const;
 

@@ -24,7 +24,7 @@ constexpr const char* kMeasure = "#b3472f";
 constexpr const char* kName = "#1d5fa8";
 constexpr const char* kDark = "#26323d";
 
-// Words that stand in a gap of 50 must not fill it.
+// Words in a gap of 50 must not fill it.
 constexpr double kTallestWords = 22;
 
 // A rectangle of the sheet.

@@ -1,4 +1,4 @@
-// What stands on a sheet of a drawing, as lines.
+// What is on a sheet of a drawing, as lines.
 #include "simhost/picture/sheet_lines.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What stands on a sheet of a drawing, as lines: the common ground of the pictures and the files
+// What is on a sheet of a drawing, as lines: the common ground of the pictures and the files
 // that are made of sheets.
 #pragma once
 

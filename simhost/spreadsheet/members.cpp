@@ -131,7 +131,7 @@ struct SheetMembers {
         return {};
     }
 
-    // An open file is held against others.
+    // An open file is locked for others.
     static void LetGo(const Book& book) {
         if (!book.path.empty()) ReleaseFile(book.path);
     }

@@ -11,7 +11,7 @@ namespace simhost {
 // A module in memory. What could not be done is a std::runtime_error with the reason as its text.
 class ModuleFile {
 public:
-    // Loads the file afresh; to itself the module lies at `windowsPath`. On Windows a copy of the
+    // Loads the file anew; to itself the module lies at `windowsPath`. On Windows a copy of the
     // file really is put there, and goes with the module.
     ModuleFile(const std::filesystem::path& file, const WideText& windowsPath);
     ~ModuleFile();

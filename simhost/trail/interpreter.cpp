@@ -248,7 +248,7 @@ std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& questio
     const auto answer = AnswerPrompt(title, question.proposed);
     if (!answer) return std::nullopt;
     WideText path = *answer;
-    // A name alone lies in the folder that is shown; models on disk have a version behind them.
+    // A name alone lies in the folder that is shown; models on disk end in their version.
     if (path.find(WIDE(":\\")) == WideText::npos) path = question.folder + WIDE("\\") + path;
     if (question.toWrite) return path;
     bool found = false;

@@ -49,7 +49,7 @@ std::vector<std::string> ModelFiles() {
 
 std::map<std::string, std::vector<std::string>> IniNames(const WideText& path) {
     std::string text = ReadFile(TheHost().disk.Real(path));
-    // The names are ASCII, whatever the file's code page; in UTF-16 zeros stand between the
+    // The names are ASCII, whatever the file's code page; in UTF-16 there are zeros between the
     // letters.
     std::erase(text, '\0');
     std::map<std::string, std::vector<std::string>> names;

@@ -34,7 +34,7 @@ private:
         step.kind = Step::Kind::Trail;
         SkipBlanks();
         step.verb = ReadBare();
-        if (step.verb.empty()) throw LexError("there is no verb behind the ~");
+        if (step.verb.empty()) throw LexError("there is no verb after the ~");
         for (SkipBlanks(); at_ < line_.size() && line_[at_] != ';' && line_[at_] != '~';
              SkipBlanks()) {
             step.arguments.push_back(line_[at_] == '`' ? ReadQuoted() : ReadBare());
@@ -87,7 +87,7 @@ TextArgument ParseText(std::string_view argument) {
     TextArgument parsed{{}, true};
     for (std::size_t i = 1; i < text.size(); ++i) {
         if (text[i] == '"') {
-            if (i + 1 != text.size()) throw LexError("there is something behind the \"…\"");
+            if (i + 1 != text.size()) throw LexError("there is something after the \"…\"");
             return parsed;
         }
         if (text[i] != '\\') {

@@ -1,6 +1,6 @@
 // The lines of trail files: what the host records of a user, and what a user types.
 //
-//     ~ Activate `Relations` `AddRels`      steps; several on a line stand between semicolons
+//     ~ Activate `Relations` `AddRels`      steps; several on a line are separated by semicolons
 //     @ expect box "\tdone\t"               what a trail of the host cannot say
 //     ! a comment
 #pragma once
@@ -15,13 +15,13 @@ namespace simhost {
 struct Step {
     enum class Kind {
         Trail,  // verb and arguments
-        Word,   // text: all behind the @
+        Word,   // text: all after the @
         Plain,  // text: a line that is neither, such as a command's bare name
     } kind = Kind::Plain;
     std::string verb;
     std::vector<std::string> arguments;
     std::string text;
-    std::string written;  // as it stands in the script
+    std::string written;  // as the script has it
     std::string file;
     int line = 0;
     std::string problem;   // why it cannot be told what is meant
@@ -36,12 +36,12 @@ struct LexError : std::runtime_error {
 // The steps of one line; none for an empty line or a comment. Throws LexError.
 std::vector<Step> LexLine(std::string_view line);
 
-// A text argument: "quoted" with \t \n \" \\ inside, or just what stands there.
+// A text argument: "quoted" with \t \n \" \\ inside, or just what is there.
 struct TextArgument {
     std::string text;
     bool quoted = false;
 };
-// Throws LexError for a quotation that does not end, or with something behind its end.
+// Throws LexError for a quotation that does not end, or with something after its end.
 TextArgument ParseText(std::string_view argument);
 
 // Without blanks and tabs at both ends.

@@ -106,7 +106,7 @@ std::optional<ProModelitem> FindItem(Model& model, const std::string& kind, cons
     const ProType type =
         kind.empty() ? PRO_TYPE_UNUSED : KindOfWord(kind).value_or(PRO_TYPE_UNUSED);
     if (!number) {
-        *problem = fmt::format("\"{}\" behind # is no id", id);
+        *problem = fmt::format("\"{}\" after # is no id", id);
         return std::nullopt;
     }
     const bool surface = model.HasSurface(*number);
@@ -193,7 +193,7 @@ Selection* Pick(const std::string& path, std::string* problem) {
         }
         if (hash == std::string::npos) continue;
         if (i + 1 < steps.size()) {
-            *problem = "nothing can stand behind an id";
+            *problem = "nothing can follow an id";
             return nullptr;
         }
         item = FindItem(*model, kind, steps[i].substr(hash + 1), problem);

@@ -21,7 +21,7 @@ std::vector<std::pair<std::string, const Feature*>> ComponentSteps(const Model& 
 Model* ModelAt(const std::string& path);
 
 // What a path leads to below the current model. Its steps are the names of components, with or
-// without their type, ":2" for the second of that name; behind # an id of the component reached so
+// without their type, ":2" for the second of that name; after # an id of the component reached so
 // far: GEAR#12 is a surface or a feature, edge#7 an item of that kind. "." is the current model
 // itself. Null: there is no such thing, and *problem says what is missing.
 Selection* Pick(const std::string& path, std::string* problem);

@@ -26,7 +26,7 @@ struct Word {
 };
 
 // What help says: lines to type, with what they do. `plays`: an example that works on the sample
-// gearbox as it stands, one after the other.
+// gearbox as it is shipped, one after the other.
 struct HelpLine {
     const char *typed, *english, *chinese;
     bool plays;
@@ -35,7 +35,7 @@ const std::vector<HelpLine>& HelpLines();
 const char* ChineseHelp(std::string_view word);  // empty for a word that has none
 
 const std::vector<Word>& Words();
-// The word that the text begins with (the longest that fits), with what stands behind it.
+// The word that the text begins with (the longest that fits), with what follows it.
 const Word* FindWord(const std::string& text, std::string* rest);
 
 void PerformWord(Trail& trail, const std::string& text);

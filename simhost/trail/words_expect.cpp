@@ -148,7 +148,7 @@ void ExpectColour(Trail& trail, const std::string& rest) {
         int id = 0;
         const char* end = name.data() + name.size();
         const auto [parsed, error] = std::from_chars(name.data() + hash + 1, end, id);
-        if (error != std::errc() || parsed != end) return trail.Fail("behind # belongs an id");
+        if (error != std::errc() || parsed != end) return trail.Fail("after # comes an id");
         surface = id;
         name = Trimmed(name.substr(0, hash));
     }

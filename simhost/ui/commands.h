@@ -81,7 +81,7 @@ public:
     Command& Require(uiCmdCmdId id) const;  // a complaint for an id that was never given
     Command& RequireName(const char* name) const;
     void AddMenu(const char* name, WideText title, const char* neighbour, bool after);
-    // Before or behind the neighbour; without one (null) at the menu's end.
+    // Before or after the neighbour; without one (null) at the menu's end.
     void AddButton(const char* menu, MenuButton button, const char* neighbour, bool after);
     Popup& RequirePopup(const char* name);  // only a popup that is being shown exists
     void AddPopupEntry(ProPopupMenuId popup, int position, PopupEntry entry);

@@ -19,7 +19,7 @@ std::size_t WidthOf(const Block& block) {
     return width;
 }
 
-// The grid that stands for a child: the child itself, or what a layout component holds.
+// The grid of a child: the child itself, or what a layout component holds.
 const Grid* GridOf(const Dialog& dialog, const Grid& child) {
     if (child.component.empty()) return &child;
     const auto& layouts = dialog.resource().layouts;
@@ -32,7 +32,7 @@ const Component* ShownComponent(const Dialog& dialog, const Grid& child) {
     return component && component->visible ? component : nullptr;
 }
 
-// A layout component with a label stands in a frame that bears it.
+// A layout component with a label gets a frame that bears it.
 constexpr std::size_t kFrameColumns = 4;
 bool HasFrame(const Dialog& dialog, const Grid& child) {
     const Component* component = dialog.Find(child.component);
@@ -128,7 +128,7 @@ std::vector<std::string> DialogText(const Dialog& dialog) {
     if (const auto own = layouts.find(""); own != layouts.end()) {
         lines = Draw(dialog, own->second, NaturalWidth(dialog, own->second));
     } else {
-        // Without a layout of its own the components stand below each other.
+        // Without a layout of its own the components are one below the other.
         for (const auto& component : dialog.components()) {
             if (!component->visible) continue;
             for (const std::string& line : component->Picture()) lines.push_back(line);

@@ -77,7 +77,7 @@ std::string MainWindow::Use(Verb verb, const std::string& component) {
     if (component != kGallery && component != kClearMenu && component != kClearAll) {
         return NoComponent(component, kName, {kGallery, kClearMenu, kClearAll});
     }
-    // The drop-downs close behind an open question; nothing else moves there.
+    // The drop-downs close under an open question; nothing else changes.
     if (questionOpen_ && !close) return fmt::format("{} waits for an answer", kQuestionName);
     if (focus) return {};
     if (component == kClearAll) {

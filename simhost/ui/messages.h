@@ -31,7 +31,7 @@ public:
     // width and a number of places. Nothing if the numbers leave one out.
     static std::optional<WideText> Fill(WideView text, std::va_list arguments);
 
-    // Shows a text on the message line. What stands behind ||| is the default of the prompt.
+    // Shows a text on the message line. What follows ||| is the prompt's default.
     void Display(const WideText& text);
 
     // Waits for a typed line; nothing if the user left the prompt.

@@ -10,7 +10,7 @@ namespace simhost {
 // The name nearest to `name` (ignoring case), or empty if none is near.
 std::string NearName(std::string_view name, const std::vector<std::string>& names);
 
-// "; did you mean X?" or nothing, to be put behind a sentence.
+// "; did you mean X?" or nothing, to end a sentence with.
 std::string DidYouMean(std::string_view name, const std::vector<std::string>& names);
 
 }  // namespace simhost

@@ -1,4 +1,4 @@
-// Popup menus. A popup is made afresh at every right click, the plug-in may add its entries while
+// Popup menus. A popup is made anew at every right click, the plug-in may add its entries while
 // the host tells it of the making, and it is gone when an entry is pressed or the user leaves it.
 #include <fmt/format.h>
 
@@ -122,7 +122,7 @@ const Popup* Commands::OpenPopup(const std::string& name) {
         std::vector<char> argument(name.begin(), name.end());
         argument.push_back('\0');
         try {
-            // Each event has a parameter list of its own behind the one type of the door.
+            // Each event has a parameter list of its own; the door has one type for all.
             reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(found->second))(argument.data());
         } catch (const std::exception& error) {
             desk_.Complain(fmt::format("the handler of the popup {} let an exception out: {}", name,

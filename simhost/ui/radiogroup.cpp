@@ -62,7 +62,7 @@ std::string RadioGroup::State() const {
 // ~ Select `Relations` `TypeRadio` 1 `Part`; the 1 may be left out.
 std::string RadioGroup::Act(Verb verb, const std::vector<std::string>& arguments) {
     if (verb != Verb::Select) return Component::Act(verb, arguments);
-    if (arguments.empty()) return fmt::format("a name of {} belongs behind Select", name());
+    if (arguments.empty()) return fmt::format("a name of {} belongs after Select", name());
     const auto before = selected_;
     if (Select(arguments.back())) {
         if (selected_ != before) dialog().RunAction(selectAction, name());

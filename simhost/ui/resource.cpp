@@ -40,7 +40,7 @@ public:
         if (at_ == text_.size()) Fail("the file holds no dialog");
         Node node = Read(0);
         SkipBlanks();
-        if (at_ != text_.size()) Fail("there is something behind the dialog's last parenthesis");
+        if (at_ != text_.size()) Fail("there is something after the dialog's last parenthesis");
         return node;
     }
 
@@ -161,7 +161,7 @@ public:
             } else if (part.Starts("Resources")) {
                 for (std::size_t k = 1; k < part.items.size(); ++k) ReadAttribute(part.items[k]);
             } else {
-                reader_.Fail(part.line, "only Components and Resources stand here");
+                reader_.Fail(part.line, "only Components and Resources belong here");
             }
         }
         CheckDefaultButton();

@@ -221,7 +221,7 @@ std::string Table::Act(Verb verb, const std::vector<std::string>& arguments) {
     // The count that the host writes before the names may be left out.
     if (cell.size() > 2 && cell[0] == "2") cell.erase(cell.begin());
     if (cell.empty() || cell.size() > 2) {
-        return fmt::format("a row and a column of {} belong behind {}", name(), VerbName(verb));
+        return fmt::format("a row and a column of {} belong after {}", name(), VerbName(verb));
     }
     const std::string problem = SelectRow(cell);
     if (!problem.empty()) return problem;

@@ -28,7 +28,7 @@ struct TableColumn {
 
 struct TableCell {
     WideText label;
-    std::optional<int> colour;  // behind the text; none: the usual one
+    std::optional<int> colour;  // the background; none: the usual one
 };
 
 struct TableRow {

@@ -12,7 +12,7 @@ namespace simhost {
 // Columns that UTF-8 text takes on a terminal.
 std::size_t DisplayWidth(std::string_view text);
 
-// The text with blanks behind it up to this width.
+// The text, filled up with blanks to this width.
 std::string Padded(std::string text, std::size_t width);
 
 // In quotes, with tabs, line ends, quotation marks and backslashes as a script writes them: one

@@ -64,7 +64,7 @@ std::string TextField::State() const {
 
 std::string TextField::Act(Verb verb, const std::vector<std::string>& arguments) {
     if (verb != Verb::Input && verb != Verb::Update) return Component::Act(verb, arguments);
-    if (arguments.size() != 1) return fmt::format("one text belongs behind {}", VerbName(verb));
+    if (arguments.size() != 1) return fmt::format("one text belongs after {}", VerbName(verb));
     value = Wide(arguments[0]);
     return {};
 }
@@ -122,7 +122,7 @@ std::string OptionMenu::State() const {
 std::string OptionMenu::Act(Verb verb, const std::vector<std::string>& arguments) {
     if (verb == Verb::Open || verb == Verb::Close) return {};
     if (verb != Verb::Select) return NothingTo(verb);
-    if (arguments.empty()) return fmt::format("an entry of {} belongs behind Select", name());
+    if (arguments.empty()) return fmt::format("an entry of {} belongs after Select", name());
     for (std::size_t i = 0; i < labels_.size(); ++i) {
         if (labels_[i] != arguments.back() &&
             (i >= names_.size() || names_[i] != arguments.back())) {

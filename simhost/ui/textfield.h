@@ -5,7 +5,7 @@
 //     (Name.Columns 20)              ! its width in characters
 //     (Name.Rows    8)               ! text areas: its lines
 //     (Kind.Names   "int" "real")    ! option menus: what can be chosen,
-//     (Kind.Labels  "整数" "实数")    ! and the texts that stand for it
+//     (Kind.Labels  "整数" "实数")    ! and the texts shown for them
 #pragma once
 
 #include <deque>
@@ -48,7 +48,7 @@ public:
     std::vector<std::string> Picture() const override;
 
 protected:
-    // As above; \n in the text stands for a line feed, \r for a carriage return, \\ for \.
+    // As above; \n in the text is a line feed, \r for a carriage return, \\ for \.
     std::string Act(Verb verb, const std::vector<std::string>& arguments) override;
 
 private:

@@ -30,7 +30,7 @@ WideText FirstPattern(const WideChar* pairs) {
     // Every pair must be whole: a label without a pattern would run on into other memory.
     for (const WideChar* at = pairs; *at;) {
         at += WideView(at).size() + 1;
-        if (!*at) Complain(0, "the filter ends behind a label");
+        if (!*at) Complain(0, "the filter ends after a label");
         at += WideView(at).size() + 1;
     }
     return WideText(pattern);

@@ -1,4 +1,4 @@
-// Whoever sits before the host. The host asks it whatever it would ask a person; a script, a prompt
+// Whoever sits at the host, and is asked whatever the host would ask a person; a script, a prompt
 // or a robot for the fault sweep answers.
 #pragma once
 

@@ -21,7 +21,7 @@ UINT_PTR SimulatedWindows::StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC 
         return std::any_of(timers_.begin(), timers_.end(),
                            [wanted](const Timer& timer) { return timer.id == wanted; });
     };
-    // The id of a running timer sets that one anew; any other is only a wish.
+    // The id of a running timer restarts that one; any other is only a wish.
     if (!StopTimer(id)) {
         do {
             id = nextTimer_;

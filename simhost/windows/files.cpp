@@ -302,7 +302,7 @@ BOOL CloseHandle(HANDLE handle) {
             return BOOL{FALSE};
         },
         [&]() -> BOOL {
-            // The value of "no file" stands for the process itself, and closing that does nothing.
+            // The value of "no file" means the process itself, and closing that does nothing.
             if (handle == INVALID_HANDLE_VALUE) return TRUE;
             return Simulated().Require(handle) && Simulated().Close(handle);
         });

@@ -102,7 +102,7 @@ LSTATUS Denied(int status) {
     return status > 0 ? status : ERROR_ACCESS_DENIED;
 }
 
-// The key behind a handle, if the handle may do this to it.
+// The key of a handle, if the handle may do this to it.
 LSTATUS UseKey(HKEY handle, REGSAM need, RegistryKey** key) {
     const OpenKey open = Simulated().Require(handle);
     *key = open.path.empty() ? &Simulated().KeyAt({}) : Simulated().FindKey(open.path);

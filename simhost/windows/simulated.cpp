@@ -1,4 +1,4 @@
-// The simulated Windows itself: how it is started afresh, and what is left open.
+// The simulated Windows itself: how it is started anew, and what is left open.
 #include "simhost/windows/simulated.h"
 
 #include <memory>

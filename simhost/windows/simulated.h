@@ -97,7 +97,7 @@ public:
     // Whether a new handle would get along with those that are open.
     bool CanShare(const std::filesystem::path& real, DWORD access, DWORD share) const;
     HANDLE Open(OpenFile file);
-    // Null for the two values that stand for no file; complains about any other that is none.
+    // Null for the two values that mean no file; complains about any other that is none.
     OpenFile* Require(HANDLE file) const;
     bool Close(HANDLE file);
     DWORD lastError = ERROR_SUCCESS;  // GetLastError

@@ -1,4 +1,4 @@
-// Message boxes of a real Windows: each is seen by a hook when it stands, read from its windows as
+// Message boxes of a real Windows: each is seen by a hook once it is up, read from its windows as
 // a person would read it, and answered by the press of one of its buttons.
 #include <vector>
 

@@ -32,7 +32,7 @@ public:
     bool HasRegistry(WideView path) const override;
     void MakeKey(WideView path) override;
     const RegistryKey* FindKey(WideView path) const override;
-    // Time passes that nobody waits for: timers that fall due in it are set anew with the shortest
+    // Time passes that nobody waits for: timers that fall due in it are restarted with the shortest
     // interval, and fire from the thread's message loop.
     void AdvanceClock(unsigned milliseconds) override;
     UINT_PTR StartTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure) override;

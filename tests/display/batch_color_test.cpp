@@ -148,7 +148,7 @@ TEST_F(BatchColor, TheValuesOfAPaletteAreReadAsTheyStand) {
     } rows[] = {
         {"255.128.0", 255, 128, 0},
         {"0.0.1", 0, 0, 1},
-        {"12.34", 12, 0, 34},  // red up to the only full stop, blue behind it
+        {"12.34", 12, 0, 34},  // red up to the only full stop, blue after it
         {"5", 0, 0, 5},        // without a full stop the number is blue
         {"", 0, 0, 0},
         {"7.", 7, 0, 0},

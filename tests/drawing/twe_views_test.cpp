@@ -1,4 +1,4 @@
-// TweViews from outside: how the views of a drawing stand, and what they look like.
+// TweViews from outside: how the views of a drawing are placed, and what they look like.
 //
 // The box of most tests is 100 wide, 60 high and 40 deep. Its main view has its middle at
 // (200, 600), so its outline is 150..250 by 570..630. The template's rule is first angle.
@@ -99,7 +99,7 @@ TEST_F(TwelveViews, TheSecondSetStandsTwoHundredBeyondTheFirst) {
     const auto outlines = Outlines("BOX-12");
     ASSERT_EQ(outlines.size(), 14u);
     EXPECT_EQ(std::vector<std::string>(outlines.begin(), outlines.begin() + 7), kFirstSet);
-    // The rear view ends at 490, the isometric one at 424.246. The second main view stands at
+    // The rear view ends at 490, the isometric one at 424.246. The second main view is at
     // 50 + 490 + 40 + 200 = 780, so 580 to the right of the first, and all others with it.
     const std::vector<std::string> second = {"730 570 830 630",
                                              "730 480 830 520",
@@ -162,7 +162,7 @@ TEST_F(TwelveViews, UprightTurnsALyingMainView) {
 TEST_F(TwelveViews, AcrossLeavesALyingMainViewAndTurnsAStandingOne) {
     MakeViews({"main-h", "six-hidden"});
     EXPECT_EQ(AxesText(Views("BOX-12")[0]->orientation), "100 010 001");
-    // 10.1 and 10.9 count as equal, so the box stands on its short side; across turns it.
+    // 10.1 and 10.9 count as equal, so the box is on its short side; across turns it.
     Open(BoxPart("NEARLY", 10.1, 10.9, 5));
     MakeViews({"main-h", "six-hidden"});
     EXPECT_EQ(AxesText(Views("NEARLY-12")[0]->orientation), "010 -100 001");

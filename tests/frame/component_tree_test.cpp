@@ -1,4 +1,4 @@
-// The listing of components: which have a line, and what stands there.
+// The listing of components: which have a line, and what it says.
 #include "frame/services/component_tree.h"
 #include "simhost/core/text.h"
 #include "tests/frame/walk_bench.h"

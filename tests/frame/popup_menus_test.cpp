@@ -48,7 +48,7 @@ protected:
         host().commands.ClosePopup();
     }
 
-    // Selects items of these types, in this order; models stand for themselves.
+    // Selects items of these types, in this order; a model is an item of its own.
     void Select(const std::vector<int>& types) {
         host().session.buffer.clear();
         for (const int type : types) {
@@ -128,7 +128,8 @@ TEST_F(PopupMenus, OtherPopupsStayAsTheyWere) {
 TEST_F(PopupMenus, TheNameOfThePopupIsComparedByteForByte) {
     StartAfterTheFirstPopup();
     using Handler = ProError (*)(char*);
-    // Through a type of its own: each event has a parameter list behind the one type of the door.
+    // Through a type of its own: each event has its own parameter list; the door has one type for
+    // all.
     const auto given = host().commands.Notification(PRO_POPUPMENU_CREATE_POST);
     const auto handler = reinterpret_cast<Handler>(reinterpret_cast<void (*)()>(given));
     ASSERT_TRUE(handler);

@@ -72,7 +72,7 @@ TEST_F(OutlineAndSheets, TheBoxComesBeforeTheTreeIsShownAfresh) {
 }
 
 TEST_F(OutlineAndSheets, AnAssemblyIsMeasuredWithItsComponentsWhereTheyStand) {
-    // SUB has A at y = 50 and stands at x = 100: its A reaches from (100, 50, 0) to (110, 70, 30).
+    // SUB has A at y = 50 and is at x = 100: its A reaches from (100, 50, 0) to (110, 70, 30).
     Model& sub = Assembly("sub");
     Put(sub, *a_, {0, 50, 0}, {0, 0, 0});
     Put(*top_, sub, {100, 0, 0}, {0, 0, 0});
@@ -82,7 +82,7 @@ TEST_F(OutlineAndSheets, AnAssemblyIsMeasuredWithItsComponentsWhereTheyStand) {
 }
 
 TEST_F(OutlineAndSheets, AfterASubAssemblyTheNextComponentIsFoundAtItsOwnLevel) {
-    // B stands behind SUB in the tree, so its path is shorter than that of the line before it.
+    // B follows SUB in the tree, so its path is shorter than that of the line before it.
     Model& sub = Assembly("sub");
     Model& b = Part("b");
     Put(sub, *a_, {0, 0, 0}, {0, 0, 0});
@@ -150,7 +150,7 @@ TEST_F(OutlineAndSheets, AModelWithoutSurfacesLosesTheParameter) {
 }
 
 TEST_F(OutlineAndSheets, ComponentsBelowTheHostsTwentyFiveLevelsAreLeftOut) {
-    // A chain of assemblies; the part P stands 24 levels down (the last that has a path) at
+    // A chain of assemblies; the part P is 24 levels down (the last that has a path) at
     // x = 500, and one level deeper at x = 2000.
     Model& p = Part("p");
     Model* above = top_;

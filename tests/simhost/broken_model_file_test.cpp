@@ -1,4 +1,4 @@
-// Files that are no model: whatever stands in them, the reader says what is wrong, in every build.
+// Files that are no model: whatever is in them, the reader says what is wrong, in every build.
 #include <gtest/gtest.h>
 
 #include <limits>

@@ -43,7 +43,7 @@ std::map<std::string, std::string> AllFiles(const fs::path& folder) {
     return files;
 }
 
-// What stands below a model, all levels expanded.
+// What is below a model, all levels expanded.
 struct Below {
     long long occurrences = 0;
     int depth = 0;

@@ -26,7 +26,7 @@ struct Area {
 // How often a text has another one in it.
 int Count(const std::string& text, const std::string& what);
 
-// What stands between two words, from *at on; *at moves behind it. Empty and *at npos: no more.
+// What is between two words, from *at on; *at moves past it. Empty and *at npos: no more.
 std::string Between(const std::string& text, const char* from, const char* to, std::size_t* at);
 std::string Between(const std::string& text, const char* from, const char* to);
 

@@ -114,9 +114,9 @@ TEST(DialogResources, WhatIsWrongIsToldWithFileAndLine) {
     EXPECT_EQ(Problem("(Dialog D\n (Components\n (Label A)"),
               "x.res:2: the list that begins here is never closed");
     EXPECT_EQ(Problem("(Dialog D))"),
-              "x.res:1: there is something behind the dialog's last parenthesis");
+              "x.res:1: there is something after the dialog's last parenthesis");
     EXPECT_EQ(Problem("(Dialog D\n(Colours))"),
-              "x.res:2: only Components and Resources stand here");
+              "x.res:2: only Components and Resources belong here");
     EXPECT_EQ(Problem("(Dialog D (Components (Label A)\n(PushButton A)))"),
               "x.res:2: the component A is there twice");
     EXPECT_EQ(Problem("(Dialog D (Components (Label)))"), "x.res:1: a component is (Kind NAME)");

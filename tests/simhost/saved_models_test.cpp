@@ -41,7 +41,7 @@ protected:
         EXPECT_EQ(failures.size(), 1u);
         return failures.empty() ? "" : failures[0].substr(std::string("line 1: ").size());
     }
-    // Its version as it is read afresh; 0 if there is none.
+    // Its version as it is read anew; 0 if there is none.
     int NewestVersion(const std::string& file) {
         if (Model* there = host().session.FindByFile(file)) host().session.Erase(*there);
         const Model* model = host().session.Retrieve(file);

@@ -28,7 +28,7 @@ class Terminal:
             os.execv(PROGRAM, [PROGRAM, *words])
 
     def until(self, mark):
-        """Waits for a text behind what was waited for before."""
+        """Waits for a text after what was waited for before."""
         end = time.monotonic() + PATIENCE
         while mark not in self.screen[self.seen:]:
             ready = select.select([self.handle], [], [], 0.1)[0]

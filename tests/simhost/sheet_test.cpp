@@ -90,7 +90,7 @@ TEST_F(SheetTest, TheExchangeTextHasEachEdgeOnItsLayer) {
 }
 
 // The part twice in one place, in an assembly: each of the four edges of the main view is there
-// twice, and behind each visible one lies that of the far side.
+// twice, and under each visible one is that of the far side.
 TEST_F(SheetTest, EachLineIsThereOnceAndNotAsAHiddenOneUnderAVisibleOne) {
     Session& session = TheHost().session;
     Model& top = session.Create(WIDE("TOP"), PRO_MDL_ASSEMBLY);

@@ -58,7 +58,7 @@ TEST(TrailLines, AnAtLineIsKeptWhole) {
 
 TEST(TrailLines, WhatCannotBeReadIsToldInASentence) {
     EXPECT_EQ(LexProblem("~ Command `A"), "a name in `…` does not end");
-    EXPECT_EQ(LexProblem("~"), "there is no verb behind the ~");
+    EXPECT_EQ(LexProblem("~"), "there is no verb after the ~");
     EXPECT_EQ(LexProblem("~ Command `A`; Command"), "a step begins with ~, not with \"Command\"");
 }
 

@@ -46,7 +46,7 @@ TEST_F(ModelScripts, APathThatLeadsNowhereFailsAndTheSelectionStays) {
               "line 1: top.asm holds no component shaf; did you mean shaft.prt?");
     EXPECT_EQ(Failure("@ select 箱体/shaft:3"), "line 1: 箱体.asm holds shaft only 2 times");
     EXPECT_EQ(Failure("@ select shaft#999"), "line 1: shaft.prt has no surface or feature 999");
-    EXPECT_EQ(Failure("@ select shaft#x"), "line 1: \"x\" behind # is no id");
+    EXPECT_EQ(Failure("@ select shaft#x"), "line 1: \"x\" after # is no id");
     EXPECT_EQ(Failure("@ select"), "line 1: a path belongs after select, such as UNIT/GEAR:2");
     EXPECT_EQ(host().session.buffer.size(), 1u);
 }

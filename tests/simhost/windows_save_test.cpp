@@ -118,7 +118,7 @@ TEST_F(SaveDialogs, ComplainAboutAFilterThatEndsBehindALabel) {
     EXPECT_FALSE(GetSaveFileNameW(&dialog));
     dialog.lStructSize = 1;
     EXPECT_FALSE(GetSaveFileNameW(&dialog));
-    EXPECT_EQ(Complaints(), (Names{"GetSaveFileNameW: the filter ends behind a label",
+    EXPECT_EQ(Complaints(), (Names{"GetSaveFileNameW: the filter ends after a label",
                                    "GetSaveFileNameW: a record of another size"}));
 }
 

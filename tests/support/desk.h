@@ -11,7 +11,7 @@
 
 namespace workbench {
 
-// The folders of a test are told apart, though they are one in an installation.
+// A test has two folders for what is one in an installation.
 inline const WideText kModuleFolder = WIDE("C:\\Plug-in");
 inline const WideText kTextFolder = WIDE("C:\\App Text");
 
@@ -34,7 +34,7 @@ void WriteTextFolderSetting(const std::string& section, const std::string& value
 void WriteIni(const std::string& file, const std::string& section, const std::string& key,
               const std::string& value);
 
-// The lists of columns of the bill of materials, as they stand in its settings.
+// The lists of columns of the bill of materials, as in its settings.
 bool WriteBomColumns(const std::string& summed, const std::string& levelled);
 
 // Which calls of an operation fail, from now on: the n-th one (1 is the next), and with `forGood`

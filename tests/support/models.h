@@ -9,7 +9,7 @@
 //
 // What holds something is an assembly, anything else a part, unless the name says otherwise
 // (sub.asm, sub.prt). A name that comes again is the same model. A model that is there already is
-// used as it is, and gets the components that are written behind it.
+// used as it is, and gets the components that are written after it.
 //
 // Marks follow a name: of the model !sheet (sheet metal), !skeleton, !round (a cylinder in the
 // place of the box), !released (nobody may change it); of the component !suppressed, !hidden (by

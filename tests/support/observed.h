@@ -37,7 +37,7 @@ void SortByHandle(std::vector<simhost::Model*>* models);
 // These models' file names in that order.
 Names ByHandle(std::vector<simhost::Model*> models);
 
-// The pieces one behind the other.
+// The pieces one after the other.
 Names Joined(std::initializer_list<Names> pieces);
 
 }  // namespace workbench

@@ -23,7 +23,7 @@ namespace {
 
 // Up to this many calls of an operation in a story every one fails in its turn. Beyond that (the 56
 // rows of the menu, the features of a walk) the calls repeat each other, and the first ones, one in
-// the middle and the last ones stand for all.
+// the middle and the last ones do for all.
 constexpr int kAllUpTo = 8;
 
 std::vector<int> CallsToFail(int calls) {

@@ -46,7 +46,7 @@ std::vector<Button> AllButtons() {
     return buttons;
 }
 
-// A command does the same in a scene that makes no difference to it: one run stands for all these.
+// A command does the same in a scene that makes no difference to it: one run does for all these.
 void SweepInAllScenes(const Button& button, Sweep* faults) {
     for (const Scene& scene : Scenes()) {
         const auto prepare = [&scene](World& world) {
@@ -198,7 +198,7 @@ TEST_F(FrameSweep, PopupButtons) {
     }
 }
 
-// Commands that are not built yet do the same but for their names: one run stands for all.
+// Commands that are not built yet do the same but for their names: one run does for all.
 TEST_F(FrameSweep, CommandsThatAreNotBuilt) {
     ASSERT_EQ(AllButtons().size(), 56u + 6u);
     Sweep faults;

@@ -14,7 +14,7 @@ class BomBench : public ObservedBench {
 protected:
     void SetUp() override;
 
-    // The lists of columns, as they stand in the settings file.
+    // The lists of columns, as in the settings file.
     void Columns(const std::string& summed, const std::string& levelled = {});
 
     // Opens the dialog, uses it from here instead of from a script, and closes it.

@@ -293,7 +293,7 @@ class CommandTexts(RuleTest):
             self.write("text/vxMenu.txt", good.replace("Vx0\nEnglish\n中文\n#\n", fault))
             self.assertIn(f"text/vxMenu.txt:{line}", self.found(lint.commands_have_their_texts))
         self.write("text/vxMenu.txt", good + "Vx0\nEnglish\n中文\n#\n")
-        self.assertIn("stands twice", "".join(self.texts(lint.commands_have_their_texts)))
+        self.assertIn("is there twice", "".join(self.texts(lint.commands_have_their_texts)))
 
     def test_nothing_to_check_is_said_and_only_while_both_are_absent(self):
         self.assertIn("nothing to check", self.notes(lint.commands_have_their_texts)[0])

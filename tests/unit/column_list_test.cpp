@@ -1,4 +1,4 @@
-// Column lists: what stands between the commas of a setting, and where a blank ends it.
+// Column lists: what is between the commas of a setting, and where a blank ends it.
 #include <gtest/gtest.h>
 
 #include "frame/services/column_list.h"

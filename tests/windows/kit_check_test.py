@@ -1,4 +1,4 @@
-"""A kit is held against our declarations before anything is built: with stand-ins made of those.
+"""A kit is checked against our declarations before anything is built: with stand-ins made of those.
 
     kit_check_test.py COMPILER
 """

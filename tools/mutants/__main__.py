@@ -3,7 +3,7 @@
     tools/mutants [--build DIR] [--doubt] [FILE...]
 
 All mutants of a source are compiled into one module in which a number chooses; each is tried with
-the test cases that come by it. Results stay in build/mutants until the source, what it includes,
+the test cases that reach it. Results stay in build/mutants until the source, what it includes,
 its tests or the flags change. The exit status is 1 if a mutant is left that is neither noticed nor
 listed as equivalent in tests/mutants_equivalent.txt. Its test is tests/tools/mutants_test.py.
 """

@@ -20,7 +20,7 @@ def blank_constexpr(text):
 
 
 class Schema:
-    """The text, and where in it (in bytes) each mutant's schema stands."""
+    """The text, and where in it (in bytes) each mutant's schema is."""
 
     def __init__(self, source, mutants):
         self.source = source

@@ -2,6 +2,7 @@
 #include "tests/windows/excel_class.h"
 
 #include <algorithm>
+#include <exception>
 #include <oleauto.h>
 #include <vector>
 
@@ -49,6 +50,20 @@ bool IsRefused() {
     --trouble.times;
     if (!IsBusyStatus(trouble.status)) ++step;
     return true;
+}
+
+// Nothing that is thrown may leave a method: on its other side is COM, which passes no exception of
+// C++ on to another process. Wine's COM does not even come to an end with one.
+template <class Method>
+HRESULT Guarded(Method method) {
+    try {
+        return method();
+    } catch (const std::exception& error) {
+        Note(std::string("failed: ") + error.what());
+    } catch (...) {
+        Note("failed");
+    }
+    return E_UNEXPECTED;
 }
 
 // Counts references as COM does; the derived object ends with the last one.
@@ -127,26 +142,31 @@ public:
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID locale, WORD flags,
                                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
                                      UINT*) override {
+        return Guarded([&] { return Take(member, locale, flags, *parameters, result); });
+    }
+
+private:
+    HRESULT Take(DISPID member, LCID locale, WORD flags, const DISPPARAMS& parameters,
+                 VARIANT* result) {
         if (locale != kEnglish) return TYPE_E_UNSUPFORMAT;
         if (IsRefused()) {
             Note("refused " + Words(int(member)) + ")");
             return trouble.status;
         }
-        std::vector<ExcelArgument> arguments(parameters->cArgs);
-        for (UINT i = 0; i < parameters->cArgs; ++i) {
+        std::vector<ExcelArgument> arguments(parameters.cArgs);
+        for (UINT i = 0; i < parameters.cArgs; ++i) {
             // The last argument comes first.
-            if (!FromVariant(parameters->rgvarg[parameters->cArgs - 1 - i], &arguments[i])) {
+            if (!FromVariant(parameters.rgvarg[parameters.cArgs - 1 - i], &arguments[i])) {
                 return DISP_E_TYPEMISMATCH;
             }
         }
         const bool isPut = flags == DISPATCH_PROPERTYPUT;
         const bool isNamed =
-            parameters->cNamedArgs == 1 && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
+            parameters.cNamedArgs == 1 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
         if (isPut != isNamed) return DISP_E_PARAMNOTFOUND;
         return Answer(int(member), UseOf(flags, int(member)), arguments, result);
     }
 
-private:
     std::string Words(int member) const {
         const Spreadsheets& sheets = TheSpreadsheets();
         return "(object=" + sheets.Describe(object_) +
@@ -200,13 +220,15 @@ private:
 class Factory : public Counted<IClassFactory> {
 public:
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
-        const ExcelObject made = TheSpreadsheets().Create(L"Excel.Application");
-        Note("ExcelCreate(programId=\"Excel.Application\", result=" +
-             TheSpreadsheets().Describe(made) + ") = pointer");
-        auto* dispatcher = new Dispatcher(made);
-        const HRESULT status = dispatcher->QueryInterface(id, object);
-        dispatcher->Release();
-        return status;
+        return Guarded([&] {
+            const ExcelObject made = TheSpreadsheets().Create(L"Excel.Application");
+            Note("ExcelCreate(programId=\"Excel.Application\", result=" +
+                 TheSpreadsheets().Describe(made) + ") = pointer");
+            auto* dispatcher = new Dispatcher(made);
+            const HRESULT status = dispatcher->QueryInterface(id, object);
+            dispatcher->Release();
+            return status;
+        });
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 };

@@ -1,31 +1,49 @@
 // The spreadsheet application as a program of its own, as COM starts it: the test's class in
-// another process. It ends when nobody holds an object of it any more.
+// another process. It ends when nobody holds an object of it any more, and never outlives its
+// client.
 //
-//   excel_server LOG STEP -Embedding     refuses call STEP (0: none) and writes what it is asked
+//   excel_server LOG STEP CLIENT -Embedding
+//
+// It writes what it is asked to LOG and refuses call STEP (0: none); CLIENT is the id of the
+// process that it serves.
 #include <windows.h>
 #include <cstdio>
 #include <cstdlib>
 #include <shellapi.h>
 #include <string>
 
+#include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "tests/windows/excel_class.h"
 
 namespace {
 
-std::FILE* log = nullptr;
+std::FILE* logFile = nullptr;
 
 // Whoever reads the log may do so at any time.
 void Write(const std::string& line) {
-    std::fprintf(log, "%s\n", line.c_str());
-    std::fflush(log);
+    std::fprintf(logFile, "%s\n", line.c_str());
+    std::fflush(logFile);
 }
 
-// A client that was never there, or that has died, must not leave the program behind.
-constexpr ULONGLONG kLongest = 60000;
+// No test takes longer.
+constexpr DWORD kLongest = 60000;  // milliseconds
+constexpr UINT kGivenUp = 3;
 
+// A thread of its own, so that the program ends whatever the other one is doing.
+DWORD WINAPI EndWithClient(void* client) {
+    if (client) WaitForSingleObject(client, kLongest);
+    TerminateProcess(GetCurrentProcess(), kGivenUp);
+    return 0;
+}
+
+void WatchClient(DWORD process) {
+    const HANDLE client = OpenProcess(SYNCHRONIZE, FALSE, process);
+    CloseHandle(CreateThread(nullptr, 0, EndWithClient, client, 0, nullptr));
+}
+
+// Until the last object is released. The timer is for those that are given up without a message.
 void Serve() {
-    const ULONGLONG started = GetTickCount64();
     const UINT_PTR timer = SetTimer(nullptr, 0, 10, nullptr);
     bool hadObjects = false;
     MSG message;
@@ -33,7 +51,6 @@ void Serve() {
         DispatchMessageW(&message);
         hadObjects = hadObjects || workbench::ExcelObjects() > 0;
         if (hadObjects && workbench::ExcelObjects() == 0) break;
-        if (GetTickCount64() - started > kLongest) break;
     }
     KillTimer(nullptr, timer);
 }
@@ -43,21 +60,23 @@ void Serve() {
 int main() {
     int count = 0;
     WideChar** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (count < 3) return 2;
-    log = _wfopen(arguments[1], L"ab");
-    if (!log) return 2;
+    if (count < 4) return 2;
+    WatchClient(DWORD(_wtoi(arguments[3])));
+    logFile = _wfopen(arguments[1], L"ab");
+    if (!logFile) return 2;
     workbench::WatchExcel({_wtoi(arguments[2]), E_FAIL, 1}, Write);
     LocalFree(arguments);
-    Write("process " + std::to_string(GetCurrentProcessId()));
+    simhost::TheHost();  // on whose drive the application's files are
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     const DWORD registration = workbench::OfferExcel(CLSCTX_LOCAL_SERVER);
+    Write("process " + std::to_string(GetCurrentProcessId()));
     Serve();
     CoRevokeClassObject(registration);
     for (const std::string& line : simhost::TheSpreadsheets().NotReleased()) {
         Write("not released " + line);
     }
     Write("end");
-    std::fclose(log);
+    std::fclose(logFile);
     CoUninitialize();
     return 0;
 }

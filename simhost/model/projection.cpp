@@ -20,11 +20,12 @@ constexpr double kSteep = 1e-3;   // facets seen more on edge than this cover no
 
 void Collect(const Model& model, const Placement& placement, std::vector<const Model*>* above,
              std::vector<ShownPart>* found) {
-    if (model.type == PRO_MDL_PART && !model.solids.empty()) found->push_back({&model, placement});
+    if (model.type == PRO_MDL_PART && !model.partData.solids.empty())
+        found->push_back({&model, placement});
     if (std::find(above->begin(), above->end(), &model) != above->end()) return;
     above->push_back(&model);
-    if (model.type == PRO_MDL_MFG && model.manufactured) {
-        Collect(*model.manufactured, placement, above, found);
+    if (model.type == PRO_MDL_MFG && model.manufacturingData.assembly) {
+        Collect(*model.manufacturingData.assembly, placement, above, found);
     }
     for (const Feature& feature : model.features()) {
         if (feature.type != PRO_FEAT_COMPONENT || feature.status != PRO_FEAT_ACTIVE) continue;
@@ -45,7 +46,7 @@ PointKey KeyOf(Vec3 p) {
 // The corners of a part's facets, each once.
 Points CornersOf(const Model& part) {
     std::map<PointKey, Vec3> corners;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         for (const SolidFace& face : Faces(solid, kFineness)) {
             for (const Facet& facet : face.facets) {
                 for (const Vec3& p : facet.corners) corners.emplace(KeyOf(p), p);
@@ -96,7 +97,7 @@ void JoinEdges(Skin* skin, std::size_t first) {
 
 Skin SkinOf(const Model& part) {
     Skin skin;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         const std::size_t first = skin.size();
         for (SolidFace& face : Faces(solid, kFineness)) {
             for (Facet& facet : face.facets) {

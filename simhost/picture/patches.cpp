@@ -29,11 +29,12 @@ Vec3 Unit(Vec3 v) {
 // The parts that can be seen below a model, in the order of the model tree.
 void Collect(Session& session, Model& model, const Placement& placement,
              std::vector<const Model*>* above, std::vector<Occurrence>* found) {
-    if (model.type == PRO_MDL_PART && !model.solids.empty()) found->push_back({&model, placement});
+    if (model.type == PRO_MDL_PART && !model.partData.solids.empty())
+        found->push_back({&model, placement});
     if (std::find(above->begin(), above->end(), &model) != above->end()) return;
     above->push_back(&model);
-    if (model.type == PRO_MDL_MFG && model.manufactured) {
-        Collect(session, *model.manufactured, placement, above, found);
+    if (model.type == PRO_MDL_MFG && model.manufacturingData.assembly) {
+        Collect(session, *model.manufacturingData.assembly, placement, above, found);
     }
     for (const Feature& feature : model.features()) {
         if (feature.type != PRO_FEAT_COMPONENT || feature.status != PRO_FEAT_ACTIVE) continue;
@@ -48,8 +49,8 @@ void Collect(Session& session, Model& model, const Placement& placement,
 
 const ProdbSurfaceProps& LookOf(const Model& part, int surface) {
     static const ProdbSurfaceProps usual = DefaultAppearance();
-    const auto own = part.surfaceAppearances.find(surface);
-    if (own != part.surfaceAppearances.end()) return own->second;
+    const auto own = part.partData.surfaceAppearances.find(surface);
+    if (own != part.partData.surfaceAppearances.end()) return own->second;
     return part.appearance ? *part.appearance : usual;
 }
 
@@ -103,7 +104,7 @@ int FinenessOf(const Solid& solid, double pixelsPerMm) {
 
 Skin SkinOf(const Model& part, double pixelsPerMm) {
     Skin skin;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         const std::size_t first = skin.size();
         auto faces = Faces(solid, FinenessOf(solid, pixelsPerMm));
         const bool inside = std::any_of(faces.begin(), faces.end(), [&](const SolidFace& face) {

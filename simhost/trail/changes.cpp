@@ -20,7 +20,7 @@ std::string LookOf(const ProdbSurfaceProps& props) {
 
 std::size_t Colours(const Model& model) {
     std::string all = model.appearance ? LookOf(*model.appearance) : "none;";
-    for (const auto& [id, props] : model.surfaceAppearances) {
+    for (const auto& [id, props] : model.partData.surfaceAppearances) {
         all += fmt::format("{} {}", id, LookOf(props));
     }
     return std::hash<std::string>()(all);

@@ -68,8 +68,8 @@ Model* FindModel(const std::string& name) {
 // The colour of a model or one of its surfaces as text, "none" without one of its own.
 std::string ColourOf(const Model& model, std::optional<int> surface) {
     if (!surface) return model.appearance ? ColourWords(*model.appearance) : "none";
-    const auto found = model.surfaceAppearances.find(*surface);
-    return found == model.surfaceAppearances.end() ? "none" : ColourWords(found->second);
+    const auto found = model.partData.surfaceAppearances.find(*surface);
+    return found == model.partData.surfaceAppearances.end() ? "none" : ColourWords(found->second);
 }
 
 // "255.128.0".

@@ -21,7 +21,7 @@ std::string KindOf(const Model& model) {
         case PRO_MDL_MFG: return "manufacturing";
         default: break;
     }
-    if (model.skeleton) return "skeleton";
+    if (model.partData.skeleton) return "skeleton";
     return model.subtype == PROMDLSTYPE_PART_SHEETMETAL ? "sheet metal" : "part";
 }
 
@@ -138,7 +138,7 @@ void ShowColours(Trail& trail) {
             trail.Say(fmt::format("{} {}", Padded(model->FileName(), 28),
                                   ColourAndTransparency(*model->appearance)));
         }
-        for (const auto& [id, props] : model->surfaceAppearances) {
+        for (const auto& [id, props] : model->partData.surfaceAppearances) {
             trail.Say(fmt::format("{} {}", Padded(fmt::format("{}#{}", model->FileName(), id), 28),
                                   ColourAndTransparency(props)));
         }

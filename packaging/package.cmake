@@ -1,15 +1,17 @@
 # Makes the package as it is unpacked beside an installation of the host: the module and everything
 # that it looks for beside itself, the host's registry file, and a short text on how to install it.
 #
-#   cmake -DMODULE=FILE -DFOLDER=DIST -P packaging/package.cmake
+#   cmake -DMODULE=FILE -DFOLDER=DIST [-DGUIDE=HTML] -P packaging/package.cmake
 #
 # Writes DIST/vorlatix-5.1/, or DIST/vorlatix-5.1-simulated-host/ for a module that is bound to the
-# simulated host. CMake is all that it needs, so that it runs wherever the module is built.
+# simulated host. HTML is the folder of the user's guide, made by ./vx guide; without it the package
+# has none. CMake is all that it needs, so that it runs wherever the module is built.
 cmake_minimum_required(VERSION 3.25)
 
 get_filename_component(root "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
 if(NOT MODULE OR NOT FOLDER)
-    message(FATAL_ERROR "package: cmake -DMODULE=FILE -DFOLDER=DIST -P packaging/package.cmake")
+    message(FATAL_ERROR "package: "
+        "cmake -DMODULE=FILE -DFOLDER=DIST [-DGUIDE=HTML] -P packaging/package.cmake")
 endif()
 get_filename_component(MODULE "${MODULE}" ABSOLUTE)
 get_filename_component(FOLDER "${FOLDER}" ABSOLUTE)
@@ -47,6 +49,18 @@ foreach(each IN LISTS folders)
         configure_file("${root}/${file}" "${package}/${file}" COPYONLY)
     endforeach()
 endforeach()
+
+set(FOR_GUIDE "")
+if(GUIDE)
+    get_filename_component(GUIDE "${GUIDE}" ABSOLUTE)
+    if(NOT EXISTS "${GUIDE}/index.html")
+        message(FATAL_ERROR "package: there is no guide in ${GUIDE}: make it first (./vx guide)")
+    endif()
+    file(COPY "${GUIDE}/" DESTINATION "${package}/使用指南")
+    set(FOR_GUIDE "\r\n使用方法：用浏览器打开 使用指南\\index.html，每个命令一页。\r\n")
+else()
+    message("package: without the user's guide; take it along with -DGUIDE=HTML (./vx guide)")
+endif()
 
 # People open these with Notepad.
 foreach(each protk.dat 安装说明.txt)

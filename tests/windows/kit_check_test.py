@@ -10,7 +10,9 @@ import sys
 import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+import stand_in_kit
+
+ROOT = stand_in_kit.ROOT
 DECLARATIONS = ROOT / "hostapi" / "host"
 COMPILER = "c++"
 
@@ -27,16 +29,34 @@ DIFFERENCES = [
 ]
 
 
-def vendor_headers():
-    vendor = (ROOT / "hostapi" / "vendor.h").read_text(encoding="utf-8")
-    return re.findall(r"^#include <(.*)>", vendor, re.M)
+# Of the stand-in with OTHER_DECLARATIONS: what differs, and all that is made of it. Codes that are
+# enumerations of the same size in both are the same.
+OTHER_NAMES = {
+    "type uiCmdPriority", "type uiCmdAccessMode", "type uiCmdAccessFn", "operation ProCmdActionAdd",
+    # the type of what a rule is handed last
+    "type ProPopupmenuAccessFn", "operation ProPopupmenuButtonAdd",
+    # the owner of a parameter, and a longer text in its value
+    "type ProParameter", "field ProParameter.owner", "code PRO_LINE_SIZE", "type ProLine",
+    "type ProParamvalueValue", "field ProParamvalueValue.s_val", "type ProParamvalue",
+    "field ProParamvalue.value", "operation ProParameterInit", "operation ProParameterCreate",
+    "operation ProParameterDelete", "operation ProParameterValueGet",
+    "operation ProParameterValueSet",
+    # a parameter in place of an owner
+    "type ProFamtableItem", "field ProFamtableItem.owner", "field ProFamtableItem.name",
+    "operation ProParameterToFamtableItem", "operation ProFamtableItemAdd",
+    # lengths of names and types
+    "type ProFileName", "type ProMacro", "code PRO_TYPE_SIZE", "type ProModel",
+    "field ProModel.type", "operation ProDrawingFromTmpltCreate", "type ProMdldata",
+    "field ProMdldata.path", "field ProMdldata.name", "field ProMdldata.type",
+    "field ProMdldata.version", "operation ProMdlDataGet",
+}
 
 
 def make_kit(kit, differences):
     """Our declarations in a folder of their own, included by the vendor's first header."""
     headers = kit / "includes"
     (headers / "kit").mkdir(parents=True)
-    for name in vendor_headers():
+    for name in stand_in_kit.vendor_headers():
         (headers / name).write_text("#pragma once\n", encoding="utf-8")
     texts = {each.name: each.read_text(encoding="utf-8") for each in DECLARATIONS.glob("*.h")}
     for name, ours, theirs in differences:
@@ -67,6 +87,9 @@ class KitCheck(unittest.TestCase):
 
     def table(self, differences):
         make_kit(self.kit, differences)
+        return self.table_of_kit()
+
+    def table_of_kit(self):
         done = self.check()
         self.assertEqual(done.returncode, 0, done.stderr)
         table = (self.folder / "build" / "kit.txt").read_text(encoding="utf-8")
@@ -99,6 +122,28 @@ class KitCheck(unittest.TestCase):
                       "             here: enum of 4 bytes\n"
                       "             kit:  integer of 4 bytes\n", text)
         self.assertNotIn("ProMdlCurrentGet", text)
+
+    def test_of_a_kit_with_other_declarations_all_is_told_that_differs_and_nothing_else(self):
+        stand_in_kit.make_headers(self.kit, others=True)
+        text = "\n".join(self.table_of_kit())
+        told = re.findall(r"^(?:not there|differs) +(.*)$", text, re.M)
+        self.assertEqual(sorted(told), sorted(OTHER_NAMES))
+        self.assertIn("not there  field ProFamtableItem.owner\n", text)
+        self.assertIn("differs    type uiCmdAccessFn\n"
+                      "             here: function enum of 4 bytes (integer of 4 bytes)\n"
+                      "             kit:  function enum of 4 bytes (enum of 4 bytes)\n", text)
+        self.assertIn("differs    type ProPopupmenuAccessFn\n"
+                      "             here: function enum of 4 bytes (handle*, void*, void*)\n"
+                      "             kit:  function enum of 4 bytes (handle*, void*, handle**)\n",
+                      text)
+        # A type, and a pointer or an item with its own owner: 4 + 4 (alignment) + 16.
+        self.assertIn("differs    field ProParameter.owner\n"
+                      "             here: record of 16 bytes at byte 72\n"
+                      "             kit:  record of 24 bytes at byte 72\n", text)
+        # After 128 and 8 letters of its own and the path of 260, two bytes each.
+        self.assertIn("differs    field ProMdldata.name\n"
+                      "             here: wide[32] at byte 520\n"
+                      "             kit:  wide[81] at byte 792\n", text)
 
     def test_a_header_that_is_not_there_is_told_and_the_rest_compared(self):
         make_kit(self.kit, [])

@@ -29,6 +29,9 @@ COPIES = {
 }
 MADE = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt"}
 TEMPLATE = "tp/vx.drw"  # of the simulated host only
+GUIDE = "使用指南"
+# In the place of the real guide, which only a simulated host of this system can make.
+PAGES = {"index.html": b"<!doctype html>\n", "pictures/VxBom.png": b"\x89PNG\r\n"}
 
 
 class Wrong(Exception):
@@ -40,10 +43,14 @@ def need(holds, what):
         raise Wrong(what)
 
 
-def make(module, out):
-    done = subprocess.run(["cmake", f"-DMODULE={module}", f"-DFOLDER={out}", "-P",
+def run(module, out, *options):
+    return subprocess.run(["cmake", f"-DMODULE={module}", f"-DFOLDER={out}", *options, "-P",
                            ROOT / "packaging" / "package.cmake"],
                           capture_output=True, text=True, check=False)
+
+
+def make(module, out, *options):
+    done = run(module, out, *options)
     need(done.returncode == 0, done.stderr)
     return done.stderr
 
@@ -52,8 +59,9 @@ def files_in(folder):
     return {str(each.relative_to(folder)) for each in folder.rglob("*") if each.is_file()}
 
 
-def check_files(folder, module, simulated):
+def check_files(folder, module, simulated, pages):
     expected = COPIES | MADE | ({TEMPLATE} if simulated else set())
+    expected |= {f"{GUIDE}/{name}" for name in pages}
     there = files_in(folder)
     need(there == expected,
          f"{folder.name} lacks {sorted(expected - there)}, has too much {sorted(there - expected)}")
@@ -61,9 +69,11 @@ def check_files(folder, module, simulated):
         need((folder / name).read_bytes() == (ROOT / name).read_bytes(), f"{name} was changed")
     need((folder / "vorlatix5.1.dll").read_bytes() == pathlib.Path(module).read_bytes(),
          "the module was changed")
+    for name, data in pages.items():
+        need((folder / GUIDE / name).read_bytes() == data, f"{name} of the guide was changed")
 
 
-def check_texts(folder, simulated):
+def check_texts(folder, simulated, pages):
     """Both are read by people with old editors, and the one by the host."""
     guide = (folder / "安装说明.txt").read_bytes()
     need(guide.startswith(b"\xef\xbb\xbf"), "安装说明.txt has no mark")
@@ -77,6 +87,8 @@ def check_texts(folder, simulated):
     text = guide.decode("utf-8-sig")
     told = "Creo Parametric 不能加载它" in text
     need(told == simulated, "the guide is wrong about what the module is for")
+    need((f"{GUIDE}\\index.html" in text) == bool(pages),
+         "the text tells of a guide that is not there, or not of one that is")
     for word in ("解锁", "vx.drw", "C:\\Vorlatix", "UTF-16"):
         need(word in text, f"the guide says nothing of {word}")
 
@@ -87,20 +99,35 @@ def check_for_the_cad_system(temporary):
     module.write_bytes(b"MZ host.dll\n")
     said = make(module, temporary / "dist")
     need("cannot load it" not in said, "a module for the CAD system is called a simulated one")
+    need("without the user's guide" in said, "nobody is told that the guide is left out")
     folder = temporary / "dist" / "vorlatix-5.1"
-    check_files(folder, module, simulated=False)
-    check_texts(folder, simulated=False)
+    check_files(folder, module, simulated=False, pages={})
+    check_texts(folder, simulated=False, pages={})
+
+
+def make_guide(temporary):
+    for name, data in PAGES.items():
+        page = temporary / "guide" / name
+        page.parent.mkdir(parents=True, exist_ok=True)
+        page.write_bytes(data)
+    return f"-DGUIDE={temporary / 'guide'}"
+
+
+def check_that_no_guide_is_told(module, temporary):
+    done = run(module, temporary / "dist", f"-DGUIDE={temporary / 'nowhere'}")
+    need(done.returncode != 0 and "there is no guide in" in " ".join(done.stderr.split()),
+         f"a folder without a guide is taken for one: {done.stderr}")
 
 
 def unpacked(module, temporary):
-    said = make(module, temporary / "dist")
+    said = make(module, temporary / "dist", make_guide(temporary))
     need("the CAD system cannot load it" in said, f"nobody is told what it is for: {said}")
     archive = shutil.make_archive(temporary / SIMULATED, "zip", temporary / "dist", SIMULATED)
     with zipfile.ZipFile(archive) as opened:
         opened.extractall(temporary / FOLDER)
     folder = temporary / FOLDER / SIMULATED
-    check_files(folder, module, simulated=True)
-    check_texts(folder, simulated=True)
+    check_files(folder, module, simulated=True, pages=PAGES)
+    check_texts(folder, simulated=True, pages=PAGES)
     return folder
 
 
@@ -110,6 +137,7 @@ def main():
         temporary = pathlib.Path(name)
         try:
             check_for_the_cad_system(temporary)
+            check_that_no_guide_is_told(module, temporary)
             folder = unpacked(module, temporary)
         except Wrong as wrong:
             sys.exit(f"package: {wrong}")

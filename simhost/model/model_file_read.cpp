@@ -210,7 +210,7 @@ void ReadSolid(const toml::table& table, Model* model) {
     const toml::node& shapeNode = Require(table, "shape");
     const std::string shape = Text(shapeNode, "shape");
     if (!ParseShape(shape, &solid.shape)) {
-        Fail(shapeNode.source(), "unknown shape " + Quoted(shape));
+        Fail(shapeNode.source(), "unknown shape " + Quoted(shape) + "; there are " + ShapeNames());
     }
     ReadSizes(table, &solid);
     solid.at = Vector(table, "at");

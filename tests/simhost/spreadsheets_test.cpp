@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
 #include <zip.h>
 
 #include "simhost/core/text.h"
@@ -114,6 +115,17 @@ TEST_F(SpreadsheetApplication, AFileThatItHasWrittenReadsBackTheSame) {
     const ExcelObject used = Get(sheet, 412);
     EXPECT_EQ(TheSpreadsheets().Describe(used), "Range B2:D3");
     EXPECT_EQ(Value(Get(used, 258), 118).whole, 2);
+}
+
+TEST_F(SpreadsheetApplication, TellsTheUserAndNotTheTerminalThatAFileIsNotWritten) {
+    NewBook();
+    std::filesystem::create_symlink("/dev/full", host().disk.Real(WIDE("C:\\Work\\full.xlsx")));
+    testing::internal::CaptureStderr();
+    Call(workbook_, 175, {Text(WIDE("C:\\Work\\full.xlsx"))});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    ASSERT_EQ(host().shown.size(), 1u);
+    EXPECT_EQ(Utf8(host().shown[0].text),
+              "C:\\Work\\full.xlsx is not saved: No space left on device");
 }
 
 TEST_F(SpreadsheetApplication, HoldsAFileAsLongAsItIsOpen) {

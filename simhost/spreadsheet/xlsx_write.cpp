@@ -37,8 +37,10 @@ constexpr int kUsualSize = 11;
 // where that one goes is between us and the system.
 class TemporaryFile {
 public:
-    TemporaryFile() : name_(std::filesystem::temp_directory_path() / "workbook-XXXXXX") {
-        const int file = mkstemp(name_.data());
+    TemporaryFile() {
+        std::error_code error;
+        name_ = (std::filesystem::temp_directory_path(error) / "workbook-XXXXXX").string();
+        const int file = error ? -1 : mkstemp(name_.data());
         if (file < 0) throw BookFileError("no temporary file can be made");
         close(file);
     }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <zip.h>
@@ -126,6 +127,18 @@ TEST_F(SpreadsheetApplication, TellsTheUserAndNotTheTerminalThatAFileIsNotWritte
     ASSERT_EQ(host().shown.size(), 1u);
     EXPECT_EQ(Utf8(host().shown[0].text),
               "C:\\Work\\full.xlsx is not saved: No space left on device");
+}
+
+TEST_F(SpreadsheetApplication, TellsTheUserThatThereIsNoPlaceForATemporaryFile) {
+    NewBook();
+    const char* before = std::getenv("TMPDIR");
+    const std::string kept = before ? before : "";
+    setenv("TMPDIR", "/dev/null/nowhere", 1);
+    Call(workbook_, 175, {Text(WIDE("C:\\Work\\list.xlsx"))});
+    before ? setenv("TMPDIR", kept.c_str(), 1) : unsetenv("TMPDIR");
+    ASSERT_EQ(host().shown.size(), 1u);
+    EXPECT_EQ(Utf8(host().shown[0].text),
+              "C:\\Work\\list.xlsx is not saved: no temporary file can be made");
 }
 
 TEST_F(SpreadsheetApplication, HoldsAFileAsLongAsItIsOpen) {

@@ -41,7 +41,7 @@ void RestartHost() {
 }
 
 void Host::Tell(const std::string& line) {
-    shown.push_back({Shown::Kind::Message, Wide(line), {}});
+    desk.Tell(Wide(line));
 }
 
 }  // namespace simhost

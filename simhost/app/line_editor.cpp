@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <histedit.h>
@@ -97,8 +98,9 @@ public:
         el_set(editor_, EL_PROMPT, Prompt);
         el_set(editor_, EL_EDITOR, "emacs");
         el_set(editor_, EL_HIST, history, history_);
-        el_set(editor_, EL_ADDFN, "vx-complete", "complete the word", Complete);
-        el_set(editor_, EL_ADDFN, "vx-clear", "throw the line away", Clear);
+        // Of narrow names the library makes wide ones that it never frees.
+        el_wset(editor_, EL_ADDFN, L"vx-complete", L"complete the word", Complete);
+        el_wset(editor_, EL_ADDFN, L"vx-clear", L"throw the line away", Clear);
         el_set(editor_, EL_BIND, "\t", "vx-complete", nullptr);
         // While a line is edited Ctrl-C is a key; while work goes on it is a signal.
         el_set(editor_, EL_SETTY, "-d", "-isig", nullptr);
@@ -118,6 +120,9 @@ public:
         prompt_ = prompt;
         cleared_ = false;
         int count = 0;
+        // By itself the editor takes the terminal over only once the prompt is shown; a key such as
+        // Ctrl-D that came between the two would be the terminal's, and be lost.
+        el_set(editor_, EL_PREP_TERM, 1);
         const char* typed = el_gets(editor_, &count);
         if (cleared_) return std::string();
         if (!typed || count <= 0) {
@@ -138,13 +143,13 @@ private:
     }
     static char* Prompt(EditLine* editor) { return Of(editor)->prompt_.data(); }
 
-    static unsigned char Clear(EditLine* editor, int) {
+    static unsigned char Clear(EditLine* editor, wint_t) {
         std::fputs("^C\n", stdout);
         Of(editor)->cleared_ = true;
         return CC_EOF;
     }
 
-    static unsigned char Complete(EditLine* editor, int) {
+    static unsigned char Complete(EditLine* editor, wint_t) {
         const LineInfo* info = el_line(editor);
         const std::string line(info->buffer, std::size_t(info->cursor - info->buffer));
         const std::vector<std::string> words = Completions(line);

@@ -78,16 +78,6 @@ std::string StartPlugin(Workplace& workplace) {
     }
 }
 
-void SetHooks(Workplace& workplace) {
-    TheHooks().loaded = [&] { return workplace.plugin() != nullptr; };
-    TheHooks().start = [&] { return StartPlugin(workplace); };
-    TheHooks().stop = [&] {
-        workplace.StopPlugin();
-        return std::string();
-    };
-    TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
-}
-
 // "a, b and 3 more".
 std::string FirstOf(const std::vector<std::string>& names) {
     constexpr std::size_t kMost = 5;
@@ -115,18 +105,40 @@ void TellWhereItWorks(const Workplace& workplace) {
     PrintLine(Either("Type help, or quit to end.", "输入 help 查看用法，quit 退出。"));
 }
 
-// What a session leaves, and what it does not.
-void TellWhatIsLeft(const Workplace& workplace, bool unsavedToo) {
-    std::vector<std::string> unsaved, written;
+// What is changed in memory and in no file, and what can be done about it; empty: nothing is.
+std::string TellUnsaved(const Workplace& workplace) {
+    std::vector<std::string> unsaved;
     for (const Model* model : TheHost().session.All()) {
-        if (unsavedToo && model->modified) unsaved.push_back(model->FileName());
+        if (model->modified) unsaved.push_back(model->FileName());
     }
+    if (unsaved.empty()) return {};
+    const std::string told =
+        Either("changed and not saved: ", "已改动、未保存：") + FirstOf(unsaved);
+    if (!IsTyped()) return told;
+    if (workplace.isTemporary()) {
+        return told + Either("; quit again ends all the same", "；再次输入 quit 即退出");
+    }
+    return told + Either("; save all saves them, quit again ends all the same",
+                         "；save all 可保存，再次输入 quit 即退出");
+}
+
+void SetHooks(Workplace& workplace) {
+    TheHooks().loaded = [&] { return workplace.plugin() != nullptr; };
+    TheHooks().start = [&] { return StartPlugin(workplace); };
+    TheHooks().stop = [&] {
+        workplace.StopPlugin();
+        return std::string();
+    };
+    TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
+    TheHooks().lost = [&] { return TellUnsaved(workplace); };
+}
+
+// The files that were written, which stay or not.
+void TellWhatIsWritten(const Workplace& workplace) {
+    std::vector<std::string> written;
     for (const fs::path& file : workplace.WrittenFiles()) {
         const std::u8string name = fs::relative(file, workplace.drive()).generic_u8string();
         written.emplace_back(name.begin(), name.end());
-    }
-    if (!unsaved.empty()) {
-        PrintLine(Either("changed and not saved: ", "已改动、未保存：") + FirstOf(unsaved));
     }
     if (!written.empty() && workplace.isTemporary()) {
         PrintLine(Either("gone with the temporary drive: ", "随临时驱动器删除：") +
@@ -156,11 +168,14 @@ int RunTrail(const Options& options, Source& source, bool session) {
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
     }
-    TellWhatIsLeft(workplace, session);
+    TellWhatIsWritten(workplace);
     workplace.StopPlugin();
     if (!options.journal.empty()) {
         host.journal.Stop();
         PrintLine("journal: " + options.journal);
+    }
+    if (const int held = trail.held(); held > 0) {
+        PrintLine(std::to_string(held) + (held == 1 ? " expectation held" : " expectations held"));
     }
     if (!ok) PrintLine(std::to_string(trail.failures().size()) + " failed");
     for (const std::string& unreached : UnreachedFaultLines()) {

@@ -331,6 +331,12 @@ bool ParseShape(const std::string& word, Shape* shape) {
     return true;
 }
 
+std::string ShapeNames() {
+    std::string all;
+    for (const char* name : kShapeNames) all += (all.empty() ? "" : ", ") + std::string(name);
+    return all;
+}
+
 int SurfaceCount(const Solid& solid) {
     switch (solid.shape) {
         case Shape::Box: return 6;

@@ -70,6 +70,7 @@ struct Solid {
 // "box" and so on; ParseShape gives false for a word that names no shape.
 const char* ShapeName(Shape shape);
 bool ParseShape(const std::string& word, Shape* shape);
+std::string ShapeNames();  // all of them, with commas between them
 
 // One flat, convex, outward-facing (counter-clockwise) polygon of a surface.
 struct Facet {

@@ -188,10 +188,16 @@ constexpr Field<Solid> With(Field<Solid> field,
     return field;
 }
 
+void ReadShape(const toml::node& node, const char* key, Solid* solid) {
+    const std::string shape = Text(node, key);
+    if (ParseShape(shape, &solid->shape)) return;
+    Fail(node.source(), "unknown shape " + Quoted(shape) + "; there are " + ShapeNames());
+}
+
 // What all solids have: first their kind, and after the sizes of that kind their place.
 constexpr Field<Solid> kKindFields[] = {
     Required(Whole<1, &Solid::id>("id")),
-    Required(Word<ShapeName, ParseShape, &Solid::shape>("shape")),
+    Required(With(Word<ShapeName, ParseShape, &Solid::shape>("shape"), ReadShape)),
 };
 constexpr Field<Solid> kPlaceFields[] = {Of<&Solid::at>("at"), Of<&Solid::turn>("turn")};
 

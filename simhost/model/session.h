@@ -57,8 +57,10 @@ public:
     // The model of this file name from memory or the working folder, with all that lies below it;
     // a component whose file is missing stays without a model. "gearbox.asm" is its newest version,
     // "gearbox.asm.3" this one and no other. Null if there is no such file.
-    // Throws ModelFileError, and then memory is as before.
-    Model* Retrieve(const std::string& fileName);
+    // Throws ModelFileError, and then memory is as before. `step` is told after each model how many
+    // have been looked through, of how many that are known; what it throws ends the work likewise.
+    using Step = std::function<void(std::size_t done, std::size_t all)>;
+    Model* Retrieve(const std::string& fileName, const Step& step = {});
     // The same; a file that cannot be read is told to the user. For `tell` see below.
     Model* RetrieveOrTell(const std::string& fileName);
     // Writes the next version into the working folder; the real path of the file. Throws

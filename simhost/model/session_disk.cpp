@@ -91,7 +91,7 @@ Model* Session::Load(const std::string& fileName, int wanted) {
 // One retrieve: what it brings into memory, and where that hangs, so that all can be undone.
 class Session::Retrieval {
 public:
-    explicit Retrieval(Session& session) : session_(session) {}
+    Retrieval(Session& session, const Step& step) : session_(session), step_(step) {}
 
     Model* Run(const std::string& name) {
         std::string fileName;
@@ -100,10 +100,13 @@ public:
         if (!top) return nullptr;
         // What was in memory is looked through again only if it was asked for by its name.
         if (waiting_.empty()) waiting_.push_back(top);
+        std::size_t done = 0;
         while (!waiting_.empty()) {
             Model* model = waiting_.back();
             waiting_.pop_back();
             Complete(*model);
+            ++done;
+            if (step_) step_(done, done + waiting_.size());
         }
         if (!filled_.empty()) CheckTree(*top);
         return top;
@@ -146,12 +149,13 @@ private:
     }
 
     Session& session_;
+    const Step& step_;
     std::vector<Model*> brought_, waiting_;
     std::vector<Model**> filled_;
 };
 
-Model* Session::Retrieve(const std::string& name) {
-    Retrieval retrieval(*this);
+Model* Session::Retrieve(const std::string& name, const Step& step) {
+    Retrieval retrieval(*this, step);
     try {
         return retrieval.Run(name);
     } catch (...) {

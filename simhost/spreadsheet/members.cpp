@@ -9,6 +9,7 @@
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/spreadsheet/held_files.h"
+#include "simhost/system/windows.h"
 
 namespace simhost {
 namespace {
@@ -167,7 +168,9 @@ struct SheetMembers {
         if (real.empty()) Refuse(-1);
         try {
             WriteXlsx(*self.book, real);
-        } catch (const BookFileError&) {
+        } catch (const BookFileError& error) {
+            TheWindows().host().desk.Tell(WideText(arguments[0].text) + WIDE(" is not saved: ") +
+                                          Wide(error.what()));
             Refuse(-1);
         }
         return {};

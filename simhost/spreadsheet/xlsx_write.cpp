@@ -14,10 +14,14 @@ void WriteXlsx(const Book&, const std::string& path) {
 #else
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <unistd.h>
 #include <unordered_map>
 #include <utility>
 #include <xlsxwriter.h>
 
+#include "simhost/core/disk.h"
 #include "simhost/ui/text_frame.h"
 
 namespace simhost {
@@ -29,6 +33,30 @@ constexpr double kSpare = 2;        // beside the text of a fitted column
 constexpr double kPerPoint = 1.32;  // height of a line for each point of its font
 constexpr int kUsualSize = 11;
 
+// The library tells the terminal of each file that it cannot write. It gets one that it can, and
+// where that one goes is between us and the system.
+class TemporaryFile {
+public:
+    TemporaryFile() {
+        std::error_code error;
+        name_ = (std::filesystem::temp_directory_path(error) / "workbook-XXXXXX").string();
+        const int file = error ? -1 : mkstemp(name_.data());
+        if (file < 0) throw BookFileError("no temporary file can be made");
+        close(file);
+    }
+    ~TemporaryFile() {
+        std::error_code ignored;
+        std::filesystem::remove(name_, ignored);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    const std::string& name() const { return name_; }
+
+private:
+    std::string name_;
+};
+
 class Writer {
 public:
     Writer(const Book& book, const std::string& path)
@@ -36,7 +64,7 @@ public:
         if (!workbook_) throw BookFileError("cannot make " + path);
     }
     ~Writer() {
-        if (workbook_) workbook_close(workbook_);
+        if (workbook_) lxw_workbook_free(workbook_);
     }
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
@@ -150,7 +178,10 @@ private:
 }  // namespace
 
 void WriteXlsx(const Book& book, const std::string& path) {
-    Writer(book, path).Write();
+    const TemporaryFile made;
+    Writer(book, made.name()).Write();
+    std::string reason;
+    if (!WriteFile(path, ReadFile(made.name()), &reason)) throw BookFileError(reason);
 }
 
 }  // namespace simhost

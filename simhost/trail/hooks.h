@@ -7,7 +7,7 @@
 
 namespace simhost {
 
-// Each but the last gives an empty text, or the reason why it could not be done. Unset: not
+// Those that do something give an empty text, or the reason why it could not be done. Unset: not
 // available here.
 struct Hooks {
     std::function<std::string()> start;                           // load the plug-in
@@ -17,6 +17,7 @@ struct Hooks {
     // Copy a file of drive C to where people look for results.
     std::function<std::string(const std::filesystem::path& file)> handOut;
     std::function<void(const std::string& title)> title;  // what follows belongs under this title
+    std::function<std::string()> lost;  // a line about what leaving would lose; empty: nothing
 };
 
 Hooks& TheHooks();

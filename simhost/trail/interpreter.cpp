@@ -8,6 +8,7 @@
 #include <exception>
 
 #include "simhost/core/text.h"
+#include "simhost/trail/hooks.h"
 #include "simhost/trail/labels.h"
 #include "simhost/trail/robot.h"
 #include "simhost/trail/steps.h"
@@ -84,7 +85,10 @@ bool Trail::Run() {
     complaintsSeen_ = host.complaints.size();
     while (!stopped_) {
         const auto step = NextStep();
-        if (!step) break;
+        if (!step) {
+            Leave();
+            continue;
+        }
         if (host.commands.popup() && !KeepsPopup(*step)) host.commands.ClosePopup();
         Perform(*step);
     }
@@ -96,6 +100,15 @@ bool Trail::Run() {
     }
     host.user = before;
     return failures_.empty();
+}
+
+void Trail::Leave() {
+    const std::string lost = typed() && TheHooks().lost ? TheHooks().lost() : std::string();
+    const bool told = lost.empty() || lost == lossTold_;
+    stopped_ = told || !patient();
+    if (told) return;
+    lossTold_ = lost;
+    Say(lost);
 }
 
 std::string Trail::WaitingFor() const {
@@ -278,6 +291,7 @@ void Trail::Perform(const Step& given) {
     if (patient() && (step.byLabel || step.written != given.written)) Say(step.written);
     const bool isPress = IsPress(step);
     if (isPress) changes_.Begin();
+    const std::size_t failedBefore = failures_.size();
     try {
         PerformInner(step);
     } catch (const Refusal& refusal) {
@@ -286,6 +300,7 @@ void Trail::Perform(const Step& given) {
     } catch (const std::exception& error) {
         Fail(error.what());
     }
+    if (IsExpectation(step) && failures_.size() == failedBefore) ++held_;
     TellWhatWasShown();
     if (isPress) {
         const std::string changed = changes_.Tell();

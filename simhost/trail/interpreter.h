@@ -42,6 +42,8 @@ public:
     // What failed, each with its place in the script. By hand only expectations that do not hold
     // and complaints of the host are failures; a slip of the finger is none.
     const std::vector<std::string>& failures() const { return failures_; }
+    // How many lines expected something that was so.
+    int held() const { return held_; }
 
     // --- For the @ words ---
     void Fail(const std::string& what);
@@ -51,6 +53,8 @@ public:
     bool patient() const { return source_.patient(); }
     bool typed() const { return source_.takesPlainWords(); }  // by hand, or through a pipe
     void Stop() { stopped_ = true; }
+    // Ends. Whoever typed is told what is lost by it, and at a terminal stays for once.
+    void Leave();
     FactTable facts;  // what the script remembers
 
     // What the next line goes to, in the words of Source::Next.
@@ -92,8 +96,10 @@ private:
     Changes changes_;
     std::vector<Wait*> waits_;
     std::vector<std::string> failures_;
+    std::string lossTold_;
     const Step* current_ = nullptr;
     int line_ = 0;
+    int held_ = 0;
     std::size_t shownSeen_ = 0;
     std::size_t complaintsSeen_ = 0;
     bool said_ = false;  // since the last step began

@@ -39,6 +39,13 @@ std::optional<ProType> KindOfWord(const std::string& word) {
     return std::nullopt;
 }
 
+std::string KindWord(ProType type) {
+    for (const ItemKind& kind : kItemKinds) {
+        if (kind.type == type) return kind.word;
+    }
+    return fmt::format("type {}", static_cast<int>(type));
+}
+
 std::optional<int> Number(const std::string& text) {
     int number = 0;
     const char* end = text.data() + text.size();
@@ -204,6 +211,27 @@ Selection* Pick(const std::string& path, std::string* problem) {
         Session::Follow(*top, ids, &*item);
     }
     return &session.Select(*top, ids, *item);
+}
+
+std::string PathOf(const Selection& selection) {
+    std::string path;
+    const Model* model = selection.top;
+    for (const int id : selection.path) {
+        std::string step = std::to_string(id);
+        const Model* below = nullptr;
+        if (model) {
+            for (const auto& [name, feature] : ComponentSteps(*model)) {
+                if (feature->id != id) continue;
+                step = name;
+                below = feature->model;
+            }
+        }
+        path += (path.empty() ? "" : "/") + step;
+        model = below;
+    }
+    if (selection.item.id < 0) return path.empty() ? "." : path;
+    const std::string item = KindWord(selection.item.type) + fmt::format("#{}", selection.item.id);
+    return path.empty() ? item : path + "/" + item;
 }
 
 }  // namespace simhost

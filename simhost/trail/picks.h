@@ -26,4 +26,8 @@ Model* ModelAt(const std::string& path);
 // itself. Null: there is no such thing, and *problem says what is missing.
 Selection* Pick(const std::string& path, std::string* problem);
 
+// The path that leads to a selection from its uppermost model, in the words that Pick takes. A
+// component that is there no more has its id instead of a name.
+std::string PathOf(const Selection& selection);
+
 }  // namespace simhost

@@ -59,7 +59,7 @@ const std::vector<Word>& Words() {
         {"ok",               "",                  kAny,  kLeaves, AnswerOk,        "press OK in the open box; by hand also: the default button of the open dialog", true},
         {"enter",            "",                  kAny,  kLeaves, PressEnter,      "press the Enter key: the default button of the open dialog, OK in the open box", true},
         {"answer",           "TEXT",              kAny,  kLeaves, AnswerText,      "type at the prompt; no text takes its default"},
-        {"quit",             "",                  kAny,  kKeeps,  Quit,            "leave the prompt or the popup; by hand also: end"},
+        {"quit",             "",                  kAny,  kKeeps,  Quit,            "leave the prompt or the popup; by hand also: end (again, where changes would be lost)"},
         {"expect box",       "TEXT",              kAny,  kKeeps,  ExpectBox,       "the open box says this (all of it if \"quoted\")"},
         {"expect caption",   "TEXT",              kAny,  kKeeps,  ExpectCaption,   "the open box has this caption; none: the system's own"},
         {"expect no box",    "",                  kAny,  kKeeps,  ExpectNoBox,     "no box is open"},

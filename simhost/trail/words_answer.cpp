@@ -85,7 +85,7 @@ void Quit(Trail& trail, const std::string&) {
     } else if (TheHost().commands.popup()) {
         TheHost().commands.ClosePopup();
     } else if (trail.typed()) {
-        trail.Stop();
+        trail.Leave();
     } else {
         trail.Fail("neither a prompt nor a popup is there to be left");
     }

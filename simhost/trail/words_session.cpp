@@ -107,7 +107,8 @@ void OpenModel(Trail& trail, const std::string& rest) {
     const std::string file = ParseText(rest).text;
     if (file.empty()) return trail.Fail("a file's name belongs after open");
     Session& session = TheHost().session;
-    Model* model = session.Retrieve(file);
+    Model* model = session.Retrieve(
+        file, [](std::size_t done, std::size_t all) { WorkStep("opening", done, all); });
     if (!model) {
         return trail.Fail(fmt::format("there is no {} in {}{}", file,
                                       Utf8(session.workingDirectory),

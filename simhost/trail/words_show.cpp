@@ -114,12 +114,10 @@ void ShowSelection(Trail& trail) {
     Session& session = TheHost().session;
     for (const Selection* selection : session.buffer) {
         const Model* owner = session.Find(selection->item.owner);
-        std::string path;
-        for (const int id : selection->path) path += fmt::format("/{}", id);
-        trail.Say(fmt::format("{} type {} id {} at {}{}",
+        const Model& top = *selection->top;
+        trail.Say(fmt::format("{} {}{}", Padded(PathOf(*selection), 44),
                               owner ? owner->FileName() : "(an erased model)",
-                              static_cast<int>(selection->item.type), selection->item.id,
-                              selection->top->FileName(), path));
+                              owner == &top ? "" : " in " + top.FileName()));
     }
     trail.Say(fmt::format("{} selected", session.buffer.size()));
 }

@@ -3,6 +3,10 @@
 
 namespace simhost {
 
+void Desk::Tell(const WideText& line) {
+    shown.push_back({Shown::Kind::Message, line, {}});
+}
+
 int Desk::ShowBox(const Box& box) {
     shown.push_back({Shown::Kind::Box, box.text, box});
     if (user) return user->AnswerBox(box);

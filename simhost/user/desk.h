@@ -19,6 +19,8 @@ public:
     std::vector<std::string> complaints;
     void Complain(const std::string& what) { complaints.push_back(what); }
 
+    // Shows a line of the host's own.
+    void Tell(const WideText& line);
     // Shows a message box and gives the button that the user pressed.
     int ShowBox(const Box& box);
 };

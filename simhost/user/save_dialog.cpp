@@ -20,6 +20,15 @@ WideText WithExtension(WideText path, const WideChar* extension) {
     return path.append(WIDE(".")).append(bare);
 }
 
+// The real dialog keeps its user from such a name; here whoever asked gets it, to show what becomes
+// of it, and the user is told.
+void TellMissingFolder(const HostSide& host, const WideText& path) {
+    const WideText folder = path.substr(0, path.find_last_of(WIDE("\\/")));
+    std::error_code error;
+    if (std::filesystem::is_directory(host.disk.Real(path).parent_path(), error)) return;
+    host.desk.Tell(WIDE("there is no folder ") + folder);
+}
+
 }  // namespace
 
 WideText FirstPattern(const WideChar* pairs) {
@@ -56,6 +65,7 @@ BOOL AskForSaveName(const HostSide& host, OPENFILENAMEW* dialog) {
             !desk.user->AnswerReplace(path)) {
             continue;
         }
+        TellMissingFolder(host, path);
         CopyCut(path, dialog->lpstrFile, dialog->nMaxFile);
         return TRUE;
     }

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <set>
 
 #include "simhost/core/text.h"
@@ -27,24 +28,31 @@ protected:
         Open(*box_);
     }
 
-    // The calls of these operations while something is done.
-    Names CallsOf(const std::set<std::string>& operations, const std::function<void()>& action) {
+    void Record(const std::function<void()>& action) {
         host().journal.Clear();
         host().journal.Start();
         action();
         host().journal.Stop();
+    }
+    // The calls of these operations while something is done.
+    Names CallsOf(const std::set<std::string>& operations, const std::function<void()>& action) {
+        Record(action);
         return CallOrder(host().journal.lines(), operations);
     }
-    // The line of the only call of the operation in the last record.
-    std::string LineOf(const std::string& operation) {
-        std::string found;
+    // The lines of the operation's calls in the last record.
+    Names LinesOf(const std::string& operation) {
+        Names found;
         for (const std::string& line : host().journal.lines()) {
             const std::string call = line.substr(line.find_first_not_of(' '));
-            if (call.rfind(operation + "(", 0) != 0) continue;
-            EXPECT_EQ(found, "");
-            found = call;
+            if (call.rfind(operation + "(", 0) == 0) found.push_back(call);
         }
         return found;
+    }
+    // That of the only call.
+    std::string LineOf(const std::string& operation) {
+        const Names lines = LinesOf(operation);
+        EXPECT_EQ(lines.size(), 1u);
+        return lines.empty() ? "" : lines[0];
     }
     Names Outlines() {
         Names texts;
@@ -223,6 +231,40 @@ TEST_F(TwelveViewsCalls, EachViewIsMadeWhereItShouldAboutBe) {
     EXPECT_EQ(Outlines(),
               (Names{"150 570 250 630", "150 490 250 530", "150 670 250 710", "30 570 70 630",
                      "330 570 370 630", "360 570 460 630", "200.503 437.035 299.497 542.965"}));
+}
+
+TEST_F(TwelveViewsCalls, AProjectionIsMovedOnlyTowardsItsParentOrAwayFromIt) {
+    // From where they were made (see above) to a gap of 50: below 570 - 530 - 50, above
+    // 630 - 670 + 50, left 150 - 70 - 50, right 250 - 330 + 50, and then rear 340 - 330 + 50. The
+    // isometric one is made around (250, 480), so its far corner is at (299.497, 532.965):
+    // (299.497 - 150) / 2 + 50 and (532.965 - 480) / -2 - 50. The second set is as large.
+    Record([&] { MakeViews({"main-h", "twelve"}); });
+    Names moves;
+    for (const std::string& line : LinesOf("ProDrawingViewMove")) {
+        double x = 0, y = 0, z = 99;
+        const std::string by = line.substr(line.find("by=("));
+        EXPECT_EQ(std::sscanf(by.c_str(), "by=(%lf, %lf, %lf)", &x, &y, &z), 3) << line;
+        moves.push_back(fmt::format("{:.3f} {:.3f} {:.3f}", x, y, z));
+    }
+    const Names ofASet = {"0.000 -10.000 0.000", "0.000 10.000 0.000", "30.000 0.000 0.000",
+                          "-30.000 0.000 0.000", "60.000 0.000 0.000", "124.749 -76.483 0.000"};
+    Names expected = ofASet;
+    expected.insert(expected.end(), ofASet.begin(), ofASet.end());
+    EXPECT_EQ(moves, expected);
+}
+
+TEST_F(TwelveViewsCalls, OfTheMainViewOnlyTheTurnGoesOnToTheOtherGeneralViews) {
+    // A standing main view is turned across; that it stands at (200, 600) is its own affair.
+    Open(BoxPart("HIGH", 60, 100, 40));
+    TextFolderSetting("TweViewsUseAutoMainView", "1");
+    Record([&] { MakeViews({"main-h", "twelve"}); });
+    const Names made = LinesOf("ProDrawingGeneralviewCreate");
+    ASSERT_EQ(made.size(), 4u);
+    for (std::size_t i = 1; i < made.size(); ++i) {
+        EXPECT_NE(made[i].find(", 0), (0, 0, 0, 1)], view="), std::string::npos) << made[i];
+    }
+    EXPECT_EQ(AxesText(Views("HIGH-12")[7]->orientation),
+              AxesText(Views("HIGH-12")[0]->orientation));
 }
 
 TEST_F(TwelveViewsCalls, TheIsometricViewLooksFromAboveWithTheRightSideInFront) {

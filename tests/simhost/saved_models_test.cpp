@@ -11,6 +11,7 @@
 #include "simhost/core/disk.h"
 #include "simhost/model/model_file.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/user/progress.h"
 #include "tests/support/workbench.h"
 
 using namespace simhost;
@@ -176,6 +177,44 @@ TEST_F(SavedModels, AreAllTriedAndThoseLeftAreListed) {
     Part("c");
     EXPECT_EQ(Failure("@ save all"), "not saved: a.prt (1 in all)");
     EXPECT_EQ(Names(), (Strings{"a.prt.2147483647", "b.prt.1", "c.prt.1"}));
+}
+
+// Tells of long work go into a list while it lives.
+class SavedModelsInSteps : public SavedModels {
+protected:
+    void SetUp() override {
+        SavedModels::SetUp();
+        TheProgress().tell = [this](const char* work, std::size_t done, std::size_t all) {
+            told_.push_back(fmt::format("{} {} of {}", work, done, all));
+            if (told_.size() == stopAfter_) TheProgress().stop = true;
+        };
+        Put("a.prt.1", kPart);
+        Put("b.prt.1", kPart);
+        Put("top.asm.1",
+            "[model]\ntype = \"assembly\"\n[[feature]]\nid = 1\ntype = 1000\nmodel = \"a.prt\"\n"
+            "[[feature]]\nid = 2\ntype = 1000\nmodel = \"b.prt\"\n");
+    }
+    void TearDown() override {
+        TheProgress().tell = {};
+        TheProgress().stop = false;
+        SavedModels::TearDown();
+    }
+    Strings told_;
+    std::size_t stopAfter_ = 0;
+};
+
+TEST_F(SavedModelsInSteps, AreOpenedWithAWordAfterEach) {
+    Play("@ open top.asm");
+    EXPECT_EQ(told_, (Strings{"opening 1 of 3", "opening 2 of 3", "opening 3 of 3"}));
+}
+
+TEST_F(SavedModelsInSteps, AreNotInMemoryWhenTheUserStopsTheirOpening) {
+    stopAfter_ = 1;
+    EXPECT_EQ(Failure("@ open top.asm"), "interrupted");
+    EXPECT_EQ(told_, Strings{"opening 1 of 3"});
+    EXPECT_EQ(host().session.All().size(), 0u);
+    Play("@ open top.asm");
+    EXPECT_EQ(host().session.All().size(), 3u);
 }
 
 TEST_F(SavedModels, AreRefusedWhereTheFolderIsNone) {

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <zip.h>
 
 #include "simhost/core/text.h"
@@ -114,6 +116,29 @@ TEST_F(SpreadsheetApplication, AFileThatItHasWrittenReadsBackTheSame) {
     const ExcelObject used = Get(sheet, 412);
     EXPECT_EQ(TheSpreadsheets().Describe(used), "Range B2:D3");
     EXPECT_EQ(Value(Get(used, 258), 118).whole, 2);
+}
+
+TEST_F(SpreadsheetApplication, TellsTheUserAndNotTheTerminalThatAFileIsNotWritten) {
+    NewBook();
+    std::filesystem::create_symlink("/dev/full", host().disk.Real(WIDE("C:\\Work\\full.xlsx")));
+    testing::internal::CaptureStderr();
+    Call(workbook_, 175, {Text(WIDE("C:\\Work\\full.xlsx"))});
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    ASSERT_EQ(host().shown.size(), 1u);
+    EXPECT_EQ(Utf8(host().shown[0].text),
+              "C:\\Work\\full.xlsx is not saved: No space left on device");
+}
+
+TEST_F(SpreadsheetApplication, TellsTheUserThatThereIsNoPlaceForATemporaryFile) {
+    NewBook();
+    const char* before = std::getenv("TMPDIR");
+    const std::string kept = before ? before : "";
+    setenv("TMPDIR", "/dev/null/nowhere", 1);
+    Call(workbook_, 175, {Text(WIDE("C:\\Work\\list.xlsx"))});
+    before ? setenv("TMPDIR", kept.c_str(), 1) : unsetenv("TMPDIR");
+    ASSERT_EQ(host().shown.size(), 1u);
+    EXPECT_EQ(Utf8(host().shown[0].text),
+              "C:\\Work\\list.xlsx is not saved: no temporary file can be made");
 }
 
 TEST_F(SpreadsheetApplication, HoldsAFileAsLongAsItIsOpen) {

@@ -191,6 +191,25 @@ TEST_F(Scripts, InAScriptOkIsForBoxesAlone) {
     EXPECT_EQ(Failure("~ Command `OpensADialog`\n@ ok\n@ enter"), "line 2: no box is open");
 }
 
+// Somebody at a terminal, as the prompt is: asked again after a line that does not fit.
+class Hand : public Source {
+public:
+    explicit Hand(std::deque<std::string> lines) : lines_(std::move(lines)) {}
+    std::optional<std::string> Next(const std::string& waiting) override {
+        prompts += waiting + "> ";
+        if (lines_.empty()) return std::nullopt;
+        std::string line = lines_.front();
+        lines_.pop_front();
+        return line;
+    }
+    bool patient() const override { return true; }
+    bool takesPlainWords() const override { return true; }
+    std::string prompts;
+
+private:
+    std::deque<std::string> lines_;
+};
+
 // --- Labels
 
 TEST_F(Scripts, AButtonIsAlsoPressedByItsLabelAndTheTranscriptHoldsItsName) {
@@ -200,6 +219,39 @@ TEST_F(Scripts, AButtonIsAlsoPressedByItsLabelAndTheTranscriptHoldsItsName) {
     EXPECT_TRUE(Told("\n~ Activate `Settings` `Apply`\n"));
     EXPECT_FALSE(Told("`应用`"));
     EXPECT_EQ(seen, "box answered dialog 1 ");
+}
+
+TEST_F(Scripts, ALabelThatTwoButtonsBearIsRefusedWithBothNames) {
+    const WideText file = workbench::kTextFolder + WIDE("\\text\\resource\\Settings.res");
+    std::string resource = Read(file);
+    resource.replace(resource.find("帮助"), std::string("帮助").size(), "应用");
+    Write(file, resource);
+    EXPECT_EQ(Failure("~ Command `OpensADialog`\n~ Activate `Settings` `应用`\n"
+                      "~ Activate `Settings` `OK`"),
+              "line 2: \"应用\" is the label of Apply and Help; say which by its name");
+    EXPECT_EQ(seen, "dialog 1 ");
+    Hand hand({"OpensADialog", "应用", "确定"});
+    std::string told;
+    Trail trail(hand, [&told](const std::string& line) { told += line + "\n"; });
+    EXPECT_TRUE(trail.Run());
+    EXPECT_NE(told.find("    !! \"应用\" can mean several: ~ Activate `Settings` `Apply`, or "
+                        "~ Activate `Settings` `Help`\n"),
+              std::string::npos)
+        << told;
+    EXPECT_EQ(seen, "dialog 1 dialog 1 ");
+}
+
+TEST_F(Scripts, ALabelThatTwoCommandsBearIsRefusedWithBothNames) {
+    Commands& commands = host().commands;
+    commands.AddMenu("Trials", WIDE("Trials"), nullptr, true);
+    for (const char* name : {"Runs", "Asks", "ShowsABox"}) {
+        const WideText label = name == std::string("ShowsABox") ? WIDE("Box") : WIDE("Go on");
+        commands.AddButton("Trials", {name, label, {}, &commands.RequireName(name)}, nullptr, true);
+    }
+    EXPECT_EQ(Failure("~ Command `Go on`"),
+              "line 1: \"Go on\" is the label of Runs and Asks; say which by its name");
+    EXPECT_EQ(Run("~ Command `Box`\n@ ok"), Failures{});
+    EXPECT_EQ(seen, "box answered ");
 }
 
 TEST_F(Scripts, AWrongComponentFailsAndTheDialogStays) {
@@ -292,25 +344,6 @@ TEST_F(PopupScripts, APopupIsLeftByAnythingElse) {
 
 // --- By hand
 
-// Somebody at a terminal, as the prompt is: asked again after a line that does not fit.
-class Hand : public Source {
-public:
-    explicit Hand(std::deque<std::string> lines) : lines_(std::move(lines)) {}
-    std::optional<std::string> Next(const std::string& waiting) override {
-        prompts += waiting + "> ";
-        if (lines_.empty()) return std::nullopt;
-        std::string line = lines_.front();
-        lines_.pop_front();
-        return line;
-    }
-    bool patient() const override { return true; }
-    bool takesPlainWords() const override { return true; }
-    std::string prompts;
-
-private:
-    std::deque<std::string> lines_;
-};
-
 TEST_F(Scripts, ByHandPlainWordsAreCommandsAndWordsAndTheNextPromptSaysWhatWaits) {
     Hand hand({"Runs", "ShowsABox", "ok", "OpensADialog", "~ Activate `Settings` `OK`", "Asks",
                "answer X", "right-click", "quit", "quit"});
@@ -330,6 +363,46 @@ TEST_F(Scripts, ByHandAStepThatEndsWithoutAWordIsConfirmed) {
     EXPECT_EQ(told[1], "    seen");
     EXPECT_EQ(told.back(), "    done");
     EXPECT_EQ(std::count(told.begin(), told.end(), "    done"), 2);
+}
+
+TEST_F(Scripts, ByHandLeavingIsDoneTwiceWhereSomethingWouldBeLost) {
+    std::string lost = "a.prt is not saved";
+    TheHooks().lost = [&] { return lost; };
+    const auto typed = [](const std::deque<std::string>& lines) {
+        Hand hand(lines);
+        std::string told;
+        Trail trail(hand, [&told](const std::string& line) { told += line + "\n"; });
+        EXPECT_TRUE(trail.Run());
+        return told + hand.prompts;
+    };
+    const std::string once = "    a.prt is not saved\n";
+    EXPECT_EQ(typed({"quit", "quit", "Runs"}), once + "vx> vx> ");
+    // The end of the input is told like the word; there is none behind the last.
+    EXPECT_EQ(typed({}), once + "vx> vx> ");
+    EXPECT_EQ(typed({"quit", "Runs", "quit", "Runs"}), once + "    done\nvx> vx> vx> ");
+    lost.clear();
+    EXPECT_EQ(typed({"quit", "Runs"}), "vx> ");
+    EXPECT_EQ(seen, "ran ");
+}
+
+TEST_F(Scripts, ByHandWhatWouldBeLostBesidesIsToldOnceMore) {
+    int changes = 0;
+    TheHooks().lost = [&] { return std::to_string(changes) + " changes"; };
+    TheHooks().start = [&] {
+        ++changes;
+        return std::string();
+    };
+    Hand hand({"quit", "start", "quit", "quit"});
+    std::string told;
+    Trail trail(hand, [&told](const std::string& line) { told += line + "\n"; });
+    EXPECT_TRUE(trail.Run());
+    EXPECT_EQ(told, "    0 changes\n    done\n    1 changes\n");
+}
+
+TEST_F(Scripts, WhatAScriptWouldLoseIsNotAskedAbout) {
+    TheHooks().lost = [] { return std::string("a.prt is not saved"); };
+    EXPECT_EQ(Run("~ Command `Runs`"), Failures{});
+    EXPECT_EQ(transcript_, "~ Command `Runs`\n");
 }
 
 TEST_F(Scripts, ByHandALineThatDoesNotFitIsAskedAgain) {

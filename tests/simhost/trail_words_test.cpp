@@ -161,6 +161,27 @@ TEST_F(ModelScripts, AvailabilityIsExpected) {
               "line 1: there is no command Rums; did you mean Runs?");
 }
 
+TEST_F(ModelScripts, TheSelectionIsShownWithThePathsThatSelectTakes) {
+    const std::string id = std::to_string(top_->features()[0].id);
+    const std::string picks = "箱体/shaft:2, shaft/surface#11, 箱体/shaft/edge#7, feature#" + id;
+    ASSERT_EQ(Run("@ select " + picks + ", .\n@ show selection"), Failures{});
+    // Paths fill 44 columns; a Chinese letter takes two.
+    const auto blanks = [](int count) { return std::string(std::size_t(count), ' '); };
+    EXPECT_TRUE(Told("    箱体/shaft:2" + blanks(32) + " shaft.prt in top.asm\n")) << transcript_;
+    EXPECT_TRUE(Told("    shaft/surface#11" + blanks(28) + " shaft.prt in top.asm\n"));
+    EXPECT_TRUE(Told("    箱体/shaft/edge#7" + blanks(27) + " shaft.prt in top.asm\n"));
+    EXPECT_TRUE(Told("    feature#" + id + blanks(36 - int(id.size())) + " top.asm\n"));
+    EXPECT_TRUE(Told("    ." + blanks(43) + " top.asm\n"));
+}
+
+TEST_F(ModelScripts, OfASelectedComponentThatIsGoneTheIdIsShown) {
+    ASSERT_EQ(Run("@ select 箱体/shaft"), Failures{});
+    const std::string id = std::to_string(unit_->features()[0].id);
+    unit_->MutableFeatures().clear();
+    EXPECT_EQ(Run("@ show selection"), Failures{});
+    EXPECT_TRUE(Told("    箱体/" + id + " ")) << transcript_;
+}
+
 TEST_F(ModelScripts, EverythingCanBeShown) {
     shaft_->appearance = DefaultAppearance();
     EXPECT_EQ(Run("@ select shaft\n@ show models\n@ show menu\n@ show commands\n@ show dialog\n"

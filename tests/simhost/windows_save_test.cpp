@@ -97,6 +97,20 @@ TEST_F(SaveDialogs, GiveTheNameItsFolderAndItsExtension) {
     EXPECT_EQ(Ask(filter_, "@ quit"), "none");
 }
 
+TEST_F(SaveDialogs, TellOfAFolderThatIsNotThereAndGiveTheNameAllTheSame) {
+    const auto messages = [&] {
+        Names texts;
+        for (const Shown& shown : host().shown) {
+            if (shown.kind == Shown::Kind::Message) texts.push_back(Utf8(shown.text));
+        }
+        return texts;
+    };
+    Ask(filter_, "@ answer list");
+    EXPECT_EQ(messages(), Names{});
+    EXPECT_EQ(Ask(filter_, "@ answer C:\\Nowhere\\list"), "C:\\Nowhere\\list.xlsx");
+    EXPECT_EQ(messages(), Names{"there is no folder C:\\Nowhere"});
+}
+
 TEST_F(SaveDialogs, AskBeforeAFileIsReplaced) {
     Write(kFile, "old");
     EXPECT_EQ(Ask(filter_, "@ answer a\n@ answer yes"), "C:\\Work\\a.xlsx");

@@ -199,6 +199,12 @@ class Mutants(unittest.TestCase):
                          ["equivalents.txt:1: small.cpp has no such mutant (any more)"])
         self.assertFalse(result.is_good())
 
+    def test_an_equivalent_of_a_file_that_is_gone_is_an_error(self):
+        listed = self.equivalents("small.cpp: a: b\n# other.cpp: a remark\nold.cpp: a: b\n"
+                                  "small.cpp: c: d\n")
+        self.assertEqual(listed.files(), ["small.cpp", "old.cpp"])
+        self.assertEqual(listed.lost(self.root), ["equivalents.txt:3: there is no file old.cpp"])
+
     def test_an_equivalent_without_a_reason_is_an_error(self):
         result = self.session().result(self.equivalents("small.cpp: IsLess: < -> <=: a < b: \n"))
         self.assertEqual(result.complaints, ["equivalents.txt:1: no reason is given"])

@@ -1,11 +1,12 @@
 """Changes the plug-in's sources one small thing at a time, and tells which changes no test notices.
 
-    tools/mutants [--build DIR] [--doubt] [FILE...]
+    tools/mutants [--build DIR] [--doubt | --stale] [FILE...]
 
 All mutants of a source are compiled into one module in which a number chooses; each is tried with
 the test cases that reach it. Results stay in build/mutants until the source, what it includes,
 its tests or the flags change. The exit status is 1 if a mutant is left that is neither noticed nor
-listed as equivalent in tests/mutants_equivalent.txt. Its test is tests/tools/mutants_test.py.
+listed as equivalent in tests/mutants_equivalent.txt, or if a line there fits none. Its test is
+tests/tools/mutants_test.py.
 """
 
 import argparse
@@ -15,8 +16,9 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).parent))
 # pylint: disable=wrong-import-position
 from equivalents import Equivalents  # noqa: E402
+from places import Finder  # noqa: E402
 from session import ROOMS, Session  # noqa: E402
-from workshop import cmake_build  # noqa: E402
+from workshop import cmake_build, parser_arguments  # noqa: E402
 
 ROOT = Path(__file__).resolve().parents[2]
 
@@ -28,6 +30,18 @@ def sources(names):
     return sorted(p for room in ROOMS for p in (ROOT / room).glob("*.cpp"))
 
 
+def stale(equivalents, build, names):
+    """What is wrong with the lines about these files (all if none is named). Nothing is tried."""
+    complaints = [] if names else equivalents.lost(ROOT)
+    wanted = {str(path.relative_to(ROOT)) for path in sources(names)} if names else None
+    for file in equivalents.files():
+        if (ROOT / file).is_file() and (wanted is None or file in wanted):
+            compiler = cmake_build(build, ROOT / file).compiler
+            mutants = Finder(ROOT / file, parser_arguments(compiler)).mutants
+            complaints += equivalents.of(file, mutants)[1]
+    return complaints
+
+
 def main():
     parser = argparse.ArgumentParser(prog="vx mutants", description=(
         "Changes sources by a little, and lists the changes that no test notices."))
@@ -35,10 +49,18 @@ def main():
                         help="build to start from (build/quick)")
     parser.add_argument("--doubt", action="store_true",
                         help="try those listed as equivalent, too, and tell which are noticed")
+    parser.add_argument("--stale", action="store_true",
+                        help="try none; tell which lines of the list of equivalents fit no mutant")
     parser.add_argument("files", nargs="*", metavar="FILE", help="sources (all of the plug-in)")
     arguments = parser.parse_args()
     equivalents = Equivalents(ROOT / "tests/mutants_equivalent.txt")
-    left = False
+    if arguments.stale:
+        complaints = stale(equivalents, arguments.build.resolve(), arguments.files)
+        print("\n".join(complaints) or "every line fits a mutant")
+        return 1 if complaints else 0
+    lost = [] if arguments.files else equivalents.lost(ROOT)
+    print("\n".join(lost), end="\n" if lost else "")
+    left = bool(lost)
     for source in sources(arguments.files):
         build = cmake_build(arguments.build.resolve(), source)
         session = Session(ROOT, build, arguments.build.resolve().parent / "mutants")

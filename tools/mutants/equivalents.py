@@ -28,6 +28,15 @@ class Equivalents:
                     "no reason is given" if fits else f"{file} has no such mutant (any more)"))
         return listed, complaints
 
+    def files(self):
+        """The files that lines are about, each once, in their order."""
+        return list(dict.fromkeys(line.split(": ")[0] for _, line in self.lines))
+
+    def lost(self, root):
+        """A complaint for each line whose file is not there (any more)."""
+        return [f"{self.path.name}:{number}: there is no file {line.split(': ')[0]}"
+                for number, line in self.lines if not (root / line.split(": ")[0]).is_file()]
+
 
 @dataclasses.dataclass
 class Result:

@@ -129,7 +129,7 @@ void SetHooks(Workplace& workplace) {
         workplace.StopPlugin();
         return std::string();
     };
-    TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
+    TheHooks().picture = SavePicture;
     TheHooks().lost = [&] { return TellUnsaved(workplace); };
 }
 

@@ -19,7 +19,7 @@ constexpr Field<Feature> kFeatureFields[] = {
     Word<StatusName, ParseStatus, &Feature::status>("status"),
     Of<&Feature::flags>("flags"),
     Of<&Feature::visible>("visible"),
-    Of<&Feature::hidden>("hidden"),
+    Of<&Feature::hiddenInFile>("hidden"),
 };
 
 constexpr Field<Feature> kComponentFields[] = {
@@ -42,6 +42,7 @@ Feature ReadFeature(const toml::table& table) {
         Allow(table, KeysOf(kFeatureFields));
     }
     ReadFields(table, kFeatureFields, &feature);
+    feature.hidden = feature.hiddenInFile;
     return feature;
 }
 

@@ -27,12 +27,14 @@ echo Run them as administrator, on a computer or virtual machine that nobody nee
 if not "%1"=="go" pause
 cd /d "%~dp0"
 set VX_TEST_COMPUTER=1
+set VX_LANGUAGE=C
 set failed=
 if not exist results mkdir results
 """
+# A program that crashes leaves a negative number.
 EACH = r"""echo {name}
 {name}.exe --gtest_brief=1 "--gtest_filter={filter}" > results\{name}.txt 2>&1
-if errorlevel 1 set failed=%failed% {name}
+if not "%errorlevel%"=="0" set failed=%failed% {name}
 """
 TAIL = r"""if "%failed%"=="" echo All passed.
 if not "%failed%"=="" echo Failed:%failed% - please send the folder results.
@@ -47,9 +49,10 @@ def filter_of(program):
     return done.stdout.strip()
 
 
-def script(programs):
-    steps = [EACH.format(name=each.stem, filter=filter_of(each)) for each in programs]
-    return (HEAD + "".join(steps) + TAIL).replace("\n", "\r\n")
+def script(filters):
+    """What runs these programs (name: filter) and tells which failed."""
+    steps = [EACH.format(name=name, filter=each) for name, each in filters.items()]
+    return (HEAD + "".join(steps) + TAIL).replace("\n", "\r\n").encode("ascii")
 
 
 def check_places(folder):
@@ -71,7 +74,8 @@ def make(build, out):
         shutil.copyfile(each, folder / each.name)
     for each in DATA:
         shutil.copytree(ROOT / each, folder / "source" / each)
-    (folder / "run.cmd").write_bytes(script(programs).encode("ascii"))
+    filters = {each.stem: filter_of(each) for each in programs}
+    (folder / "run.cmd").write_bytes(script(filters))
     check_places(folder)
     return shutil.make_archive(folder, "zip", out, NAME)
 

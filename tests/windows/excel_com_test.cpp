@@ -265,6 +265,7 @@ protected:
         ExpectEnd(OpenProcess(SYNCHRONIZE, FALSE, DWORD(std::stoul(process))));
         lines = Log();
         EXPECT_EQ(lines.back(), "end");
+        if (lines.back() != "end") lines.emplace_back();
         return Names(lines.begin() + 1, lines.end() - 1);
     }
     // Null is a program that has ended. One that does not ends by itself in less time than this.
@@ -304,6 +305,7 @@ TEST_F(SpreadsheetProgram, RefusesEachStepAndIsGivenUpAllTheSame) {
         Serve(step);
         Export();
         ExpectTheRestWithout(step, Asked());
+        if (HasFailure()) break;  // each further one might take a minute
     }
 }
 

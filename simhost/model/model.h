@@ -45,8 +45,7 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
-    ProSurfacedata box{};  // see Model::SurfaceData
-    ProGeomitemdata data{};
+    std::optional<ProSurfacedata> box;  // see Model::BoxOf
 };
 
 // What only parts have.
@@ -101,8 +100,8 @@ public:
 
     const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
     bool HasSurface(int id);
-    // The record of the door for one of its surfaces; made at first use.
-    static ProGeomitemdata* SurfaceData(Surface& surface);
+    // The box around a surface of any model, along the model's axes; made at first use.
+    static const ProSurfacedata& BoxOf(Surface& surface);
 
     // "gearbox.asm": the name in small letters and the type's suffix.
     std::string FileName() const;

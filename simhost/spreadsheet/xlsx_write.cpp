@@ -18,7 +18,7 @@ void WriteXlsx(const Book&, const std::string& path) {
 #include <utility>
 #include <xlsxwriter.h>
 
-#include "simhost/ui/text_frame.h"
+#include "simhost/core/text.h"
 
 namespace simhost {
 namespace {

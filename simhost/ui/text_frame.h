@@ -9,9 +9,6 @@
 
 namespace simhost {
 
-// Columns that UTF-8 text takes on a terminal.
-std::size_t DisplayWidth(std::string_view text);
-
 // The text with blanks behind it up to this width.
 std::string Padded(std::string text, std::size_t width);
 

@@ -30,6 +30,7 @@ ProMdl FindTarget() {
     ProArraySizeGet(array, &count);
     ProModelitem item = {};
     if (count == 1) ProSelectionModelitemGet(selections[0], &item);
+    LeaveSelections(selections);
     ProArrayFree(&array);
     if (count != 1) {
         ShowNotice(WIDE("当前模式只能选择1个元件"));
@@ -145,6 +146,7 @@ ProError CreateFromTemplate(const WideText& name, ProMdl model, const WideText& 
     const ProError status =
         ProDrawingFromTmpltCreate(HostText(name), HostText(WIDE("vx.drw")), &shown,
                                   PRODWGCREATE_DISPLAY_DRAWING, drawing, &errors);
+    LeaveTemplateErrors(errors);
     if (enters) ProDirectoryChange(HostText(workFolder));
     return status;
 }

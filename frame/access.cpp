@@ -5,6 +5,8 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "frame/services/left_to_host.h"
+
 namespace {
 
 uiCmdAccessState AvailableInModes(std::initializer_list<ProMode> modes) {
@@ -28,10 +30,12 @@ SelectedItems ReadSelectedItems() {
     selected.status = ProSelbufferSelectionsGet(&selections);
     if (selected.status != PRO_TK_NO_ERROR || !selections) return selected;
     ProArraySizeGet(selections, &selected.count);
-    if (selected.count < 1) return selected;
-    ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
-    ProSelectionModelitemGet(selections[0], &item);
-    selected.firstType = item.type;
+    if (selected.count >= 1) {
+        ProModelitem item = {PRO_TYPE_UNUSED, 0, nullptr};
+        ProSelectionModelitemGet(selections[0], &item);
+        selected.firstType = item.type;
+    }
+    LeaveSelections(selections);
     return selected;
 }
 

@@ -72,7 +72,8 @@ void SaveChoice(const WideText& path, const char* group) {
 void SaveTemplate(const WideText& path, const char* panel) {
     const auto value = kDialog.InputValue(panel);
     if (!value) return;
-    WritePrivateProfileStringW(SectionOf(panel).c_str(), WIDE("path"), *value, path.c_str());
+    WritePrivateProfileStringW(SectionOf(panel).c_str(), WIDE("path"), value->OrNull(),
+                               path.c_str());
 }
 
 void OnSave(char*, char*, ProAppData) {

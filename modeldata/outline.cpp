@@ -47,22 +47,28 @@ ProError VisitSurfaces(ProMdl part, SurfaceArray* surfaces) {
                                 surfaces->Place());
 }
 
-// Adds the two corners of each surface's box, the far one first; `transform` may be null.
+// Adds the two corners of a box, the far one first; `transform` may be null.
+void AddCorners(ProSurfacedata& box, ProMatrix transform, Measure* measure) {
+    for (double* corner : {box.xyz_max, box.xyz_min}) {
+        Pro3dPnt turned = {};
+        if (!transform) {
+            measure->Add(corner);
+        } else if (ProPntTrfEval(corner, transform, turned) == PRO_TK_NO_ERROR) {
+            measure->Add(turned);
+        }
+    }
+}
+
+// The same for the box of each surface. A record that is there is freed even after a failed call.
 void AddCorners(const SurfaceArray& surfaces, ProMatrix transform, Measure* measure) {
     const int size = surfaces.Size();
     for (int i = 0; i < size; ++i) {
         ProGeomitemdata* about = nullptr;
-        if (ProSurfaceDataGet(surfaces.data()[i], &about) != PRO_TK_NO_ERROR) continue;
-        if (!about || !about->data.p_surface_data) continue;
-        ProSurfacedata& box = *about->data.p_surface_data;
-        for (double* corner : {box.xyz_max, box.xyz_min}) {
-            Pro3dPnt turned = {};
-            if (!transform) {
-                measure->Add(corner);
-            } else if (ProPntTrfEval(corner, transform, turned) == PRO_TK_NO_ERROR) {
-                measure->Add(turned);
-            }
+        const ProError status = ProSurfaceDataGet(surfaces.data()[i], &about);
+        if (status == PRO_TK_NO_ERROR && about && about->data.p_surface_data) {
+            AddCorners(*about->data.p_surface_data, transform, measure);
         }
+        if (about) ProGeomitemdataFree(&about);
     }
 }
 

@@ -25,13 +25,13 @@ void SetName(const char* component, const WideText& text) {
 
 // A null value deletes the key; what could not be read stays as it is on disk.
 void WriteSetting(const WideText& path, const WideChar* section,
-                  std::optional<const WideChar*> value) {
-    if (value) WritePrivateProfileStringW(section, kKey, *value, path.c_str());
+                  const std::optional<DialogText>& value) {
+    if (value) WritePrivateProfileStringW(section, kKey, value->OrNull(), path.c_str());
 }
 
-std::optional<const WideChar*> StateText(int state) {
-    if (state == 1) return WIDE("1");
-    if (state == 0) return WIDE("0");
+std::optional<DialogText> StateText(int state) {
+    if (state == 1) return DialogText{false, WIDE("1")};
+    if (state == 0) return DialogText{false, WIDE("0")};
     return std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 // What the components of dialogs hold and do, and the one pattern of all dialogs.
 #include "frame/services/dialog.h"
 
+#include "frame/services/left_to_host.h"
 #include "frame/services/messages.h"
 #include "frame/services/text.h"
 
@@ -8,15 +9,16 @@ namespace {
 
 using TextGet = ProError (*)(char* dialog, char* component, WideChar** value);
 
-std::optional<const WideChar*> Value(TextGet get, const char* dialog, const char* component) {
-    WideChar* value = nullptr;
-    if (get(HostText(dialog), HostText(component), &value) != PRO_TK_NO_ERROR) return std::nullopt;
+std::optional<DialogText> Value(TextGet get, const char* dialog, const char* component) {
+    WideChar* text = nullptr;
+    if (get(HostText(dialog), HostText(component), &text) != PRO_TK_NO_ERROR) return std::nullopt;
+    DialogText value{text == nullptr, text ? text : WideText()};
+    LeaveText(text);
     return value;
 }
 
 WideText TextOf(TextGet get, const char* dialog, const char* component) {
-    const WideChar* value = Value(get, dialog, component).value_or(nullptr);
-    return value ? value : WideText();
+    return Value(get, dialog, component).value_or(DialogText()).text;
 }
 
 }  // namespace
@@ -48,8 +50,11 @@ std::string Dialog::Selected(const char* radioGroup) const {
     char** names = nullptr;
     const ProError status =
         ProUIRadiogroupSelectednamesGet(HostText(name_), HostText(radioGroup), &count, &names);
-    const bool selected = status == PRO_TK_NO_ERROR && count > 0 && names && names[0];
-    return selected ? names[0] : std::string();
+    if (status != PRO_TK_NO_ERROR) return {};
+    const bool selected = count > 0 && names && names[0];
+    const std::string first = selected ? names[0] : std::string();
+    LeaveNames(names, count);
+    return first;
 }
 
 void Dialog::Select(const char* radioGroup, std::string item) const {
@@ -71,11 +76,11 @@ WideText Dialog::AreaText(const char* textArea) const {
     return TextOf(ProUITextareaValueGet, name_, textArea);
 }
 
-std::optional<const WideChar*> Dialog::InputValue(const char* inputPanel) const {
+std::optional<DialogText> Dialog::InputValue(const char* inputPanel) const {
     return Value(ProUIInputpanelValueGet, name_, inputPanel);
 }
 
-std::optional<const WideChar*> Dialog::MenuValue(const char* optionMenu) const {
+std::optional<DialogText> Dialog::MenuValue(const char* optionMenu) const {
     return Value(ProUIOptionmenuValueGet, name_, optionMenu);
 }
 

@@ -8,6 +8,13 @@
 
 #include "hostapi/host.h"
 
+// A text of a dialog as it was: null is not the same as empty.
+struct DialogText {
+    bool isNull = true;
+    WideText text;
+    const WideChar* OrNull() const { return isNull ? nullptr : text.c_str(); }
+};
+
 // A dialog that the host has under this name. Holds the name and nothing else: every member is one
 // call of the host at the moment at which it is called, and copies mean the same dialog. Of two
 // members in one expression nobody knows which comes first, so each has a statement of its own.
@@ -32,10 +39,10 @@ public:
     WideText InputText(const char* inputPanel) const;
     WideText MenuText(const char* optionMenu) const;
     WideText AreaText(const char* textArea) const;
-    // As the host hands them out, null included; nothing after a failed call. For settings, where a
-    // null deletes the key.
-    std::optional<const WideChar*> InputValue(const char* inputPanel) const;
-    std::optional<const WideChar*> MenuValue(const char* optionMenu) const;
+    // The same with null told apart; nothing after a failed call. For settings, where a null
+    // deletes the key.
+    std::optional<DialogText> InputValue(const char* inputPanel) const;
+    std::optional<DialogText> MenuValue(const char* optionMenu) const;
     void SetInputText(const char* inputPanel, const WideChar* text) const;
     void SetMenuText(const char* optionMenu, const WideChar* text) const;
 

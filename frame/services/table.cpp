@@ -1,6 +1,7 @@
 // What the tables of dialogs hold.
 #include "frame/services/table.h"
 
+#include "frame/services/left_to_host.h"
 #include "frame/services/text.h"
 
 namespace {
@@ -57,6 +58,7 @@ std::vector<WideText> Table::ColumnLabels() const {
     std::vector<WideText> texts;
     texts.reserve(std::size_t(count));
     for (int i = 0; i < count; ++i) texts.emplace_back(labels[i] ? labels[i] : WIDE(""));
+    LeaveLabels(labels, count);
     return texts;
 }
 
@@ -91,7 +93,9 @@ int Table::RowCount() const {
     WideChar** labels = nullptr;
     const ProError status =
         ProUITableRowlabelsGet(HostText(dialog_), HostText(name_), &count, &labels);
-    return status == PRO_TK_NO_ERROR ? count : 0;
+    if (status != PRO_TK_NO_ERROR) return 0;
+    LeaveLabels(labels, count);
+    return count;
 }
 
 std::string Table::FirstSelectedRow() const {
@@ -114,10 +118,14 @@ void Table::DeleteAllRows() const {
 // --- Cells ---
 
 WideText Table::CellText(const std::string& row, const std::string& column) const {
-    WideChar* text = nullptr;
-    const ProError status = ProUITableCellLabelGet(
-        HostText(dialog_), HostText(name_), HostText(row.c_str()), HostText(column.c_str()), &text);
-    return status == PRO_TK_NO_ERROR && text ? text : WideText();
+    WideChar* label = nullptr;
+    if (ProUITableCellLabelGet(HostText(dialog_), HostText(name_), HostText(row.c_str()),
+                               HostText(column.c_str()), &label) != PRO_TK_NO_ERROR) {
+        return {};
+    }
+    const WideText text = label ? label : WideText();
+    LeaveLabel(label);
+    return text;
 }
 
 void Table::SetCellText(const std::string& row, const std::string& column,

@@ -25,11 +25,16 @@ typedef struct VxGeomitemdata {
     } data;
 } ProGeomitemdata;
 
-// Receives the surface's data; the record is the host's and lives as long as the surface.
-// Assumed (frees, 10 %): fills a pointer to the host's record, which the caller does not free; only
-//   the two corners of the box are read. If a call frees it, the outline leaves one record for each
-//   surface and occurrence behind: look at this first
+// Receives the surface's data in a record that is the caller's, who frees it with
+// ProGeomitemdataFree. PRO_TK_BAD_INPUTS: a null surface; the pointer stays as it was.
+// Assumed (frees, 90 %): each call makes a new record, which is the caller's. If the record is the
+//   host's, the outline frees what it must not: take the call of ProGeomitemdataFree out
 HOST_API ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data);
+
+// Frees a record of data with all that it points to, and makes the caller's pointer null. The
+// points in it are gone with it. PRO_TK_BAD_INPUTS: no such record.
+// Assumed (parameters, 85 %): takes the address of the caller's pointer
+HOST_API ProError ProGeomitemdataFree(ProGeomitemdata** data);
 
 // Applies a transform to a point.
 HOST_API ProError ProPntTrfEval(ProVector point, ProMatrix transform, ProVector result);

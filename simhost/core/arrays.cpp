@@ -1,4 +1,4 @@
-// Host arrays: a header in front of the elements, and a list of the live ones.
+// Host arrays, each with a header and all in a list of the live ones; and records that are lent.
 #include "simhost/core/arrays.h"
 
 #include <fmt/format.h>
@@ -119,13 +119,57 @@ void ArrayLedger::FreeNames(char** names, int count) {
     Free(names);
 }
 
+// --- Records ---
+
+void ArrayLedger::NoteLoan(std::shared_ptr<void> memory, std::size_t size, std::string origin) {
+    const void* begin = memory.get();
+    // What was here before is forgotten: the address is good again.
+    const Range range{begin, static_cast<const char*>(begin) + size};
+    std::erase_if(takenBack_, [&](const Range& old) {
+        return range.Holds(old.begin) || old.Holds(range.begin);
+    });
+    loans_[begin] = {holder, std::move(origin), size, std::move(memory)};
+}
+
+void ArrayLedger::TakeBack(const void* record) {
+    if (!record) Complain(PRO_TK_BAD_INPUTS, "the record is null");
+    const auto found = loans_.find(record);
+    if (found == loans_.end()) {
+        Complain(PRO_TK_BAD_INPUTS,
+                 WasTakenBack(record) ? "a record that is freed already" : "not a live record");
+    }
+    constexpr std::size_t kRemembered = 16;
+    const Loan& loan = found->second;
+    // Whoever reads on finds no number; and the sanitizer finds whoever reads on.
+    std::memset(loan.memory.get(), 0xff, loan.size);
+    takenBack_.push_back({record, static_cast<const char*>(record) + loan.size});
+    if (takenBack_.size() > kRemembered) takenBack_.pop_front();
+    loans_.erase(found);
+}
+
+bool ArrayLedger::WasTakenBack(const void* address) const {
+    return std::any_of(takenBack_.begin(), takenBack_.end(),
+                       [&](const Range& range) { return range.Holds(address); });
+}
+
+std::vector<std::string> ArrayLedger::LoansHeld() const {
+    std::vector<std::string> held;
+    for (const auto& [address, loan] : loans_) {
+        held.push_back(
+            fmt::format("{}, {}: a record of {} bytes", loan.holder, loan.origin, loan.size));
+    }
+    return held;
+}
+
+// --- What is held ---
+
 std::string ArrayLedger::Line(const Header& header) {
     return fmt::format("{}, {}: {} objects of {} bytes", header.holder, header.origin, header.size,
                        header.objectSize);
 }
 
 std::vector<std::string> ArrayLedger::Held() const {
-    std::vector<std::string> held;
+    std::vector<std::string> held = LoansHeld();
     for (const auto& [address, header] : live_) {
         if (header->holder != kTheHost) held.push_back(Line(*header));
     }
@@ -133,7 +177,7 @@ std::vector<std::string> ArrayLedger::Held() const {
 }
 
 std::vector<std::string> ArrayLedger::HeldByMistake() const {
-    std::vector<std::string> held;
+    std::vector<std::string> held = LoansHeld();
     for (const auto& [address, header] : live_) {
         const auto known = [&header = *header](const HeldOnPurpose& row) {
             return header.holder == row.holder && header.origin == row.origin &&
@@ -150,6 +194,7 @@ std::vector<std::string> ArrayLedger::HeldByMistake() const {
 std::size_t ArrayLedger::BytesHeld() const {
     std::size_t bytes = 0;
     for (const auto& [address, header] : live_) bytes += header->capacity * header->objectSize;
+    for (const auto& [address, loan] : loans_) bytes += loan.size;
     return bytes;
 }
 
@@ -159,6 +204,7 @@ void ArrayLedger::FreeAll() {
         delete header;
     }
     live_.clear();
+    loans_.clear();
 }
 
 }  // namespace simhost

@@ -1,8 +1,12 @@
-// The ledger of host arrays: who holds what, and what is not an array any more.
+// The ledger of what callers have to free, host arrays and records: who holds what, and what is
+// not there any more.
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <functional>
+#include <map>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -60,11 +64,23 @@ public:
     char** MakeNames(std::vector<std::string> names, std::string origin);
     void FreeNames(char** names, int count);
 
+    // A record for the caller to give back, at the address that is returned; and its end. Giving
+    // back what is not lent is a complaint.
+    template <class Record>
+    Record* Lend(Record record, std::string origin) {
+        auto memory = std::make_shared<Record>(record);
+        NoteLoan(memory, sizeof record, std::move(origin));
+        return memory.get();
+    }
+    void TakeBack(const void* record);
+    // Whether the address lies in one of the records that were given back last.
+    bool WasTakenBack(const void* address) const;
+
     // On whose behalf arrays are made now: "command BatchColor", "popup access".
     std::string holder;
 
     // What is still allocated, as lines "holder, origin: n objects of m bytes"; the origin is the
-    // operation that made the array, "ProArrayAlloc" for the plug-in's own.
+    // operation that made the array, "ProArrayAlloc" for the plug-in's own. And what is lent.
     std::vector<std::string> Held() const;
     // The same without those that are left on purpose; see Forgive.
     std::vector<std::string> HeldByMistake() const;
@@ -72,6 +88,22 @@ public:
     void FreeAll();
 
 private:
+    struct Loan {
+        std::string holder, origin;
+        std::size_t size = 0;
+        std::shared_ptr<void> memory;
+    };
+    struct Range {
+        const void* begin;
+        const void* end;
+        bool Holds(const void* address) const {
+            return !std::less<>()(address, begin) && std::less<>()(address, end);
+        }
+    };
+    void NoteLoan(std::shared_ptr<void> memory, std::size_t size, std::string origin);
+    std::vector<std::string> LoansHeld() const;
+    std::map<const void*, Loan> loans_;
+    std::deque<Range> takenBack_;
     struct Header;
     Header* Require(ProArray array) const;
     void End(Header* header);

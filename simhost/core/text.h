@@ -30,6 +30,9 @@ WideText Lower(WideView text);
 WideText Upper(WideView text);
 bool SameName(WideView a, WideView b);  // equal but for the case of ASCII letters
 
+// Columns that UTF-8 text takes on a terminal, where a Chinese character takes two.
+std::size_t DisplayWidth(std::string_view text);
+
 // Copies into a fixed buffer of `size` units, cut to fit and always terminated.
 void CopyCut(WideView text, WideChar* buffer, std::size_t size);
 

@@ -45,6 +45,12 @@ Placement Inverse(const Placement& p) {
     return inverse;
 }
 
+// A surface's data as it is handed out, in one piece.
+struct SurfaceRecord {
+    ProGeomitemdata about;
+    ProSurfacedata box;
+};
+
 }  // namespace
 
 ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
@@ -53,14 +59,29 @@ ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
             Surface* found = TheHost().session.FindSurface(surface);
             if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
-            *data = Model::SurfaceData(*found);
+            auto* record =
+                TheHost().arrays.Lend(SurfaceRecord{{}, Model::BoxOf(*found)}, "ProSurfaceDataGet");
+            record->about.obj_type = PRO_SURFACE;
+            record->about.data.p_surface_data = &record->box;
+            *data = &record->about;
         },
         ARG(surface), OUT(data));
+}
+
+ProError ProGeomitemdataFree(ProGeomitemdata** data) {
+    return Op<"ProGeomitemdataFree">.Call([&] {
+        Need(data, "the place of the record");
+        TheHost().arrays.TakeBack(*data);
+        *data = nullptr;
+    });
 }
 
 ProError ProPntTrfEval(ProVector point, ProMatrix transform, ProVector result) {
     return Op<"ProPntTrfEval">.Call(
         [&] {
+            if (TheHost().arrays.WasTakenBack(point)) {
+                Complain(PRO_TK_BAD_INPUTS, "a point of a record that is freed already");
+            }
             ProVector sum = {};
             for (std::size_t column = 0; column < 3; ++column) {
                 sum[column] = transform[3][column];

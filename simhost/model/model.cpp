@@ -121,8 +121,7 @@ const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
         surfacesMade_ = true;
         for (const Solid& solid : partData.solids) {
             for (int i = 1; i <= SurfaceCount(solid); ++i) {
-                surfaces_.push_back(
-                    std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}, {}}));
+                surfaces_.push_back(std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}}));
                 Surface* surface = surfaces_.back().get();
                 if (!surfaceHandles) continue;
                 surface->handle = static_cast<ProSurface>(surfaceHandles->Add(surface));
@@ -132,8 +131,8 @@ const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
     return surfaces_;
 }
 
-ProGeomitemdata* Model::SurfaceData(Surface& surface) {
-    if (surface.data.data.p_surface_data) return &surface.data;
+const ProSurfacedata& Model::BoxOf(Surface& surface) {
+    if (surface.box) return *surface.box;
     Extents extents;
     for (const Solid& solid : surface.part->partData.solids) {
         if (surface.id <= solid.id || surface.id > solid.id + SurfaceCount(solid)) continue;
@@ -149,11 +148,10 @@ ProGeomitemdata* Model::SurfaceData(Surface& surface) {
         point[1] = v.y;
         point[2] = v.z;
     };
-    fill(extents.low, surface.box.xyz_min);
-    fill(extents.high, surface.box.xyz_max);
-    surface.data.obj_type = PRO_SURFACE;
-    surface.data.data.p_surface_data = &surface.box;
-    return &surface.data;
+    surface.box.emplace();
+    fill(extents.low, surface.box->xyz_min);
+    fill(extents.high, surface.box->xyz_max);
+    return *surface.box;
 }
 
 bool Model::HasSurface(int id) {

@@ -47,8 +47,7 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
-    ProSurfacedata box{};  // see Model::SurfaceData
-    ProGeomitemdata data{};
+    std::optional<ProSurfacedata> box;  // see Model::BoxOf
 };
 
 // What only parts have.
@@ -105,8 +104,8 @@ public:
 
     const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
     bool HasSurface(int id);
-    // The record of the door for one of its surfaces; made at first use.
-    static ProGeomitemdata* SurfaceData(Surface& surface);
+    // The box around a surface of any model, along the model's axes; made at first use.
+    static const ProSurfacedata& BoxOf(Surface& surface);
 
     const Simprep* FindSimprep(WideView name) const;  // whatever the case of its letters
     const Simprep* ActiveSimprep() const;             // null: the master

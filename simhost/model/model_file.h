@@ -1,17 +1,12 @@
 // Model files: TOML text that a person can read and change, one model to a file.
 #pragma once
 
-#include <stdexcept>
 #include <string>
 
 #include "simhost/model/model.h"
+#include "simhost/model/model_file_error.h"
 
 namespace simhost {
-
-// What is wrong with a file, with its name and line, or why it cannot be written.
-struct ModelFileError : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
 
 // Fills an empty model from a file's text. Components get their file names, not yet their models.
 // Throws ModelFileError.

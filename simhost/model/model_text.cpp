@@ -6,7 +6,7 @@
 #include <climits>
 #include <cmath>
 
-#include "simhost/model/model_file.h"
+#include "simhost/model/model_file_error.h"
 
 namespace simhost::model_text {
 

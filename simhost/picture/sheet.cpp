@@ -11,7 +11,6 @@
 #include "simhost/core/text.h"
 #include "simhost/picture/sheet_lines.h"
 #include "simhost/picture/svg_canvas.h"
-#include "simhost/ui/text_frame.h"
 
 namespace simhost {
 

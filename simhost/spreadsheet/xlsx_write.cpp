@@ -22,7 +22,7 @@ void WriteXlsx(const Book&, const std::string& path) {
 #include <xlsxwriter.h>
 
 #include "simhost/core/disk.h"
-#include "simhost/ui/text_frame.h"
+#include "simhost/core/text.h"
 
 namespace simhost {
 namespace {

@@ -70,6 +70,13 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
+std::string TakeWord(std::string* text) {
+    const std::size_t end = std::min(text->find_first_of(" \t"), text->size());
+    std::string word = text->substr(0, end);
+    *text = Trimmed(text->substr(end));
+    return word;
+}
+
 std::vector<Step> LexLine(std::string_view line) {
     const std::string_view text = Trimmed(line);
     if (text.empty() || text[0] == '!') return {};

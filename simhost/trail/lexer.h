@@ -46,5 +46,7 @@ TextArgument ParseText(std::string_view argument);
 
 // Without blanks and tabs at both ends.
 std::string_view Trimmed(std::string_view text);
+// The first word of a text, which is cut off it with the blanks around it.
+std::string TakeWord(std::string* text);
 
 }  // namespace simhost

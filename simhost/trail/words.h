@@ -12,6 +12,7 @@
 namespace simhost {
 
 class Trail;
+class Model;
 
 struct Word {
     const char* name;       // one or more words, such as "expect box"
@@ -39,6 +40,8 @@ const std::vector<Word>& Words();
 const Word* FindWord(const std::string& text, std::string* rest);
 
 void PerformWord(Trail& trail, const std::string& text);
+// The model of this file; a failure of the script and null if it is not in memory.
+Model* InMemory(Trail& trail, const std::string& file);
 // Whether the plug-in is loaded; nothing where nobody can tell.
 std::optional<bool> IsLoaded();
 // "; the plug-in is not loaded: start loads it", or nothing: for commands that do not exist.

@@ -13,21 +13,6 @@
 namespace simhost {
 namespace {
 
-std::string TakeWord(std::string* text) {
-    const std::size_t end = std::min(text->find_first_of(" \t"), text->size());
-    std::string word = text->substr(0, end);
-    *text = Trimmed(text->substr(end));
-    return word;
-}
-
-Model* InMemory(Trail& trail, const std::string& file) {
-    Session& session = TheHost().session;
-    if (Model* model = session.FindByFile(Lower(file))) return model;
-    trail.Fail(
-        fmt::format("the model {} is not in memory{}", file, DidYouMean(file, ModelsInMemory())));
-    return nullptr;
-}
-
 // A value as it is typed: a text in quotes, YES or NO, a number with or without a point.
 bool ParseValue(const std::string& written, Parameter* parameter) {
     const TextArgument argument = ParseText(written);

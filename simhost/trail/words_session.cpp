@@ -20,7 +20,6 @@
 #include "simhost/user/progress.h"
 
 namespace simhost {
-namespace {
 
 Model* InMemory(Trail& trail, const std::string& file) {
     Model* model = TheHost().session.FindByFile(file);
@@ -31,17 +30,11 @@ Model* InMemory(Trail& trail, const std::string& file) {
     return model;
 }
 
+namespace {
+
 void SaveOne(Trail& trail, Model& model) {
     TheHost().session.Save(model);
     trail.Say(fmt::format("saved {}.{}", model.FileName(), model.version));
-}
-
-// The first word of a text, which is cut off it.
-std::string TakeWord(std::string* text) {
-    const std::size_t end = std::min(text->find_first_of(" \t"), text->size());
-    std::string word = text->substr(0, end);
-    *text = Trimmed(text->substr(end));
-    return word;
 }
 
 // The folder of the loaded plug-in; before it is loaded, the folder that the host knows of it.

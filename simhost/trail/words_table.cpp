@@ -1,8 +1,6 @@
 // The @ words about the tables of dialogs.
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/words.h"
@@ -10,13 +8,6 @@
 
 namespace simhost {
 namespace {
-
-std::string TakeWord(std::string* text) {
-    const std::size_t end = std::min(text->find_first_of(" \t"), text->size());
-    std::string word = text->substr(0, end);
-    *text = Trimmed(text->substr(end));
-    return word;
-}
 
 const Table* OpenTable(Trail& trail, std::string* rest) {
     const Dialog* dialog = TheHost().dialogs.Active();

@@ -9,9 +9,6 @@
 
 namespace simhost {
 
-// Columns that UTF-8 text takes on a terminal.
-std::size_t DisplayWidth(std::string_view text);
-
 // The text, filled up with blanks to this width.
 std::string Padded(std::string text, std::size_t width);
 

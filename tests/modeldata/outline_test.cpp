@@ -230,6 +230,51 @@ TEST_F(OutlineAndSheets, EverySurfaceOfABoxIsAsked) {
     EXPECT_EQ(std::count(names.begin(), names.end(), "ProSurfaceDataGet"), 6);
 }
 
+// Of these calls, those that deal with the data of surfaces, in their order.
+std::vector<std::string> CallsOfSurfaceData(const std::vector<std::string>& names) {
+    std::vector<std::string> calls;
+    std::copy_if(names.begin(), names.end(), std::back_inserter(calls), [](const auto& name) {
+        return name == "ProSurfaceDataGet" || name == "ProPntTrfEval" ||
+               name == "ProGeomitemdataFree";
+    });
+    return calls;
+}
+
+TEST_F(OutlineAndSheets, EachSurfacesDataIsFreedWhenItsTwoCornersWereRead) {
+    // Components come before the model that holds them: the part A is measured by plain corners,
+    // then the assembly by turned ones.
+    host().journal.Start();
+    Run(outline_);
+    std::vector<std::string> expected;
+    for (int surface = 0; surface < 6; ++surface) {
+        expected.insert(expected.end(), {"ProSurfaceDataGet", "ProGeomitemdataFree"});
+    }
+    for (int surface = 0; surface < 6; ++surface) {
+        expected.insert(expected.end(), {"ProSurfaceDataGet", "ProPntTrfEval", "ProPntTrfEval",
+                                         "ProGeomitemdataFree"});
+    }
+    EXPECT_EQ(CallsOfSurfaceData(host().journal.Names()), expected);
+    EXPECT_EQ(host().arrays.HeldByMistake(), std::vector<std::string>{});
+}
+
+TEST_F(OutlineAndSheets, DataThatWasNotHandedOutIsNotFreed) {
+    Fail("ProSurfaceDataGet", {.forGood = true});
+    host().journal.Start();
+    Run(Scope("Part") + outline_);
+    EXPECT_EQ(CallsOfSurfaceData(host().journal.Names()),
+              std::vector<std::string>(6, "ProSurfaceDataGet"));
+}
+
+TEST_F(OutlineAndSheets, DataThatARefusedCallHandedOutAllTheSameIsFreedUnread) {
+    Operation::Fail({.operation = "ProSurfaceDataGet", .forGood = true, .afterWork = true});
+    host().journal.Start();
+    Run(Scope("Part") + outline_);
+    const auto calls = CallsOfSurfaceData(host().journal.Names());
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "ProGeomitemdataFree"), 6);
+    EXPECT_EQ(ValueOn(*a_), "none");
+    EXPECT_EQ(host().arrays.HeldByMistake(), std::vector<std::string>{});
+}
+
 TEST_F(OutlineAndSheets, AComponentThatCannotBeReachedIsLeftOutAndTheOthersCount) {
     // A reaches from 0 to 10 in x, B from 90 to 100.
     Put(*top_, Part("b"), {90, 0, 0}, {0, 0, 0});

@@ -227,11 +227,92 @@ TEST_F(ModelData, ASurfaceTellsTheBoxAroundIt) {
         const ProSurfacedata& about = *data->data.p_surface_data;
         all.Add({about.xyz_min[0], about.xyz_min[1], about.xyz_min[2]});
         all.Add({about.xyz_max[0], about.xyz_max[1], about.xyz_max[2]});
+        EXPECT_EQ(ProGeomitemdataFree(&data), PRO_TK_NO_ERROR);
+        EXPECT_EQ(data, nullptr);
     }
     EXPECT_EQ(all.low.x, 5);
     EXPECT_EQ(all.high.x, 15);
     EXPECT_EQ(all.high.y, 20);
     EXPECT_EQ(all.high.z, 30);
+}
+
+// --- The records of surfaces are the caller's ---
+
+class SurfaceRecords : public ModelData {
+protected:
+    void SetUp() override {
+        ModelData::SetUp();
+        Solid box;
+        box.id = 10;
+        box.size = {10, 20, 30};
+        part_->partData.solids.push_back(box);
+    }
+    ProGeomitemdata* Get() {
+        ProGeomitemdata* data = nullptr;
+        EXPECT_EQ(ProSurfaceDataGet(part_->Surfaces()[0]->handle, &data), PRO_TK_NO_ERROR);
+        return data;
+    }
+    // What the host has complained about since the last question.
+    static std::vector<std::string> Complaints() { return std::exchange(TheHost().complaints, {}); }
+};
+
+TEST_F(SurfaceRecords, AreNewAtEachCall) {
+    ProGeomitemdata *first = Get(), *second = Get();
+    EXPECT_NE(first, second);
+    EXPECT_NE(first->data.p_surface_data, second->data.p_surface_data);
+    EXPECT_EQ(TheHost().arrays.HeldByMistake().size(), 2u);
+    ProGeomitemdataFree(&first);
+    EXPECT_EQ(TheHost().arrays.HeldByMistake().size(), 1u);
+    EXPECT_EQ(second->data.p_surface_data->xyz_max[2], 30);  // a side, as high as the box
+    ProGeomitemdataFree(&second);
+    EXPECT_EQ(TheHost().arrays.HeldByMistake(), std::vector<std::string>{});
+}
+
+TEST_F(SurfaceRecords, ThatNobodyFreesAreToldWithTheirHolder) {
+    {
+        const HolderScope command(TheHost().arrays, "command VxParams");
+        Get();
+    }
+    const auto held = TheHost().arrays.HeldByMistake();
+    ASSERT_EQ(held.size(), 1u);
+    EXPECT_EQ(held[0].rfind("command VxParams, ProSurfaceDataGet: a record of ", 0), 0u) << held[0];
+    EXPECT_GT(TheHost().arrays.BytesHeld(), 0u);
+}
+
+TEST_F(SurfaceRecords, AreFreedOnceAndTheirPointsAreGoneWithThem) {
+    ProGeomitemdata* data = Get();
+    ProGeomitemdata* again = data;
+    double* corner = data->data.p_surface_data->xyz_max;
+    ProMatrix same = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+    ProVector result = {};
+    EXPECT_EQ(ProPntTrfEval(corner, same, result), PRO_TK_NO_ERROR);
+    EXPECT_EQ(result[2], 30);
+    EXPECT_EQ(ProGeomitemdataFree(&data), PRO_TK_NO_ERROR);
+    EXPECT_EQ(Complaints(), std::vector<std::string>{});
+
+    EXPECT_EQ(ProGeomitemdataFree(&again), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(),
+              std::vector<std::string>{"ProGeomitemdataFree: a record that is freed already"});
+    EXPECT_EQ(ProPntTrfEval(corner, same, result), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(),
+              std::vector<std::string>{"ProPntTrfEval: a point of a record that is freed already"});
+}
+
+TEST_F(SurfaceRecords, AreNothingElse) {
+    ProGeomitemdata* none = nullptr;
+    EXPECT_EQ(ProGeomitemdataFree(&none), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(ProGeomitemdataFree(nullptr), PRO_TK_BAD_INPUTS);
+    ProGeomitemdata own = {};
+    ProGeomitemdata* mine = &own;
+    EXPECT_EQ(ProGeomitemdataFree(&mine), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(mine, &own);
+    ProArray array = Get();
+    EXPECT_EQ(ProArrayFree(&array), PRO_TK_BAD_INPUTS);
+    EXPECT_EQ(Complaints(),
+              (std::vector<std::string>{"ProGeomitemdataFree: the record is null",
+                                        "ProGeomitemdataFree: the place of the record is null",
+                                        "ProGeomitemdataFree: not a live record",
+                                        "ProArrayFree: not a live array"}));
 }
 
 TEST(Parameters, AreFoundInAnyLettersAfterOthersHaveGone) {

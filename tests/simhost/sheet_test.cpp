@@ -13,7 +13,6 @@
 #include "simhost/picture/dxf.h"
 #include "simhost/picture/sheet.h"
 #include "simhost/picture/sheet_lines.h"
-#include "simhost/ui/text_frame.h"
 
 namespace {
 

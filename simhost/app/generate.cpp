@@ -230,7 +230,7 @@ Child WritePart(const std::filesystem::path& folder, std::size_t number, Dice* d
         solid.length = height;
         solid.at = {side / 2, side / 2, 0};
     }
-    part.solids.push_back(solid);
+    part.partData.solids.push_back(solid);
     part.AddFeature(Datum());
     const std::string file = FileOf("part", number + 1, "prt");
     Write(folder, file, part);

@@ -58,8 +58,8 @@ int prodb_get_surface_props(Prohandle object, int itemType, int id, int unused,
         [&] {
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
-            const auto own = model.surfaceAppearances.find(id);
-            if (itemType == PRODB_SURFACE && own != model.surfaceAppearances.end()) {
+            const auto own = model.partData.surfaceAppearances.find(id);
+            if (itemType == PRODB_SURFACE && own != model.partData.surfaceAppearances.end()) {
                 *props = own->second;
             } else {
                 *props = model.appearance.value_or(DefaultAppearance());
@@ -76,7 +76,7 @@ int prodb_set_surface_props(Prohandle object, int itemType, int id, int unused,
             RequireItem(model, itemType, id);
             RequireRange(*props);
             if (itemType == PRODB_SURFACE) {
-                model.surfaceAppearances[id] = *props;
+                model.partData.surfaceAppearances[id] = *props;
             } else {
                 model.appearance = *props;
             }
@@ -91,7 +91,7 @@ int prodb_unset_surface_props(Prohandle object, int itemType, int id, int unused
             Model& model = RequireObject(object);
             RequireItem(model, itemType, id);
             if (itemType == PRODB_SURFACE) {
-                model.surfaceAppearances.erase(id);
+                model.partData.surfaceAppearances.erase(id);
             } else {
                 model.appearance.reset();
             }

@@ -8,14 +8,16 @@ using namespace simhost;
 
 ProError ProDrawingSheetsCount(ProDrawing drawing, int* count) {
     return Op<"ProDrawingSheetsCount">.Call(
-        [&] { *count = int(TheHost().session.RequireDrawing(drawing).sheets.sizes.size()); },
+        [&] {
+            *count = int(TheHost().session.RequireDrawing(drawing).drawingData.sheetSizes.size());
+        },
         ARG(drawing), OUT(count));
 }
 
 ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProMatrix transform) {
     return Op<"ProDrawingSheetTrfGet">.Call(
         [&] {
-            const auto& sizes = TheHost().session.RequireDrawing(drawing).sheets.sizes;
+            const auto& sizes = TheHost().session.RequireDrawing(drawing).drawingData.sheetSizes;
             if (sheet < 1 || std::size_t(sheet) > sizes.size()) Refuse(PRO_TK_E_NOT_FOUND);
             CopyCut(sizes[std::size_t(sheet - 1)], size, PRO_NAME_SIZE);
             for (std::size_t row = 0; row < 4; ++row) {

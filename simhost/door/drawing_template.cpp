@@ -52,7 +52,7 @@ void ReadTemplate(const fs::path& path, Model* model) {
         TheHost().Tell(error.what());
         Refuse(PRO_TK_DWGCREATE_ERRORS);
     }
-    if (model->type != PRO_MDL_DRAWING || model->sheets.sizes.empty()) {
+    if (model->type != PRO_MDL_DRAWING || model->drawingData.sheetSizes.empty()) {
         Refuse(PRO_TK_DWGCREATE_ERRORS);
     }
 }
@@ -97,7 +97,7 @@ ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProMod
             Model pattern;
             ReadTemplate(path, &pattern);
             Model& made = session.Create(wanted, PRO_MDL_DRAWING);
-            made.sheets = pattern.sheets;
+            made.drawingData.sheetSizes = pattern.drawingData.sheetSizes;
             DrawingOf(made).rule = DrawingOf(pattern).rule;
             made.modified = true;
             if (options & PRODWGCREATE_DISPLAY_DRAWING) ShowInWindow(made);

@@ -60,7 +60,7 @@ ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int she
             if (shown.type != PRO_MDL_PART && shown.type != PRO_MDL_ASSEMBLY) {
                 Refuse(PRO_TK_CRE_VIEW_BAD_MODEL);
             }
-            if (sheet < 1 || std::size_t(sheet) > model.sheets.sizes.size()) {
+            if (sheet < 1 || std::size_t(sheet) > model.drawingData.sheetSizes.size()) {
                 Refuse(PRO_TK_CRE_VIEW_BAD_SHEET);
             }
             // Exploded states are not known here.

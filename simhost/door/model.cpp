@@ -70,7 +70,10 @@ ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modif
 
 ProError ProMdlIsSkeleton(ProMdl model, ProBoolean* skeleton) {
     return Op<"ProMdlIsSkeleton">.Call(
-        [&] { *skeleton = TheHost().session.Require(model).skeleton ? PRO_B_TRUE : PRO_B_FALSE; },
+        [&] {
+            *skeleton =
+                TheHost().session.Require(model).partData.skeleton ? PRO_B_TRUE : PRO_B_FALSE;
+        },
         ARG(model), OUT(skeleton));
 }
 
@@ -88,8 +91,8 @@ ProError ProMfgAssemGet(ProMfg manufacturing, ProAssembly* assembly) {
         [&] {
             const Model& model = TheHost().session.Require(manufacturing);
             if (model.type != PRO_MDL_MFG) Refuse(PRO_TK_BAD_INPUTS);
-            if (!model.manufactured) Refuse(PRO_TK_E_NOT_FOUND);
-            *assembly = static_cast<ProAssembly>(model.manufactured->handle);
+            if (!model.manufacturingData.assembly) Refuse(PRO_TK_E_NOT_FOUND);
+            *assembly = static_cast<ProAssembly>(model.manufacturingData.assembly->handle);
         },
         ARG(manufacturing), OUT(assembly));
 }

@@ -192,8 +192,8 @@ const Extents& Drawing::OutlineOf(DrawingView& view) {
 }
 
 Drawing& DrawingOf(Model& model) {
-    if (!model.drawing) model.drawing = std::make_shared<Drawing>(model);
-    return *model.drawing;
+    if (!model.drawingData.views) model.drawingData.views = std::make_shared<Drawing>(model);
+    return *model.drawingData.views;
 }
 
 Model* ModelOf(const DrawingView& view) {

@@ -1,5 +1,5 @@
 // What a drawing holds: views, which are projections of models onto its sheets. The sheets' sizes
-// are in Model::sheets.
+// are in DrawingData.
 #pragma once
 
 #include <memory>

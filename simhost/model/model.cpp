@@ -78,15 +78,15 @@ ProdbSurfaceProps DefaultAppearance() {
 }
 
 const Simprep* Model::FindSimprep(WideView wanted) const {
-    for (const Simprep& each : simpreps) {
+    for (const Simprep& each : assemblyData.simpreps) {
         if (SameName(each.name, wanted)) return &each;
     }
     return nullptr;
 }
 
 const Simprep* Model::ActiveSimprep() const {
-    for (const Simprep& each : simpreps) {
-        if (each.id == activeSimprep) return &each;
+    for (const Simprep& each : assemblyData.simpreps) {
+        if (each.id == assemblyData.activeSimprep) return &each;
     }
     return nullptr;
 }
@@ -119,7 +119,7 @@ Feature* Model::FindFeature(int id) {
 const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
     if (!surfacesMade_) {
         surfacesMade_ = true;
-        for (const Solid& solid : solids) {
+        for (const Solid& solid : partData.solids) {
             for (int i = 1; i <= SurfaceCount(solid); ++i) {
                 surfaces_.push_back(
                     std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}, {}}));
@@ -135,7 +135,7 @@ const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
 ProGeomitemdata* Model::SurfaceData(Surface& surface) {
     if (surface.data.data.p_surface_data) return &surface.data;
     Extents extents;
-    for (const Solid& solid : surface.part->solids) {
+    for (const Solid& solid : surface.part->partData.solids) {
         if (surface.id <= solid.id || surface.id > solid.id + SurfaceCount(solid)) continue;
         for (const SolidFace& face : Faces(solid)) {
             if (face.surface != surface.id) continue;

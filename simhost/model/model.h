@@ -11,7 +11,6 @@
 
 #include "hostapi/host.h"
 #include "simhost/core/handles.h"
-#include "simhost/model/drawing_sheets.h"
 #include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
 #include "simhost/model/parameters.h"
@@ -52,6 +51,31 @@ struct Surface {
     ProGeomitemdata data{};
 };
 
+// What only parts have.
+struct PartData {
+    bool skeleton = false;
+    std::vector<Solid> solids;
+    std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
+};
+
+// What only manufacturing models have.
+struct ManufacturingData {
+    std::string assemblyFile;   // "gearbox.asm"
+    Model* assembly = nullptr;  // null while it is not in memory
+};
+
+// What only assemblies have.
+struct AssemblyData {
+    std::vector<Simprep> simpreps;
+    int activeSimprep = 0;  // its id; 0: the master, which has all components
+};
+
+// What only drawings have.
+struct DrawingData {
+    std::vector<WideText> sheetSizes;  // "A3"; one for each sheet
+    std::shared_ptr<Drawing> views;    // null before its first use; see DrawingOf
+};
+
 // What the host paints on what has no appearance of its own.
 ProdbSurfaceProps DefaultAppearance();
 
@@ -64,24 +88,19 @@ public:
     ProMdlsubtype subtype = PROMDLSTYPE_NONE;
     WideText name;      // in capitals as far as it is ASCII, without the type
     std::string title;  // the designer's words for it (UTF-8)
-    bool skeleton = false;
-    int version = 0;  // of the file last read or written; 0: never on disk
+    int version = 0;    // of the file last read or written; 0: never on disk
     bool modified = false;
 
-    std::vector<Solid> solids;                            // parts
-    std::optional<ProdbSurfaceProps> appearance;          // the whole model's own
-    std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
-    std::string manufacturedFile;                         // manufacturing models: their assembly
-    Model* manufactured = nullptr;
-    Parameters parameters;  // its own
+    PartData partData;
+    AssemblyData assemblyData;
+    ManufacturingData manufacturingData;
+    DrawingData drawingData;
+    std::optional<ProdbSurfaceProps> appearance;  // the whole model's own
+    Parameters parameters;                        // its own
     Relations relations;
     FamilyTable family;
-    DrawingSheets sheets;                // drawings
-    std::shared_ptr<Drawing> drawing;    // drawings: their views; see DrawingOf
     std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;               // released: the host lets nobody change it
-    std::vector<Simprep> simpreps;       // assemblies
-    int activeSimprep = 0;               // its id; 0: the master, which has all components
     int treeRefreshes = 0;               // how often its tree was shown afresh
 
     const std::vector<Feature>& features() const { return features_; }

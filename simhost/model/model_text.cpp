@@ -2,7 +2,6 @@
 #include "simhost/model/model_text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <climits>
 #include <cmath>
@@ -94,21 +93,9 @@ int Integer(const toml::node& node, string_view key, int least) {
     return int(whole->get());
 }
 
-bool Flag(const toml::table& table, string_view key, bool byDefault) {
-    const toml::node* node = table.get(key);
-    if (!node) return byDefault;
-    if (!node->is_boolean()) Fail(node->source(), Quoted(key) + " must be true or false");
-    return node->as_boolean()->get();
-}
-
 std::string Text(const toml::node& node, string_view key) {
     if (!node.is_string()) Fail(node.source(), Quoted(key) + " must be a text in quotes");
     return node.as_string()->get();
-}
-
-std::string Text(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    return node ? Text(*node, key) : std::string();
 }
 
 void Numbers(const toml::node& node, string_view key, double* values, std::size_t count) {
@@ -128,11 +115,14 @@ double Measure(const toml::node& node, string_view key) {
     return value;
 }
 
-Vec3 Vector(const toml::table& table, string_view key) {
-    const toml::node* node = table.get(key);
-    std::array<double, 3> v{};
-    if (node) Numbers(*node, key, v.data(), v.size());
-    return {v[0], v[1], v[2]};
+std::size_t PlaceOfWord(const toml::node& node, string_view key,
+                        std::span<const char* const> words) {
+    const std::string word = Text(node, key);
+    const auto found = std::find(words.begin(), words.end(), word);
+    if (found != words.end()) return std::size_t(found - words.begin());
+    std::string all;
+    for (const char* one : words) all += (all.empty() ? "" : ", ") + Quoted(one);
+    Fail(node.source(), Quoted(key) + " must be one of " + all);
 }
 
 // --- Writing ---
@@ -177,11 +167,6 @@ void Line(std::string* text, const char* key, const std::string& value) {
     *text += " = ";
     *text += value;
     *text += '\n';
-}
-
-void AddVector(std::string* text, const char* key, Vec3 v) {
-    if (v.x == 0 && v.y == 0 && v.z == 0) return;
-    Line(text, key, ListText({v.x, v.y, v.z}));
 }
 
 }  // namespace simhost::model_text

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,11 +36,11 @@ double NumberOf(const toml::node& node, std::string_view key);
 // A length, an angle, a scale: what is multiplied with its like and must not overflow then.
 double Measure(const toml::node& node, std::string_view key);
 int Integer(const toml::node& node, std::string_view key, int least);
-bool Flag(const toml::table& table, std::string_view key, bool byDefault);
 std::string Text(const toml::node& node, std::string_view key);
-std::string Text(const toml::table& table, std::string_view key);  // empty: not there
 void Numbers(const toml::node& node, std::string_view key, double* values, std::size_t count);
-Vec3 Vector(const toml::table& table, std::string_view key);  // zeros: not there
+// Which of the words it is.
+std::size_t PlaceOfWord(const toml::node& node, std::string_view key,
+                        std::span<const char* const> words);
 
 // Calls `each` with every table of a list [[key]].
 template <class Each>
@@ -62,6 +63,5 @@ std::string NumberText(double value);
 std::string ListText(std::initializer_list<double> values);
 std::string TextText(std::string_view text);
 void Line(std::string* text, const char* key, const std::string& value);
-void AddVector(std::string* text, const char* key, Vec3 v);  // nothing for zeros
 
 }  // namespace simhost::model_text

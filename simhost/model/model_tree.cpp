@@ -21,7 +21,7 @@ std::vector<Model*> Contents(Model& model) {
     for (const Feature& feature : model.features()) {
         if (feature.model) contents.push_back(feature.model);
     }
-    if (model.manufactured) contents.push_back(model.manufactured);
+    if (model.manufacturingData.assembly) contents.push_back(model.manufacturingData.assembly);
     return contents;
 }
 
@@ -137,8 +137,9 @@ void CheckKinds(const Model& model) {
         if (type == PRO_MDL_PART || type == PRO_MDL_ASSEMBLY) continue;
         fail("has the component", *feature.model, "neither a part nor an assembly");
     }
-    if (model.manufactured && model.manufactured->type != PRO_MDL_ASSEMBLY) {
-        fail("machines", *model.manufactured, "not an assembly");
+    if (model.manufacturingData.assembly &&
+        model.manufacturingData.assembly->type != PRO_MDL_ASSEMBLY) {
+        fail("machines", *model.manufacturingData.assembly, "not an assembly");
     }
     if (model.family.generic && model.family.generic->type != model.type) {
         fail("has the generic", *model.family.generic, "of another kind");

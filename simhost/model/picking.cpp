@@ -56,7 +56,7 @@ using Corners = std::map<int, std::vector<Vec3>>;
 
 Corners CornersOf(const Model& part) {
     Corners corners;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         for (const SolidFace& face : Faces(solid)) {
             std::vector<Vec3>& points = corners[face.surface];
             for (const Facet& facet : face.facets) {

@@ -29,7 +29,7 @@ PointKey KeyOf(Vec3 p) {
 // The corners of a part's facets, each once.
 Points CornersOf(const Model& part) {
     std::map<PointKey, Vec3> corners;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         for (const SolidFace& face : Faces(solid, kFineness)) {
             for (const Facet& facet : face.facets) {
                 for (const Vec3& p : facet.corners) corners.emplace(KeyOf(p), p);
@@ -80,7 +80,7 @@ void JoinEdges(Skin* skin, std::size_t first) {
 
 Skin SkinOf(const Model& part) {
     Skin skin;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         const std::size_t first = skin.size();
         for (SolidFace& face : Faces(solid, kFineness)) {
             for (Facet& facet : face.facets) {

@@ -91,7 +91,8 @@ void Session::Erase(Model& model) {
         for (Feature& feature : other->MutableFeatures()) {
             if (feature.model == &model) feature.model = nullptr;
         }
-        if (other->manufactured == &model) other->manufactured = nullptr;
+        if (other->manufacturingData.assembly == &model)
+            other->manufacturingData.assembly = nullptr;
         if (other->family.generic == &model) other->family.generic = nullptr;
     }
     for (Window& window : windows_) {

@@ -141,7 +141,7 @@ private:
 
     void Complete(Model& model) {
         for (Feature& feature : model.MutableFeatures()) Fill(&feature.model, feature.file);
-        Fill(&model.manufactured, model.manufacturedFile);
+        Fill(&model.manufacturingData.assembly, model.manufacturingData.assemblyFile);
         Fill(&model.family.generic, model.family.genericFile);
     }
 

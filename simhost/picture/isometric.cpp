@@ -158,7 +158,7 @@ Frame FrameFor(const std::vector<ShownPart>& occurrences, double width) {
     for (const ShownPart& one : occurrences) {
         auto& points = corners[one.part];
         if (points.empty()) {
-            for (const Solid& solid : one.part->solids) {
+            for (const Solid& solid : one.part->partData.solids) {
                 for (const SolidFace& face : Faces(solid)) {
                     for (const Facet& facet : face.facets) {
                         points.insert(points.end(), facet.corners.begin(), facet.corners.end());

@@ -28,8 +28,8 @@ Vec3 Unit(Vec3 v) {
 const ProdbSurfaceProps& LookOf(const Model& part, const ProdbSurfaceProps* cover, int surface) {
     static const ProdbSurfaceProps usual = DefaultAppearance();
     if (cover) return *cover;
-    const auto own = part.surfaceAppearances.find(surface);
-    if (own != part.surfaceAppearances.end()) return own->second;
+    const auto own = part.partData.surfaceAppearances.find(surface);
+    if (own != part.partData.surfaceAppearances.end()) return own->second;
     return part.appearance ? *part.appearance : usual;
 }
 
@@ -83,7 +83,7 @@ int FinenessOf(const Solid& solid, double pixelsPerMm) {
 
 Skin SkinOf(const Model& part, const ProdbSurfaceProps* cover, double pixelsPerMm) {
     Skin skin;
-    for (const Solid& solid : part.solids) {
+    for (const Solid& solid : part.partData.solids) {
         const std::size_t first = skin.size();
         auto faces = Faces(solid, FinenessOf(solid, pixelsPerMm));
         const bool inside = std::any_of(faces.begin(), faces.end(), [&](const SolidFace& face) {

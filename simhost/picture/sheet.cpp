@@ -49,7 +49,7 @@ class SheetPainter {
 public:
     SheetPainter(Model& drawing, int sheet)
         : model_(drawing), drawing_(DrawingOf(drawing)), views_(ViewsOnSheet(drawing, sheet)) {
-        const auto& sizes = drawing.sheets.sizes;
+        const auto& sizes = drawing.drawingData.sheetSizes;
         const bool there = sheet >= 1 && std::size_t(sheet) <= sizes.size();
         sizeName_ = there ? sizes[std::size_t(sheet - 1)] : WideText();
         size_ = SizeOfSheet(sizeName_);

@@ -64,7 +64,7 @@ std::string FileOf(const Feature& component) {
 // The current model, or the assembly that it manufactures.
 Model* Top() {
     Model* model = TheHost().session.CurrentModel();
-    return model && model->manufactured ? model->manufactured : model;
+    return model && model->manufacturingData.assembly ? model->manufacturingData.assembly : model;
 }
 
 bool IsCalled(const Feature& component, const std::string& name) {

@@ -104,8 +104,8 @@ std::optional<Painted> FindPainted(Trail& trail, const std::string& text) {
 const ProdbSurfaceProps* OwnLook(const Painted& painted) {
     const Model& model = *painted.model;
     if (!painted.surface) return model.appearance ? &*model.appearance : nullptr;
-    const auto own = model.surfaceAppearances.find(*painted.surface);
-    return own == model.surfaceAppearances.end() ? nullptr : &own->second;
+    const auto own = model.partData.surfaceAppearances.find(*painted.surface);
+    return own == model.partData.surfaceAppearances.end() ? nullptr : &own->second;
 }
 
 // "255.128.0".

@@ -21,7 +21,7 @@ std::string KindOf(const Model& model) {
         case PRO_MDL_MFG: return "manufacturing";
         default: break;
     }
-    if (model.skeleton) return "skeleton";
+    if (model.partData.skeleton) return "skeleton";
     return model.subtype == PROMDLSTYPE_PART_SHEETMETAL ? "sheet metal" : "part";
 }
 
@@ -76,9 +76,9 @@ std::vector<int> IdsOf(const std::string& path) {
 }
 
 void ShowRepresentations(Trail& trail, const Model& model) {
-    if (model.simpreps.empty()) return;
+    if (model.assemblyData.simpreps.empty()) return;
     std::string names;
-    for (const Simprep& each : model.simpreps)
+    for (const Simprep& each : model.assemblyData.simpreps)
         names += (names.empty() ? "" : ", ") + Utf8(each.name);
     const Simprep* active = model.ActiveSimprep();
     trail.Say(fmt::format("simplified representations: {}; active: {}", names,
@@ -180,7 +180,7 @@ void ShowColours(Trail& trail) {
             trail.Say(fmt::format("{} {}", Padded(model->FileName(), 28),
                                   ColourAndTransparency(*model->appearance)));
         }
-        for (const auto& [id, props] : model->surfaceAppearances) {
+        for (const auto& [id, props] : model->partData.surfaceAppearances) {
             trail.Say(fmt::format("{} {}", Padded(fmt::format("{}#{}", model->FileName(), id), 28),
                                   ColourAndTransparency(props)));
         }

@@ -22,7 +22,7 @@ constexpr const char* kClearAll = "clearAllAppearance";
 
 void CollectBelow(Model* model, std::set<Model*>* models) {
     if (!model || !models->insert(model).second) return;
-    CollectBelow(model->manufactured, models);
+    CollectBelow(model->manufacturingData.assembly, models);
     for (const Feature& feature : model->features()) CollectBelow(feature.model, models);
 }
 
@@ -30,9 +30,9 @@ void ClearAllAppearances(Session& session, Model& top) {
     std::set<Model*> models;
     CollectBelow(&top, &models);
     for (Model* model : models) {
-        if (!model->appearance && model->surfaceAppearances.empty()) continue;
+        if (!model->appearance && model->partData.surfaceAppearances.empty()) continue;
         model->appearance.reset();
-        model->surfaceAppearances.clear();
+        model->partData.surfaceAppearances.clear();
         model->modified = true;
     }
     if (session.current) ++session.current->repaints;

@@ -128,8 +128,8 @@ TEST_F(BatchColorCalls, TheSurfacesOfEveryPartLoseTheirOwnAppearances) {
     Record();
     Press("BatchColor");
     Recorded();
-    EXPECT_TRUE(first.surfaceAppearances.empty());
-    EXPECT_TRUE(second.surfaceAppearances.empty());
+    EXPECT_TRUE(first.partData.surfaceAppearances.empty());
+    EXPECT_TRUE(second.partData.surfaceAppearances.empty());
     // Six surfaces to a box, and each is named by its id, with the item type of a surface.
     const Names unset = Lines("prodb_unset_surface_props");
     EXPECT_EQ(unset.size(), 18u);
@@ -144,7 +144,7 @@ TEST_F(BatchColorCalls, TheSurfacesOfAPartAloneLoseTheirsToo) {
     Open(part);
     ColourSurfaces(part);
     Press("BatchColor");
-    EXPECT_TRUE(part.surfaceAppearances.empty());
+    EXPECT_TRUE(part.partData.surfaceAppearances.empty());
     EXPECT_TRUE(part.appearance);
 }
 
@@ -165,7 +165,7 @@ TEST_F(BatchColorCalls, WhenTheSurfacesCannotBeListedTheyStayAndThePartIsPainted
         Fail(operation);
         Press("BatchColor");
         EXPECT_EQ(Operation::FiredFaults(), 1u);
-        EXPECT_EQ(part.surfaceAppearances.size(), 6u);
+        EXPECT_EQ(part.partData.surfaceAppearances.size(), 6u);
         EXPECT_TRUE(part.appearance);
         Operation::ForgetFaults();
     }
@@ -180,8 +180,8 @@ TEST_F(BatchColorCalls, ASurfaceThatCannotBeTreatedIsPassedOverAndTheOthersAreCl
         ColourSurfaces(part);
         Fail(operation, {.n = 3});
         Press("BatchColor");
-        ASSERT_EQ(part.surfaceAppearances.size(), 1u);
-        EXPECT_EQ(part.surfaceAppearances.begin()->first, 13);
+        ASSERT_EQ(part.partData.surfaceAppearances.size(), 1u);
+        EXPECT_EQ(part.partData.surfaceAppearances.begin()->first, 13);
         Operation::ForgetFaults();
     }
 }

@@ -356,7 +356,7 @@ TEST_F(BatchColor, TheTopAssemblyGetsNoColourAndIsNotInTheList) {
 TEST_F(BatchColor, SheetMetalAndSkeletonsAreParts) {
     Model& sheet = SheetMetal("sheet");
     Model& skeleton = Part("skeleton", /*solids=*/0);
-    skeleton.skeleton = true;
+    skeleton.partData.skeleton = true;
     Model& top = OpenAssembly({&sheet, &skeleton});
     Setting("VxRandomColorOpt", "asUG");
     ExpectForetold("asUG", {&sheet, &skeleton});

@@ -40,10 +40,12 @@ protected:
         ColourSurfaces(second_);
     }
     bool Coloured() const {
-        return first_.appearance && second_.appearance && second_.surfaceAppearances.size() == 6;
+        return first_.appearance && second_.appearance &&
+               second_.partData.surfaceAppearances.size() == 6;
     }
     bool Cleared() const {
-        return !first_.appearance && !second_.appearance && second_.surfaceAppearances.empty();
+        return !first_.appearance && !second_.appearance &&
+               second_.partData.surfaceAppearances.empty();
     }
     Names Dialogs() {
         Names names;

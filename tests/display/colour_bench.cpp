@@ -122,7 +122,7 @@ void ColourBench::RunAction(const std::string& name) {
 
 void ColourBench::ColourSurfaces(Model& part) {
     for (const auto& surface : part.Surfaces()) {
-        part.surfaceAppearances[surface->id] = WholeRecord(1, 0, 0);
+        part.partData.surfaceAppearances[surface->id] = WholeRecord(1, 0, 0);
     }
 }
 

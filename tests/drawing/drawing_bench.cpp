@@ -18,7 +18,7 @@ void DrawingBench::SetUp() {
 
 Model& DrawingBench::BoxPart(const std::string& name, double x, double y, double z) {
     Model& model = Part(name);
-    model.solids[0].size = {x, y, z};
+    model.partData.solids[0].size = {x, y, z};
     return model;
 }
 

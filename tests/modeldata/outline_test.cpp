@@ -37,7 +37,7 @@ protected:
     }
     Model& DrawingOf(const std::string& name, const std::vector<WideText>& sizes) {
         Model& drawing = host().session.Create(Wide(name), PRO_MDL_DRAWING);
-        drawing.sheets.sizes = sizes;
+        drawing.drawingData.sheetSizes = sizes;
         return drawing;
     }
 
@@ -102,7 +102,7 @@ TEST_F(OutlineAndSheets, OnlyTheTwoOuterCornersOfASurfacesBoxAreTurned) {
     cylinder.shape = Shape::Cylinder;
     cylinder.diameter = 20;
     cylinder.length = 30;
-    round.solids.push_back(cylinder);
+    round.partData.solids.push_back(cylinder);
     Model& holder = Assembly("holder");
     Put(holder, round, {0, 0, 0}, {0, 0, 45});
     Put(*top_, holder, {0, 0, 0}, {0, 0, 0});
@@ -112,7 +112,7 @@ TEST_F(OutlineAndSheets, OnlyTheTwoOuterCornersOfASurfacesBoxAreTurned) {
 }
 
 TEST_F(OutlineAndSheets, DecimalPlacesComeFromTheMenu) {
-    a_->solids[0].size = {12.6, 20.04, 30.125};
+    a_->partData.solids[0].size = {12.6, 20.04, 30.125};
     Run("~ Select `VxParams` `VxOutlineNum` 1 `0`\n" + outline_);
     EXPECT_EQ(ValueOn(*a_), "30×20×13");
     Run("~ Select `VxParams` `VxOutlineNum` 1 `2`\n" + outline_);

@@ -393,7 +393,7 @@ protected:
         Open(*top_);
         const ProdbSurfaceProps props = DefaultAppearance();
         for (Model* model : {part_, elsewhere_, &unit, top_}) model->appearance = props;
-        part_->surfaceAppearances[11] = props;
+        part_->partData.surfaceAppearances[11] = props;
     }
     std::string Do(Verb verb, const char* component, const char* dialog = "main_dlg_cur") {
         return host().dialogs.Use(verb, dialog, component);
@@ -418,7 +418,7 @@ TEST_F(AppearanceGallery, TheWholeWayClearsTheCurrentModelAndAllBelowIt) {
     EXPECT_EQ(Do(Verb::Activate, "yes", "UI Message Dialog"), "");
     EXPECT_FALSE(top_->appearance);
     EXPECT_FALSE(part_->appearance);
-    EXPECT_TRUE(part_->surfaceAppearances.empty());
+    EXPECT_TRUE(part_->partData.surfaceAppearances.empty());
     EXPECT_TRUE(part_->modified);
     EXPECT_TRUE(elsewhere_->appearance);
     EXPECT_FALSE(elsewhere_->modified);

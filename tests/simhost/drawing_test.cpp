@@ -34,11 +34,11 @@ protected:
         box.shape = Shape::Box;
         box.size = size;
         box.at = at;
-        part.solids.push_back(box);
+        part.partData.solids.push_back(box);
     }
     Model& NewDrawing() {
         Model& drawing = TheHost().session.Create(WIDE("SHEET"), PRO_MDL_DRAWING);
-        drawing.sheets.sizes = {WIDE("A3")};
+        drawing.drawingData.sheetSizes = {WIDE("A3")};
         return drawing;
     }
 };
@@ -105,7 +105,7 @@ TEST_F(DrawingTest, ACylinderSeenFromItsSideShowsItsBordersOnly) {
     rod.shape = Shape::Cylinder;
     rod.diameter = 20;
     rod.length = 50;
-    part.solids.push_back(rod);
+    part.partData.solids.push_back(rod);
     // z of the rod to the right, x up.
     Placement frame;
     frame.axes = {Vec3{0, 1, 0}, Vec3{0, 0, 1}, Vec3{1, 0, 0}};

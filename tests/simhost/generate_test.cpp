@@ -74,7 +74,7 @@ public:
             EXPECT_GT(below.occurrences, 0) << file << " is empty";
         } else {
             EXPECT_EQ(model.type, PRO_MDL_PART);
-            EXPECT_FALSE(model.solids.empty()) << file;
+            EXPECT_FALSE(model.partData.solids.empty()) << file;
         }
         open_.erase(file);
         return known_[file] = below;

@@ -219,7 +219,7 @@ TEST_F(ModelData, ASurfaceTellsTheBoxAroundIt) {
     box.id = 10;
     box.size = {10, 20, 30};
     box.at = {5, 0, 0};
-    part_->solids.push_back(box);
+    part_->partData.solids.push_back(box);
     Extents all;
     for (const auto& surface : part_->Surfaces()) {
         ProGeomitemdata* data = nullptr;

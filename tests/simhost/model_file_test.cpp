@@ -87,18 +87,19 @@ void ExpectSame(const Model& a, const Model& b) {
     EXPECT_EQ(a.type, b.type);
     EXPECT_EQ(a.subtype, b.subtype);
     EXPECT_EQ(a.title, b.title);
-    EXPECT_EQ(a.skeleton, b.skeleton);
-    EXPECT_EQ(a.manufacturedFile, b.manufacturedFile);
+    EXPECT_EQ(a.partData.skeleton, b.partData.skeleton);
+    EXPECT_EQ(a.manufacturingData.assemblyFile, b.manufacturingData.assemblyFile);
     ASSERT_EQ(a.appearance.has_value(), b.appearance.has_value());
     if (a.appearance) {
         EXPECT_TRUE(Same(*a.appearance, *b.appearance));
     }
-    ASSERT_EQ(a.solids.size(), b.solids.size());
-    for (std::size_t i = 0; i < a.solids.size(); ++i) ExpectSame(a.solids[i], b.solids[i]);
-    ASSERT_EQ(a.surfaceAppearances.size(), b.surfaceAppearances.size());
-    for (const auto& [id, props] : a.surfaceAppearances) {
-        ASSERT_TRUE(b.surfaceAppearances.count(id)) << id;
-        EXPECT_TRUE(Same(props, b.surfaceAppearances.at(id))) << id;
+    ASSERT_EQ(a.partData.solids.size(), b.partData.solids.size());
+    for (std::size_t i = 0; i < a.partData.solids.size(); ++i)
+        ExpectSame(a.partData.solids[i], b.partData.solids[i]);
+    ASSERT_EQ(a.partData.surfaceAppearances.size(), b.partData.surfaceAppearances.size());
+    for (const auto& [id, props] : a.partData.surfaceAppearances) {
+        ASSERT_TRUE(b.partData.surfaceAppearances.count(id)) << id;
+        EXPECT_TRUE(Same(props, b.partData.surfaceAppearances.at(id))) << id;
     }
     ASSERT_EQ(a.features().size(), b.features().size());
     for (std::size_t i = 0; i < a.features().size(); ++i) {
@@ -126,7 +127,7 @@ Model RichPart() {
     part.type = PRO_MDL_PART;
     part.subtype = PROMDLSTYPE_PART_SHEETMETAL;
     part.title = "箱体 \"big\" \\ one\ttab\nline\x01";
-    part.skeleton = true;
+    part.partData.skeleton = true;
     part.appearance = DefaultAppearance();
     part.appearance->ambient = 0.1;
     part.appearance->diffuse = 0.2;
@@ -138,31 +139,31 @@ Model RichPart() {
     part.appearance->colour[1] = 0.123456789;
     part.appearance->highlightColour[2] = 0;
 
-    part.solids.push_back(NewSolid(10, Shape::Box));
-    part.solids.back().size = {0.1, 1.0 / 3, 1e-7};
-    part.solids.back().at = {-1.5, 0, 1e20};
-    part.solids.back().turn = {0, 12.345, -90};
-    part.solids.push_back(NewSolid(20, Shape::Cylinder));
-    part.solids.back().diameter = 10;
-    part.solids.back().length = 123456789012345680.0;
-    part.solids.push_back(NewSolid(30, Shape::Tube));
-    part.solids.back().outer = 12;
-    part.solids.back().inner = 11.999;
-    part.solids.back().length = 5;
-    part.solids.push_back(NewSolid(40, Shape::Cone));
-    part.solids.back().diameter = 12;
-    part.solids.back().length = 5;
-    part.solids.push_back(NewSolid(50, Shape::Gear));
-    part.solids.back().module = 1.25;
-    part.solids.back().teeth = 33;
-    part.solids.back().width = 5;
-    part.solids.back().bore = 8;
-    part.solids.push_back(NewSolid(300, Shape::Prism));
-    part.solids.back().outline = {{0, 0}, {10, 0}, {10, 2.5}, {0.1, 2.5}};
-    part.solids.back().height = 4;
-    part.surfaceAppearances[11] = DefaultAppearance();
-    part.surfaceAppearances[305] = DefaultAppearance();
-    part.surfaceAppearances[305].transparency = 1;
+    part.partData.solids.push_back(NewSolid(10, Shape::Box));
+    part.partData.solids.back().size = {0.1, 1.0 / 3, 1e-7};
+    part.partData.solids.back().at = {-1.5, 0, 1e20};
+    part.partData.solids.back().turn = {0, 12.345, -90};
+    part.partData.solids.push_back(NewSolid(20, Shape::Cylinder));
+    part.partData.solids.back().diameter = 10;
+    part.partData.solids.back().length = 123456789012345680.0;
+    part.partData.solids.push_back(NewSolid(30, Shape::Tube));
+    part.partData.solids.back().outer = 12;
+    part.partData.solids.back().inner = 11.999;
+    part.partData.solids.back().length = 5;
+    part.partData.solids.push_back(NewSolid(40, Shape::Cone));
+    part.partData.solids.back().diameter = 12;
+    part.partData.solids.back().length = 5;
+    part.partData.solids.push_back(NewSolid(50, Shape::Gear));
+    part.partData.solids.back().module = 1.25;
+    part.partData.solids.back().teeth = 33;
+    part.partData.solids.back().width = 5;
+    part.partData.solids.back().bore = 8;
+    part.partData.solids.push_back(NewSolid(300, Shape::Prism));
+    part.partData.solids.back().outline = {{0, 0}, {10, 0}, {10, 2.5}, {0.1, 2.5}};
+    part.partData.solids.back().height = 4;
+    part.partData.surfaceAppearances[11] = DefaultAppearance();
+    part.partData.surfaceAppearances[305] = DefaultAppearance();
+    part.partData.surfaceAppearances[305].transparency = 1;
     return part;
 }
 
@@ -218,7 +219,7 @@ TEST(ModelFile, TheOtherKindsReadBackAsTheSame) {
         Model model;
         model.type = type;
         if (type == PRO_MDL_PART) model.subtype = PROMDLSTYPE_PART_SOLID;
-        if (type == PRO_MDL_MFG) model.manufacturedFile = "gearbox.asm";
+        if (type == PRO_MDL_MFG) model.manufacturingData.assemblyFile = "gearbox.asm";
         model.title = "加工";
         ExpectRoundTrip(model);
     }
@@ -280,8 +281,8 @@ TEST(ModelFile, WritesTheNameThatAComponentsModelHasNow) {
     assembly.name = WIDE("BOX2");
     Model work;
     work.type = PRO_MDL_MFG;
-    work.manufacturedFile = "box.asm";
-    work.manufactured = &assembly;
+    work.manufacturingData.assemblyFile = "box.asm";
+    work.manufacturingData.assembly = &assembly;
     EXPECT_NE(ModelText(work).find("assembly = \"box2.asm\""), std::string::npos);
 }
 
@@ -296,11 +297,11 @@ TEST(ModelFile, TakesWhatAPersonWrites) {
     EXPECT_EQ(part.title, "");
     EXPECT_FALSE(part.appearance.has_value());
     EXPECT_TRUE(part.features().empty());
-    ASSERT_EQ(part.solids.size(), 1u);
-    EXPECT_TRUE(Same(part.solids[0].size, {1, 2, 30}));
+    ASSERT_EQ(part.partData.solids.size(), 1u);
+    EXPECT_TRUE(Same(part.partData.solids[0].size, {1, 2, 30}));
     // What is not said about an appearance is as on a new part.
-    ASSERT_EQ(part.surfaceAppearances.size(), 1u);
-    const ProdbSurfaceProps& props = part.surfaceAppearances.at(12);
+    ASSERT_EQ(part.partData.surfaceAppearances.size(), 1u);
+    const ProdbSurfaceProps& props = part.partData.surfaceAppearances.at(12);
     EXPECT_EQ(props.colour[0], 1);
     EXPECT_EQ(props.colour[2], 0.5);
     EXPECT_EQ(props.ambient, DefaultAppearance().ambient);

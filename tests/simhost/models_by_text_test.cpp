@@ -56,7 +56,7 @@ TEST_F(ModelsByText, APartAndAnAssemblyOfOneNameAreToldApartByTheirTypes) {
 TEST_F(ModelsByText, MarksAreOfTheModelOrOfTheComponent) {
     const Model& top = MakeModels(
         "top: k!skeleton, p!released, a!suppressed, a!hidden, a!invisible, lost!missing");
-    EXPECT_TRUE(ModelNamed("k").skeleton);
+    EXPECT_TRUE(ModelNamed("k").partData.skeleton);
     EXPECT_TRUE(ModelNamed("p").readOnly);
     EXPECT_EQ(top.features()[2].status, PRO_FEAT_SUPPRESSED);
     EXPECT_TRUE(top.features()[3].hidden);
@@ -73,8 +73,8 @@ TEST_F(ModelsByText, AnInstanceKnowsItsGeneric) {
 
 TEST_F(ModelsByText, ManufacturingModelsAndDrawingsNameTheirType) {
     const Model& mill = MakeModels("mill.mfg: top(a)");
-    EXPECT_EQ(mill.manufactured, &ModelNamed("top"));
-    EXPECT_EQ(MakeModels("plate.drw: A3, A4").sheets.sizes,
+    EXPECT_EQ(mill.manufacturingData.assembly, &ModelNamed("top"));
+    EXPECT_EQ(MakeModels("plate.drw: A3, A4").drawingData.sheetSizes,
               (std::vector<WideText>{WIDE("A3"), WIDE("A4")}));
 }
 

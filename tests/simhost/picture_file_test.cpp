@@ -29,7 +29,7 @@ protected:
         box.id = 10;
         box.shape = Shape::Box;
         box.size = {30, 20, 10};
-        part.solids.push_back(box);
+        part.partData.solids.push_back(box);
         session.Open(part);
     }
     void TearDown() override { fs::remove_all(folder_); }

@@ -40,7 +40,7 @@ inline Solid Gear(double module, int teeth, double width, double bore) {
 // A new part of one solid; the session owns it.
 inline Model& NewPart(Session* session, const char* name, const Solid& solid) {
     Model& part = session->Create(simhost::Wide(name), PRO_MDL_PART);
-    part.solids.push_back(solid);
+    part.partData.solids.push_back(solid);
     return part;
 }
 

@@ -44,7 +44,7 @@ struct Target {
 std::vector<Target> TargetsOf(const Model& assembly) {
     std::vector<Target> targets;
     for (const Feature& feature : assembly.features()) {
-        for (const Solid& solid : feature.model->solids) {
+        for (const Solid& solid : feature.model->partData.solids) {
             for (const SolidFace& face : Faces(solid)) {
                 for (const Facet& facet : face.facets) {
                     Target target{Utf8(feature.model->name), {}};

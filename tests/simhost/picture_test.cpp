@@ -122,7 +122,7 @@ TEST(Picture, ShowsThePartItselfAndAManufacturingModelsAssembly) {
     Model& top = session.Create(WIDE("top"), PRO_MDL_ASSEMBLY);
     Add(&top, &cube);
     Model& work = session.Create(WIDE("work"), PRO_MDL_MFG);
-    work.manufactured = &top;
+    work.manufacturingData.assembly = &top;
     EXPECT_EQ(AreasOf(IsometricSvg(work, 400)).size(), 3u);
 }
 
@@ -167,8 +167,8 @@ TEST(Picture, ASurfacesOwnColourComesBeforeThePartsAndThatBeforeTheUsualOne) {
     ProdbSurfaceProps blue = red;
     blue.colour[0] = 0;
     blue.colour[2] = 1;
-    cube.surfaceAppearances[16] = blue;
-    cube.surfaceAppearances[11] = blue;  // turned away
+    cube.partData.surfaceAppearances[16] = blue;
+    cube.partData.surfaceAppearances[11] = blue;  // turned away
     EXPECT_EQ(channels(), (std::multiset<char>{'r', 'r', 'b'}));
 }
 

@@ -28,9 +28,9 @@ protected:
         box.id = 10;
         box.shape = Shape::Box;
         box.size = {30, 20, 10};
-        part.solids.push_back(box);
+        part.partData.solids.push_back(box);
         sheet_ = &TheHost().session.Create(WIDE("箱体-12"), PRO_MDL_DRAWING);
-        sheet_->sheets.sizes = {WIDE("A3")};
+        sheet_->drawingData.sheetSizes = {WIDE("A3")};
         Drawing& drawing = DrawingOf(*sheet_);
         main_ = &drawing.AddGeneral(part, 1, {100, 100, 0}, 1, Placement());
         main_->display.style = PRO_DISPSTYLE_NO_HIDDEN;

@@ -148,10 +148,10 @@ Model* Find(std::string name, std::optional<ProMdlType> type = {}) {
 
 void Mark(Model& model, const std::set<std::string>& marks) {
     if (marks.count("sheet")) model.subtype = PROMDLSTYPE_PART_SHEETMETAL;
-    if (marks.count("skeleton")) model.skeleton = true;
+    if (marks.count("skeleton")) model.partData.skeleton = true;
     if (marks.count("released")) model.readOnly = true;
     if (marks.count("round")) {
-        for (Solid& solid : model.solids) {
+        for (Solid& solid : model.partData.solids) {
             solid.shape = Shape::Cylinder;
             solid.diameter = 20;
             solid.size = {20, 20, 30};
@@ -179,7 +179,7 @@ Model& Made(const Mention& mention);
 void Fill(Model& model, const std::vector<Mention>& list) {
     for (const Mention& each : list) {
         if (model.type == PRO_MDL_DRAWING) {
-            model.sheets.sizes.push_back(Wide(each.name));
+            model.drawingData.sheetSizes.push_back(Wide(each.name));
             continue;
         }
         if (each.marks.count("missing")) {
@@ -188,8 +188,8 @@ void Fill(Model& model, const std::vector<Mention>& list) {
         }
         Model& held = Made(each);
         if (model.type == PRO_MDL_MFG) {
-            model.manufactured = &held;
-            model.manufacturedFile = held.FileName();
+            model.manufacturingData.assembly = &held;
+            model.manufacturingData.assemblyFile = held.FileName();
             continue;
         }
         for (int i = 0; i < each.count; ++i) Mark(AddComponent(model, held), each.marks);
@@ -251,15 +251,15 @@ Model& MakePart(const std::string& name, int boxes) {
         solid.shape = Shape::Box;
         solid.size = {10, 20, 30};
         solid.at = {40.0 * i, 0, 0};
-        model.solids.push_back(solid);
+        model.partData.solids.push_back(solid);
     }
     return model;
 }
 
 Model& MakeManufacturing(const std::string& name, Model& assembly) {
     Model& model = MakeModel(name, PRO_MDL_MFG);
-    model.manufacturedFile = assembly.FileName();
-    model.manufactured = &assembly;
+    model.manufacturingData.assemblyFile = assembly.FileName();
+    model.manufacturingData.assembly = &assembly;
     return model;
 }
 

@@ -148,7 +148,7 @@ void NoModel(World&) {}
 
 void OnePart(World& world) {
     Model& part = MakeModels("single!round");
-    part.surfaceAppearances[11] = DefaultAppearance();
+    part.partData.surfaceAppearances[11] = DefaultAppearance();
     world.host().session.Open(part);
 }
 

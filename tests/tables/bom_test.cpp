@@ -286,7 +286,7 @@ TEST_F(Bom, LettersBeyondAsciiAreNotFolded) {
 
 TEST_F(Bom, ASkeletonWithComponentsIsPassedOverButNotWhatLiesBelow) {
     Model& frame = Assembly("frame");
-    frame.skeleton = true;
+    frame.partData.skeleton = true;
     Use(frame, *gear_);
     Use(*top_, frame);
     Check(LoadLevels("99") + "@ expect rows bom_list 6\n" +
@@ -472,7 +472,7 @@ TEST_F(Bom, AManufacturingModelListsItsAssemblyAndIsShownAgainAtTheEnd) {
 
 TEST_F(Bom, AManufacturingModelWithoutItsAssemblyHasNoRows) {
     Model& mill = Manufacturing("mill", *top_);
-    mill.manufactured = nullptr;
+    mill.manufacturingData.assembly = nullptr;
     Open(mill);
     Check("@ expect rows bom_list 0\n" + LoadLevels("10") + "@ expect rows bom_list 0\n");
 }

@@ -147,7 +147,8 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     CheckComplaints(world, operation, run + ", then the end");
     // An array that could not be freed is nobody's any more.
     std::vector<std::string> left = workbench::LeftOpen();
-    const bool freed = operation == "ProArrayFree" || operation == "ProStringarrayFree";
+    const bool freed = operation == "ProArrayFree" || operation == "ProStringarrayFree" ||
+                       operation == "ProSimprepdataFree";
     if (freed && left.size() <= fired) left.clear();
     EXPECT_EQ(left, std::vector<std::string>{}) << run;
     EndNote();

@@ -1,9 +1,11 @@
-// The simplified representations in the file of an assembly:
+// The simplified representations in the file of an assembly: a name, what is done with whatever no
+// item leads to (it is excluded unless the file says otherwise), and the ways to the items, each
+// the ids of components from the top down.
 //
 //     [[simprep]]
 //     name = "SHAFTS"
-//     default = "include"      # left out: what no item leads to is excluded
-//     include = [[40], [41, 2]]    # each the ids of components, from the top down
+//     default = "include"
+//     include = [[40], [41, 2]]
 //     exclude = [[40, 7]]
 #include <map>
 

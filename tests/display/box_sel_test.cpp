@@ -98,8 +98,8 @@ TEST_F(BoxPicks, TheCallsAreAsPrescribed) {
         const std::string picks = command == "BoxSel" ? "bolt, bolt:2" : "bolt#11, bolt#12";
         Record();
         Play("~ Command `" + command + "`\n@ pick " + picks);
-        EXPECT_EQ(Recorded(), (Names{"ProMdlCurrentGet", "ProMdlTypeGet", "ProSelectionEnvAlloc",
-                                     "ProSelect", "ProSelbufferClear", "ProSelbufferSelectionAdd",
+        EXPECT_EQ(Recorded(), (Names{"ProModeCurrentGet", "ProSelectionEnvAlloc", "ProSelect",
+                                     "ProSelbufferClear", "ProSelbufferSelectionAdd",
                                      "ProSelbufferSelectionAdd"}));
         EXPECT_NE(Lines("ProSelectionEnvAlloc")
                       .at(0)

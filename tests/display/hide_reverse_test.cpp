@@ -156,7 +156,7 @@ TEST_F(ShowAllComp, InAManufacturingModelItsAssemblyIsMeantAndItsTreeRefreshed) 
 
 TEST_F(ShowAllComp, WithoutAnAssemblyNothingIsSaid) {
     for (const std::string command : {"VxShowAllComp", "VxIsolate"}) {
-        Fail("ProMdlTypeGet", {.n = 2});  // the first is the rule's
+        Fail("ProMdlTypeGet");
         Press(command);
     }
     EXPECT_EQ(States(), "-h-h-h");

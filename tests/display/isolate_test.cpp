@@ -162,8 +162,7 @@ TEST_F(Isolate, ItsCallsComeInTheirOrder) {
     Play("@ select rod");
     Record();
     Play("~ Command `VxIsolate`");
-    EXPECT_EQ(Recorded(), (Names{"ProMdlCurrentGet",
-                                 "ProMdlTypeGet",
+    EXPECT_EQ(Recorded(), (Names{"ProModeCurrentGet",
                                  "ProWindowCurrentGet",
                                  "ProMdlCurrentGet",
                                  "ProMdlTypeGet",
@@ -192,10 +191,10 @@ TEST_F(Isolate, ItsCallsComeInTheirOrder) {
                                  "ProAsmcomppathMdlGet",
                                  "ProMdlNameGet",
                                  "ProModelitemUnhide",
-                                 "ProArrayFree",
                                  "ProWindowRefresh",
                                  "ProWindowRepaint",
-                                 "ProWindowActivate"}));
+                                 "ProWindowActivate",
+                                 "ProArrayFree"}));
     EXPECT_EQ(Lines("ProWindowRefresh"), Names{"ProWindowRefresh(window=-1) = 0"});
     EXPECT_EQ(
         Lines("ProWindowActivate"),
@@ -203,10 +202,11 @@ TEST_F(Isolate, ItsCallsComeInTheirOrder) {
 }
 
 TEST_F(Isolate, ItIsOnThePopupOfWhatIsSelected) {
-    Setting("RmbDisable", "0");
+    workplace_->StopPlugin();
     TextFolderSetting("RmbDisable", "0");
+    Start();
     Play(
-        "@ stop\n@ start\n@ right-click\n@ quit\n@ select bolt\n@ right-click\n"
+        "@ right-click\n@ quit\n@ select bolt\n@ right-click\n"
         "@ choose 独立显示(vx)");
     EXPECT_EQ(Hidden(), AllBut({"top.asm 1"}));
     Play("@ right-click\n@ choose 反转显示(vx)");

@@ -75,30 +75,30 @@ TEST_F(Transparency, TwoPickedUsesOfOnePartCancelEachOther) {
 }
 
 TEST_F(Transparency, TheSurfacesOfAPickedPartLoseTheirOwnAppearance) {
-    plate().surfaceAppearances[12] = DefaultAppearance();
-    bolt().surfaceAppearances[12] = DefaultAppearance();
+    plate().partData.surfaceAppearances[12] = DefaultAppearance();
+    bolt().partData.surfaceAppearances[12] = DefaultAppearance();
     Flip("sub/plate");
-    EXPECT_TRUE(plate().surfaceAppearances.empty());
-    EXPECT_EQ(bolt().surfaceAppearances.size(), 1u);
+    EXPECT_TRUE(plate().partData.surfaceAppearances.empty());
+    EXPECT_EQ(bolt().partData.surfaceAppearances.size(), 1u);
 }
 
 // Its surfaces are asked for under the name of a part; that part is another model.
 TEST_F(Transparency, APickedAssemblyFlipsItsOwnRecordAndAPartOfItsNameKeepsItsSurfaces) {
     Model& namesake = Part("sub");
-    namesake.surfaceAppearances[12] = DefaultAppearance();
+    namesake.partData.surfaceAppearances[12] = DefaultAppearance();
     Flip("sub");
     EXPECT_EQ(ModelNamed("sub.asm").appearance->transparency, 0.618);
     EXPECT_FALSE(namesake.appearance);
-    EXPECT_EQ(namesake.surfaceAppearances.size(), 1u);
+    EXPECT_EQ(namesake.partData.surfaceAppearances.size(), 1u);
     EXPECT_FALSE(plate().appearance);
 }
 
 TEST_F(Transparency, APartOnScreenFlipsAtOnce) {
     Open(plate());
-    plate().surfaceAppearances[12] = DefaultAppearance();
+    plate().partData.surfaceAppearances[12] = DefaultAppearance();
     Press("VxTransparent");
     EXPECT_EQ(Of("plate"), 0.618);
-    EXPECT_TRUE(plate().surfaceAppearances.empty());
+    EXPECT_TRUE(plate().partData.surfaceAppearances.empty());
     Press("VxTransparent");
     EXPECT_EQ(Of("plate"), 0);
 }
@@ -118,7 +118,7 @@ TEST_F(Transparency, AManufacturingModelIsPickedInItsAssembly) {
     Flip("bolt");
     FlipSurfaces("bolt#12");
     EXPECT_EQ(Of("bolt"), 0.618);
-    EXPECT_EQ(bolt().surfaceAppearances.at(12).transparency, 1.0);
+    EXPECT_EQ(bolt().partData.surfaceAppearances.at(12).transparency, 1.0);
 }
 
 TEST_F(Transparency, InADrawingBothCommandsAreGreyed) {
@@ -130,7 +130,7 @@ TEST_F(Transparency, InADrawingBothCommandsAreGreyed) {
 TEST_F(Transparency, WithoutASolidAPlainErrorIsAllThatComes) {
     for (const std::string command : {"VxTransparent", "SurfTransparent"}) {
         for (const std::string call : {"ProMdlCurrentGet", "ProMdlTypeGet"}) {
-            Fail(call, {.n = 2});
+            Fail(call);
             Record();
             Play("~ Command `" + command +
                  "`\n@ expect box \"当前无组件/零件模型！\"\n"
@@ -203,10 +203,11 @@ TEST_F(Transparency, ASurfaceCountsAsTransparentNearOneOnly) {
                        // As 64-bit numbers this is further than 0.05 from 1.
                        {0.95, 1}};
     for (const auto& each : cases) {
-        bolt().surfaceAppearances[12] = DefaultAppearance();
-        bolt().surfaceAppearances[12].transparency = each.before;
+        bolt().partData.surfaceAppearances[12] = DefaultAppearance();
+        bolt().partData.surfaceAppearances[12].transparency = each.before;
         FlipSurfaces("bolt#12");
-        EXPECT_EQ(bolt().surfaceAppearances.at(12).transparency, each.after) << each.before;
+        EXPECT_EQ(bolt().partData.surfaceAppearances.at(12).transparency, each.after)
+            << each.before;
     }
 }
 
@@ -215,9 +216,9 @@ TEST_F(Transparency, ASurfaceTakesOnTheLookOfTheWholeInAllButTransparency) {
     ProdbSurfaceProps own = DefaultAppearance();
     own.colour[0] = 0.875;
     own.reflection = 0.7;
-    bolt().surfaceAppearances[12] = own;
+    bolt().partData.surfaceAppearances[12] = own;
     FlipSurfaces("bolt#12");
-    const ProdbSurfaceProps& now = bolt().surfaceAppearances.at(12);
+    const ProdbSurfaceProps& now = bolt().partData.surfaceAppearances.at(12);
     EXPECT_EQ(now.transparency, 1.0);
     EXPECT_EQ(now.colour[0], 0.125);
     EXPECT_EQ(now.reflection, bolt().appearance->reflection);
@@ -227,18 +228,18 @@ TEST_F(Transparency, ASurfaceTakesOnTheLookOfTheWholeInAllButTransparency) {
 TEST_F(Transparency, SurfacesArePickedInAPartToo) {
     Open(plate());
     FlipSurfaces("#12, #13");
-    EXPECT_EQ(plate().surfaceAppearances.size(), 2u);
+    EXPECT_EQ(plate().partData.surfaceAppearances.size(), 2u);
     EXPECT_EQ(host().session.current->repaints, 1);
 }
 
 TEST_F(Transparency, AFailedReadOfASurfaceCountsAsOpaque) {
-    plate().surfaceAppearances[13] = DefaultAppearance();
-    plate().surfaceAppearances[13].transparency = 1;
-    plate().surfaceAppearances[12] = plate().surfaceAppearances[13];
+    plate().partData.surfaceAppearances[13] = DefaultAppearance();
+    plate().partData.surfaceAppearances[13].transparency = 1;
+    plate().partData.surfaceAppearances[12] = plate().partData.surfaceAppearances[13];
     Fail("prodb_get_surface_props", {.n = 4});  // whole, surface; whole, and this
     FlipSurfaces("sub/plate#12, sub/plate#13");
-    EXPECT_EQ(plate().surfaceAppearances.at(12).transparency, 0);
-    EXPECT_EQ(plate().surfaceAppearances.at(13).transparency, 1.0);
+    EXPECT_EQ(plate().partData.surfaceAppearances.at(12).transparency, 0);
+    EXPECT_EQ(plate().partData.surfaceAppearances.at(13).transparency, 1.0);
 }
 
 TEST_F(Transparency, TheFilterOfSurfacesAndTheirCallsAreAsPrescribed) {

@@ -17,6 +17,7 @@
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
 #include "simhost/host.h"
+#include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
 
 namespace {
@@ -181,18 +182,36 @@ void OpenSomePart(Session* session) {
     }
 }
 
+// Selects parts before VxIsolate: the first of the tree, or the first one again and again.
+void SelectParts(Session* session, std::size_t count, bool same) {
+    Model& top = *session->CurrentModel();
+    std::vector<Selection> picks;
+    VisitShown(top, Sight::Screen, [&](const ShownPart& shown) {
+        if (picks.size() == (same ? 1 : count)) return;
+        picks.push_back({{PRO_PART, -1, shown.part->handle}, &top, *shown.path});
+    });
+    if (same) picks.resize(count, picks.at(0));
+    session->selections.SetBuffer(std::move(picks));
+}
+
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
     WorkplaceOptions options;
     options.installed = VX_SOURCE_DIR;
     options.module = modules / "vorlatix5.1.so";
     Workplace workplace(options);
     constexpr int kLevels = 5;
-    const int models = std::max(occurrences / 50, 2 * kLevels);
-    GenerateAssembly(workplace.Real(WIDE("C:\\Work")), occurrences, models, kLevels, 1);
+    constexpr int kFew = 1'000;
+    const bool picksOnly = job == "IsolatePicks";  // it is they that grow, not the assembly
+    const int components = picksOnly ? kFew : occurrences;
+    const int models = std::max(components / 50, 2 * kLevels);
+    GenerateAssembly(workplace.Real(WIDE("C:\\Work")), components, models, kLevels, 1);
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
     if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
+    constexpr std::size_t kPicks = 100;
+    if (job == "VxIsolate") SelectParts(&session, kPicks, /*same=*/false);
+    if (picksOnly) SelectParts(&session, std::size_t(occurrences), /*same=*/true);
     Figures figures;
     if (job == "BomFlat" || job == "BomLevels") {
         figures = LoadBom(job == "BomFlat" ? "SumBom" : "LevelBom");
@@ -201,7 +220,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
             if (job == "walk") {
                 Walk(modules / "walk_module.so");
             } else {
-                Do(job);
+                Do(picksOnly ? "VxIsolate" : job);
             }
         });
     }

@@ -42,9 +42,19 @@ ProFunction AsProFunction(Callback callback) {
     return reinterpret_cast<ProFunction>(reinterpret_cast<void (*)()>(callback));
 }
 
-// A command's action: `Function` takes and returns nothing.
+// A command's action: `Function` takes nothing and returns nothing, or what the host is answered.
 template <void (*Function)()>
 int Command(uiCmdCmdId, uiCmdValue*, void*) noexcept {
     Guard<Function>::Call();
     return 0;
+}
+template <int (*Function)()>
+void PutResult(int* result) {
+    *result = Function();
+}
+template <int (*Function)()>
+int Command(uiCmdCmdId, uiCmdValue*, void*) noexcept {
+    int result = kUnfinished<int>;
+    Guard<PutResult<Function>>::Call(&result);
+    return result;
 }

@@ -7,6 +7,10 @@ void ShowNotice(const WideText& text) {
     MessageBoxW(nullptr, text.c_str(), CaptionText.data(), MB_TOPMOST);
 }
 
+void ShowQuietNotice(const WideText& text) {
+    MessageBoxW(nullptr, text.c_str(), CaptionText.data(), MB_OK);
+}
+
 void ShowCompletion(const WideText& message) {
     ShowNotice(WideText(message).append(CompletionSuffix));
 }

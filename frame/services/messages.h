@@ -13,6 +13,9 @@ void ShowNotice(const WideText& text);
 // A notice at the end of a batch, once: the message and CompletionSuffix.
 void ShowCompletion(const WideText& message);
 
+// The same without a place above all other windows.
+void ShowQuietNotice(const WideText& text);
+
 // A plain error: the system's own caption, an OK button, nothing else.
 void ShowPlainError(const WideText& text);
 

@@ -131,7 +131,7 @@ void ArrayLedger::NoteLoan(std::shared_ptr<void> memory, std::size_t size, std::
     loans_[begin] = {holder, std::move(origin), size, std::move(memory)};
 }
 
-void ArrayLedger::TakeBack(const void* record) {
+void ArrayLedger::TakeBackRecord(const void* record) {
     if (!record) Complain(PRO_TK_BAD_INPUTS, "the record is null");
     const auto found = loans_.find(record);
     if (found == loans_.end()) {

@@ -72,7 +72,7 @@ public:
         NoteLoan(memory, sizeof record, std::move(origin));
         return memory.get();
     }
-    void TakeBack(const void* record);
+    void TakeBackRecord(const void* record);
     // Whether the address lies in one of the records that were given back last.
     bool WasTakenBack(const void* address) const;
 

@@ -71,7 +71,7 @@ ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
 ProError ProGeomitemdataFree(ProGeomitemdata** data) {
     return Op<"ProGeomitemdataFree">.Call([&] {
         Need(data, "the place of the record");
-        TheHost().arrays.TakeBack(*data);
+        TheHost().arrays.TakeBackRecord(*data);
         *data = nullptr;
     });
 }

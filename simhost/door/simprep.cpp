@@ -43,7 +43,7 @@ Simprep& RequireData(ProSimprepdata* data) {
 // The representation of a record, in the assembly that owns it.
 Simprep& RequireSimprep(const ProSimprep& record, Model** owner) {
     *owner = &RequireAssembly(record.owner);
-    for (Simprep& each : (*owner)->simpreps) {
+    for (Simprep& each : (*owner)->assemblyData.simpreps) {
         if (record.type == PRO_SIMP_REP && each.id == record.id) return each;
     }
     Complain(PRO_TK_BAD_INPUTS, "not a representation of " + (*owner)->FileName());
@@ -102,7 +102,7 @@ ProError ProSimprepInit(WideChar* name, int id, ProSolid owner, ProSimprep* repr
         [&] {
             Model& assembly = RequireAssembly(owner);
             const WideText wanted = NameIn(name);
-            for (const Simprep& each : assembly.simpreps) {
+            for (const Simprep& each : assembly.assemblyData.simpreps) {
                 if (id != -1 ? each.id != id : !SameName(each.name, wanted)) continue;
                 *representation = {PRO_SIMP_REP, each.id, assembly.handle};
                 return;
@@ -121,11 +121,11 @@ ProError ProSimprepCreate(ProSolid assembly, ProSimprepdata* data, ProSimprep* r
             if (model.FindSimprep(made.name)) Refuse(PRO_TK_E_FOUND);
             made.name = Upper(made.name);
             made.id = 1;
-            for (const Simprep& each : model.simpreps) {
+            for (const Simprep& each : model.assemblyData.simpreps) {
                 made.id = std::max(made.id, each.id + 1);
             }
             *representation = {PRO_SIMP_REP, made.id, model.handle};
-            model.simpreps.push_back(std::move(made));
+            model.assemblyData.simpreps.push_back(std::move(made));
             Changed(model);
         },
         ARG(assembly), ARG(data), OUT(representation));
@@ -189,7 +189,7 @@ ProError ProSimprepActivate(ProSolid assembly, ProSimprep* representation) {
             Model* owner = nullptr;
             const Simprep& found = RequireSimprep(*representation, &owner);
             if (owner != &model) Refuse(PRO_TK_BAD_INPUTS);
-            model.activeSimprep = found.id;
+            model.assemblyData.activeSimprep = found.id;
             ++TheHost().session.contentsRevision;
         },
         ARG(assembly), GIVEN(representation));

@@ -5,6 +5,7 @@
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/model/model_file.h"
+#include "simhost/model/shown.h"
 
 using namespace simhost;
 
@@ -72,8 +73,14 @@ ProError ProWindowRefresh(int window) {
 }
 
 ProError ProSolidDisplay(ProSolid solid) {
-    return Op<"ProSolidDisplay">.Call([&] { ShowInCurrent(TheHost().session.RequireSolid(solid)); },
-                                      ARG(solid));
+    return Op<"ProSolidDisplay">.Call(
+        [&] {
+            Model& shown = TheHost().session.RequireSolid(solid);
+            Model* current = TheHost().session.CurrentModel();
+            // The window of a manufacturing model shows its assembly, and stays its own.
+            ShowInCurrent(current && &ContentsOf(*current) == &shown ? *current : shown);
+        },
+        ARG(solid));
 }
 
 ProError ProWindowCurrentSet(int window) {

@@ -17,11 +17,11 @@ bool Exclusions::Has(const Session& session, const Model& owner, int id) {
     const Model& top = ContentsOf(*current);
     if (!top.ActiveSimprep()) return false;
     if (top_ != &top || revision_ != session.contentsRevision ||
-        representation_ != top.activeSimprep) {
+        representation_ != top.assemblyData.activeSimprep) {
         LookThrough(top);
         top_ = &top;
         revision_ = session.contentsRevision;
-        representation_ = top.activeSimprep;
+        representation_ = top.assemblyData.activeSimprep;
     }
     return excluded_.count({&owner, id}) > 0;
 }

@@ -78,15 +78,15 @@ ProdbSurfaceProps DefaultAppearance() {
 }
 
 const Simprep* Model::FindSimprep(WideView wanted) const {
-    for (const Simprep& each : simpreps) {
+    for (const Simprep& each : assemblyData.simpreps) {
         if (SameName(each.name, wanted)) return &each;
     }
     return nullptr;
 }
 
 const Simprep* Model::ActiveSimprep() const {
-    for (const Simprep& each : simpreps) {
-        if (each.id == activeSimprep) return &each;
+    for (const Simprep& each : assemblyData.simpreps) {
+        if (each.id == assemblyData.activeSimprep) return &each;
     }
     return nullptr;
 }

@@ -63,6 +63,12 @@ struct ManufacturingData {
     Model* assembly = nullptr;  // null while it is not in memory
 };
 
+// What only assemblies have.
+struct AssemblyData {
+    std::vector<Simprep> simpreps;
+    int activeSimprep = 0;  // its id; 0: the master, which has all components
+};
+
 // What only drawings have.
 struct DrawingData {
     std::vector<WideText> sheetSizes;  // "A3"; one for each sheet
@@ -85,6 +91,7 @@ public:
     bool modified = false;
 
     PartData partData;
+    AssemblyData assemblyData;
     ManufacturingData manufacturingData;
     DrawingData drawingData;
     std::optional<ProdbSurfaceProps> appearance;  // the whole model's own
@@ -93,8 +100,6 @@ public:
     FamilyTable family;
     std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;               // released: the host lets nobody change it
-    std::vector<Simprep> simpreps;       // assemblies
-    int activeSimprep = 0;               // its id; 0: the master, which has all components
     int treeRefreshes = 0;               // how often its tree was refreshed
 
     const std::vector<Feature>& features() const { return features_; }

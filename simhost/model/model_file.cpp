@@ -74,7 +74,7 @@ constexpr Section kManufacturingSection =
 constexpr const Section* kSections[] = {
     &kManufacturingSection, &kAppearanceSection, &kParameterSection, &kRelationsSection,
     &kFamilySection,        &kSheetsSection,     &kDrawingSection,   &kViewSection,
-    &kSolidSection,         &kSurfaceSection,    &kFeatureSection,
+    &kSolidSection,         &kSurfaceSection,    &kFeatureSection,   &kSimprepSection,
 };
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {

@@ -42,5 +42,6 @@ extern const Section kViewSection;
 extern const Section kSolidSection;
 extern const Section kSurfaceSection;
 extern const Section kFeatureSection;
+extern const Section kSimprepSection;
 
 }  // namespace simhost

@@ -43,12 +43,36 @@ std::size_t RelationsOf(const Model& model) {
     return std::hash<std::string>()(all);
 }
 
+std::size_t RepresentationsOf(const Model& model) {
+    std::string all = std::to_string(model.assemblyData.activeSimprep);
+    for (const Simprep& each : model.assemblyData.simpreps) {
+        all += fmt::format("\n{} {}", Utf8(each.name), each.items.size());
+    }
+    return std::hash<std::string>()(all);
+}
+
+std::string HiddenOf(const Model& model) {
+    std::string hidden;
+    for (const Feature& feature : model.features()) hidden += feature.hidden ? 'h' : 's';
+    return hidden;
+}
+
+// How many features have changed over to this letter.
+int ChangedTo(char letter, const std::string& before, const std::string& now) {
+    int count = 0;
+    for (std::size_t i = 0; i < now.size() && i < before.size(); ++i) {
+        count += before[i] != letter && now[i] == letter;
+    }
+    return count;
+}
+
 }  // namespace
 
 Changes::States Changes::Look() {
     States states;
     for (const Model* model : TheHost().session.All()) {
-        states[model->FileName()] = {Colours(*model), ParametersOf(*model), RelationsOf(*model)};
+        states[model->FileName()] = {Colours(*model), ParametersOf(*model), RelationsOf(*model),
+                                     RepresentationsOf(*model), HiddenOf(*model)};
     }
     return states;
 }
@@ -56,6 +80,7 @@ Changes::States Changes::Look() {
 std::string Changes::Tell() {
     States now = Look();
     int colours = 0, parameters = 0, relations = 0, created = 0, erased = 0;
+    int representations = 0, hidden = 0, shown = 0;
     for (const auto& [file, state] : now) {
         const auto old = before_.find(file);
         if (old == before_.end()) {
@@ -65,6 +90,9 @@ std::string Changes::Tell() {
         colours += old->second.colours != state.colours;
         parameters += old->second.parameters != state.parameters;
         relations += old->second.relations != state.relations;
+        representations += old->second.representations != state.representations;
+        hidden += ChangedTo('h', old->second.hidden, state.hidden);
+        shown += ChangedTo('s', old->second.hidden, state.hidden);
     }
     for (const auto& [file, state] : before_) erased += now.count(file) == 0;
     before_ = std::move(now);
@@ -75,6 +103,10 @@ std::string Changes::Tell() {
         {colours, "colours of 1 model", "colours of {} models", "{} 个模型的颜色"},
         {parameters, "parameters of 1 model", "parameters of {} models", "{} 个模型的参数"},
         {relations, "relations of 1 model", "relations of {} models", "{} 个模型的关系"},
+        {hidden, "1 component is hidden", "{} components are hidden", "隐藏 {} 个元件"},
+        {shown, "1 component is shown", "{} components are shown", "显示 {} 个元件"},
+        {representations, "representations of 1 model", "representations of {} models",
+         "{} 个模型的简化表示"},
         {created, "1 model came into memory", "{} models came into memory", "新载入 {} 个模型"},
         {erased, "1 model left memory", "{} models left memory", "移除 {} 个模型"},
     };

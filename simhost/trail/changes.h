@@ -17,7 +17,9 @@ public:
 
 private:
     struct State {
-        std::size_t colours = 0, parameters = 0, relations = 0;  // hashes of their contents
+        // Hashes of their contents.
+        std::size_t colours = 0, parameters = 0, relations = 0, representations = 0;
+        std::string hidden;  // a letter for each feature
     };
     using States = std::map<std::string, State>;  // by the model's file name
     static States Look();

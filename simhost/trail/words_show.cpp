@@ -76,9 +76,9 @@ std::vector<int> IdsOf(const std::string& path) {
 }
 
 void ShowRepresentations(Trail& trail, const Model& model) {
-    if (model.simpreps.empty()) return;
+    if (model.assemblyData.simpreps.empty()) return;
     std::string names;
-    for (const Simprep& each : model.simpreps)
+    for (const Simprep& each : model.assemblyData.simpreps)
         names += (names.empty() ? "" : ", ") + Utf8(each.name);
     const Simprep* active = model.ActiveSimprep();
     trail.Say(fmt::format("simplified representations: {}; active: {}", names,

@@ -84,6 +84,28 @@ TEST(ChineseHelp, EveryWordHasOne) {
     for (const Word& word : Words()) EXPECT_STRNE(ChineseHelp(word.name), "") << word.name;
 }
 
+TEST_F(ModelScripts, ATransparencyIsExpectedToTheLastBit) {
+    EXPECT_EQ(Run("@ expect transparency shaft none\n@ expect transparency shaft#12 none"),
+              Failures{});
+    shaft_->appearance = DefaultAppearance();
+    shaft_->appearance->transparency = 0.618;
+    shaft_->partData.surfaceAppearances[12] = DefaultAppearance();
+    shaft_->partData.surfaceAppearances[12].transparency = 1;
+    EXPECT_EQ(Run("@ expect transparency shaft.prt 0.618\n@ expect transparency shaft#12 1"),
+              Failures{});
+    EXPECT_EQ(Failure("@ expect transparency shaft 0.6180000001"),
+              "line 1: the transparency of shaft.prt is 0.618, not 0.6180000001");
+    EXPECT_EQ(Failure("@ expect transparency shaft none"),
+              "line 1: the transparency of shaft.prt is 0.618, not none");
+    EXPECT_EQ(Failure("@ expect transparency top 0"),
+              "line 1: the transparency of top.asm is none, not 0");
+    EXPECT_EQ(Failure("@ expect transparency shaft much"),
+              "line 1: a transparency is a number or none, not much");
+    EXPECT_EQ(Failure("@ expect transparency shaft"),
+              "line 1: a transparency is MODEL VALUE, or MODEL none");
+    EXPECT_EQ(Failure("@ expect transparency shaft#99 0"), "line 1: shaft.prt has no surface 99");
+}
+
 TEST_F(ModelScripts, AManufacturingModelIsPickedInItsAssembly) {
     Open(Manufacturing("MILL", *top_));
     EXPECT_EQ(Run("@ select 箱体"), Failures{});

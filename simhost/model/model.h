@@ -64,6 +64,7 @@ public:
     std::string title;  // the designer's words for it (UTF-8)
     bool skeleton = false;
     int version = 0;  // of the file last read or written; 0: never on disk
+    WideText folder;  // which it came from; empty: never on disk, and goes to the working folder
     bool modified = false;
 
     std::vector<Solid> solids;                            // parts

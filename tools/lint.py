@@ -486,7 +486,7 @@ def readme_tells_what_works(tree):
 
 
 # Functions that hand a key on to ProMessageDisplay, by the file that defines them.
-MESSAGE_WRAPPERS = {}
+MESSAGE_WRAPPERS = {"frame/services/messages.cpp": ["ShowMessage"]}
 
 
 def call_arguments(code, start):

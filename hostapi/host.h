@@ -45,6 +45,7 @@
 #include "hostapi/host/relation.h"
 #include "hostapi/host/selection.h"
 #include "hostapi/host/session.h"
+#include "hostapi/host/simprep.h"
 #include "hostapi/host/solid.h"
 #include "hostapi/host/treetool.h"
 #include "hostapi/host/types.h"

@@ -33,6 +33,8 @@
 #include <ProRelSet.h>
 #include <ProSelbuffer.h>
 #include <ProSelection.h>
+#include <ProSimprep.h>
+#include <ProSimprepdata.h>
 #include <ProSolid.h>
 #include <ProSurface.h>
 #include <ProTreetool.h>

@@ -1,13 +1,57 @@
-// What the user has selected.
+// What the user has selected, and picks that are asked of the user.
 #pragma once
 
+#include "hostapi/host/component_path.h"
 #include "hostapi/host/types.h"
 
 // A new array with the selections of the selection buffer, in the order of picking. The caller
 // frees the array. PRO_TK_E_NOT_FOUND: nothing is selected.
-// Assumed (frees, 20 %): the array is the caller's, its selections are the host's. If those are the
-//   caller's too, each press leaves some
+// Assumed (frees, 20 %): the array is the caller's, its selections are the host's and end with it.
+// If
+//   those are the caller's too, each press leaves some
 HOST_API ProError ProSelbufferSelectionsGet(ProSelection** selections);
+
+// Takes everything out of the selection buffer.
+HOST_API ProError ProSelbufferClear();
+
+// Puts a copy of a selection at the end of the selection buffer. PRO_TK_BAD_INPUTS: it is none.
+HOST_API ProError ProSelbufferSelectionAdd(ProSelection selection);
 
 // The selected item. PRO_TK_BAD_INPUTS: not a live selection.
 HOST_API ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem* item);
+
+// The way from the top model to the component that is selected, or in which the selected item is;
+// of an item of the top model a path without components.
+HOST_API ProError ProSelectionAsmcomppathGet(ProSelection selection, ProAsmcomppath* path);
+
+// How a pick is to be made: pairs of an attribute and its value.
+// Assumed (codes, 60 %): which attributes the numbers name
+typedef enum : int {
+    PRO_SELECT_DONE_REQUIRED = 50,  // 1: the pick ends when the user says so
+    PRO_SELECT_BY_MENU_ALLOWED = 51,
+    PRO_SELECT_BY_BOX_ALLOWED = 52,
+} ProSelectionEnvAttr;
+typedef struct VxSelectionEnvOption {
+    ProSelectionEnvAttr attribute;
+    int attribute_value;
+} ProSelectionEnvOption;
+typedef struct VxHostSelectionEnv* ProSelectionEnv;
+
+// An environment with these options, for ProSelect. PRO_TK_BAD_INPUTS: an unknown option.
+// Assumed (record, 70 %): an option is two 32-bit integers
+// Assumed (frees, 60 %): the environment stays the host's, as nothing prescribed frees it
+HOST_API ProError ProSelectionEnvAlloc(ProSelectionEnvOption* options, int count,
+                                       ProSelectionEnv* environment);
+
+typedef struct VxSelFunctions ProSelFunctions;  // filters and actions of the caller's; never used
+typedef struct VxSelAppAction ProSelAppAction;  // likewise
+
+// Lets the user pick items that the words of the filter name, at most `most` of them (-1: any
+// number). Receives the host's array of what was picked, with its length: both live until the next
+// pick, and the caller does not free them. Picking nothing is a success with a count of 0.
+// PRO_TK_USER_ABORT: the user left it. The selection buffer stays as it is.
+// Assumed (parameters, 60 %): eight parameters; the types of those for which null is handed over
+// Assumed (behaviour, 80 %): the array is one that ProArraySizeGet measures
+HOST_API ProError ProSelect(char* filter, int most, ProSelection* initial,
+                            ProSelFunctions* functions, ProSelectionEnv environment,
+                            ProSelAppAction* reference, ProSelection** selections, int* count);

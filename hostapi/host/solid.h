@@ -22,3 +22,6 @@ HOST_API ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction acti
 
 // The item (kind PRO_SURFACE, id, owner) of a surface of this part.
 HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item);
+
+// Shows a part or an assembly in the current window, as its active representation has it.
+HOST_API ProError ProSolidDisplay(ProSolid solid);

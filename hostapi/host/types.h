@@ -79,6 +79,8 @@ typedef enum : int {
     PRO_DWGFORM = 33,
     PRO_MFG = 37,
     PRO_QUILT = 66,
+    // Assumed (codes, 40 %): the host alone fills it in and reads it
+    PRO_SIMP_REP = 77,
     PRO_CURVE = 71,
     PRO_COMP_CURVE = 72,
     // Assumed (names, 70 %): the kit knows bodies; one older than those has no such name, and

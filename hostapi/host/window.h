@@ -8,6 +8,12 @@
 // Draws a window afresh; PRO_VALUE_UNUSED (-1) is the current window.
 HOST_API ProError ProWindowRepaint(int window);
 
+// Redraws a window from what it holds already.
+HOST_API ProError ProWindowRefresh(int window);
+
+// The id of the current window. PRO_TK_BAD_CONTEXT: none is.
+HOST_API ProError ProWindowCurrentGet(int* window);
+
 // Opens a window for the model of this name and kind, from memory or from the working folder, or
 // finds the one that shows it. Receives its id. The current window stays the current one.
 // PRO_TK_E_NOT_FOUND: no such model.

@@ -43,7 +43,7 @@ std::vector<std::string> PathSteps(const std::string& typed) {
 
 std::vector<std::string> ForWord(const Word& word, const std::string& typed) {
     const std::string name = word.name;
-    if (name == "select") return PathSteps(typed);
+    if (name == "select" || name == "pick") return PathSteps(typed);
     if (name == "show" && typed.find("tree ") != std::string::npos) return PathSteps(typed);
     const std::string arguments = word.arguments;
     if (name == "open") return ModelFiles();

@@ -23,9 +23,10 @@ constexpr const char* kStart =
     "@ title The plug-in starts\n@ start\n~ Activate `VxInit.res` `OK`\n@ show menu\n";
 
 // A picture without a folder goes where the results are.
-std::string Draw(const std::string& file, const fs::path& out, Report* report) {
+std::string Draw(const std::string& file, bool asOnScreen, const fs::path& out, Report* report) {
     const fs::path name(std::u8string(file.begin(), file.end()));
-    const std::string wrong = SavePicture((name.is_absolute() ? name : out / name).string());
+    const fs::path place = name.is_absolute() ? name : out / name;
+    const std::string wrong = SavePicture(place.string(), asOnScreen);
     if (wrong.empty() && !name.is_absolute()) report->Add(file);
     return wrong;
 }
@@ -69,7 +70,9 @@ int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& ou
         const int status = workplace.StartPlugin();
         return status == 0 ? std::string() : "user_initialize returned " + std::to_string(status);
     };
-    TheHooks().picture = [&](const std::string& file) { return Draw(file, whole, &report); };
+    TheHooks().picture = [&](const std::string& file, bool asOnScreen) {
+        return Draw(file, asOnScreen, whole, &report);
+    };
     TheHooks().handOut = [&](const fs::path& file) { return CopyTo(whole, file, &report); };
     TheHooks().title = [&](const std::string& title) { report.Begin(title); };
     const auto failures = RunScript(kStart + lines, [&](const std::string& line) {

@@ -85,7 +85,7 @@ void SetHooks(Workplace& workplace) {
         workplace.StopPlugin();
         return std::string();
     };
-    TheHooks().picture = [](const std::string& file) { return SavePicture(file); };
+    TheHooks().picture = SavePicture;
 }
 
 // "a, b and 3 more".

@@ -20,9 +20,11 @@ namespace simhost {
 
 namespace {
 
-Picture PictureOf(Session& session, Model& model) {
+Picture PictureOf(Model& model, bool asOnScreen) {
     constexpr int kWidth = 1200, kSheetWidth = 2400;
-    if (model.type != PRO_MDL_DRAWING) return IsometricPicture(session, model, kWidth);
+    if (model.type != PRO_MDL_DRAWING) {
+        return asOnScreen ? ScreenPicture(model) : IsometricPicture(model, kWidth);
+    }
     return SheetPicture(model, DrawingOf(model).currentSheet, kSheetWidth);
 }
 
@@ -35,9 +37,8 @@ void Write(const Picture& picture, const std::string& ending, const fs::path& pa
 
 }  // namespace
 
-std::string SavePicture(const std::string& file) {
-    Session& session = TheHost().session;
-    Model* model = session.CurrentModel();
+std::string SavePicture(const std::string& file, bool asOnScreen) {
+    Model* model = TheHost().session.CurrentModel();
     if (!model) return "no model is open";
     const fs::path path(std::u8string(file.begin(), file.end()));
     const std::string ending = Lower(path.extension().string());
@@ -47,7 +48,7 @@ std::string SavePicture(const std::string& file) {
     std::error_code ignored;
     if (path.has_parent_path()) fs::create_directories(path.parent_path(), ignored);
     try {
-        Write(PictureOf(session, *model), ending, path);
+        Write(PictureOf(*model, asOnScreen), ending, path);
     } catch (const Interrupted& stopped) {
         return stopped.what();
     } catch (const std::runtime_error& error) {

@@ -25,6 +25,7 @@ std::string PromptFor(const std::string& waiting) {
     }
     if (waiting == "box") return "提示框";
     if (waiting == "answer") return "请回答";
+    if (waiting == "pick") return "请选取";
     return waiting == "popup" ? "右键菜单" : waiting;
 }
 

@@ -52,7 +52,19 @@ void ArrayLedger::Free(ProArray array) {
         Refuse(PRO_TK_BAD_INPUTS);
     }
     Header* header = Require(array);
-    live_.erase(array);
+    if (header->holder == kTheHost) {
+        Complain(PRO_TK_BAD_INPUTS, "the array is the host's own: " + header->origin);
+    }
+    End(header);
+}
+
+void ArrayLedger::TakeBack(ProArray array) {
+    End(Require(array));
+}
+
+void ArrayLedger::End(Header* header) {
+    if (ending) ending(header->elements);
+    live_.erase(header->elements);
     std::free(header->elements);
     delete header;
 }
@@ -114,7 +126,9 @@ std::string ArrayLedger::Line(const Header& header) {
 
 std::vector<std::string> ArrayLedger::Held() const {
     std::vector<std::string> held;
-    for (const auto& [address, header] : live_) held.push_back(Line(*header));
+    for (const auto& [address, header] : live_) {
+        if (header->holder != kTheHost) held.push_back(Line(*header));
+    }
     return held;
 }
 
@@ -125,6 +139,7 @@ std::vector<std::string> ArrayLedger::HeldByMistake() const {
             return header.holder == row.holder && header.origin == row.origin &&
                    (row.objectSize == 0 || row.objectSize == header.objectSize);
         };
+        if (header->holder == kTheHost) continue;
         if (std::none_of(heldOnPurpose_.begin(), heldOnPurpose_.end(), known)) {
             held.push_back(Line(*header));
         }

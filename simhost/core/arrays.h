@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -35,8 +36,15 @@ public:
         nullFreedOnPurpose_ = std::move(nullFreed);
     }
 
+    // The holder of arrays that the host lends and takes back itself: nobody else frees them, and
+    // they are not among those that are held.
+    static constexpr const char* kTheHost = "the host";
+    // Is told of each array that ends, while it is still whole. The host sets it.
+    std::function<void(const void* array)> ending;
+
     ProArray Allocate(int objects, int objectSize, int step, std::string origin = {});
     void Free(ProArray array);
+    void TakeBack(ProArray array);  // one of the host's own
     int Size(ProArray array) const;
     void Insert(ProArray* array, int index, int count, const void* object);
 
@@ -66,6 +74,7 @@ public:
 private:
     struct Header;
     Header* Require(ProArray array) const;
+    void End(Header* header);
     static std::string Line(const Header& header);
     std::vector<HeldOnPurpose> heldOnPurpose_;
     std::vector<NullFreedOnPurpose> nullFreedOnPurpose_;

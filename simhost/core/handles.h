@@ -16,6 +16,8 @@ enum class HandleKind : std::uint8_t {
     Command = 0x24,
     Object = 0x25,
     View = 0x26,
+    SelectionEnvironment = 0x27,
+    SimprepData = 0x28,
 };
 
 inline HandleKind KindOf(const void* handle) {

@@ -14,6 +14,14 @@ namespace simhost {
 
 namespace {
 
+// "selection of bolt.prt item -1 of type 2 at top.asm [3, 7]".
+std::string DescribeSelection(const Selection& selection) {
+    std::string path;
+    for (const int id : selection.path) path += (path.empty() ? "" : ", ") + Describe(id);
+    return fmt::format("selection of {} at {} [{}]", TextOf(selection.item),
+                       Describe(selection.top->handle), path);
+}
+
 std::string DescribeHandle(const void* handle) {
     const Session& session = TheHost().session;
     switch (KindOf(handle)) {
@@ -33,10 +41,20 @@ std::string DescribeHandle(const void* handle) {
             }
             break;
         case HandleKind::Selection:
-            if (const Selection* selection = session.FindSelection(handle)) {
-                return "selection of " + TextOf(selection->item);
+            if (const Selection* selection = session.selections.Find(handle)) {
+                return DescribeSelection(*selection);
+            }
+            return "dangling selection";
+        case HandleKind::SelectionEnvironment:
+            if (const auto* found = session.selections.FindEnvironment(handle)) {
+                return found->box ? "environment with a box" : "environment without a box";
             }
             break;
+        case HandleKind::SimprepData:
+            if (const Simprep* data = session.simprepDatas.Find(handle)) {
+                return "data of " + InQuotes(Utf8(data->name));
+            }
+            return "dangling data";
         case HandleKind::View: return DescribeView(handle);
         case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
@@ -121,6 +139,20 @@ std::string TextOf(const ProDrawingViewDisplay& display) {
 
 std::string TextOf(const ProdbSurfaceProps& props) {
     return Numbers(&props.ambient, sizeof props / sizeof(double));
+}
+
+std::string TextOf(const ProSelectionEnvOption& option) {
+    return fmt::format("{} = {}", int(option.attribute), option.attribute_value);
+}
+
+std::string TextOf(const ProSimprepAction& action) {
+    return fmt::format("action {}", int(action.type));
+}
+
+std::string TextOf(const ProSimprepitem& item) {
+    const int count = std::clamp(item.count, 0, PRO_MAX_ASSEM_LEVEL);
+    return fmt::format("{} feature {} {}", Describe(ListOf{item.path, count}), item.feature,
+                       TextOf(item.action));
 }
 
 std::string TextOf(const ProUIPoint& point) {

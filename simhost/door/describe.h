@@ -15,6 +15,8 @@
 #include "hostapi/host/model.h"
 #include "hostapi/host/parameter.h"
 #include "hostapi/host/relation.h"
+#include "hostapi/host/selection.h"
+#include "hostapi/host/simprep.h"
 #include "hostapi/host/types.h"
 #include "simhost/core/operation.h"
 
@@ -31,6 +33,9 @@ std::string TextOf(const ProAsmcomppath& path);
 std::string TextOf(const ProGeomitemdata& data);
 std::string TextOf(const ProDrawingViewDisplay& display);
 std::string TextOf(const ProdbSurfaceProps& props);
+std::string TextOf(const ProSelectionEnvOption& option);
+std::string TextOf(const ProSimprepAction& action);
+std::string TextOf(const ProSimprepitem& item);
 std::string TextOf(const ProUIPoint& point);
 
 template <class Record>
@@ -49,6 +54,9 @@ template <> struct JournalText<ProAsmcomppath> : RecordText<ProAsmcomppath> {};
 template <> struct JournalText<ProGeomitemdata> : RecordText<ProGeomitemdata> {};
 template <> struct JournalText<ProDrawingViewDisplay> : RecordText<ProDrawingViewDisplay> {};
 template <> struct JournalText<ProdbSurfaceProps> : RecordText<ProdbSurfaceProps> {};
+template <> struct JournalText<ProSelectionEnvOption> : RecordText<ProSelectionEnvOption> {};
+template <> struct JournalText<ProSimprepAction> : RecordText<ProSimprepAction> {};
+template <> struct JournalText<ProSimprepitem> : RecordText<ProSimprepitem> {};
 template <> struct JournalText<ProUIPoint> : RecordText<ProUIPoint> {};
 // clang-format on
 

@@ -13,8 +13,15 @@ ProError ProFeatureTypeGet(ProFeature* feature, ProFeattype* type) {
 
 ProError ProFeatureStatusGet(ProFeature* feature, ProFeatStatus* status) {
     return Op<"ProFeatureStatusGet">.Call(
-        [&] { *status = TheHost().session.RequireFeature(feature).status; }, ARG(feature),
-        OUT(status));
+        [&] {
+            Session& session = TheHost().session;
+            const Feature& found = session.RequireFeature(feature);
+            const bool active = found.status == PRO_FEAT_ACTIVE;
+            const bool out = active && session.exclusions.Has(
+                                           session, session.Require(feature->owner), feature->id);
+            *status = out ? PRO_FEAT_SIMPREP_SUPPRESSED : found.status;
+        },
+        ARG(feature), OUT(status));
 }
 
 ProError ProFeatureStatusflagsGet(ProFeature* feature, int* flags) {

@@ -9,7 +9,8 @@ using namespace simhost;
 ProError ProSolidOutlineGet(ProSolid solid, Pro3dPnt outline[2]) {
     return Op<"ProSolidOutlineGet">.Call(
         [&] {
-            const Extents box = ExtentsIn(TheHost().session.RequireSolid(solid), Placement());
+            const Model& model = TheHost().session.RequireSolid(solid);
+            const Extents box = ExtentsIn(model, Placement(), Sight::Measures);
             if (box.empty) Refuse(PRO_TK_E_NOT_FOUND);
             const Vec3 corners[] = {box.low, box.high};
             for (std::size_t i = 0; i < 2; ++i) {

@@ -1,6 +1,7 @@
 // Windows at the door.
 #include "hostapi/host/window.h"
 
+#include "hostapi/host/solid.h"
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/model/model_file.h"
@@ -22,6 +23,16 @@ Window& WindowOf(ProMdl handle) {
         if (window.model == &model) return *session.FindWindow(window.id);
     }
     Refuse(PRO_TK_E_NOT_FOUND);
+}
+
+void ShowInCurrent(Model& model) {
+    Session& session = TheHost().session;
+    if (session.current) {
+        session.current->model = &model;
+    } else {
+        session.Open(model);
+    }
+    ++session.current->repaints;
 }
 
 }  // namespace
@@ -46,6 +57,25 @@ ProError ProObjectwindowCreate(ProName name, ProType type, int* window) {
         GIVEN(name), ARG(type), OUT(window));
 }
 
+ProError ProWindowCurrentGet(int* window) {
+    return Op<"ProWindowCurrentGet">.Call(
+        [&] {
+            const Window* current = TheHost().session.current;
+            if (!current) Refuse(PRO_TK_BAD_CONTEXT);
+            *window = current->id;
+        },
+        OUT(window));
+}
+
+ProError ProWindowRefresh(int window) {
+    return Op<"ProWindowRefresh">.Call([&] { RequireWindow(window); }, ARG(window));
+}
+
+ProError ProSolidDisplay(ProSolid solid) {
+    return Op<"ProSolidDisplay">.Call([&] { ShowInCurrent(TheHost().session.RequireSolid(solid)); },
+                                      ARG(solid));
+}
+
 ProError ProWindowCurrentSet(int window) {
     return Op<"ProWindowCurrentSet">.Call(
         [&] { TheHost().session.current = &RequireWindow(window); }, ARG(window));
@@ -62,18 +92,8 @@ ProError ProWindowActivate(int window) {
 }
 
 ProError ProMdlDisplay(ProMdl model) {
-    return Op<"ProMdlDisplay">.Call(
-        [&] {
-            Session& session = TheHost().session;
-            Model& shown = session.Require(model);
-            if (session.current) {
-                session.current->model = &shown;
-            } else {
-                session.Open(shown);
-            }
-            ++session.current->repaints;
-        },
-        ARG(model));
+    return Op<"ProMdlDisplay">.Call([&] { ShowInCurrent(TheHost().session.Require(model)); },
+                                    ARG(model));
 }
 
 ProError ProMdlWindowGet(ProMdl model, int* window) {

@@ -54,7 +54,7 @@ bool IsUpright(Side side) {
 }
 
 Vec3 MiddleOf(const Model& model) {
-    const Extents box = ExtentsIn(model, Placement());
+    const Extents box = ExtentsIn(model, Placement(), Sight::Views);
     return 0.5 * (box.low + box.high);
 }
 
@@ -157,7 +157,7 @@ void Drawing::Move(DrawingView& view, Vec3 by) {
 void Drawing::Regenerate(DrawingView& view) {
     Extents outline;
     const Model* model = ModelOf(view);
-    const Extents framed = model ? ExtentsIn(*model, FrameOf(view)) : Extents();
+    const Extents framed = model ? ExtentsIn(*model, FrameOf(view), Sight::Views) : Extents();
     outline.Add(ToSheet(view, framed.empty ? Vec3() : framed.low));
     outline.Add(ToSheet(view, framed.empty ? Vec3() : framed.high));
     view.outline = outline;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "simhost/core/text.h"
+#include "simhost/model/session.h"
 
 namespace simhost {
 
@@ -76,6 +77,20 @@ ProdbSurfaceProps DefaultAppearance() {
     return props;
 }
 
+const Simprep* Model::FindSimprep(WideView wanted) const {
+    for (const Simprep& each : simpreps) {
+        if (SameName(each.name, wanted)) return &each;
+    }
+    return nullptr;
+}
+
+const Simprep* Model::ActiveSimprep() const {
+    for (const Simprep& each : simpreps) {
+        if (each.id == activeSimprep) return &each;
+    }
+    return nullptr;
+}
+
 std::string Model::FileName() const {
     return Utf8(Lower(name)) + '.' + SuffixOf(type);
 }
@@ -85,9 +100,15 @@ Feature& Model::AddFeature(Feature feature) {
         feature.id = 1;
         for (const Feature& other : features_) feature.id = std::max(feature.id, other.id + 1);
     }
+    if (session) ++session->contentsRevision;
     featureAt_[feature.id] = features_.size();
     features_.push_back(std::move(feature));
     return features_.back();
+}
+
+std::vector<Feature>& Model::MutableFeatures() {
+    if (session) ++session->contentsRevision;
+    return features_;
 }
 
 Feature* Model::FindFeature(int id) {

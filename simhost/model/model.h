@@ -16,6 +16,7 @@
 #include "simhost/model/geometry.h"
 #include "simhost/model/parameters.h"
 #include "simhost/model/relations.h"
+#include "simhost/model/simprep.h"
 
 namespace simhost {
 
@@ -34,8 +35,9 @@ struct Feature {
     int type = 0;
     int flags = 0;  // ProFeatureStatusflagsGet
     ProFeatStatus status = PRO_FEAT_ACTIVE;
-    bool visible = true;  // ProFeatureVisibilityGet: the feature itself
-    bool hidden = false;  // the display state of a component that the user has hidden
+    bool visible = true;        // ProFeatureVisibilityGet: the feature itself
+    bool hidden = false;        // on the screen: nothing else of it changes, and it is not saved
+    bool hiddenInFile = false;  // how it comes onto the screen from its file
     WideText name;
     std::string file;        // components: "housing.prt"
     Model* model = nullptr;  // components: null while the model is not in memory
@@ -79,17 +81,22 @@ public:
     std::shared_ptr<Drawing> drawing;    // drawings: their views; see DrawingOf
     std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;               // released: the host lets nobody change it
+    std::vector<Simprep> simpreps;       // assemblies
+    int activeSimprep = 0;               // its id; 0: the master, which has all components
     int treeRefreshes = 0;               // how often its tree was shown afresh
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one
     Feature* FindFeature(int id);
-    std::vector<Feature>& MutableFeatures() { return features_; }
+    std::vector<Feature>& MutableFeatures();
 
     const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
     bool HasSurface(int id);
     // The record of the door for one of its surfaces; made at first use.
     static ProGeomitemdata* SurfaceData(Surface& surface);
+
+    const Simprep* FindSimprep(WideView name) const;  // whatever the case of its letters
+    const Simprep* ActiveSimprep() const;             // null: the master
 
     // "gearbox.asm": the name in small letters and the type's suffix.
     std::string FileName() const;

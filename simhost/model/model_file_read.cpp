@@ -266,7 +266,7 @@ void ReadFeature(const toml::table& table, std::unordered_set<int>* ids, Model* 
         feature.flags = Integer(*flags, "flags", INT_MIN);
     }
     feature.visible = Flag(table, "visible", true);
-    feature.hidden = Flag(table, "hidden", false);
+    feature.hidden = feature.hiddenInFile = Flag(table, "hidden", false);
     model->AddFeature(std::move(feature));
 }
 

@@ -84,7 +84,7 @@ void AddFeature(std::string* text, const Feature& feature) {
     }
     if (feature.flags != 0) Line(text, "flags", std::to_string(feature.flags));
     if (!feature.visible) Line(text, "visible", "false");
-    if (feature.hidden) Line(text, "hidden", "true");
+    if (feature.hiddenInFile) Line(text, "hidden", "true");
     if (feature.type != PRO_FEAT_COMPONENT) return;
     // A model in memory may have another name by now.
     Line(text, "model", TextText(feature.model ? feature.model->FileName() : feature.file));

@@ -18,22 +18,6 @@ constexpr int kFineness = 48;     // facets of a full circle
 constexpr double kSharp = 0.906;  // cosine of 25 degrees: a weaker bend shows no edge
 constexpr double kSteep = 1e-3;   // facets seen more on edge than this cover nothing
 
-void Collect(const Model& model, const Placement& placement, std::vector<const Model*>* above,
-             std::vector<ShownPart>* found) {
-    if (model.type == PRO_MDL_PART && !model.solids.empty()) found->push_back({&model, placement});
-    if (std::find(above->begin(), above->end(), &model) != above->end()) return;
-    above->push_back(&model);
-    if (model.type == PRO_MDL_MFG && model.manufactured) {
-        Collect(*model.manufactured, placement, above, found);
-    }
-    for (const Feature& feature : model.features()) {
-        if (feature.type != PRO_FEAT_COMPONENT || feature.status != PRO_FEAT_ACTIVE) continue;
-        if (!feature.model || !feature.visible || feature.hidden) continue;
-        Collect(*feature.model, Compose(placement, feature.placement), above, found);
-    }
-    above->pop_back();
-}
-
 using Points = std::vector<Vec3>;
 
 using PointKey = std::tuple<long long, long long, long long>;
@@ -280,29 +264,22 @@ void AddPieces(const Edge& edge, std::vector<Span> covered, bool withHidden, dou
 
 }  // namespace
 
-std::vector<ShownPart> ShownParts(const Model& top) {
-    std::vector<ShownPart> parts;
-    std::vector<const Model*> above;
-    Collect(top, Placement(), &above, &parts);
-    return parts;
-}
-
-Extents ExtentsIn(const Model& top, const Placement& frame) {
+Extents ExtentsIn(const Model& top, const Placement& frame, Sight sight) {
     Extents box;
     std::unordered_map<const Model*, Points> corners;
-    for (const ShownPart& shown : ShownParts(top)) {
+    VisitShown(top, sight, [&](const ShownPart& shown) {
         const auto [points, isNew] = corners.try_emplace(shown.part);
         if (isNew) points->second = CornersOf(*shown.part);
         const Placement placement = Compose(frame, shown.placement);
         for (const Vec3& p : points->second) box.Add(placement.Point(p));
-    }
+    });
     return box;
 }
 
 std::vector<DrawnLine> ProjectedLines(const Model& top, const Placement& frame, bool withHidden) {
     Scene scene;
     std::unordered_map<const Model*, Skin> skins;
-    for (const ShownPart& shown : ShownParts(top)) {
+    for (const ShownPart& shown : ShownParts(top, Sight::Views)) {
         const auto [skin, isNew] = skins.try_emplace(shown.part);
         if (isNew) skin->second = SkinOf(*shown.part);
         AddPart(skin->second, Compose(frame, shown.placement), withHidden, &scene);

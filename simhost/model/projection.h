@@ -4,22 +4,13 @@
 
 #include <vector>
 
-#include "simhost/model/model.h"
+#include "simhost/model/shown.h"
 
 namespace simhost {
 
-// A part as it stands in the model that is looked at.
-struct ShownPart {
-    const Model* part;
-    Placement placement;
-};
-
-// The parts with solids below a model (or itself) that are active and shown, in tree order. A
-// manufacturing model shows its assembly.
-std::vector<ShownPart> ShownParts(const Model& top);
-
-// The box around the model along the axes of a frame: `frame` takes the model's points there.
-Extents ExtentsIn(const Model& top, const Placement& frame);
+// The box around what is there of a model along the axes of a frame: `frame` takes the model's
+// points there.
+Extents ExtentsIn(const Model& top, const Placement& frame, Sight sight);
 
 // A piece of an edge on the sheet.
 struct DrawnLine {

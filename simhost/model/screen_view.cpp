@@ -8,25 +8,18 @@
 
 namespace simhost {
 
-namespace {
-
-constexpr double kScreenWidth = 1000, kScreenHeight = 800;
-
-// From the right, the front and above, as in the pictures.
-Placement Isometric() {
+Placement IsometricView() {
     const double a = 1 / std::sqrt(2.0), b = 1 / std::sqrt(6.0), c = 1 / std::sqrt(3.0);
     Placement frame;
     frame.axes = {Vec3{a, -b, c}, Vec3{a, b, -c}, Vec3{0, 2 * b, c}};
     return frame;
 }
 
-}  // namespace
-
 ScreenView& ScreenOf(Model& model) {
     if (model.screen) return *model.screen;
     model.screen = std::make_shared<ScreenView>();
-    const Placement frame = Isometric();
-    const Extents shown = ExtentsIn(model, frame);
+    const Placement frame = IsometricView();
+    const Extents shown = ExtentsIn(model, frame, Sight::Measures);
     const Vec3 size = shown.high - shown.low;
     double scale = 1;
     if (!shown.empty) {

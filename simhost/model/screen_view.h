@@ -7,9 +7,15 @@
 namespace simhost {
 
 // From the model to the screen: point * matrix; rows 0 to 2 are scaled, row 3 is the place.
+// The screen is kScreenWidth wide and kScreenHeight high; y runs up.
+inline constexpr double kScreenWidth = 1000, kScreenHeight = 800;
 struct ScreenView {
     ProMatrix matrix;
 };
+
+// From the right, the front and above, as in the pictures: x runs to the lower right, y to the
+// upper right, z up. Takes directions of the model into the view.
+Placement IsometricView();
 
 // The model's view; one that was never set is isometric, and as large as the screen takes it.
 ScreenView& ScreenOf(Model& model);

@@ -98,7 +98,7 @@ void Session::Erase(Model& model) {
         if (window.model == &model) window.model = nullptr;
     }
     for (const auto& surface : model.Surfaces()) surfaces_.Drop(surface->handle);
-    std::erase_if(buffer, [&](Selection* one) { return one->item.owner == model.handle; });
+    selections.Forget(model);
     models_.Drop(model.handle);
     byFile_.erase(model.FileName());
     std::erase_if(owned_, [&](const auto& one) { return one.get() == &model; });
@@ -146,7 +146,7 @@ ProMode Session::Mode() const {
     }
 }
 
-// --- Selections, surfaces, objects ---
+// --- Paths, objects ---
 
 bool Session::Follow(Model& top, const std::vector<int>& path, ProModelitem* item) {
     Model* model = &top;
@@ -158,16 +158,6 @@ bool Session::Follow(Model& top, const std::vector<int>& path, ProModelitem* ite
         *item = {ProType(model->type), -1, model->handle};
     }
     return true;
-}
-
-Selection& Session::Select(Model& top, std::vector<int> path, ProModelitem item) {
-    auto selection = std::make_unique<Selection>();
-    selection->item = item;
-    selection->top = &top;
-    selection->path = std::move(path);
-    selection->handle = static_cast<ProSelection>(selections_.Add(selection.get()));
-    ownedSelections_.push_back(std::move(selection));
-    return *ownedSelections_.back();
 }
 
 Prohandle Session::ObjectOf(const Model& model) {

@@ -2,6 +2,7 @@
 // selections and appearances.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <functional>
@@ -12,18 +13,13 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/core/handles.h"
+#include "simhost/model/exclusions.h"
 #include "simhost/model/model.h"
 #include "simhost/model/model_folder.h"
+#include "simhost/model/selections.h"
+#include "simhost/model/simprep.h"
 
 namespace simhost {
-
-// A selected item: the item itself and the way to it from the top (component ids).
-struct Selection {
-    ProModelitem item{};
-    Model* top = nullptr;
-    std::vector<int> path;
-    ProSelection handle = nullptr;
-};
 
 struct Window {
     int id = 0;
@@ -82,6 +78,13 @@ public:
 
     WideText workingDirectory;  // a Windows path without a separator at its end
 
+    // Counts the changes of components, and of the representations that they are members of.
+    std::uint64_t contentsRevision = 0;
+    // Components that the active representation of the current model leaves out of every use of
+    // their assembly.
+    Exclusions exclusions;
+    SimprepDatas simprepDatas;
+
     // --- Windows ---
     Window& Open(Model& model);  // shows it in a window of its own, now the current one
     void CloseCurrent();
@@ -92,9 +95,7 @@ public:
     ProMode Mode() const;  // PRO_MODE_UNKNOWN while nothing is open
 
     // --- Selections ---
-    Selection& Select(Model& top, std::vector<int> path, ProModelitem item);
-    Selection* FindSelection(const void* handle) const { return selections_.Find(handle); }
-    std::vector<Selection*> buffer;  // what the user has selected, in order
+    Selections selections;
     // The item that component ids lead to below `top`; false if there is none.
     static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
 
@@ -115,11 +116,9 @@ private:
     void LetReferencesFollow(const Model& model, const std::string& oldFile);
     const Disk& disk_;
     HandleTable<Model> models_{HandleKind::Model};
-    HandleTable<Selection> selections_{HandleKind::Selection};
     HandleTable<Surface> surfaces_{HandleKind::Surface};
     std::vector<std::unique_ptr<Model>> owned_;
     std::unordered_map<std::string, Model*> byFile_;
-    std::vector<std::unique_ptr<Selection>> ownedSelections_;
     std::deque<Window> windows_;
     std::vector<std::string> missing_;
     std::vector<std::unique_ptr<ModelFolder>> folders_;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "simhost/core/text.h"
+#include "simhost/model/screen_view.h"
 #include "simhost/picture/paint_order.h"
 #include "simhost/picture/patches.h"
 #include "simhost/picture/svg_canvas.h"
@@ -22,6 +23,7 @@ namespace {
 // In pixels.
 constexpr double kMargin = 24;
 constexpr double kCaptionHeight = 64;
+constexpr double kRuler = 40;
 constexpr double kTallest = 1.25;  // height of the model's picture to its width, at most
 
 std::string NameAndTitle(const Model& model, const char* between) {
@@ -99,7 +101,7 @@ void PaintPatches(const Frame& frame, const std::vector<Patch>& patches, std::si
     canvas.Stroke(edges.path, {first.ink, 0.7, {}, first.opacity < 1 ? 0.6 : 1});
 }
 
-void PaintParts(const Frame& frame, const std::vector<Occurrence>& occurrences,
+void PaintParts(const Frame& frame, const std::vector<ShownPart>& occurrences,
                 const std::vector<Patch>& painted, Canvas& canvas) {
     for (std::size_t i = 0; i < painted.size();) {
         const std::size_t occurrence = painted[i].occurrence;
@@ -128,7 +130,7 @@ void PaintAxes(double x, double y, Canvas& canvas) {
     const Axis axes[] = {
         {"x", "#b03a2e", {1, 0, 0}}, {"y", "#2e7d32", {0, 1, 0}}, {"z", "#1f4e9c", {0, 0, 1}}};
     for (const Axis& axis : axes) {
-        const Vec3 way = InView(axis.way);
+        const Vec3 way = IsometricView().Direction(axis.way);
         Path line;
         line.MoveTo(x, y);
         line.LineTo(x + 24 * way.x, y - 24 * way.y);
@@ -149,10 +151,11 @@ void PaintCaption(const Frame& frame, const Model& top, std::size_t parts, Canva
 }
 
 // The largest scale of two digits at which the extents of all parts fit.
-Frame FrameFor(const std::vector<Occurrence>& occurrences, double width) {
+Frame FrameFor(const std::vector<ShownPart>& occurrences, double width) {
+    const Placement view = IsometricView();
     Extents all;
     std::unordered_map<const Model*, std::vector<Vec3>> corners;
-    for (const Occurrence& one : occurrences) {
+    for (const ShownPart& one : occurrences) {
         auto& points = corners[one.part];
         if (points.empty()) {
             for (const Solid& solid : one.part->solids) {
@@ -163,7 +166,7 @@ Frame FrameFor(const std::vector<Occurrence>& occurrences, double width) {
                 }
             }
         }
-        for (const Vec3& p : points) all.Add(InView(one.placement.Point(p)));
+        for (const Vec3& p : points) all.Add(view.Point(one.placement.Point(p)));
     }
     Frame frame;
     frame.width = width;
@@ -180,12 +183,51 @@ Frame FrameFor(const std::vector<Occurrence>& occurrences, double width) {
     return frame;
 }
 
+// The margins of a picture of the screen, with a mark at every 50 and a number at every 100.
+void PaintRuler(const Frame& frame, Canvas& canvas) {
+    constexpr double kStep = 50;
+    const double right = frame.width - kRuler, bottom = frame.height - kRuler;
+    const Rectangle margins[] = {{0, 0, frame.width, kRuler},
+                                 {0, bottom, frame.width, kRuler},
+                                 {0, 0, kRuler, frame.height},
+                                 {right, 0, kRuler, frame.height}};
+    for (const Rectangle& margin : margins) canvas.Box(margin, "#e3e7ea", nullptr);
+    Path marks;
+    const Letters letters{11, "#26323d", Letters::Anchor::Middle};
+    for (double at = 0; at <= kScreenWidth; at += kStep) {
+        const bool whole = std::fmod(at, 2 * kStep) == 0;
+        const double x = kRuler + at;
+        for (const double y : {kRuler, bottom}) {
+            marks.MoveTo(x, y);
+            marks.LineTo(x, y + (y == bottom ? 1 : -1) * (whole ? 10 : 5));
+        }
+        if (!whole) continue;
+        canvas.Text(x, kRuler - 14, letters, SvgNumber(at));
+        canvas.Text(x, bottom + 22, letters, SvgNumber(at));
+    }
+    for (double at = 0; at <= kScreenHeight; at += kStep) {
+        const bool whole = std::fmod(at, 2 * kStep) == 0;
+        const double y = bottom - at;
+        for (const double x : {kRuler, right}) {
+            marks.MoveTo(x, y);
+            marks.LineTo(x + (x == right ? 1 : -1) * (whole ? 10 : 5), y);
+        }
+        if (!whole) continue;
+        canvas.Text(kRuler - 24, y + 4, letters, SvgNumber(at));
+        canvas.Text(right + 24, y + 4, letters, SvgNumber(at));
+    }
+    canvas.Stroke(marks, {"#26323d", 1, {}, 1});
+    const Pen border{"#26323d", 1, {}, 1};
+    canvas.Box({kRuler, kRuler, kScreenWidth, kScreenHeight}, "", &border);
+}
+
 }  // namespace
 
-Picture IsometricPicture(Session& session, Model& top, int widthPixels) {
-    std::vector<Occurrence> occurrences = VisibleParts(session, top);
+Picture IsometricPicture(const Model& top, int widthPixels) {
+    std::vector<ShownPart> occurrences = ShownParts(top, Sight::Screen);
     const Frame frame = FrameFor(occurrences, std::max(widthPixels, 160));
-    std::vector<Patch> painted = PaintOrder(PatchesOf(occurrences, frame.scale.PixelsPerMm()));
+    std::vector<Patch> painted =
+        PaintOrder(PatchesOf(occurrences, IsometricView(), frame.scale.PixelsPerMm()));
     Picture picture{frame.width, frame.height, frame.width, frame.height, {}};
     picture.paint = [frame, &top, occurrences = std::move(occurrences),
                      painted = std::move(painted)](Canvas& canvas) {
@@ -196,8 +238,32 @@ Picture IsometricPicture(Session& session, Model& top, int widthPixels) {
     return picture;
 }
 
-std::string IsometricSvg(Session& session, Model& top, int widthPixels) {
-    return SvgOf(IsometricPicture(session, top, widthPixels));
+Picture ScreenPicture(Model& model) {
+    Model& top = ContentsOf(model);
+    const ProMatrix& matrix = ScreenOf(top).matrix;
+    Placement view;
+    double scale = 1;
+    FrameOf(matrix, &view, &scale);
+    view.origin = 1 / scale * Vec3{matrix[3][0], matrix[3][1], matrix[3][2]};
+    Frame frame;
+    frame.width = kScreenWidth + 2 * kRuler;
+    frame.height = kScreenHeight + 2 * kRuler;
+    frame.left = -kRuler;
+    frame.high = kScreenHeight + kRuler;
+    std::vector<ShownPart> parts = ShownParts(top, Sight::Screen);
+    std::vector<Patch> painted = PaintOrder(PatchesOf(parts, view, scale));
+    Picture picture{frame.width, frame.height, frame.width, frame.height, {}};
+    picture.paint = [frame, parts = std::move(parts),
+                     painted = std::move(painted)](Canvas& canvas) {
+        canvas.Box({0, 0, frame.width, frame.height}, "#f7f8f9", nullptr);
+        PaintParts(frame, parts, painted, canvas);
+        PaintRuler(frame, canvas);
+    };
+    return picture;
+}
+
+std::string IsometricSvg(const Model& top, int widthPixels) {
+    return SvgOf(IsometricPicture(top, widthPixels));
 }
 
 std::string ColourText(const ProdbSurfaceProps& props) {

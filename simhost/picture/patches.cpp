@@ -6,7 +6,6 @@
 #include <cmath>
 #include <map>
 #include <tuple>
-#include <unordered_map>
 #include <utility>
 
 namespace simhost {
@@ -26,28 +25,9 @@ Vec3 Unit(Vec3 v) {
 
 // --- What there is to paint ---
 
-// The parts that can be seen below a model, in the order of the model tree.
-void Collect(Session& session, Model& model, const Placement& placement,
-             std::vector<const Model*>* above, std::vector<Occurrence>* found) {
-    if (model.type == PRO_MDL_PART && !model.solids.empty()) found->push_back({&model, placement});
-    if (std::find(above->begin(), above->end(), &model) != above->end()) return;
-    above->push_back(&model);
-    if (model.type == PRO_MDL_MFG && model.manufactured) {
-        Collect(session, *model.manufactured, placement, above, found);
-    }
-    for (const Feature& feature : model.features()) {
-        if (feature.type != PRO_FEAT_COMPONENT || feature.status != PRO_FEAT_ACTIVE) continue;
-        if (!feature.visible || feature.hidden) continue;
-        Model* below = feature.model ? feature.model : session.FindByFile(feature.file);
-        if (below) {
-            Collect(session, *below, Compose(placement, feature.placement), above, found);
-        }
-    }
-    above->pop_back();
-}
-
-const ProdbSurfaceProps& LookOf(const Model& part, int surface) {
+const ProdbSurfaceProps& LookOf(const Model& part, const ProdbSurfaceProps* cover, int surface) {
     static const ProdbSurfaceProps usual = DefaultAppearance();
+    if (cover) return *cover;
     const auto own = part.surfaceAppearances.find(surface);
     if (own != part.surfaceAppearances.end()) return own->second;
     return part.appearance ? *part.appearance : usual;
@@ -101,13 +81,13 @@ int FinenessOf(const Solid& solid, double pixelsPerMm) {
     return 4 * std::clamp(quarter, 3, 16);
 }
 
-Skin SkinOf(const Model& part, double pixelsPerMm) {
+Skin SkinOf(const Model& part, const ProdbSurfaceProps* cover, double pixelsPerMm) {
     Skin skin;
     for (const Solid& solid : part.solids) {
         const std::size_t first = skin.size();
         auto faces = Faces(solid, FinenessOf(solid, pixelsPerMm));
         const bool inside = std::any_of(faces.begin(), faces.end(), [&](const SolidFace& face) {
-            return LookOf(part, face.surface).transparency > 0;
+            return LookOf(part, cover, face.surface).transparency > 0;
         });
         for (SolidFace& face : faces) {
             for (Facet& facet : face.facets) {
@@ -121,12 +101,6 @@ Skin SkinOf(const Model& part, double pixelsPerMm) {
 }
 
 // --- The view ---
-
-// From the right, the front and above: x runs to the lower right, y to the upper right, z up.
-constexpr double kSqrt2 = 1.4142135623730951, kSqrt3 = 1.7320508075688772;
-constexpr Vec3 kRight{1 / kSqrt2, 1 / kSqrt2, 0};
-constexpr Vec3 kUp{-1 / (kSqrt2 * kSqrt3), 1 / (kSqrt2 * kSqrt3), 2 / (kSqrt2 * kSqrt3)};
-constexpr Vec3 kNear{1 / kSqrt3, -1 / kSqrt3, 1 / kSqrt3};
 
 std::string Hex(const double* colour, double factor, double added, const double* addedColour) {
     std::string text = "#";
@@ -157,11 +131,12 @@ void Shade(const ProdbSurfaceProps& look, Vec3 normal, bool fromInside, Patch* p
 }
 
 // The facets of one part that are turned to the viewer; all of them where it can be looked into.
-void AddPatches(const Occurrence& occurrence, std::size_t index, const Skin& skin,
-                double pixelsPerMm, std::vector<Patch>* patches) {
+void AddPatches(const ShownPart& occurrence, std::size_t index, const Skin& skin,
+                const Placement& view, double pixelsPerMm, std::vector<Patch>* patches) {
+    const Placement placement = Compose(view, occurrence.placement);
     std::vector<Vec3> normals;
     for (const SkinFacet& facet : skin) {
-        normals.push_back(InView(occurrence.placement.Direction(facet.normal)));
+        normals.push_back(placement.Direction(facet.normal));
     }
     for (std::size_t f = 0; f < skin.size(); ++f) {
         const SkinFacet& facet = skin[f];
@@ -172,11 +147,11 @@ void AddPatches(const Occurrence& occurrence, std::size_t index, const Skin& ski
         patch.surface = facet.surface;
         patch.sequence = int(patches->size());
         patch.normal = away ? -1 * normals[f] : normals[f];
-        Shade(LookOf(*occurrence.part, facet.surface), patch.normal, away, &patch);
+        Shade(LookOf(*occurrence.part, occurrence.cover, facet.surface), patch.normal, away,
+              &patch);
         if (patch.opacity < kInvisible) continue;
         for (std::size_t i = 0; i < facet.corners.size(); ++i) {
-            const Vec3 p = occurrence.placement.Point(facet.corners[i]);
-            patch.corners.push_back(pixelsPerMm * InView(p));
+            patch.corners.push_back(pixelsPerMm * placement.Point(facet.corners[i]));
             const std::size_t other = facet.beyond[i];
             const bool sharp = skin[other].surface != facet.surface &&
                                Dot(skin[other].normal, facet.normal) < kSharp;
@@ -192,10 +167,6 @@ void AddPatches(const Occurrence& occurrence, std::size_t index, const Skin& ski
 }
 
 }  // namespace
-
-Vec3 InView(Vec3 v) {
-    return {Dot(v, kRight), Dot(v, kUp), Dot(v, kNear)};
-}
 
 double AreaOf(const std::vector<Vec3>& corners) {
     double sum = 0;
@@ -219,20 +190,16 @@ void Measure(Patch* patch) {
     patch->high = north->y;
 }
 
-std::vector<Occurrence> VisibleParts(Session& session, Model& top) {
-    std::vector<Occurrence> occurrences;
-    std::vector<const Model*> above;
-    Collect(session, top, Placement(), &above, &occurrences);
-    return occurrences;
-}
-
-std::vector<Patch> PatchesOf(const std::vector<Occurrence>& occurrences, double pixelsPerMm) {
-    std::unordered_map<const Model*, Skin> skins;
+std::vector<Patch> PatchesOf(const std::vector<ShownPart>& occurrences, const Placement& view,
+                             double pixelsPerMm) {
+    // A cover decides whether a part can be looked into.
+    std::map<std::pair<const Model*, const ProdbSurfaceProps*>, Skin> skins;
     std::vector<Patch> patches;
     for (std::size_t i = 0; i < occurrences.size(); ++i) {
-        const auto [skin, isNew] = skins.try_emplace(occurrences[i].part);
-        if (isNew) skin->second = SkinOf(*occurrences[i].part, pixelsPerMm);
-        AddPatches(occurrences[i], i, skin->second, pixelsPerMm, &patches);
+        const ShownPart& one = occurrences[i];
+        const auto [skin, isNew] = skins.try_emplace({one.part, one.cover});
+        if (isNew) skin->second = SkinOf(*one.part, one.cover, pixelsPerMm);
+        AddPatches(one, i, skin->second, view, pixelsPerMm, &patches);
     }
     return patches;
 }

@@ -5,15 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "simhost/model/session.h"
+#include "simhost/model/shown.h"
 
 namespace simhost {
-
-// A part at a place where it can be seen, given in the frame of the model that is painted.
-struct Occurrence {
-    Model* part;
-    Placement placement;
-};
 
 // A polygon that is painted in one colour. Its corners run counter-clockwise on the screen. Lengths
 // in the view are pixels: x to the right, y up, z towards the viewer.
@@ -33,20 +27,16 @@ struct Patch {
 
 constexpr double kNoArea = 1e-4;  // square pixels: what is smaller cannot be seen
 
-// A vector of the model as the view has it, of the same length.
-Vec3 InView(Vec3 v);
-
 // The area of a polygon on the screen; less than 0 if its corners run clockwise.
 double AreaOf(const std::vector<Vec3>& corners);
 
 // Sets the area and the borders of a patch after its corners.
 void Measure(Patch* patch);
 
-// The parts that can be seen in and below a model, in the order of the model tree.
-std::vector<Occurrence> VisibleParts(Session& session, Model& top);
-
-// The facets of these parts that are turned to the viewer, and those behind them where one can look
-// into a part. They may cover each other and pass through each other.
-std::vector<Patch> PatchesOf(const std::vector<Occurrence>& occurrences, double pixelsPerMm);
+// The facets of these parts, that are turned
+// to the viewer, and those behind them where one can look into a part. They may cover each other
+// and pass through each other.
+std::vector<Patch> PatchesOf(const std::vector<ShownPart>& occurrences, const Placement& view,
+                             double pixelsPerMm);
 
 }  // namespace simhost

@@ -8,6 +8,7 @@
 #include <exception>
 
 #include "simhost/core/text.h"
+#include "simhost/model/picking.h"
 #include "simhost/trail/labels.h"
 #include "simhost/trail/robot.h"
 #include "simhost/trail/steps.h"
@@ -31,6 +32,8 @@ std::string Describe(const Wait& wait) {
     switch (wait.kind) {
         case Wait::Kind::Box: return fmt::format("the box {} is open", Quoted(wait.box->text));
         case Wait::Kind::Prompt: return fmt::format("the prompt {} waits", Quoted(wait.prompt));
+        case Wait::Kind::Pick:
+            return fmt::format("the host waits for a pick ({})", wait.picking->Question());
         default: return fmt::format("the dialog {} is open", wait.dialog->name());
     }
 }
@@ -39,6 +42,7 @@ const char* WayOut(const Wait& wait) {
     switch (wait.kind) {
         case Wait::Kind::Box: return "@ ok answers it";
         case Wait::Kind::Prompt: return "@ answer TEXT or @ quit answers it";
+        case Wait::Kind::Pick: return "@ pick PATH, @ pick nothing or @ quit answers it";
         default: return "its buttons or ~ Close end it";
     }
 }
@@ -65,7 +69,8 @@ bool ClosesWindow(const Dialog& dialog, const Step& step) {
 }
 
 bool IsDone(const Wait& wait) {
-    return wait.kind == Wait::Kind::Dialog ? wait.dialog->ended() : wait.answered;
+    if (wait.kind == Wait::Kind::Dialog) return wait.dialog->ended();
+    return wait.kind == Wait::Kind::Pick ? wait.picking->answered() : wait.answered;
 }
 
 }  // namespace
@@ -103,6 +108,7 @@ std::string Trail::WaitingFor() const {
     switch (waits_.back()->kind) {
         case Wait::Kind::Box: return "box";
         case Wait::Kind::Prompt: return "answer";
+        case Wait::Kind::Pick: return "pick";
         default: return "dialog " + waits_.back()->dialog->name();
     }
 }
@@ -240,6 +246,17 @@ std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
     wait.prompt = prompt;
     if (!trail_.Serve(wait)) trail_.Say("(the prompt is left)");
     return wait.answer;
+}
+
+void Trail::TrailUser::Pick(Picking& picking) {
+    trail_.TellWhatWasShown();
+    trail_.Say("pick: " + picking.Question());
+    Wait wait;
+    wait.kind = Wait::Kind::Pick;
+    wait.picking = &picking;
+    if (trail_.Serve(wait)) return;
+    trail_.Say("(the pick is left)");
+    picking.Leave();
 }
 
 std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {

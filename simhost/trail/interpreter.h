@@ -18,9 +18,10 @@ namespace simhost {
 
 // Something that waits for the user: lines go to it until it is answered.
 struct Wait {
-    enum class Kind { Box, Prompt, Dialog } kind = Kind::Box;
+    enum class Kind { Box, Prompt, Pick, Dialog } kind = Kind::Box;
     const Box* box = nullptr;
     Dialog* dialog = nullptr;
+    Picking* picking = nullptr;
     WideText prompt;
     bool answered = false;           // boxes and prompts
     std::optional<WideText> answer;  // prompts; nothing: the user left it
@@ -64,6 +65,7 @@ private:
         void UseDialog(Dialog& dialog) override;
         std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                              const WideText& byDefault) override;
+        void Pick(Picking& picking) override;
         std::optional<WideText> AnswerFile(const FileQuestion& question) override;
         bool AnswerReplace(const WideText& path) override;
 

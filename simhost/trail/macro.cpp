@@ -29,7 +29,8 @@ public:
         while (!steps_.empty()) Perform(Take());
     }
 
-    // A macro cannot answer boxes and prompts; the person before the host does.
+    // A macro cannot answer boxes, prompts, picks and file dialogs; the person before the host
+    // does.
     int AnswerBox(const Box& box) override {
         if (person_) return person_->AnswerBox(box);
         TheHost().Complain("a box is open and nobody answers it");
@@ -40,6 +41,17 @@ public:
         if (person_) return person_->AnswerPrompt(prompt, byDefault);
         TheHost().Complain("a prompt waits and nobody answers it");
         return std::nullopt;
+    }
+    void Pick(Picking& picking) override {
+        if (person_) person_->Pick(picking);
+    }
+    std::optional<WideText> AnswerFile(const FileQuestion& question) override {
+        if (person_) return person_->AnswerFile(question);
+        TheHost().Complain("a file dialog is open and nobody answers it");
+        return std::nullopt;
+    }
+    bool AnswerReplace(const WideText& path) override {
+        return !person_ || person_->AnswerReplace(path);
     }
     void UseDialog(Dialog& dialog) override {
         while (!dialog.ended() && !steps_.empty()) Perform(Take());

@@ -164,12 +164,11 @@ Model* ModelAt(const std::string& path) {
     return model;
 }
 
-Selection* Pick(const std::string& path, std::string* problem) {
-    Session& session = TheHost().session;
+std::optional<Selection> Pick(const std::string& path, std::string* problem) {
     Model* top = Top();
     if (!top) {
         *problem = "no model is open";
-        return nullptr;
+        return std::nullopt;
     }
     std::vector<int> ids;
     Model* model = top;
@@ -183,10 +182,10 @@ Selection* Pick(const std::string& path, std::string* problem) {
         const bool top_itself = component.empty() || component == ".";
         if (!top_itself) {
             const Feature* found = FindComponent(*model, component, problem);
-            if (!found) return nullptr;
+            if (!found) return std::nullopt;
             if (!found->model) {
                 *problem = fmt::format("{} is not in memory", FileOf(*found));
-                return nullptr;
+                return std::nullopt;
             }
             ids.push_back(found->id);
             model = found->model;
@@ -194,16 +193,26 @@ Selection* Pick(const std::string& path, std::string* problem) {
         if (hash == std::string::npos) continue;
         if (i + 1 < steps.size()) {
             *problem = "nothing can stand behind an id";
-            return nullptr;
+            return std::nullopt;
         }
         item = FindItem(*model, kind, steps[i].substr(hash + 1), problem);
-        if (!item) return nullptr;
+        if (!item) return std::nullopt;
     }
     if (!item) {
         item.emplace();
         Session::Follow(*top, ids, &*item);
     }
-    return &session.Select(*top, ids, *item);
+    return Selection{*item, top, ids};
+}
+
+std::vector<Selection> PickAll(const std::string& paths, std::string* problem) {
+    std::vector<Selection> picked;
+    for (const std::string& path : SplitPicks(paths)) {
+        std::optional<Selection> one = Pick(path, problem);
+        if (!one) return {};
+        picked.push_back(std::move(*one));
+    }
+    return picked;
 }
 
 }  // namespace simhost

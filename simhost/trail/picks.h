@@ -1,6 +1,7 @@
 // Picking by name: a script says which component of the tree, and which item of it, the user picks.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,7 +24,10 @@ Model* ModelAt(const std::string& path);
 // What a path leads to below the current model. Its steps are the names of components, with or
 // without their type, ":2" for the second of that name; behind # an id of the component reached so
 // far: GEAR#12 is a surface or a feature, edge#7 an item of that kind. "." is the current model
-// itself. Null: there is no such thing, and *problem says what is missing.
-Selection* Pick(const std::string& path, std::string* problem);
+// itself. Nothing: there is no such thing, and *problem says what is missing.
+std::optional<Selection> Pick(const std::string& path, std::string* problem);
+
+// What all paths of a list lead to. A path that leads nowhere is told in *problem.
+std::vector<Selection> PickAll(const std::string& paths, std::string* problem);
 
 }  // namespace simhost

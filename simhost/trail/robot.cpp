@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "simhost/core/text.h"
+#include "simhost/model/picking.h"
 
 namespace simhost {
 namespace {
@@ -31,6 +32,11 @@ int RobotUser::AnswerBox(const Box&) {
 
 std::optional<WideText> RobotUser::AnswerPrompt(const WideText&, const WideText&) {
     return std::nullopt;
+}
+
+void RobotUser::Pick(Picking& picking) {
+    std::vector<Selection> first = picking.First();
+    if (first.empty() || !picking.Take(std::move(first)).empty()) picking.Leave();
 }
 
 void RobotUser::UseDialog(Dialog& dialog) {

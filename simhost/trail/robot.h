@@ -6,7 +6,8 @@
 
 namespace simhost {
 
-// Answers every box with OK, leaves every prompt, and presses each push-button of a dialog once:
+// Answers every box with OK, leaves every prompt, picks the first item on the screen that may be
+// picked, and presses each push-button of a dialog once:
 // those that seem to end it last. A dialog that is still open then is closed, and left by a button
 // if that does not end it.
 class RobotUser : public User {
@@ -15,6 +16,7 @@ public:
     void UseDialog(Dialog& dialog) override;
     std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                          const WideText& byDefault) override;
+    void Pick(Picking& picking) override;
 };
 
 // Presses the buttons that seem to end a dialog (OK, Close, Cancel) until one does; its name, or

@@ -11,7 +11,8 @@ public:
     virtual ~Source() = default;
 
     // The next line without its end; nothing when there are no more. `waiting` says what waits for
-    // it: "vx" (nothing special), "box", "dialog NAME", "answer", "popup".
+    // it: "vx" (nothing special), "box", "dialog NAME", "answer", "pick",
+    // "popup".
     virtual std::optional<std::string> Next(const std::string& waiting) = 0;
 
     // How failures name the source: "story.trl", or empty.

@@ -54,11 +54,14 @@ void CloseModel(Trail& trail, const std::string& rest);
 void ChangeDirectory(Trail& trail, const std::string& rest);
 void SelectItems(Trail& trail, const std::string& rest);
 void ClearSelection(Trail& trail, const std::string& rest);
+void SelectNothing(Trail& trail, const std::string& rest);
 void SaveModel(Trail& trail, const std::string& rest);
 void SaveAllModels(Trail& trail, const std::string& rest);
 void WriteSetting(Trail& trail, const std::string& rest);
 void WaitSeconds(Trail& trail, const std::string& rest);
 void DrawPicture(Trail& trail, const std::string& rest);
+void DrawScreen(Trail& trail, const std::string& rest);
+void ExpectTransparency(Trail& trail, const std::string& rest);
 void StartPlugin(Trail& trail, const std::string& rest);
 void StopPlugin(Trail& trail, const std::string& rest);
 
@@ -68,6 +71,9 @@ void PressMenuButton(Trail& trail, const std::string& rest);
 void AnswerOk(Trail& trail, const std::string& rest);
 void PressEnter(Trail& trail, const std::string& rest);
 void AnswerText(Trail& trail, const std::string& rest);
+void PickItems(Trail& trail, const std::string& rest);
+void PickBox(Trail& trail, const std::string& rest);
+void PickNothing(Trail& trail, const std::string& rest);
 void Quit(Trail& trail, const std::string& rest);
 
 void ExpectBox(Trail& trail, const std::string& rest);

@@ -1,8 +1,13 @@
 // The @ words with which the user answers: boxes, prompts, popups, menu buttons.
 #include <fmt/format.h>
 
+#include <charconv>
+#include <cmath>
+
 #include "simhost/core/text.h"
+#include "simhost/model/picking.h"
 #include "simhost/trail/interpreter.h"
+#include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 
@@ -13,6 +18,14 @@ constexpr const char* kUsualPopup = "Sel Obj Menu";
 
 bool IsOpen(const Wait* wait, Wait::Kind kind) {
     return wait && wait->kind == kind && !wait->answered;
+}
+
+// What the host waits for; that it waits for none has been told.
+Picking* OpenPick(Trail& trail) {
+    Wait* wait = trail.waiting();
+    if (IsOpen(wait, Wait::Kind::Pick)) return wait->picking;
+    trail.Fail("no command waits for a pick; select selects before one");
+    return nullptr;
 }
 
 }  // namespace
@@ -73,10 +86,48 @@ void AnswerText(Trail& trail, const std::string& rest) {
     wait->answered = true;
 }
 
+void PickItems(Trail& trail, const std::string& rest) {
+    Picking* picking = OpenPick(trail);
+    if (!picking) return;
+    std::string problem;
+    std::vector<Selection> items = PickAll(ParseText(rest).text, &problem);
+    if (problem.empty() && items.empty())
+        problem = "a path belongs after pick, such as UNIT/GEAR:2";
+    if (problem.empty()) problem = picking->Take(std::move(items));
+    if (!problem.empty()) trail.Fail(problem);
+}
+
+void PickBox(Trail& trail, const std::string& rest) {
+    Picking* picking = OpenPick(trail);
+    if (!picking) return;
+    ScreenBox box;
+    double* const places[] = {&box.x0, &box.y0, &box.x1, &box.y1};
+    const char* at = rest.data();
+    const char* end = rest.data() + rest.size();
+    for (double* place : places) {
+        while (at < end && (*at == ' ' || *at == '\t')) ++at;
+        const auto [parsed, error] = std::from_chars(at, end, *place);
+        if (error != std::errc() || !std::isfinite(*place)) {
+            return trail.Fail("a box is two corners: X Y X Y; what is called BOX is ./BOX");
+        }
+        at = parsed;
+    }
+    if (at != end) return trail.Fail("a box is two corners: X Y X Y, and nothing after them");
+    const std::string problem = picking->TakeBox(box);
+    if (!problem.empty()) return trail.Fail(problem);
+    trail.Say(fmt::format("{} in the box", picking->taken().size()));
+}
+
+void PickNothing(Trail& trail, const std::string&) {
+    if (Picking* picking = OpenPick(trail)) picking->TakeNothing();
+}
+
 void Quit(Trail& trail, const std::string&) {
     Wait* wait = trail.waiting();
     if (IsOpen(wait, Wait::Kind::Prompt)) {
         wait->answered = true;
+    } else if (IsOpen(wait, Wait::Kind::Pick)) {
+        wait->picking->Leave();
     } else if (wait) {
         trail.Fail(wait->kind == Wait::Kind::Box
                        ? "a box is open: ok answers it"
@@ -87,7 +138,7 @@ void Quit(Trail& trail, const std::string&) {
     } else if (trail.typed()) {
         trail.Stop();
     } else {
-        trail.Fail("neither a prompt nor a popup is there to be left");
+        trail.Fail("neither a prompt nor a pick nor a popup is there to be left");
     }
 }
 

@@ -65,11 +65,47 @@ Model* FindModel(const std::string& name) {
     return nullptr;
 }
 
-// The colour of a model or one of its surfaces as text, "none" without one of its own.
-std::string ColourOf(const Model& model, std::optional<int> surface) {
-    if (!surface) return model.appearance ? ColourWords(*model.appearance) : "none";
-    const auto found = model.surfaceAppearances.find(*surface);
-    return found == model.surfaceAppearances.end() ? "none" : ColourWords(found->second);
+// A model, or one of its surfaces.
+struct Painted {
+    Model* model = nullptr;
+    std::optional<int> surface;
+};
+
+// What MODEL[#ID] names; that there is none has been told.
+std::optional<Painted> FindPainted(Trail& trail, const std::string& text) {
+    std::string name(Trimmed(text));
+    Painted painted;
+    if (const std::size_t hash = name.rfind('#'); hash != std::string::npos) {
+        int id = 0;
+        const char* end = name.data() + name.size();
+        const auto [parsed, error] = std::from_chars(name.data() + hash + 1, end, id);
+        if (error != std::errc() || parsed != end) {
+            trail.Fail("behind # belongs an id");
+            return std::nullopt;
+        }
+        painted.surface = id;
+        name = Trimmed(name.substr(0, hash));
+    }
+    painted.model = FindModel(name);
+    if (!painted.model) {
+        trail.Fail(fmt::format("the model {} is not in memory{}", name,
+                               DidYouMean(name, ModelsInMemory())));
+        return std::nullopt;
+    }
+    if (painted.surface && !painted.model->HasSurface(*painted.surface)) {
+        trail.Fail(
+            fmt::format("{} has no surface {}", painted.model->FileName(), *painted.surface));
+        return std::nullopt;
+    }
+    return painted;
+}
+
+// Null: it has no appearance of its own.
+const ProdbSurfaceProps* OwnLook(const Painted& painted) {
+    const Model& model = *painted.model;
+    if (!painted.surface) return model.appearance ? &*model.appearance : nullptr;
+    const auto own = model.surfaceAppearances.find(*painted.surface);
+    return own == model.surfaceAppearances.end() ? nullptr : &own->second;
 }
 
 // "255.128.0".
@@ -142,29 +178,36 @@ void ExpectColour(Trail& trail, const std::string& rest) {
         return trail.Fail(
             fmt::format("a colour is R.G.B, each 0 to 255, or none, not {}", expected));
     }
-    std::string name(Trimmed(text.substr(0, blank)));
-    std::optional<int> surface;
-    if (const std::size_t hash = name.rfind('#'); hash != std::string::npos) {
-        int id = 0;
-        const char* end = name.data() + name.size();
-        const auto [parsed, error] = std::from_chars(name.data() + hash + 1, end, id);
-        if (error != std::errc() || parsed != end) return trail.Fail("behind # belongs an id");
-        surface = id;
-        name = Trimmed(name.substr(0, hash));
-    }
-    Model* model = FindModel(name);
-    if (!model) {
-        return trail.Fail(fmt::format("the model {} is not in memory{}", name,
-                                      DidYouMean(name, ModelsInMemory())));
-    }
-    if (surface && !model->HasSurface(*surface)) {
-        return trail.Fail(fmt::format("{} has no surface {}", model->FileName(), *surface));
-    }
-    const std::string colour = ColourOf(*model, surface);
+    const std::optional<Painted> painted = FindPainted(trail, text.substr(0, blank));
+    if (!painted) return;
+    const ProdbSurfaceProps* own = OwnLook(*painted);
+    const std::string colour = own ? ColourWords(*own) : "none";
     if (colour != expected) {
-        trail.Fail(
-            fmt::format("the colour of {} is {}, not {}", model->FileName(), colour, expected));
+        trail.Fail(fmt::format("the colour of {} is {}, not {}", painted->model->FileName(), colour,
+                               expected));
     }
+}
+
+void ExpectTransparency(Trail& trail, const std::string& rest) {
+    const std::string text = ParseText(rest).text;
+    const std::size_t blank = text.find_last_of(" \t");
+    if (blank == std::string::npos) {
+        return trail.Fail("a transparency is MODEL VALUE, or MODEL none");
+    }
+    const std::string expected = text.substr(blank + 1);
+    double value = 0;
+    const char* end = expected.data() + expected.size();
+    const auto [parsed, error] = std::from_chars(expected.data(), end, value);
+    if (expected != "none" && (error != std::errc() || parsed != end)) {
+        return trail.Fail(fmt::format("a transparency is a number or none, not {}", expected));
+    }
+    const std::optional<Painted> painted = FindPainted(trail, text.substr(0, blank));
+    if (!painted) return;
+    const ProdbSurfaceProps* own = OwnLook(*painted);
+    // To the last bit: a value that is only nearly right is wrong.
+    if (own ? expected != "none" && own->transparency == value : expected == "none") return;
+    trail.Fail(fmt::format("the transparency of {} is {}, not {}", painted->model->FileName(),
+                           own ? fmt::format("{}", own->transparency) : "none", expected));
 }
 
 void ExpectGreyed(Trail& trail, const std::string& rest) {

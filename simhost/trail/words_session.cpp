@@ -101,6 +101,14 @@ void NoteUnknownValue(Trail& trail, const std::string& section, const std::strin
                           Listed(known), DidYouMean(value, known)));
 }
 
+void Draw(Trail& trail, const std::string& rest, bool asOnScreen) {
+    const std::string file = ParseText(rest).text;
+    if (file.empty()) return trail.Fail("a file's name belongs after picture");
+    const auto& hook = TheHooks().picture;
+    if (!hook) return trail.Fail("nothing here can draw pictures");
+    if (const std::string problem = hook(file, asOnScreen); !problem.empty()) trail.Fail(problem);
+}
+
 }  // namespace
 
 void OpenModel(Trail& trail, const std::string& rest) {
@@ -152,20 +160,22 @@ void ChangeDirectory(Trail& trail, const std::string& rest) {
 }
 
 void SelectItems(Trail& trail, const std::string& rest) {
-    Session& session = TheHost().session;
-    std::vector<Selection*> picked;
-    for (const std::string& path : SplitPicks(ParseText(rest).text)) {
-        std::string problem;
-        Selection* selection = Pick(path, &problem);
-        if (!selection) return trail.Fail(problem);
-        picked.push_back(selection);
-    }
+    Selections& selections = TheHost().session.selections;
+    std::string problem;
+    std::vector<Selection> picked = PickAll(ParseText(rest).text, &problem);
+    if (!problem.empty()) return trail.Fail(problem);
     if (picked.empty()) return trail.Fail("a path belongs after select, such as UNIT/GEAR:2");
-    session.buffer = picked;
+    selections.SetBuffer(std::move(picked));
 }
 
 void ClearSelection(Trail&, const std::string&) {
-    TheHost().session.buffer.clear();
+    TheHost().session.selections.ClearBuffer();
+}
+
+void SelectNothing(Trail&, const std::string&) {
+    Selections& selections = TheHost().session.selections;
+    selections.ClearBuffer();
+    selections.emptyBufferReads = true;
 }
 
 void SaveModel(Trail& trail, const std::string& rest) {
@@ -225,11 +235,11 @@ void WaitSeconds(Trail& trail, const std::string& rest) {
 }
 
 void DrawPicture(Trail& trail, const std::string& rest) {
-    const std::string file = ParseText(rest).text;
-    if (file.empty()) return trail.Fail("a file's name belongs after picture");
-    const auto& hook = TheHooks().picture;
-    if (!hook) return trail.Fail("nothing here can draw pictures");
-    if (const std::string problem = hook(file); !problem.empty()) trail.Fail(problem);
+    Draw(trail, rest, /*asOnScreen=*/false);
+}
+
+void DrawScreen(Trail& trail, const std::string& rest) {
+    Draw(trail, rest, /*asOnScreen=*/true);
 }
 
 void StartPlugin(Trail& trail, const std::string&) {

@@ -39,15 +39,50 @@ void ShowModels(Trail& trail) {
 
 constexpr int kMostTreeLines = 500;
 
+// Why a component is not on the screen, as far as its own states say.
+std::string MarksOf(const Feature& component, Membership::At at) {
+    std::string marks;
+    const auto mark = [&](bool is, const char* word) {
+        if (is) marks += (marks.empty() ? "" : ", ") + std::string(word);
+    };
+    mark(!component.model, "not in memory");
+    mark(component.status != PRO_FEAT_ACTIVE, "suppressed");
+    mark(!component.visible, "invisible");
+    mark(component.hidden, "hidden");
+    mark(!Membership::IsThere(at), "excluded");
+    return marks.empty() ? marks : "(" + marks + ")";
+}
+
 // One line a component, with the path that select takes. Counts down what may be shown still.
-void ShowBelow(Trail& trail, const Model& model, const std::string& path, int* left) {
+void ShowBelow(Trail& trail, const Model& model, const std::string& path, Membership::At at,
+               int* left) {
     for (const auto& [step, feature] : ComponentSteps(model)) {
         if (--*left < 0) return;
         const Model* below = feature->model;
         const std::string here = path.empty() ? step : path + "/" + step;
-        trail.Say(fmt::format("{} {}", Padded(here, 44), below ? below->title : "(not in memory)"));
-        if (below) ShowBelow(trail, *below, here, left);
+        const Membership::At member = Membership::Below(at, feature->id);
+        const std::string marks = MarksOf(*feature, member);
+        const std::string title = below ? below->title : "";
+        const char* between = title.empty() || marks.empty() ? "" : " ";
+        trail.Say(fmt::format("{} {}{}{}", Padded(here, 44), title, between, marks));
+        if (below) ShowBelow(trail, *below, here, member, left);
     }
+}
+
+std::vector<int> IdsOf(const std::string& path) {
+    std::string ignored;
+    const auto picked = path.empty() ? std::nullopt : Pick(path, &ignored);
+    return picked ? picked->path : std::vector<int>();
+}
+
+void ShowRepresentations(Trail& trail, const Model& model) {
+    if (model.simpreps.empty()) return;
+    std::string names;
+    for (const Simprep& each : model.simpreps)
+        names += (names.empty() ? "" : ", ") + Utf8(each.name);
+    const Simprep* active = model.ActiveSimprep();
+    trail.Say(fmt::format("simplified representations: {}; active: {}", names,
+                          active ? Utf8(active->name) : "none, all components are there"));
 }
 
 void ShowTree(Trail& trail, const std::string& path) {
@@ -57,7 +92,13 @@ void ShowTree(Trail& trail, const std::string& path) {
                                        : fmt::format("there is no component {}", path));
     }
     int left = kMostTreeLines;
-    ShowBelow(trail, *model, path, &left);
+    // Who is a member is said by the way from the top, wherever one looks.
+    const Model& top = *ModelAt("");
+    const Membership membership(top.ActiveSimprep());
+    Membership::At at = membership.Top();
+    for (const int id : IdsOf(path)) at = Membership::Below(at, id);
+    ShowBelow(trail, *model, path, at, &left);
+    ShowRepresentations(trail, top);
     if (left < 0) {
         trail.Say("… and more; show tree PATH shows what is below a component");
     } else {
@@ -112,16 +153,17 @@ void ShowPopup(Trail& trail) {
 
 void ShowSelection(Trail& trail) {
     Session& session = TheHost().session;
-    for (const Selection* selection : session.buffer) {
-        const Model* owner = session.Find(selection->item.owner);
+    const std::vector<Selection>& buffer = session.selections.buffer();
+    for (const Selection& selection : buffer) {
+        const Model* owner = session.Find(selection.item.owner);
         std::string path;
-        for (const int id : selection->path) path += fmt::format("/{}", id);
+        for (const int id : selection.path) path += fmt::format("/{}", id);
         trail.Say(fmt::format("{} type {} id {} at {}{}",
                               owner ? owner->FileName() : "(an erased model)",
-                              static_cast<int>(selection->item.type), selection->item.id,
-                              selection->top->FileName(), path));
+                              static_cast<int>(selection.item.type), selection.item.id,
+                              selection.top->FileName(), path));
     }
-    trail.Say(fmt::format("{} selected", session.buffer.size()));
+    trail.Say(fmt::format("{} selected", buffer.size()));
 }
 
 std::string ColourAndTransparency(const ProdbSurfaceProps& props) {

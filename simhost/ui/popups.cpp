@@ -26,13 +26,14 @@ Feature* SelectedComponent(const Selection& selection) {
 }
 
 void OpenSelected(Session& session) {
-    if (session.buffer.empty()) return;
-    if (Model* model = session.Find(session.buffer.front()->item.owner)) session.Open(*model);
+    const std::vector<Selection>& selected = session.selections.buffer();
+    if (selected.empty()) return;
+    if (Model* model = session.Find(selected.front().item.owner)) session.Open(*model);
 }
 
 void ShowSelected(Session& session, bool shown) {
-    for (const Selection* selection : session.buffer) {
-        if (Feature* component = SelectedComponent(*selection)) component->hidden = !shown;
+    for (const Selection& selection : session.selections.buffer()) {
+        if (Feature* component = SelectedComponent(selection)) component->hidden = !shown;
     }
     if (session.current) ++session.current->repaints;
 }
@@ -47,7 +48,7 @@ void Repaint(Session& session) {
     if (session.current) ++session.current->repaints;
 }
 void ClearSelected(Session& session) {
-    session.buffer.clear();
+    session.selections.ClearBuffer();
 }
 
 struct OwnEntry {
@@ -77,10 +78,11 @@ bool IsShown(const PopupEntry& entry) {
 // The selections as the host hands them to access functions: a host array, null for none.
 class SelectionArgument {
 public:
-    SelectionArgument(const Session& session, ArrayLedger& arrays) : arrays_(arrays) {
-        std::vector<ProSelection> handles;
-        for (const Selection* each : session.buffer) handles.push_back(each->handle);
-        if (!handles.empty()) array_ = arrays_.Make(handles, "popup menu");
+    SelectionArgument(Session& session, ArrayLedger& arrays) : arrays_(arrays) {
+        std::vector<ProSelection> handles = session.selections.LendBuffer();
+        if (handles.empty()) return;
+        array_ = arrays_.Make(handles, "popup menu");
+        session.selections.KeptIn(array_, std::move(handles));
     }
     ~SelectionArgument() {
         if (array_) arrays_.Free(array_);

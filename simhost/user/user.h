@@ -11,6 +11,7 @@
 namespace simhost {
 
 class Dialog;
+class Picking;
 
 // A message box as Windows shows it. Flags as handed to MessageBoxW.
 struct Box {
@@ -42,6 +43,10 @@ public:
     // The message line waits for a text; nothing is "the user quit the prompt".
     virtual std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                                  const WideText& byDefault) = 0;
+
+    // The host waits for a pick: use it until picking.answered() is true. Nobody picking is a
+    // complaint.
+    virtual void Pick(Picking&) {}
 
     // A file dialog is open: the full path of a file that is there, or any name for one that is to
     // be written; nothing leaves the dialog.

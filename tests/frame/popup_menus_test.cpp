@@ -50,12 +50,12 @@ protected:
 
     // Selects items of these types, in this order; models stand for themselves.
     void Select(const std::vector<int>& types) {
-        host().session.buffer.clear();
+        host().session.selections.ClearBuffer();
         for (const int type : types) {
             const bool model = type == PRO_ASSEMBLY || type == PRO_PART;
             const ProModelitem item = {ProType(type), model ? -1 : 7,
                                        (type == PRO_ASSEMBLY ? unit_ : plate_)->handle};
-            host().session.buffer.push_back(&host().session.Select(*unit_, {}, item));
+            host().session.selections.AddToBuffer({item, unit_, {}});
         }
     }
 

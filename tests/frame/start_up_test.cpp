@@ -197,7 +197,7 @@ TEST_F(StartUp, AFreshLoadWaitsForItsOwnFirstPopup) {
     StartJournalled();
     Model& unit = Assembly("UNIT");
     Open(unit);
-    host().session.buffer = {&host().session.Select(unit, {}, {PRO_ASSEMBLY, -1, unit.handle})};
+    host().session.selections.SetBuffer({{{PRO_ASSEMBLY, -1, unit.handle}, &unit, {}}});
     host().commands.OpenPopup("Sel Obj Menu");
     const std::size_t before = host().commands.OpenPopup("Sel Obj Menu")->entries.size();
     workplace_->StopPlugin();

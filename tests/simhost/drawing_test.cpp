@@ -114,16 +114,16 @@ TEST_F(DrawingTest, ACylinderSeenFromItsSideShowsItsBordersOnly) {
         const bool border = std::fabs(std::fabs(line.y0) - 10) < 0.1;
         EXPECT_TRUE(end || border) << line.x0 << ' ' << line.y0 << ' ' << line.x1;
     }
-    const Extents box = ExtentsIn(part, frame);
+    const Extents box = ExtentsIn(part, frame, Sight::Views);
     EXPECT_NEAR(box.low.x, 0, 1e-9);
     EXPECT_NEAR(box.high.x, 50, 1e-9);
     EXPECT_NEAR(box.high.y, 10, 1e-9);
 }
 
-TEST_F(DrawingTest, WhatIsSuppressedOrHiddenIsNotDrawn) {
+TEST_F(DrawingTest, WhatIsSuppressedOrInvisibleIsNotDrawnAndWhatIsHiddenIs) {
     Model& part = BoxPart("A", {10, 10, 10});
     Model& top = TheHost().session.Create(WIDE("TOP"), PRO_MDL_ASSEMBLY);
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < 5; ++i) {
         Feature feature;
         feature.type = PRO_FEAT_COMPONENT;
         feature.file = part.FileName();
@@ -133,13 +133,15 @@ TEST_F(DrawingTest, WhatIsSuppressedOrHiddenIsNotDrawn) {
     }
     top.MutableFeatures()[2].hidden = true;
     top.MutableFeatures()[3].status = PRO_FEAT_SUPPRESSED;
-    EXPECT_EQ(ShownParts(top).size(), 2u);
-    EXPECT_NEAR(ExtentsIn(top, Placement()).high.x, 30, 1e-9);
+    top.MutableFeatures()[4].visible = false;
+    EXPECT_EQ(ShownParts(top, Sight::Views).size(), 3u);
+    EXPECT_EQ(ShownParts(top, Sight::Screen).size(), 2u);
+    EXPECT_NEAR(ExtentsIn(top, Placement(), Sight::Views).high.x, 50, 1e-9);
 }
 
 TEST_F(DrawingTest, AnEmptyModelHasNoExtentsAndNoLines) {
     const Model& part = TheHost().session.Create(WIDE("EMPTY"), PRO_MDL_PART);
-    EXPECT_TRUE(ExtentsIn(part, Placement()).empty);
+    EXPECT_TRUE(ExtentsIn(part, Placement(), Sight::Views).empty);
     EXPECT_TRUE(ProjectedLines(part, Placement(), /*withHidden=*/true).empty());
 }
 

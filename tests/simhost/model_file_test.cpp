@@ -190,7 +190,7 @@ Model RichAssembly() {
     assembly.AddFeature(Component(41, "up.prt", PlacementFrom({0, 0, 7}, {30, 90, 0})));
     const Vec3 odd{1.0 / 3, 2.0 / 7, 77.7777777};
     assembly.AddFeature(Component(42, "odd.asm", PlacementFrom({}, odd)));
-    assembly.MutableFeatures()[1].hidden = true;
+    assembly.MutableFeatures()[1].hidden = assembly.MutableFeatures()[1].hiddenInFile = true;
     assembly.MutableFeatures()[1].flags = -5;
     assembly.MutableFeatures()[1].name = WIDE("左 \"a\"");
     int id = 100;

@@ -83,8 +83,8 @@ std::string NearestAt(const std::vector<Target>& targets, Point p) {
 
 // Compares the picture with rays on a grid of points. Only next to an edge (within a pixel) may
 // they differ.
-void ExpectRightOrder(Session& session, Model& assembly, int grid = 90) {
-    const auto areas = AreasOf(IsometricSvg(session, assembly, 900));
+void ExpectRightOrder(Model& assembly, int grid = 90) {
+    const auto areas = AreasOf(IsometricSvg(assembly, 900));
     const auto targets = TargetsOf(assembly);
     Range picture, view;
     for (const Area& area : areas) {
@@ -138,7 +138,7 @@ TEST(PictureOrder, TheNearerOfTwoBoxesIsOnTop) {
     Model& back = NewPart(&session, "back", Block({40, 20, 30}));
     Add(&top, &front, {0, -50, 0});
     Add(&top, &back);
-    ExpectRightOrder(session, top);
+    ExpectRightOrder(top);
 }
 
 TEST(PictureOrder, BeamsThatCoverEachOtherInACircleAreCutOpen) {
@@ -151,7 +151,7 @@ TEST(PictureOrder, BeamsThatCoverEachOtherInACircleAreCutOpen) {
         const std::string name = "beam" + std::to_string(i);
         Add(&top, &NewPart(&session, name.c_str(), Block(sizes[i])), places[i]);
     }
-    ExpectRightOrder(session, top, 150);
+    ExpectRightOrder(top, 150);
     // The same in the view's own plane: three bars, each tilted over the next.
     Model& star = session.Create(WIDE("star"), PRO_MDL_ASSEMBLY);
     const Placement face = PlacementFrom({}, {54.735610317245346, 0, 0});
@@ -162,7 +162,7 @@ TEST(PictureOrder, BeamsThatCoverEachOtherInACircleAreCutOpen) {
         const Placement tilted = PlacementFrom({-30, -25, 0}, {0, 12, 0});
         bar.placement = Compose(view, Compose(PlacementFrom({}, {0, 0, i * 120.0}), tilted));
     }
-    ExpectRightOrder(session, star, 150);
+    ExpectRightOrder(star, 150);
 }
 
 TEST(PictureOrder, SolidsThatPassThroughEachOtherAreCutWhereTheyMeet) {
@@ -171,7 +171,7 @@ TEST(PictureOrder, SolidsThatPassThroughEachOtherAreCutWhereTheyMeet) {
     Add(&top, &NewPart(&session, "plate", Block({100, 100, 10}, {-50, -50, -5})));
     Add(&top, &NewPart(&session, "bar", Block({12, 12, 120}, {-6, -6, -60})), {}, {25, 30, 10});
     Add(&top, &NewPart(&session, "wall", Block({90, 8, 60}, {-45, 10, -30})), {}, {0, 10, 35});
-    ExpectRightOrder(session, top, 150);
+    ExpectRightOrder(top, 150);
 }
 
 TEST(PictureOrder, HeapsOfTurnedBoxesAreInOrder) {
@@ -187,7 +187,7 @@ TEST(PictureOrder, HeapsOfTurnedBoxesAreInOrder) {
             Add(&top, &NewPart(&session, name.c_str(), Block(size)), at, turn);
         }
         SCOPED_TRACE(seed);
-        ExpectRightOrder(session, top);
+        ExpectRightOrder(top);
     }
 }
 
@@ -198,5 +198,5 @@ TEST(PictureOrder, GearsThatMeshAreInOrder) {
     Model& wheel = NewPart(&session, "wheel", Gear(4, 32, 26, 40));
     Add(&top, &pinion, {0, 0, 0}, {90, 0, 0});
     Add(&top, &wheel, {94, -2, 0}, {90, 180.0 / 32, 0});  // 4 (15 + 32) / 2
-    ExpectRightOrder(session, top, 130);
+    ExpectRightOrder(top, 130);
 }

@@ -75,7 +75,7 @@ TEST(Picture, LeavesOutWhatIsNotShown) {
     Add(&top, session.FindByFile("bare.prt"));
     add();
 
-    const std::string svg = IsometricSvg(session, top, 600);
+    const std::string svg = IsometricSvg(top, 600);
     std::set<std::string> shown;
     for (const Area& area : AreasOf(svg)) shown.insert(area.part);
     EXPECT_EQ(shown, (std::set<std::string>{"PART0", "PART6"}));
@@ -91,7 +91,7 @@ TEST(Picture, PlacesPartsThroughSubAssembliesAndFindsThemByFile) {
     Add(&top, &unit, {0, 0, 50}, {0, 0, 90});
     Add(&top, &cube);
 
-    const auto areas = AreasOf(IsometricSvg(session, top, 900));
+    const auto areas = AreasOf(IsometricSvg(top, 900));
     // A cube has three sides to look at. The upper one's frame is at (0, 20, 50), turned by 90
     // degrees: it spans -10..0, 20..30, 50..60.
     ASSERT_EQ(areas.size(), 6u);
@@ -115,7 +115,7 @@ TEST(Picture, PlacesPartsThroughSubAssembliesAndFindsThemByFile) {
 TEST(Picture, ShowsThePartItselfAndAManufacturingModelsAssembly) {
     Session session;
     Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
-    const std::string part = IsometricSvg(session, cube, 400);
+    const std::string part = IsometricSvg(cube, 400);
     EXPECT_EQ(AreasOf(part).size(), 3u);
     EXPECT_NE(part.find(">1 个零件，比例 "), std::string::npos);
 
@@ -123,13 +123,13 @@ TEST(Picture, ShowsThePartItselfAndAManufacturingModelsAssembly) {
     Add(&top, &cube);
     Model& work = session.Create(WIDE("work"), PRO_MDL_MFG);
     work.manufactured = &top;
-    EXPECT_EQ(AreasOf(IsometricSvg(session, work, 400)).size(), 3u);
+    EXPECT_EQ(AreasOf(IsometricSvg(work, 400)).size(), 3u);
 }
 
 TEST(Picture, SaysSoWhenThereIsNothingToShow) {
     Session session;
     Model& top = session.Create(WIDE("empty"), PRO_MDL_ASSEMBLY);
-    const std::string svg = IsometricSvg(session, top, 400);
+    const std::string svg = IsometricSvg(top, 400);
     EXPECT_NE(svg.find("没有可显示的零件"), std::string::npos);
     EXPECT_EQ(svg.find("比例"), std::string::npos);
     EXPECT_TRUE(IsSoundXml(svg)) << svg;
@@ -140,7 +140,7 @@ TEST(Picture, AnAssemblyThatContainsItselfComesToAnEnd) {
     Model& top = session.Create(WIDE("loop"), PRO_MDL_ASSEMBLY);
     Add(&top, &top, {100, 0, 0});
     Add(&top, &NewPart(&session, "cube", Block({10, 10, 10})));
-    EXPECT_EQ(AreasOf(IsometricSvg(session, top, 400)).size(), 3u);
+    EXPECT_EQ(AreasOf(IsometricSvg(top, 400)).size(), 3u);
 }
 
 TEST(Picture, ASurfacesOwnColourComesBeforeThePartsAndThatBeforeTheUsualOne) {
@@ -149,7 +149,7 @@ TEST(Picture, ASurfacesOwnColourComesBeforeThePartsAndThatBeforeTheUsualOne) {
     const auto channels = [&] {
         // What dominates in the three sides: +x is surface 12, -y is 13, +z is 16.
         std::multiset<char> result;
-        for (const Area& area : AreasOf(IsometricSvg(session, cube, 400))) {
+        for (const Area& area : AreasOf(IsometricSvg(cube, 400))) {
             const int red = std::stoi(area.fill.substr(1, 2), nullptr, 16);
             const int green = std::stoi(area.fill.substr(3, 2), nullptr, 16);
             const int blue = std::stoi(area.fill.substr(5, 2), nullptr, 16);
@@ -176,7 +176,7 @@ TEST(Picture, LightComesFromTheUpperLeft) {
     Session session;
     Model& cube = NewPart(&session, "cube", Block({10, 10, 10}));
     int left = 0, right = 0, upper = 0;
-    for (const Area& area : AreasOf(IsometricSvg(session, cube, 400))) {
+    for (const Area& area : AreasOf(IsometricSvg(cube, 400))) {
         double x = 0;  // of the middle
         for (const Point& p : area.corners) x += p.x / 4;
         const int light = std::stoi(area.fill.substr(1, 2), nullptr, 16);
@@ -198,11 +198,11 @@ TEST(Picture, OneLooksThroughATransparentPart) {
     Model& top = session.Create(WIDE("top"), PRO_MDL_ASSEMBLY);
     Add(&top, &glass);
     Add(&top, &core);
-    EXPECT_EQ(AreasOf(IsometricSvg(session, top, 400)).size(), 3u);  // the core is hidden
+    EXPECT_EQ(AreasOf(IsometricSvg(top, 400)).size(), 3u);  // the core is hidden
 
     glass.appearance = DefaultAppearance();
     glass.appearance->transparency = 0.6;
-    const std::string svg = IsometricSvg(session, top, 400);
+    const std::string svg = IsometricSvg(top, 400);
     const auto areas = AreasOf(svg);
     ASSERT_EQ(areas.size(), 9u);  // the far sides, the core, the near sides
     for (std::size_t i = 0; i < areas.size(); ++i) {
@@ -211,14 +211,14 @@ TEST(Picture, OneLooksThroughATransparentPart) {
     EXPECT_EQ(Count(svg, "fill-opacity=\".4\""), 6);
 
     glass.appearance->transparency = 1;  // nothing left of it
-    EXPECT_EQ(AreasOf(IsometricSvg(session, top, 400)).size(), 3u);
+    EXPECT_EQ(AreasOf(IsometricSvg(top, 400)).size(), 3u);
 }
 
 TEST(Picture, NamesAreTooltipsAndSafeInXml) {
     Session session;
     Model& part = NewPart(&session, "A&B", Block({10, 10, 10}));
     part.title = "箱体 <\"1\"> \x02 & more";
-    const std::string svg = IsometricSvg(session, part, 400);
+    const std::string svg = IsometricSvg(part, 400);
     EXPECT_NE(svg.find("<title>A&amp;B – 箱体 &lt;&quot;1&quot;&gt;   &amp; more</title>"),
               std::string::npos);
     EXPECT_TRUE(IsSoundXml(svg)) << svg;
@@ -229,21 +229,21 @@ TEST(Picture, IsSoundXmlWithShortNumbersAndAlwaysTheSame) {
     Model& top = session.Create(WIDE("stage"), PRO_MDL_ASSEMBLY);
     Add(&top, &NewPart(&session, "wheel", Gear(2.5, 21, 7, 9)), {1, 2, 3}, {10, 20, 30});
     Add(&top, &NewPart(&session, "plate", Block({71, 33, 3.3})), {-30, 0, 0}, {0, 17, 0});
-    const std::string svg = IsometricSvg(session, top, 777);
+    const std::string svg = IsometricSvg(top, 777);
     EXPECT_TRUE(IsSoundXml(svg));
     for (std::size_t at = svg.find('.'); at != std::string::npos; at = svg.find('.', at + 1)) {
         EXPECT_LE(svg.find_first_not_of("0123456789", at + 1), at + 3) << svg.substr(at - 9, 20);
     }
     EXPECT_EQ(svg.find("nan"), std::string::npos);
     EXPECT_NE(svg.find("width=\"777\""), std::string::npos);
-    EXPECT_EQ(IsometricSvg(session, top, 777), svg);
+    EXPECT_EQ(IsometricSvg(top, 777), svg);
 }
 
 TEST(Picture, TheScaleIsTrueAndTheModelFillsTheWidth) {
     for (const double size : {0.02, 3.0, 40.0, 1234.5, 90000.0}) {
         Session session;
         Model& cube = NewPart(&session, "cube", Block({size, size, size}));
-        const std::string svg = IsometricSvg(session, cube, 800);
+        const std::string svg = IsometricSvg(cube, 800);
         Range picture;
         for (const Area& area : AreasOf(svg)) {
             for (const Point& p : area.corners) picture.Add(p.x, p.y);
@@ -270,7 +270,7 @@ TEST(Picture, EdgesBetweenSurfacesAreDrawnButNotThoseWithinOne) {
     bent.outline = {{0, 0}, {30, 0}, {30, 5}, {5, 5}, {5, 20}, {0, 20}};
     bent.height = 4;
     Model& part = NewPart(&session, "bent", bent);
-    const std::string svg = IsometricSvg(session, part, 400);
+    const std::string svg = IsometricSvg(part, 400);
     // Six lines of the top, and four of each of the three sides that are turned to the viewer. The
     // triangles of the top would have twelve. The part's group ends before the axes.
     const std::string painted = svg.substr(0, svg.find("</g>"));

@@ -161,7 +161,7 @@ TEST_F(PopupsOfTheHost, TheAccessFunctionGetsItsDataAndTheSelections) {
     host().commands.OpenPopup("Sel Obj Menu");
     EXPECT_EQ(selectionsSeen, 0);
     EXPECT_EQ(dataSeen, 4711);
-    host().session.buffer = {&host().session.Select(top, {first}, item)};
+    host().session.selections.SetBuffer({{item, &top, {first}}});
     host().commands.OpenPopup("Sel Obj Menu");
     EXPECT_EQ(selectionsSeen, 1);
 }
@@ -173,7 +173,7 @@ TEST_F(PopupsOfTheHost, TheOwnEntriesHideShowAndOpenWhatIsSelected) {
     Open(top);
     ProModelitem item;
     ASSERT_TRUE(Session::Follow(top, {id}, &item));
-    host().session.buffer = {&host().session.Select(top, {id}, item)};
+    host().session.selections.SetBuffer({{item, &top, {id}}});
     host().commands.OpenPopup("Sel Obj Menu");
     EXPECT_TRUE(host().commands.PressPopup("隐藏"));
     EXPECT_TRUE(top.FindFeature(id)->hidden);
@@ -186,7 +186,7 @@ TEST_F(PopupsOfTheHost, TheOwnEntriesHideShowAndOpenWhatIsSelected) {
     EXPECT_EQ(host().session.CurrentModel(), &part);
     host().commands.OpenPopup("Graphic Area Menu");
     EXPECT_TRUE(host().commands.PressPopup("清除选择"));
-    EXPECT_TRUE(host().session.buffer.empty());
+    EXPECT_TRUE(host().session.selections.buffer().empty());
 }
 
 }  // namespace

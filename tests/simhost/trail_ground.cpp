@@ -134,7 +134,7 @@ void ModelScripts::SetUp() {
 }
 
 std::string ModelScripts::Picked(std::size_t i) {
-    const Selection& selection = *host().session.buffer.at(i);
+    const Selection& selection = host().session.selections.buffer().at(i);
     std::string text = host().session.Find(selection.item.owner)->FileName() + " " +
                        std::to_string(selection.item.type) + " " +
                        std::to_string(selection.item.id) + " at";

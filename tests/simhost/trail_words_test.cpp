@@ -20,19 +20,19 @@ TEST_F(ModelScripts, ComponentsArePickedDownTheTree) {
     const int unit = top_->features()[0].id;
     const int second = unit_->features()[1].id;
     EXPECT_EQ(Run("@ select shaft, 箱体/SHAFT.PRT:2, ."), Failures{});
-    ASSERT_EQ(host().session.buffer.size(), 3u);
+    ASSERT_EQ(host().session.selections.buffer().size(), 3u);
     EXPECT_EQ(Picked(0), "shaft.prt 2 -1 at " + std::to_string(top_->features()[1].id));
     EXPECT_EQ(Picked(1),
               "shaft.prt 2 -1 at " + std::to_string(unit) + " " + std::to_string(second));
     EXPECT_EQ(Picked(2), "top.asm 1 -1 at");
     EXPECT_EQ(Run("@ clear selection"), Failures{});
-    EXPECT_TRUE(host().session.buffer.empty());
+    EXPECT_TRUE(host().session.selections.buffer().empty());
 }
 
 TEST_F(ModelScripts, SurfacesFeaturesAndOtherItemsArePickedByTheirIds) {
     const std::string id = std::to_string(unit_->features()[0].id);
     EXPECT_EQ(Run("@ select shaft#11, shaft/surface#12, shaft/edge#7, 箱体#" + id), Failures{});
-    ASSERT_EQ(host().session.buffer.size(), 4u);
+    ASSERT_EQ(host().session.selections.buffer().size(), 4u);
     const std::string at = " at " + std::to_string(top_->features()[1].id);
     EXPECT_EQ(Picked(0), "shaft.prt 5 11" + at);
     EXPECT_EQ(Picked(1), "shaft.prt 5 12" + at);
@@ -48,7 +48,7 @@ TEST_F(ModelScripts, APathThatLeadsNowhereFailsAndTheSelectionStays) {
     EXPECT_EQ(Failure("@ select shaft#999"), "line 1: shaft.prt has no surface or feature 999");
     EXPECT_EQ(Failure("@ select shaft#x"), "line 1: \"x\" behind # is no id");
     EXPECT_EQ(Failure("@ select"), "line 1: a path belongs after select, such as UNIT/GEAR:2");
-    EXPECT_EQ(host().session.buffer.size(), 1u);
+    EXPECT_EQ(host().session.selections.buffer().size(), 1u);
 }
 
 TEST_F(ModelScripts, TheTreeIsShownWithThePathsThatSelectTakes) {
@@ -87,7 +87,7 @@ TEST(ChineseHelp, EveryWordHasOne) {
 TEST_F(ModelScripts, AManufacturingModelIsPickedInItsAssembly) {
     Open(Manufacturing("MILL", *top_));
     EXPECT_EQ(Run("@ select 箱体"), Failures{});
-    EXPECT_EQ(host().session.buffer[0]->top, top_);
+    EXPECT_EQ(host().session.selections.buffer()[0].top, top_);
 }
 
 TEST_F(ModelScripts, ModelsAreSavedClosedAndOpenedAgain) {
@@ -237,13 +237,13 @@ TEST_F(Scripts, TheApplicationLoadsUnloadsAndDraws) {
         seen += "stopped ";
         return std::string();
     };
-    TheHooks().picture = [](const std::string& file) {
-        seen += file;
+    TheHooks().picture = [](const std::string& file, bool asOnScreen) {
+        seen += file + (asOnScreen ? " screen " : " ");
         return std::string();
     };
     EXPECT_EQ(Failure("@ start"), "line 1: the module has no user_initialize");
-    EXPECT_EQ(Run("@ stop\n@ picture \"a b.svg\""), Failures{});
-    EXPECT_EQ(seen, "stopped a b.svg");
+    EXPECT_EQ(Run("@ stop\n@ picture \"a b.svg\"\n@ picture screen b.png"), Failures{});
+    EXPECT_EQ(seen, "stopped a b.svg b.png screen ");
 }
 
 TEST_F(Scripts, WhatIsLoadedIsNotLoadedAgainAndWhatIsNotIsNotUnloaded) {

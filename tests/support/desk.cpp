@@ -67,6 +67,7 @@ void Fail(const std::string& operation, const Failing& which) {
 
 std::vector<std::string> LeftOpen() {
     std::vector<std::string> left = TheHost().arrays.HeldByMistake();
+    for (const std::string& data : TheHost().session.simprepDatas.Held()) left.push_back(data);
     for (const std::string& handle : TheWindows().OpenHandles()) left.push_back(handle);
     for (const std::string& object : TheSpreadsheets().NotReleased()) left.push_back(object);
     return left;

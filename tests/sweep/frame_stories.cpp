@@ -68,12 +68,12 @@ void OpenPopup(World& world) {
 FrameStories Popups() {
     const auto nothingSelected = [](World& world) {
         StartBehindFirstPopup(world);
-        world.host().session.buffer.clear();
+        world.host().session.selections.ClearBuffer();
     };
     const auto twoSelected = [](World& world) {
         StartBehindFirstPopup(world);
-        auto& buffer = world.host().session.buffer;
-        buffer.push_back(buffer.front());
+        Selections& selections = world.host().session.selections;
+        selections.AddToBuffer(selections.buffer().front());
     };
     return {"Popups",
             {{"the first popup",

@@ -189,7 +189,7 @@ void BuildSelection(World& world) {
     const std::vector<int> bolt = {top.features()[1].id};
     ProModelitem item{};
     Session::Follow(top, bolt, &item);
-    session.buffer = {&session.Select(top, bolt, item)};
+    session.selections.SetBuffer({{item, &top, bolt}});
 }
 
 const std::vector<Scene>& Scenes() {

@@ -11,10 +11,10 @@ using workbench::Workbench;
 class PopupRules : public Workbench {
 protected:
     void Select(const std::vector<int>& types) {
-        host().session.buffer.clear();
+        host().session.selections.ClearBuffer();
         for (const int type : types) {
             const ProModelitem item = {ProType(type), 7, plate_.handle};
-            host().session.buffer.push_back(&host().session.Select(plate_, {}, item));
+            host().session.selections.AddToBuffer({item, &plate_, {}});
         }
     }
     static int Component() { return PopupAccessComponent(nullptr, nullptr, nullptr); }

@@ -10,6 +10,14 @@ void VxOpenDir();
 // Makes the folder of the current model the working directory and tells it on the message line.
 void VxSetDirectory();
 
+// Puts the name of the current part, or of the component that is selected or picked, on the
+// clipboard.
+void VxMdlNameCopy();
+
+// Renames the component that is selected or picked, and the drawing of its name, and saves them and
+// the current model. Asks until the host takes a name or the user leaves.
+void VxMdlRename();
+
 // Shows what the plug-in is; its OK is followed by the terms of use.
 void AboutVx();
 

@@ -173,14 +173,20 @@ void* GlobalLock(HGLOBAL memory) {
     });
 }
 
+// Told to fail, it unlocks all the same, as the clipboard is closed.
 BOOL GlobalUnlock(HGLOBAL memory) {
     Operation& op = Op<"GlobalUnlock">;
-    return op.CallOr(Refused, [&] {
-        MemoryBlock& block = Simulated().RequireOwn(memory);
-        if (!block.locked) Complain(0, "the memory is not locked");
-        block.locked = false;
-        return BOOL{FALSE};  // nobody has it locked any more
-    });
+    return op.CallOr(
+        [&](int) {
+            if (MemoryBlock* block = Simulated().FindBlock(memory)) block->locked = false;
+            return BOOL{FALSE};
+        },
+        [&] {
+            MemoryBlock& block = Simulated().RequireOwn(memory);
+            if (!block.locked) Complain(0, "the memory is not locked");
+            block.locked = false;
+            return BOOL{FALSE};  // nobody has it locked any more
+        });
 }
 
 HGLOBAL GlobalFree(HGLOBAL memory) {

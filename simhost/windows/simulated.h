@@ -122,6 +122,7 @@ public:
     void PutOntoClipboard(UINT format, HANDLE memory);
     HGLOBAL Allocate(std::size_t bytes);
     void Free(HGLOBAL memory);
+    MemoryBlock* FindBlock(HGLOBAL memory) const { return memory_.Find(memory); }
     MemoryBlock& RequireOwn(HGLOBAL memory) const;  // complains about any that is not the caller's
 
 private:

@@ -141,9 +141,9 @@ void RealWindows::ReleaseClipboard() {
 std::optional<WideText> RealWindows::ClipboardText() {
     if (!OpenClipboard(nullptr)) return std::nullopt;
     std::optional<WideText> text;
-    if (const HANDLE memory = GetClipboardData(CF_UNICODETEXT)) {
-        if (const auto* start = static_cast<const WideChar*>(GlobalLock(memory))) text = start;
-        GlobalUnlock(memory);
+    if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
+        if (const auto* start = static_cast<const WideChar*>(GlobalLock(block))) text = start;
+        GlobalUnlock(block);
     }
     CloseClipboard();
     return text;

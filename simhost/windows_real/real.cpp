@@ -52,10 +52,6 @@ RealWindows::RealWindows()
     if (made != ERROR_SUCCESS || RegOverridePredefKey(HKEY_CURRENT_USER, root_) != ERROR_SUCCESS) {
         throw std::runtime_error("Windows gives this process no registry of its own");
     }
-    if (OpenClipboard(nullptr)) {  // what an earlier test left there
-        EmptyClipboard();
-        CloseClipboard();
-    }
 }
 
 RealWindows::~RealWindows() {

@@ -72,7 +72,7 @@ FrameStories Popups() {
     };
     const auto twoSelected = [](World& world) {
         StartBehindFirstPopup(world);
-        Selections& selections = world.host().session.selections;
+        auto& selections = world.host().session.selections;
         selections.AddToBuffer(selections.buffer().front());
     };
     return {"Popups",

@@ -14,7 +14,7 @@
 
 // Help key and icon follow the name: BatchColor alone has others, and AboutVx another icon.
 constexpr std::array<CommandRow, 56> kCommandTable = {{
-    Row<"VxOpenDir">              (NotBuilt,                 AccessAlways),
+    Row<"VxOpenDir">              (Command<VxOpenDir>,       AccessAlways),
     Row<"VxBackup">               (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"NewPart">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"NewAsm">                 (NotBuilt,                 AccessAssemblyOrMfg),
@@ -58,19 +58,19 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxBox">                  (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxExportDwg">            (NotBuilt,                 AccessDrawing),
     Row<"VxExportPdf">            (NotBuilt,                 AccessDrawing),
-    Row<"VxMdlNameCopy">          (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"VxMdlRename">            (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxMdlNameCopy">          (Command<VxMdlNameCopy>,   AccessAssemblyOrMfg),
+    Row<"VxMdlRename">            (Command<VxMdlRename>,     AccessAssemblyOrMfg),
     Row<"VxExportStp">            (NotBuilt,                 AccessSolidOrMfg),
     Row<"VxUpdateSheetScale">     (NotBuilt,                 AccessDrawing),
     Row<"VxUpdateMainViewScale">  (NotBuilt,                 AccessDrawing),
     Row<"VxSingleDim">            (NotBuilt,                 AccessDrawing),
-    Row<"VxSetDirectory">         (NotBuilt,                 AccessAlways),
+    Row<"VxSetDirectory">         (Command<VxSetDirectory>,  AccessAlways),
     Row<"VxConfig">               (Command<VxConfig>,        AccessAlways),
     Row<"ForTest">                (Command<ForTest>,         AccessAlways),
-    Row<"VxVipAbout">             (NotBuilt,                 AccessAlways).MenuOnly(),
-    Row<"VxQQGroup">              (NotBuilt,                 AccessAlways).MenuOnly(),
-    Row<"VxVersion">              (NotBuilt,                 AccessAlways).MenuOnly(),
-    Row<"AboutVx">                (NotBuilt,                 AccessAlways)
+    Row<"VxVipAbout">             (Command<VxVipAbout>,      AccessAlways).MenuOnly(),
+    Row<"VxQQGroup">              (Command<VxQQGroup>,       AccessAlways).MenuOnly(),
+    Row<"VxVersion">              (Command<VxVersion>,       AccessAlways).MenuOnly(),
+    Row<"AboutVx">                (Command<AboutVx>,         AccessAlways)
         .MenuOnly().Icon("AboutVorlatix.png"),
 }};
 

@@ -42,6 +42,7 @@
 #else
 
 #include <clocale>
+#include <cstddef>
 #include <cstdint>
 
 #include "hostapi/export.h"
@@ -58,8 +59,10 @@ using DWORD = std::uint32_t;
 using LONG = std::int32_t;
 using LSTATUS = LONG;
 using REGSAM = DWORD;
+using SIZE_T = std::size_t;
 using UINT_PTR = std::uintptr_t;
 using HANDLE = void*;
+using HGLOBAL = void*;
 using HMODULE = struct VxModule*;
 using HINSTANCE = HMODULE;
 using HWND = struct VxWindow*;
@@ -145,7 +148,8 @@ HOST_API LSTATUS RegCloseKey(HKEY key);
 // Runs a command line (system code page) and does not wait; above 31 on success.
 HOST_API UINT WinExec(const char* commandLine, UINT show);
 
-// Opens a file with the program that is registered for it (verb "open"); above 32 on success.
+// Runs a program or opens a file with the one that is registered for it. A null verb is what the
+// file's kind does by default, mostly "open". Above 32 on success.
 HOST_API HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
                                  const WideChar* arguments, const WideChar* folder, int show);
 
@@ -232,6 +236,34 @@ HOST_API BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BO
 // Receives the full path of the folder of Windows' own programs, without a separator at its end,
 // and returns its length, or the size needed if that is greater than `size`. 0 on failure.
 HOST_API UINT GetSystemDirectoryW(WideChar* path, UINT size);
+
+// --- Clipboard and the memory that is handed to it ---------------------------------------------
+
+#define CF_UNICODETEXT 13u
+#define GMEM_DDESHARE 0x2000u
+
+// Opens the clipboard for this thread, which closes it again. FALSE while a window of another
+// program has it open.
+HOST_API BOOL OpenClipboard(HWND owner);
+HOST_API BOOL CloseClipboard();
+
+// Drops what lies on the clipboard, which must be open. FALSE on failure.
+HOST_API BOOL EmptyClipboard();
+
+// Puts a block of memory onto the clipboard, which must be open. From then on it is the system's:
+// it is neither written nor freed any more. Null on failure, and then the block is still the
+// caller's. Text is terminated.
+HOST_API HANDLE SetClipboardData(UINT format, HANDLE memory);
+
+// A block of memory; null on failure. It is the caller's until it is freed or handed on.
+HOST_API HGLOBAL GlobalAlloc(UINT flags, SIZE_T bytes);
+
+// Where the block lies, until it is unlocked; null on failure.
+HOST_API void* GlobalLock(HGLOBAL memory);
+HOST_API BOOL GlobalUnlock(HGLOBAL memory);
+
+// Null on success, else the handle.
+HOST_API HGLOBAL GlobalFree(HGLOBAL memory);
 
 // --- Code pages and locale --------------------------------------------------------------------
 

@@ -26,6 +26,14 @@ Host::Host() {
     Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
     arrays.ending = [this](const void* array) { session.selections.ArrayFreed(array); };
     session.tell = [this](const std::string& line) { Tell(line); };
+    session.savesInWorkingFolder = [this] {
+        const auto option = configOptions.find(WIDE("override_store_back"));
+        return option != configOptions.end() && !option->second.empty() &&
+               Lower(WideView(option->second.back())) == WIDE("yes");
+    };
+    session.mayWrite = [](const std::filesystem::path& file) {
+        return TheWindows().MayOpen(file, /*toWrite=*/true);
+    };
 }
 
 Host::~Host() {

@@ -486,7 +486,8 @@ def readme_tells_what_works(tree):
 
 
 # Functions that hand a key on to ProMessageDisplay, by the file that defines them.
-MESSAGE_WRAPPERS = {}
+MESSAGE_WRAPPERS = {"frame/services/messages.cpp": ["ShowMessage"],
+                    "commands/selected_model.cpp": ["SelectedModel"]}
 
 
 def call_arguments(code, start):

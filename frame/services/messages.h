@@ -1,5 +1,5 @@
-// The three ways of telling the user something in a box. Tabs that keep a text away from the edge
-// of its box belong to the text; nothing is added here.
+// The three ways of telling the user something in a box, and the message line. Tabs that keep a
+// text away from the edge of its box belong to the text; nothing is added here.
 #pragma once
 
 #include "hostapi/wide.h"
@@ -20,4 +20,8 @@ void ShowQuietNotice(const WideText& text);
 void ShowPlainError(const WideText& text);
 
 // The message file of the message line.
-inline constexpr const char* kMessageFile = "vxmsg_display.txt";
+inline constexpr const WideChar* kMessageFile = WIDE("vxmsg_display.txt");
+
+// The quiet way: the text of a key on the message line, with an argument for its %0w.
+void ShowMessage(const char* key);
+void ShowMessage(const char* key, const WideText& argument);

@@ -11,7 +11,7 @@
 namespace {
 
 // The one place of the address; a reserved example until there is a real one.
-constexpr const char* kHomePage = "https://vorlatix.example/";
+constexpr const char* kHomePage = "https://vorlatix.example";
 
 // Of a program without its folder Windows would take one of that name in the working folder first,
 // which other people may write to.
@@ -75,12 +75,13 @@ void OpenInNotepad(WideView fileBesideModule) {
     WinExec(Narrow(WIDE("notepad.exe ") + *path).c_str(), SW_SHOW);
 }
 
-void OpenHomePage() {
+void OpenHomePage(const char* path) {
     const std::string folder = SystemFolder();
     if (folder.empty()) return;
     std::string command = "\"";
     command += folder;
     command += "\\cmd.exe\" /c start ";
     command += kHomePage;
+    command += path;
     WinExec(command.c_str(), SW_HIDE);
 }

@@ -26,5 +26,6 @@ void OpenFile(const WideText& path);
 // the module is not found under its name.
 void OpenInNotepad(WideView fileBesideModule);
 
-// Opens the product's home page in the user's browser; a failure is not reported.
-void OpenHomePage();
+// Opens the product's home page, or a page of it by its path ("/?Vip/"), in the user's browser; a
+// failure is not reported.
+void OpenHomePage(const char* path = "/");

@@ -12,8 +12,11 @@ HOST_API ProError ProMessageToBuffer(WideChar* buffer, WideChar* messageFile, ch
 // Shows the text of `key` on the message line, arguments as above.
 HOST_API ProError ProMessageDisplay(WideChar* messageFile, char* key, ...);
 
-// Waits for a line typed at the message line; `size` is the buffer's length with its terminator.
-// PRO_TK_MSG_USER_QUIT (-31): the user left the prompt. An empty line takes the default.
+// Waits for a line typed at the message line. Receives at most `size` characters of it and a
+// terminator, so the buffer holds one more than `size`. An empty line takes the default.
+// PRO_TK_MSG_USER_QUIT (-31): the user left the prompt.
+// Assumed (length, 50 %): the terminator comes on top of `size`. If it is counted in, an answer has
+//   one character less
 HOST_API ProError ProMessageStringRead(int size, WideChar* text);
 
 // Widen and narrow with the system code page. Receive into the first argument and return it. The

@@ -23,16 +23,18 @@ HOST_API ProError ProMdlCurrentGet(ProMdl* model);
 
 // The kind of a model as text: "PRT", "ASM", "DRW" and so on.
 #define PRO_TYPE_SIZE 4
-// Assumed (record, 25 %): name, kind as text and origin, of which only name and kind are read; the
-//   kit's has more fields
+// Assumed (record, 25 %): name, kind as text and origin, of which name, kind, device and path are
+//   read; the kit's has more fields, and its device and path may be of other lengths
 typedef struct VxModelData {
-    ProPath path;
+    ProName device;  // the drive without its colon: "C"
+    ProPath path;    // the folder without the drive, with a separator at its end: "\Work\"
     ProName name;
     WideChar type[PRO_TYPE_SIZE];
     int version;
 } ProMdldata;
 
-// Receives the model's name, its kind as text, and where it came from.
+// Receives the model's name, its kind as text, and the folder that it came from; for a model that
+// was never saved the one that it will be saved in.
 HOST_API ProError ProMdlDataGet(ProMdl model, ProMdldata* data);
 
 // The model of this name and type, from memory or from the working folder.
@@ -40,12 +42,28 @@ HOST_API ProError ProMdlDataGet(ProMdl model, ProMdldata* data);
 // Assumed (length, 40 %): as ProMdlNameGet
 HOST_API ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model);
 
+// Gives the model another name, of 1 to 32 characters: in memory, in whatever refers to it there,
+// and for all versions of its file in the folder that it came from, which keep their numbers. What
+// refers to it counts as changed, and has the old name on disk until it is saved.
+// PRO_TK_E_FOUND: a model of its type has the name, in memory or on disk, be it this one in other
+// letters. PRO_TK_BAD_INPUTS: a name that no model can have. PRO_TK_CANT_WRITE: a file is held or
+// read-only. Then nothing has changed.
+// Assumed (behaviour, 60 %): the versions on disk are renamed at once, and nothing is if one of
+//   them cannot be
+// Assumed (length, 40 %): as ProMdlNameGet
+HOST_API ProError ProMdlRename(ProMdl model, WideChar* name);
+
+// Writes the next version of this one model into the folder that it came from, or into the working
+// folder if the option override_store_back is "yes". PRO_TK_CANT_WRITE: that cannot be done.
+HOST_API ProError ProMdlSave(ProMdl model);
+
 // Whether the model may be changed. `checkAll`: also asks what a release or a workspace says.
 // Assumed (behaviour, 30 %): the flag, set to 1, asks to look at everything. If it means "show a
 //   dialog about conflicts", a batch may show one for each generic
 HOST_API ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable);
 
-// Receives the model's name, without its type, in capitals as far as it is ASCII.
+// Receives the model's name, without its type, in capitals as far as it is ASCII. One of 32
+// characters fills the record to its end, without a terminator.
 // Assumed (length, 40 %): a name has at most 31 characters. Newer hosts allow longer ones and have
 //   newer calls: see what this one answers then
 HOST_API ProError ProMdlNameGet(ProMdl model, ProName name);

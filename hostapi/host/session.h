@@ -21,7 +21,9 @@ HOST_API ProError ProModeCurrentGet(ProMode* mode);
 // Assumed (behaviour, 70 %): the path ends with a separator
 HOST_API ProError ProDirectoryCurrentGet(ProPath directory);
 
-// Makes this folder the working directory. PRO_TK_INVALID_DIR: there is none of this name.
+// Makes this folder the working directory; a path without a drive lies on that of the present one.
+// PRO_TK_BAD_INPUTS: an empty path. PRO_TK_INVALID_DIR: there is no such folder.
+// Assumed (behaviour, 60 %): takes a path without a drive, as ProMdlDataGet hands it out
 HOST_API ProError ProDirectoryChange(ProPath directory);
 
 // Receives the plug-in's text folder as registered with the host, with no separator at its end.

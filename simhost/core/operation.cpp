@@ -20,7 +20,7 @@ std::map<std::string, Operation*>& Registry() {
 
 struct ArmedFault {
     Fault fault;
-    bool fired = false;
+    int fired = 0;  // how often
 };
 std::vector<ArmedFault>& Faults() {
     static std::vector<ArmedFault> faults;
@@ -28,6 +28,25 @@ std::vector<ArmedFault>& Faults() {
 }
 
 std::uint64_t firedFaults = 0;
+
+// Operations that ask the user, with the status of a user who leaves. Commands ask again until that
+// comes, so a question that failed for good would have no end: after some failures the user leaves.
+struct Question {
+    const char* operation;
+    int left;
+};
+constexpr Question kQuestions[] = {
+    {"ProMessageStringRead", PRO_TK_MSG_USER_QUIT},
+};
+constexpr int kPatience = 5;
+
+// The status of one more failure after so many.
+int StatusAfter(const Fault& fault, int failures) {
+    for (const Question& question : kQuestions) {
+        if (fault.operation == question.operation && failures >= kPatience) return question.left;
+    }
+    return fault.status;
+}
 
 struct Listeners {
     Journal* journal = nullptr;
@@ -94,7 +113,7 @@ std::uint64_t Operation::TotalCalls() {
 std::vector<Fault> Operation::UnreachedFaults() {
     std::vector<Fault> unreached;
     for (const ArmedFault& armed : Faults()) {
-        if (!armed.fired) unreached.push_back(armed.fault);
+        if (armed.fired == 0) unreached.push_back(armed.fault);
     }
     return unreached;
 }
@@ -105,9 +124,8 @@ Operation::Injected Operation::Strike() {
         if (fault.operation != name_ || fault.n == 0) continue;
         if (--fault.n > 0) continue;
         if (fault.forGood) fault.n = 1;
-        armed.fired = true;
         ++firedFaults;
-        return {true, fault.afterWork, fault.status};
+        return {true, fault.afterWork, StatusAfter(fault, armed.fired++)};
     }
     return {};
 }

@@ -145,6 +145,7 @@ std::string DescribeAny(const GivenInput<T>& input) {
 
 // The n-th call from now on fails (1 is the next), and with `forGood` every later one too. With
 // `afterWork` the work is done first, as by a host that fills a record and refuses all the same.
+// A question to the user that fails for good is left by the user after some failures.
 struct Fault {
     std::string operation;
     std::uint64_t n = 1;

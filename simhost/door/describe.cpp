@@ -101,8 +101,8 @@ std::string TextOf(const ProParamvalue& value) {
 }
 
 std::string TextOf(const ProMdldata& data) {
-    return fmt::format("{}, {}, {}, version {}", TextIn(data.path), TextIn(data.name),
-                       TextIn(data.type), data.version);
+    return fmt::format("{}:{}, {}, {}, version {}", TextIn(data.device), TextIn(data.path),
+                       TextIn(data.name), TextIn(data.type), data.version);
 }
 
 std::string TextOf(const ProModel& model) {

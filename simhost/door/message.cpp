@@ -1,4 +1,6 @@
 // The door's operations on message files, the message line and the two forms of text.
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstdarg>
 #include <cstring>
@@ -49,9 +51,15 @@ ProError ProMessageStringRead(int size, WideChar* text) {
     return Op<"ProMessageStringRead">.Call(
         [&] {
             if (size < 1) Refuse(PRO_TK_BAD_INPUTS);
-            const auto answer = TheHost().messages.Read();
+            auto answer = TheHost().messages.Read();
             if (!answer) Refuse(PRO_TK_MSG_USER_QUIT);
-            CopyCut(*answer, text, static_cast<std::size_t>(size));
+            const auto most = static_cast<std::size_t>(size);
+            if (answer->size() > most) {
+                answer->resize(most);
+                TheHost().Tell(
+                    fmt::format("the answer is cut to {} characters: {}", size, Utf8(*answer)));
+            }
+            CopyCut(*answer, text, most + 1);
         },
         ARG(size), OUT(text));
 }

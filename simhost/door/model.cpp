@@ -1,11 +1,45 @@
 // Models at the door.
 #include "hostapi/host/model.h"
 
+#include <algorithm>
+
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/model/model_file.h"
 
 using namespace simhost;
+
+namespace {
+
+// A name of 32 characters leaves no room for a terminator in its record.
+void PutName(WideView name, ProName record) {
+    const std::size_t length = std::min<std::size_t>(name.size(), PRO_NAME_SIZE);
+    std::copy_n(name.begin(), length, record);
+    if (length < PRO_NAME_SIZE) record[length] = 0;
+}
+
+// The drive of a Windows path, and the rest of it with a separator at its end.
+void PutFolder(WideView folder, ProMdldata* data) {
+    const std::size_t colon = folder.find(WideChar{':'});
+    const bool hasDrive = colon != WideView::npos;
+    if (hasDrive) CopyCut(folder.substr(0, colon), data->device, PRO_NAME_SIZE);
+    WideText path(folder.substr(hasDrive ? colon + 1 : 0));
+    if (path.empty() || path.back() != WideChar{'\\'}) path += WideChar{'\\'};
+    CopyCut(path, data->path, PRO_PATH_SIZE);
+}
+
+// Runs what may fail at a file: that is told to the user, and is this status for the plug-in.
+template <class Work>
+void OnDisk(ProError status, Work&& work) {
+    try {
+        work();
+    } catch (const ModelFileError& error) {
+        TheHost().Tell(error.what());
+        Refuse(status);
+    }
+}
+
+}  // namespace
 
 ProError ProMdlCurrentGet(ProMdl* model) {
     return Op<"ProMdlCurrentGet">.Call(
@@ -18,9 +52,8 @@ ProError ProMdlCurrentGet(ProMdl* model) {
 }
 
 ProError ProMdlNameGet(ProMdl model, ProName name) {
-    return Op<"ProMdlNameGet">.Call(
-        [&] { CopyCut(TheHost().session.Require(model).name, name, PRO_NAME_SIZE); }, ARG(model),
-        OUT(name));
+    return Op<"ProMdlNameGet">.Call([&] { PutName(TheHost().session.Require(model).name, name); },
+                                    ARG(model), OUT(name));
 }
 
 ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {
@@ -38,8 +71,9 @@ ProError ProMdlDataGet(ProMdl model, ProMdldata* data) {
         [&] {
             const Model& found = TheHost().session.Require(model);
             *data = {};
-            CopyCut(TheHost().session.workingDirectory, data->path, PRO_PATH_SIZE);
-            CopyCut(found.name, data->name, PRO_NAME_SIZE);
+            const WideText& working = TheHost().session.workingDirectory;
+            PutFolder(found.folder.empty() ? working : found.folder, data);
+            PutName(found.name, data->name);
             CopyCut(Upper(Wide(SuffixOf(found.type))), data->type, PRO_TYPE_SIZE);
             data->version = found.version;
         },
@@ -50,16 +84,33 @@ ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
     return Op<"ProMdlRetrieve">.Call(
         [&] {
             const std::string file = Utf8(Lower(WideView(name))) + '.' + SuffixOf(type);
-            try {
+            OnDisk(PRO_TK_INVALID_FILE, [&] {
                 const Model* found = TheHost().session.Retrieve(file);
                 if (!found) Refuse(PRO_TK_E_NOT_FOUND);
                 *model = found->handle;
-            } catch (const ModelFileError& error) {
-                TheHost().Tell(error.what());
-                Refuse(PRO_TK_INVALID_FILE);
-            }
+            });
         },
         GIVEN(name), ARG(type), OUT(model));
+}
+
+ProError ProMdlRename(ProMdl model, WideChar* name) {
+    return Op<"ProMdlRename">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            Model& found = session.Require(model);
+            OnDisk(PRO_TK_CANT_WRITE, [&] { session.Rename(found, name); });
+        },
+        ARG(model), GIVEN(name));
+}
+
+ProError ProMdlSave(ProMdl model) {
+    return Op<"ProMdlSave">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            Model& found = session.Require(model);
+            OnDisk(PRO_TK_CANT_WRITE, [&] { session.Save(found); });
+        },
+        ARG(model));
 }
 
 ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable) {

@@ -29,9 +29,17 @@ ProError ProDirectoryChange(ProPath directory) {
     return Op<"ProDirectoryChange">.Call(
         [&] {
             WideText folder = directory;
-            if (folder.empty()) Complain(PRO_TK_BAD_INPUTS, "the folder has no name");
+            if (folder.empty()) Refuse(PRO_TK_BAD_INPUTS);
             if (folder.size() >= PRO_PATH_SIZE) {
                 Complain(PRO_TK_BAD_INPUTS, "the folder's name is longer than a path");
+            }
+            const auto isSeparator = [&folder](std::size_t at) {
+                return folder[at] == WideChar{'\\'} || folder[at] == WideChar{'/'};
+            };
+            // A second separator begins the name of another computer.
+            if (isSeparator(0) && !(folder.size() > 1 && isSeparator(1))) {
+                const WideText& present = TheHost().session.workingDirectory;
+                folder.insert(0, present.substr(0, present.find(WideChar{':'}) + 1));
             }
             while (folder.size() > 3 && (folder.back() == '\\' || folder.back() == '/')) {
                 folder.pop_back();

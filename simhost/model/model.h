@@ -88,6 +88,7 @@ public:
     WideText name;      // in capitals as far as it is ASCII, without the type
     std::string title;  // the designer's words for it (UTF-8)
     int version = 0;    // of the file last read or written; 0: never on disk
+    WideText folder;    // which it came from; empty: never on disk, and goes to the working folder
     bool modified = false;
 
     PartData partData;

@@ -59,12 +59,22 @@ public:
     Model* Retrieve(const std::string& fileName, const Step& step = {});
     // The same; a file that cannot be read is told to the user. For `tell` see below.
     Model* RetrieveOrTell(const std::string& fileName);
-    // Writes the next version into the working folder; the real path of the file. Throws
-    // ModelFileError, and then the folder is as before.
+    // Writes the next version into the folder that the model came from, or another; the real path
+    // of the file. Throws ModelFileError, and then the folder is as before.
     std::string Save(Model& model);
     std::string SaveInto(Model& model, const WideText& folder);
+    // Another name for the model in memory, for all versions of its file in the folder that it
+    // came from, and in whatever refers to it in memory, which counts as changed. Refused for a
+    // name that is none or taken; throws ModelFileError if a file cannot be renamed. All or
+    // nothing.
+    void Rename(Model& model, WideView name);
     // Shows the user a line about a file. The host sets it.
     std::function<void(const std::string& line)> tell;
+    // Whether everything is saved in the working folder, wherever it came from; unset: no. The
+    // host sets it.
+    std::function<bool()> savesInWorkingFolder;
+    // Whether no other program keeps this real file; unset: none does. The host sets it.
+    std::function<bool(const std::filesystem::path& file)> mayWrite;
     // What Retrieve did not find, since the last question, each once.
     std::vector<std::string> TakeMissing();
 
@@ -103,6 +113,9 @@ private:
     Model& ReadVersion(const std::string& fileName, ProMdlType type, ModelFolder& folder,
                        const ModelVersion& version);
     ModelFolder& FolderOf(const std::filesystem::path& folder);
+    // What there is of a file in a folder of a Windows path, "gearbox.asm.1", as it lies there.
+    std::vector<std::string> FilesOf(const WideText& folder, const std::string& fileName);
+    void LetReferencesFollow(const Model& model, const std::string& oldFile);
     const Disk& disk_;
     HandleTable<Model> models_{HandleKind::Model};
     HandleTable<Surface> surfaces_{HandleKind::Surface};

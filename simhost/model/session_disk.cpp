@@ -59,6 +59,7 @@ Model& Session::ReadVersion(const std::string& fileName, ProMdlType type, ModelF
         throw;
     }
     model.version = version.number;
+    model.folder = workingDirectory;
     return model;
 }
 
@@ -180,7 +181,11 @@ std::vector<std::string> Session::TakeMissing() {
 }
 
 std::string Session::Save(Model& model) {
-    return SaveInto(model, workingDirectory);
+    const bool elsewhere = savesInWorkingFolder && savesInWorkingFolder();
+    const WideText folder = elsewhere || model.folder.empty() ? workingDirectory : model.folder;
+    std::string path = SaveInto(model, folder);
+    if (model.folder.empty()) model.folder = folder;
+    return path;
 }
 
 std::string Session::SaveInto(Model& model, const WideText& folder) {

@@ -57,6 +57,20 @@ public:
         cairo_set_line_width(cairo_, 0.5);
         cairo_stroke(cairo_);
     }
+    void Image(const Rectangle& box, const std::filesystem::path& png) override {
+        const Surface image(cairo_image_surface_create_from_png(png.c_str()),
+                            cairo_surface_destroy);
+        if (cairo_surface_status(image.get()) != CAIRO_STATUS_SUCCESS) {
+            throw std::runtime_error("cannot read " + png.string());
+        }
+        cairo_save(cairo_);
+        cairo_translate(cairo_, box.x, box.y);
+        cairo_scale(cairo_, box.width / cairo_image_surface_get_width(image.get()),
+                    box.height / cairo_image_surface_get_height(image.get()));
+        cairo_set_source_surface(cairo_, image.get(), 0, 0);
+        cairo_paint(cairo_);
+        cairo_restore(cairo_);
+    }
     void Stroke(const Path& path, const Pen& pen) override {
         Follow(path);
         Draw(pen);

@@ -15,6 +15,7 @@
 #include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
 #include "simhost/ui/drawingarea.h"
+#include "simhost/ui/label.h"
 #include "simhost/ui/radiogroup.h"
 #include "simhost/ui/table.h"
 #include "simhost/ui/textfield.h"
@@ -66,6 +67,7 @@ public:
         const double width = filled ? radius : 1;
         canvas_->Circle(x, y, filled ? radius / 2 : radius, {Grey(kInk), width, {}, 1});
     }
+    void Image(Area area, const fs::path& png) { canvas_->Image(area, png); }
     void Line(double x1, double y1, double x2, double y2) {
         Path line;
         line.MoveTo(x1, y1);
@@ -80,7 +82,9 @@ private:
 
 class Painter {
 public:
-    Painter(const Dialog& dialog, Brush& brush) : dialog_(dialog), brush_(brush) {}
+    // The pictures of labels are files of `pictures`.
+    Painter(const Dialog& dialog, const fs::path& pictures, Brush& brush)
+        : dialog_(dialog), pictures_(pictures), brush_(brush) {}
 
     Size Measure(const Grid& grid) const {
         if (!grid.component.empty()) return MeasureComponent(grid.component);
@@ -166,6 +170,11 @@ private:
         if (dynamic_cast<const PushButton*>(&component)) {
             return {std::max(brush_.Width(label) + 2 * kPad, 30.0), kLine + 6};
         }
+        const auto* picture = dynamic_cast<const Label*>(&component);
+        if (picture && !picture->picture().empty()) {
+            const PictureSize size = PngSize(ReadFile(FileOf(*picture))).value_or(PictureSize{});
+            return {double(size.width), double(size.height)};
+        }
         return {brush_.Width(label), kLine};
     }
 
@@ -212,6 +221,13 @@ private:
         }
         if (dynamic_cast<const DrawingArea*>(&component)) return brush_.Frame(area, 0.8);
         if (dynamic_cast<const PushButton*>(&component)) return DrawButton(component, area);
+        const auto* picture = dynamic_cast<const Label*>(&component);
+        if (picture && !picture->picture().empty()) {
+            const Size size = MeasureComponent(name);
+            return brush_.Image({area.x + (area.width - size.width) / 2,
+                                 area.y + (area.height - size.height) / 2, size.width, size.height},
+                                FileOf(*picture));
+        }
         brush_.Text(area.x, Baseline(area), label);
     }
 
@@ -298,28 +314,34 @@ private:
                     button.enabled ? 0.1 : 0.6);
     }
 
+    fs::path FileOf(const Label& label) const {
+        const std::string& name = label.picture();
+        return pictures_ / fs::path(std::u8string(name.begin(), name.end()));
+    }
+
     const Dialog& dialog_;
+    const fs::path& pictures_;
     Brush& brush_;
 };
 
-Picture PictureOf(const Dialog& dialog, const Ruler& ruler) {
+Picture PictureOf(const Dialog& dialog, const fs::path& pictures, const Ruler& ruler) {
     const auto own = dialog.resource().layouts.find("");
     if (own == dialog.resource().layouts.end()) {
         throw std::runtime_error(dialog.name() + ": the dialog has no layout");
     }
     Brush measuring(nullptr, ruler);
     const std::string title = Utf8(dialog.title());
-    Size size = Painter(dialog, measuring).Measure(own->second);
+    Size size = Painter(dialog, pictures, measuring).Measure(own->second);
     size.width = std::max(size.width, measuring.Width(title) + 60);
     const Size whole{std::ceil(size.width + 4 * kPad), std::ceil(size.height + 4 * kPad + kTitle)};
     Picture picture{whole.width, whole.height, whole.width, whole.height, {}};
-    picture.paint = [&dialog, &ruler, own, title, size, whole](Canvas& canvas) {
+    picture.paint = [&dialog, &pictures, &ruler, own, title, size, whole](Canvas& canvas) {
         Brush brush(&canvas, ruler);
         brush.Fill({0, 0, whole.width, whole.height}, 0.94);
         brush.Fill({0, 0, whole.width, kTitle}, 0.80);
         brush.Text(2 * kPad, kTitle * 0.68, title);
         brush.Frame({0, 0, whole.width - 1, whole.height - 1}, 0.5);
-        Painter(dialog, brush)
+        Painter(dialog, pictures, brush)
             .Draw(own->second, {2 * kPad, kTitle + 2 * kPad, size.width, size.height});
     };
     return picture;
@@ -337,10 +359,12 @@ std::vector<fs::path> DrawDialogs(const fs::path& resources, const fs::path& out
     const Ruler ruler;
     std::vector<fs::path> pictures;
     for (const fs::path& file : files) {
-        const Dialog dialog(file.stem().string(),
-                            ParseResource(ReadFile(file), file.filename().string()));
+        const std::string name = file.filename().string();
+        DialogResource resource = ParseResource(ReadFile(file), name);
+        CheckPictures(resource, name, resources);
+        const Dialog dialog(file.stem().string(), std::move(resource));
         pictures.push_back(out / (file.stem().string() + ".png"));
-        WritePng(PictureOf(dialog, ruler), pictures.back());
+        WritePng(PictureOf(dialog, resources, ruler), pictures.back());
     }
     return pictures;
 }

@@ -82,10 +82,19 @@ public:
     virtual bool MayOpen(const std::filesystem::path& real, bool toWrite) const = 0;
     virtual WideText Desktop() const = 0;  // the user's folder
 
+    // --- Clipboard ---
+    // As if a window of another program had it open.
+    virtual void HoldClipboard() = 0;
+    virtual void ReleaseClipboard() = 0;
+    // The text on it; nothing if there is none, or another program keeps us out.
+    virtual std::optional<WideText> ClipboardText() = 0;
+
     // --- What the plug-in did ---
-    std::vector<WideText> programs;  // command lines that were to run, in order; they never do
+    // Command lines that were to run, in order; they never do.
+    std::vector<WideText> programs;
     std::map<int, WideText> locale;  // what was set, by category
-    // What is still open, one line each: "key Software\PTC", "file C:\Work\a.txt".
+    // What is still open, one line each: "key Software\PTC", "file C:\Work\a.txt", "clipboard",
+    // "memory of 14 bytes" that was neither freed nor handed over.
     virtual std::vector<std::string> OpenHandles() const = 0;
 
 protected:

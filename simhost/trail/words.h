@@ -105,6 +105,13 @@ void ShowFactTable(Trail& trail, const std::string& rest);
 void EraseModel(Trail& trail, const std::string& rest);
 void HandOut(Trail& trail, const std::string& rest);
 
+void HoldFile(Trail& trail, const std::string& rest);
+void LetGoFile(Trail& trail, const std::string& rest);
+void MakeReadOnly(Trail& trail, const std::string& rest);
+void HoldClipboard(Trail& trail, const std::string& rest);
+void LetGoClipboard(Trail& trail, const std::string& rest);
+void ExpectClipboard(Trail& trail, const std::string& rest);
+
 void ExpectRows(Trail& trail, const std::string& rest);
 void ExpectColumns(Trail& trail, const std::string& rest);
 void ExpectRow(Trail& trail, const std::string& rest);

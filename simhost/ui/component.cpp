@@ -5,6 +5,7 @@
 #include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
 #include "simhost/ui/drawingarea.h"
+#include "simhost/ui/label.h"
 #include "simhost/ui/radiogroup.h"
 #include "simhost/ui/table.h"
 #include "simhost/ui/text_frame.h"
@@ -32,13 +33,10 @@ struct KindRow {
 };
 // A kind that gets operations of its own joins here.
 constexpr KindRow kKinds[] = {
-    {CheckButton::kKind, Make<CheckButton>},
-    {InputPanel::kKind, Make<InputPanel>},
-    {OptionMenu::kKind, Make<OptionMenu>},
-    {PushButton::kKind, Make<PushButton>},
-    {RadioGroup::kKind, Make<RadioGroup>},
-    {TextArea::kKind, Make<TextArea>},
-    {Table::kKind, Make<Table>},
+    {CheckButton::kKind, Make<CheckButton>}, {Label::kKind, Make<Label>},
+    {InputPanel::kKind, Make<InputPanel>},   {OptionMenu::kKind, Make<OptionMenu>},
+    {PushButton::kKind, Make<PushButton>},   {RadioGroup::kKind, Make<RadioGroup>},
+    {TextArea::kKind, Make<TextArea>},       {Table::kKind, Make<Table>},
     {DrawingArea::kKind, Make<DrawingArea>},
 };
 

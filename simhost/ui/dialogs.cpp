@@ -8,6 +8,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/ui/drawingarea.h"
+#include "simhost/ui/label.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/textfield.h"
 
@@ -107,8 +108,9 @@ void Dialogs::Create(const char* name, const char* resource) {
     const std::string text = ReadFile(disk_.Real(path), &found);
     if (!found) Refuse(PRO_TK_E_NOT_FOUND);
     try {
-        dialogs_.push_back(
-            std::make_unique<Dialog>(dialogName, ParseResource(text, fileName), &desk_));
+        DialogResource parsed = ParseResource(text, fileName);
+        CheckPictures(parsed, fileName, disk_.Real(path).parent_path());
+        dialogs_.push_back(std::make_unique<Dialog>(dialogName, std::move(parsed), &desk_));
     } catch (const ResourceError& error) {
         Complain(PRO_TK_INVALID_FILE, error.what());
     }

@@ -127,7 +127,7 @@ const std::vector<KindAttributes> kKindAttributes = {
     {"CheckButton", {"Set"}},
     {"DrawingArea", {"Width", "Height"}},
     {"InputPanel", {"Value", "Columns"}},
-    {"Label", {}},
+    {"Label", {"Bitmap"}},
     {"Layout", {"Decorated"}},
     {"OptionMenu", {"Names", "Labels", "Value", "Columns"}},
     {"PushButton", {}},

@@ -1,4 +1,6 @@
 // Programs that the plug-in starts are written down, never run.
+#include "simhost/system/programs.h"
+
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/windows/simulated.h"
@@ -29,13 +31,13 @@ HINSTANCE ShellExecuteW(HWND owner, const WideChar* verb, const WideChar* file,
         [&](int) { return result(kFileNotFound); },
         [&] {
             Need(file, "the file");
-            const WideText done = WideText(verb ? verb : WIDE("open")) + WIDE(" ");
             std::error_code error;
-            if (!std::filesystem::exists(RealFile(file), error)) {
+            if (!IsKnownProgram(file) && !std::filesystem::exists(RealFile(file), error)) {
                 return result(kFileNotFound);
             }
-            Simulated().programs.push_back(done + file);
-            Simulated().host().desk.shown.push_back({Shown::Kind::Program, done + file, {}});
+            const WideText line = ProgramLine(verb, file, arguments, show);
+            Simulated().programs.push_back(line);
+            Simulated().host().desk.shown.push_back({Shown::Kind::Program, line, {}});
             return result(kStarted);
         },
         "owner", static_cast<const void*>(owner), "verb", verb, "file", file, "arguments",

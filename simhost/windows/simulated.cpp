@@ -1,6 +1,8 @@
 // The simulated Windows itself: how it is started anew, and what is left open.
 #include "simhost/windows/simulated.h"
 
+#include <fmt/format.h>
+
 #include <memory>
 
 #include "simhost/core/text.h"
@@ -35,6 +37,10 @@ std::vector<std::string> SimulatedWindows::OpenHandles() const {
     std::vector<std::string> lines;
     for (const OpenKey& key : openKeys_) lines.push_back("key " + Utf8(key.path));
     for (const OpenFile& file : openFiles_) lines.push_back("file " + Utf8(file.path));
+    for (const MemoryBlock& block : blocks_) {
+        if (!block.handedOver) lines.push_back(fmt::format("memory of {} bytes", block.size));
+    }
+    if (clipboardOpen) lines.push_back("clipboard");
     return lines;
 }
 

@@ -49,6 +49,15 @@ struct OpenFile {
     DWORD share = 0;
 };
 
+// A block that GlobalAlloc gave, with a strip behind it that nobody may write to.
+struct MemoryBlock {
+    HGLOBAL handle = nullptr;
+    std::size_t size = 0;
+    std::vector<char> bytes;
+    bool locked = false;
+    std::optional<std::vector<char>> handedOver;  // as it was when it became the system's
+};
+
 class SimulatedWindows : public Windows {
 public:
     SimulatedWindows() { executablePath = WIDE("C:\\Program Files\\Host\\bin\\xtop.exe"); }
@@ -70,6 +79,9 @@ public:
     void Release(WideView windowsPath) override;
     bool MayOpen(const std::filesystem::path& real, bool toWrite) const override;
     WideText Desktop() const override;
+    void HoldClipboard() override { clipboardHeld_ = true; }
+    void ReleaseClipboard() override { clipboardHeld_ = false; }
+    std::optional<WideText> ClipboardText() override;
     std::vector<std::string> OpenHandles() const override;
 
     // --- Modules ---
@@ -102,6 +114,17 @@ public:
     bool Close(HANDLE file);
     DWORD lastError = ERROR_SUCCESS;  // GetLastError
 
+    // --- Clipboard ---
+    bool OpenTheClipboard();  // false while another program has it open
+    void CloseTheClipboard();
+    bool clipboardOpen = false;
+    void EmptyTheClipboard();
+    void PutOntoClipboard(UINT format, HANDLE memory);
+    HGLOBAL Allocate(std::size_t bytes);
+    void Free(HGLOBAL memory);
+    MemoryBlock* FindBlock(HGLOBAL memory) const { return memory_.Find(memory); }
+    MemoryBlock& RequireOwn(HGLOBAL memory) const;  // complains about any that is not the caller's
+
 private:
     // A file's table and the signs by which a change of the file is noticed.
     struct KnownIni {
@@ -123,6 +146,10 @@ private:
     std::unordered_map<std::string, KnownIni> inis_;
     std::map<WideText, std::unique_ptr<RegistryKey>> registry_;  // by the folded path
     std::set<std::string> held_;
+    HandleTable<MemoryBlock> memory_{HandleKind{0x34}};
+    std::list<MemoryBlock> blocks_;
+    std::map<UINT, MemoryBlock*> clipboard_;  // by format
+    bool clipboardHeld_ = false;
     UINT_PTR nextTimer_ = 0x7FFF;
 };
 

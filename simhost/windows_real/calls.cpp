@@ -6,7 +6,9 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
+#include "simhost/system/programs.h"
 #include "simhost/user/save_dialog.h"
+#include "simhost/windows_real/clipboard.h"
 #include "simhost/windows_real/real.h"
 
 namespace simhost {
@@ -181,19 +183,20 @@ HINSTANCE WINAPI OpenByProgram(HWND owner, const WideChar* verb, const WideChar*
     Operation& op = Op<"ShellExecuteW">;
     constexpr std::uintptr_t kFileNotFound = 2, kStarted = 33;
     const auto result = [](std::uintptr_t value) { return reinterpret_cast<HINSTANCE>(value); };
-    return op.CallOr([&](int) { return result(kFileNotFound); },
-                     [&] {
-                         Need(file, "the file");
-                         if (GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES) {
-                             return result(kFileNotFound);
-                         }
-                         const WideText done = WideText(verb ? verb : L"open") + L" " + file;
-                         Real().programs.push_back(done);
-                         Real().host().desk.shown.push_back({Shown::Kind::Program, done, {}});
-                         return result(kStarted);
-                     },
-                     "owner", static_cast<const void*>(owner), "verb", verb, "file", file,
-                     "arguments", arguments, "folder", folder, "show", show);
+    return op.CallOr(
+        [&](int) { return result(kFileNotFound); },
+        [&] {
+            Need(file, "the file");
+            if (!IsKnownProgram(file) && GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES) {
+                return result(kFileNotFound);
+            }
+            const WideText line = ProgramLine(verb, file, arguments, show);
+            Real().programs.push_back(line);
+            Real().host().desk.shown.push_back({Shown::Kind::Program, line, {}});
+            return result(kStarted);
+        },
+        "owner", static_cast<const void*>(owner), "verb", verb, "file", file, "arguments",
+        arguments, "folder", folder, "show", show);
 }
 
 // --- Files ---
@@ -378,6 +381,14 @@ void* WatcherOf(const char* name) {
         {"MultiByteToWideChar",        Address(ToWide)},
         {"WideCharToMultiByte",        Address(ToNarrow)},
         {"_wsetlocale",                Address(SetLocale)},
+        {"OpenClipboard",              Address(clipboard::Open)},
+        {"CloseClipboard",             Address(clipboard::Close)},
+        {"EmptyClipboard",             Address(clipboard::Empty)},
+        {"SetClipboardData",           Address(clipboard::Put)},
+        {"GlobalAlloc",                Address(clipboard::Allocate)},
+        {"GlobalLock",                 Address(clipboard::Lock)},
+        {"GlobalUnlock",               Address(clipboard::Unlock)},
+        {"GlobalFree",                 Address(clipboard::Free)},
     };
     // clang-format on
     for (const Watched& each : kWatched) {

@@ -56,6 +56,9 @@ RealWindows::RealWindows()
 
 RealWindows::~RealWindows() {
     StopTimers([](TIMERPROC) { return true; });
+    ReleaseClipboard();
+    if (clipboardOpen) CloseClipboard();
+    for (const auto& [block, bytes] : memory) GlobalFree(block);
     for (const auto& [key, path] : keys) RegCloseKey(key);
     for (const auto& [file, path] : files) CloseHandle(file);
     for (const auto& [path, file] : held_) CloseHandle(file);
@@ -175,6 +178,10 @@ std::vector<std::string> RealWindows::OpenHandles() const {
     std::vector<std::string> lines;
     for (const auto& [key, path] : keys) lines.push_back("key " + Utf8(path));
     for (const auto& [file, path] : files) lines.push_back("file " + Utf8(path));
+    for (const auto& [block, bytes] : memory) {
+        lines.push_back("memory of " + std::to_string(bytes) + " bytes");
+    }
+    if (clipboardOpen) lines.push_back("clipboard");
     return lines;
 }
 

@@ -41,6 +41,9 @@ public:
     void Release(WideView windowsPath) override;
     bool MayOpen(const std::filesystem::path&, bool) const override { return true; }
     WideText Desktop() const override;
+    void HoldClipboard() override;
+    void ReleaseClipboard() override;
+    std::optional<WideText> ClipboardText() override;
     std::vector<std::string> OpenHandles() const override;
 
     bool onWallClock = false;  // true: timers run out by themselves, as they are asked for
@@ -49,6 +52,8 @@ public:
     std::vector<UINT> boxFlags;  // of the boxes that are open
     std::vector<std::pair<HKEY, WideText>> keys;
     std::vector<std::pair<HANDLE, WideText>> files;
+    std::vector<std::pair<HGLOBAL, std::size_t>> memory;
+    bool clipboardOpen = false;
 
 private:
     bool Fire(const Timer& timer);
@@ -57,6 +62,7 @@ private:
     WideText rootPath_;
     mutable RegistryKey found_;
     std::map<WideText, HANDLE> held_;
+    std::function<void()> letGoOfClipboard_;  // while it is held
     std::map<WideText, HMODULE> modules_;
 };
 

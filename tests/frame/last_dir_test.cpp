@@ -89,12 +89,19 @@ TEST_F(LastDirectory, StaysWhenTheFileIsEmpty) {
 }
 
 TEST_F(LastDirectory, StaysWhenTheFileHoldsOneByte) {
-    for (const char* byte : {"C", "\\", "\x81", "\xFF", " "}) {
+    for (const char* byte : {"C", "\x81", "\xFF", " "}) {
         RestoreFrom(byte);
         ExpectNothingRestored();
         EXPECT_EQ(Read(kFile), byte);
         workplace_->StopPlugin();
     }
+}
+
+// To the host that is the root of the present drive.
+TEST_F(LastDirectory, IsTheRootWhenTheFileHoldsOneSeparator) {
+    RestoreFrom("\\");
+    EXPECT_EQ(WorkingDirectory(), "C:\\");
+    EXPECT_EQ(Boxes(), Lines{});
 }
 
 TEST_F(LastDirectory, StaysWhenTheFileBeginsWithANullByte) {

@@ -171,15 +171,31 @@ TEST_F(MessagesOfTheHost, TheNextMessageWithoutADefaultForgetsTheOldOne) {
     EXPECT_EQ(WideText(text), WIDE(""));
 }
 
-TEST_F(MessagesOfTheHost, AnAnswerIsCutToTheBuffer) {
+TEST_F(MessagesOfTheHost, AnAnswerIsCutToItsSizeWithATerminatorBehindItAndTheUserIsTold) {
     AnsweringUser user;
     user.answer = WIDE("12345678");
     host().user = &user;
-    WideChar text[6] = {0, 0, 0, 0, 0, 0x7777};
+    WideChar text[7] = {0, 0, 0, 0, 0, 0x7777, 0x7777};
     EXPECT_EQ(ProMessageStringRead(5, text), PRO_TK_NO_ERROR);
-    EXPECT_EQ(WideText(text), WIDE("1234"));
-    EXPECT_EQ(text[5], 0x7777);
+    EXPECT_EQ(WideText(text), WIDE("12345"));
+    EXPECT_EQ(text[5], 0);
+    EXPECT_EQ(text[6], 0x7777);
+    EXPECT_EQ(host().shown.back().text, WIDE("the answer is cut to 5 characters: 12345"));
+    user.answer = WIDE("abcde");
+    const std::size_t shown = host().shown.size();
+    EXPECT_EQ(ProMessageStringRead(5, text), PRO_TK_NO_ERROR);
+    EXPECT_EQ(WideText(text), WIDE("abcde"));
+    EXPECT_EQ(host().shown.size(), shown + 1);  // the prompt alone
     EXPECT_EQ(ProMessageStringRead(0, text), PRO_TK_BAD_INPUTS);
+}
+
+// A command that asks until the user leaves would never end.
+TEST_F(MessagesOfTheHost, APromptThatFailsForGoodIsLeftByTheUserAfterSomeFailures) {
+    Fail("ProMessageStringRead", {.forGood = true});
+    WideChar text[33] = {};
+    std::vector<int> statuses;
+    for (int i = 0; i < 7; ++i) statuses.push_back(ProMessageStringRead(32, text));
+    EXPECT_EQ(statuses, (std::vector<int>{-1, -1, -1, -1, -1, -31, -31}));
 }
 
 TEST_F(MessagesOfTheHost, LeavingThePromptIsAStatusOfItsOwn) {

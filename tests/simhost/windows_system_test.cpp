@@ -284,6 +284,20 @@ TEST_F(Programs, ThatAreToldToFailAreNotFound) {
     EXPECT_TRUE(TheWindows().programs.empty());
 }
 
+TEST_F(Programs, OfWindowsItselfAreFoundByTheirNameAndOthersByTheirFile) {
+    const auto result = [](const WideChar* verb, const WideChar* file, const WideChar* arguments) {
+        return reinterpret_cast<std::uintptr_t>(
+            ShellExecuteW(nullptr, verb, file, arguments, nullptr, SW_SHOW));
+    };
+    EXPECT_GT(result(nullptr, WIDE("explorer"), WIDE("C:\\Work\\")), 32u);
+    EXPECT_GT(result(WIDE("open"), WIDE("Notepad.EXE"), nullptr), 32u);
+    EXPECT_EQ(result(nullptr, WIDE("explorers"), nullptr), 2u);
+    EXPECT_EQ(result(nullptr, WIDE(".exe"), nullptr), 2u);
+    EXPECT_EQ(result(nullptr, WIDE("C:\\none.txt"), nullptr), 2u);
+    EXPECT_EQ(TheWindows().programs, (std::vector<WideText>{WIDE("explorer C:\\Work\\ (show 5)"),
+                                                            WIDE("open Notepad.EXE (show 5)")}));
+}
+
 TEST_F(Programs, WithoutACommandLineAreAComplaint) {
     EXPECT_LT(WinExec(nullptr, SW_HIDE), 32u);
     EXPECT_EQ(TakeComplaints(), Complaints{"WinExec: the command line is null"});

@@ -226,7 +226,9 @@ struct Unreached {
     const char* operation;
     const char* reason;
 };
-const std::vector<Unreached> kUnreached = {};
+const std::vector<Unreached> kUnreached = {
+    {"GlobalFree", "memory is freed where the clipboard did not take it, which only a fault does"},
+};
 
 TEST_F(FrameSweep, EveryOperationOfTheModuleIsReachedByAStory) {
     std::set<std::string> missing = ImportedOperations();

@@ -49,7 +49,8 @@ TEST_F(BomExport, WritesTitleLabelsAndRows) {
 
 TEST_F(BomExport, OpensTheFileAndShowsNoBox) {
     Export();
-    EXPECT_EQ(TheWindows().programs, std::vector<WideText>{WIDE("open C:\\Work\\list.xlsx")});
+    EXPECT_EQ(TheWindows().programs,
+              std::vector<WideText>{WIDE("open C:\\Work\\list.xlsx (show 1)")});
     EXPECT_EQ(Boxes(), std::vector<std::string>{});
 }
 

@@ -66,7 +66,7 @@ TEST_F(Messages, AreShownByOneCallWithoutAnOwner) {
 }
 
 TEST_F(Messages, ComeFromTheirOwnFile) {
-    EXPECT_STREQ(kMessageFile, "vxmsg_display.txt");
+    EXPECT_EQ(WideView(kMessageFile), WIDE("vxmsg_display.txt"));
 }
 
 }  // namespace

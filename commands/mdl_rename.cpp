@@ -15,7 +15,7 @@ std::optional<WideText> AskNewName(const WideText& present) {
     ShowMessage("USER Enter a new name:|||%0w", present);
     WideChar answer[kNameLength + 1] = {};
     if (ProMessageStringRead(kNameLength, answer) == PRO_TK_MSG_USER_QUIT) return std::nullopt;
-    return TextIn(answer);
+    return WideText(answer);
 }
 
 // Renames the model with the drawing that is called like it. False if the host refuses the name.

@@ -48,16 +48,17 @@ std::size_t RelationsOf(const Model& model) {
 Changes::States Changes::Look() {
     States states;
     for (const Model* model : TheHost().session.All()) {
-        states[model->FileName()] = {Colours(*model), ParametersOf(*model), RelationsOf(*model)};
+        states[model->handle] = {model->FileName(), Colours(*model), ParametersOf(*model),
+                                 RelationsOf(*model)};
     }
     return states;
 }
 
 std::string Changes::Tell() {
     States now = Look();
-    int colours = 0, parameters = 0, relations = 0, created = 0, erased = 0;
-    for (const auto& [file, state] : now) {
-        const auto old = before_.find(file);
+    int colours = 0, parameters = 0, relations = 0, names = 0, created = 0, erased = 0;
+    for (const auto& [model, state] : now) {
+        const auto old = before_.find(model);
         if (old == before_.end()) {
             ++created;
             continue;
@@ -65,8 +66,9 @@ std::string Changes::Tell() {
         colours += old->second.colours != state.colours;
         parameters += old->second.parameters != state.parameters;
         relations += old->second.relations != state.relations;
+        names += old->second.file != state.file;
     }
-    for (const auto& [file, state] : before_) erased += now.count(file) == 0;
+    for (const auto& [model, state] : before_) erased += now.count(model) == 0;
     before_ = std::move(now);
     const struct {
         int count;
@@ -75,6 +77,7 @@ std::string Changes::Tell() {
         {colours, "colours of 1 model", "colours of {} models", "{} 个模型的颜色"},
         {parameters, "parameters of 1 model", "parameters of {} models", "{} 个模型的参数"},
         {relations, "relations of 1 model", "relations of {} models", "{} 个模型的关系"},
+        {names, "the name of 1 model", "names of {} models", "{} 个模型的名称"},
         {created, "1 model came into memory", "{} models came into memory", "新载入 {} 个模型"},
         {erased, "1 model left memory", "{} models left memory", "移除 {} 个模型"},
     };

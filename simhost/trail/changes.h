@@ -17,9 +17,10 @@ public:
 
 private:
     struct State {
+        std::string file;                                        // its name
         std::size_t colours = 0, parameters = 0, relations = 0;  // hashes of their contents
     };
-    using States = std::map<std::string, State>;  // by the model's file name
+    using States = std::map<const void*, State>;  // by the model's handle, which is never reused
     static States Look();
     States before_;
 };

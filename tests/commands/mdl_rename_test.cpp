@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "simhost/core/disk.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/support/observed.h"
 
 namespace {
@@ -98,6 +99,14 @@ TEST_F(Rename, TakesTheDrawingOfTheSameNameAlong) {
                      "ProMdlSave(model=top.asm) = 0"}));
     EXPECT_EQ(Files(), (Names{"cover.drw.1", "cover.drw.2", "cover.prt.1", "cover.prt.2",
                               "lid.prt.1", "top.asm.1", "top.asm.2"}));
+}
+
+TEST_F(Rename, IsToldAsAChangeOfNames) {
+    std::string transcript;
+    const Names failures = RunScript("~ Command `VxMdlRename`\n@ answer cover",
+                                     [&](const std::string& line) { transcript += line + '\n'; });
+    EXPECT_EQ(failures, Names{});
+    EXPECT_NE(transcript.find("changed: the name of 1 model\n"), std::string::npos) << transcript;
 }
 
 TEST_F(Rename, LeavesADrawingBehindWhoseNewNameIsTaken) {

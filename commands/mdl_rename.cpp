@@ -46,5 +46,6 @@ void VxMdlRename() {
     }
     // The top model with its references to the new name.
     ProMdl current = nullptr;
-    if (ProMdlCurrentGet(&current) == PRO_TK_NO_ERROR && current) ProMdlSave(current);
+    ProMdlCurrentGet(&current);
+    if (current) ProMdlSave(current);
 }

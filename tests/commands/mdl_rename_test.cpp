@@ -256,6 +256,16 @@ TEST_F(Rename, SavesNoTopModelWhereTheHostNamesNone) {
     EXPECT_EQ(Lines("ProMdlSave"), Names{"ProMdlSave(model=cover.prt) = 0"});
 }
 
+// Only a handle that was never filled keeps it from the save.
+TEST_F(Rename, SavesATopModelThatComesWithAnotherStatus) {
+    Operation::Fail({.operation = "ProMdlCurrentGet", .afterWork = true});
+    Record();
+    Play("~ Command `VxMdlRename`\n@ answer cover");
+    Recorded();
+    EXPECT_EQ(Lines("ProMdlSave"),
+              (Names{"ProMdlSave(model=cover.prt) = 0", "ProMdlSave(model=top.asm) = 0"}));
+}
+
 TEST_F(Rename, GoesOnWhereASaveFails) {
     SaveDrawing("plate");
     Fail("ProMdlSave", {.forGood = true});

@@ -15,7 +15,7 @@ std::optional<WideText> AskNewName(const WideText& present) {
     ShowMessage("USER Enter a new name:|||%0w", present);
     WideChar answer[kNameLength + 1] = {};
     if (ProMessageStringRead(kNameLength, answer) == PRO_TK_MSG_USER_QUIT) return std::nullopt;
-    return TextIn(answer);
+    return WideText(answer);
 }
 
 // Renames the model with the drawing that is called like it. False if the host refuses the name.
@@ -46,5 +46,6 @@ void VxMdlRename() {
     }
     // The top model with its references to the new name.
     ProMdl current = nullptr;
-    if (ProMdlCurrentGet(&current) == PRO_TK_NO_ERROR && current) ProMdlSave(current);
+    ProMdlCurrentGet(&current);
+    if (current) ProMdlSave(current);
 }

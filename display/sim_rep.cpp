@@ -27,11 +27,10 @@ private:
 };
 
 // A name that no representation of the assembly has; false: the user left the prompt.
-bool ReadFreeName(const WideText& messageFile, const WideText& assembly,
-                  WideChar (&name)[kNameLength + 1]) {
+bool ReadFreeName(const WideText& assembly, WideChar (&name)[kNameLength + 1]) {
     while (true) {
         std::fill(std::begin(name), std::end(name), WideChar{});
-        ProMessageDisplay(HostText(messageFile), HostText("USER Enter a simrep name:"));
+        ShowMessage("USER Enter a simrep name:");
         if (ProMessageStringRead(kNameLength, name) == PRO_TK_MSG_USER_QUIT) return false;
         ProAssembly retrieved = nullptr;
         const ProError status =
@@ -73,9 +72,8 @@ void Include(const ProSelection* selections, int count, Filling* filling) {
 }
 
 // False: the user picked nothing.
-bool IncludePicked(const WideText& messageFile, Filling* filling) {
-    ProMessageDisplay(HostText(messageFile),
-                      HostText("Please select parts or assemblies for simrep:"));
+bool IncludePicked(Filling* filling) {
+    ShowMessage("Please select parts or assemblies for simrep:");
     ProSelection* picked = nullptr;
     int count = 0;
     const ProError status =
@@ -88,7 +86,6 @@ bool IncludePicked(const WideText& messageFile, Filling* filling) {
 }  // namespace
 
 void VxSimRep() {
-    const WideText messageFile = Widen(kMessageFile);
     TopModel top;
     ProMdlCurrentGet(&top.model);
     if (!top.model) return;
@@ -98,7 +95,7 @@ void VxSimRep() {
     top = TopModelOf(top);
     if (!top.model) return;
     WideChar name[kNameLength + 1];
-    if (!ReadFreeName(messageFile, modelName, name)) return;
+    if (!ReadFreeName(modelName, name)) return;
     SimprepData data;
     ProSimprepdataAlloc(name, PRO_B_FALSE, PRO_SIMPREP_EXCLUDE, data.Place());
     if (!data.get()) return;
@@ -111,6 +108,6 @@ void VxSimRep() {
     ProSelection* buffer = nullptr;
     const bool isSelected = ProSelbufferSelectionsGet(&buffer) == PRO_TK_NO_ERROR;
     selections.Adopt(buffer);
-    if (!isSelected && !IncludePicked(messageFile, &filling)) return;
+    if (!isSelected && !IncludePicked(&filling)) return;
     Include(selections.data(), isSelected ? selections.Size() : 0, &filling);
 }

@@ -97,14 +97,12 @@ void ShowNoSolid() {
 }  // namespace
 
 void VxTransparent() {
-    const WideText messageFile = Widen(kMessageFile);
     const TopModel current = CurrentModel();
     if (current.type == PRO_MDL_PART) {
         const WideText name = ModelName(current.model);
         FlipWhole({current.model, prodb_get_object_ptr(HostText(name), HostText("PRT"))});
     } else if (IsAssemblyOrMfg(current.type)) {
-        ProMessageDisplay(HostText(messageFile),
-                          HostText("Please select parts to be transparent:"));
+        ShowMessage("Please select parts to be transparent:");
         const Picked picked = LetPick("prt_or_asm");
         if (picked.count <= 0) return;
         for (int i = 0; i < picked.count; ++i) FlipPickedModel(picked.selections[i]);
@@ -115,11 +113,9 @@ void VxTransparent() {
 }
 
 void SurfTransparent() {
-    const WideText messageFile = Widen(kMessageFile);
     const TopModel current = CurrentModel();
     if (current.type != PRO_MDL_PART && !IsAssemblyOrMfg(current.type)) return ShowNoSolid();
-    ProMessageDisplay(HostText(messageFile),
-                      HostText("Please select surfaces to be transparent:"));
+    ShowMessage("Please select surfaces to be transparent:");
     const Picked picked = LetPick("surface,sldface,qltface");
     if (picked.count <= 0) return;
     for (int i = 0; i < picked.count; ++i) FlipPickedSurface(picked.selections[i]);

@@ -94,11 +94,12 @@ void Session::LetReferencesFollow(const Model& model, const std::string& oldFile
             follow(&feature.file);
             refers = refers || feature.model == &model;
         }
-        follow(&other->manufacturedFile);
+        follow(&other->manufacturingData.assemblyFile);
         follow(&other->family.genericFile);
-        refers = refers || other->manufactured == &model || other->family.generic == &model;
-        if (other->drawing) {
-            for (const auto& view : other->drawing->views()) follow(&view->file);
+        refers = refers || other->manufacturingData.assembly == &model ||
+                 other->family.generic == &model;
+        if (other->drawingData.views) {
+            for (const auto& view : other->drawingData.views->views()) follow(&view->file);
         }
         if (refers) other->modified = true;
     }

@@ -71,18 +71,19 @@ int ChangedTo(char letter, const std::string& before, const std::string& now) {
 Changes::States Changes::Look() {
     States states;
     for (const Model* model : TheHost().session.All()) {
-        states[model->FileName()] = {Colours(*model), ParametersOf(*model), RelationsOf(*model),
-                                     RepresentationsOf(*model), HiddenOf(*model)};
+        states[model->handle] = {model->FileName(),         Colours(*model),
+                                 ParametersOf(*model),      RelationsOf(*model),
+                                 RepresentationsOf(*model), HiddenOf(*model)};
     }
     return states;
 }
 
 std::string Changes::Tell() {
     States now = Look();
-    int colours = 0, parameters = 0, relations = 0, created = 0, erased = 0;
+    int colours = 0, parameters = 0, relations = 0, names = 0, created = 0, erased = 0;
     int representations = 0, hidden = 0, shown = 0;
-    for (const auto& [file, state] : now) {
-        const auto old = before_.find(file);
+    for (const auto& [model, state] : now) {
+        const auto old = before_.find(model);
         if (old == before_.end()) {
             ++created;
             continue;
@@ -93,8 +94,9 @@ std::string Changes::Tell() {
         representations += old->second.representations != state.representations;
         hidden += ChangedTo('h', old->second.hidden, state.hidden);
         shown += ChangedTo('s', old->second.hidden, state.hidden);
+        names += old->second.file != state.file;
     }
-    for (const auto& [file, state] : before_) erased += now.count(file) == 0;
+    for (const auto& [model, state] : before_) erased += now.count(model) == 0;
     before_ = std::move(now);
     const struct {
         int count;
@@ -107,6 +109,7 @@ std::string Changes::Tell() {
         {shown, "1 component is shown", "{} components are shown", "显示 {} 个元件"},
         {representations, "representations of 1 model", "representations of {} models",
          "{} 个模型的简化表示"},
+        {names, "the name of 1 model", "names of {} models", "{} 个模型的名称"},
         {created, "1 model came into memory", "{} models came into memory", "新载入 {} 个模型"},
         {erased, "1 model left memory", "{} models left memory", "移除 {} 个模型"},
     };

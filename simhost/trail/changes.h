@@ -17,11 +17,12 @@ public:
 
 private:
     struct State {
+        std::string file;  // its name
         // Hashes of their contents.
         std::size_t colours = 0, parameters = 0, relations = 0, representations = 0;
         std::string hidden;  // a letter for each feature
     };
-    using States = std::map<std::string, State>;  // by the model's file name
+    using States = std::map<const void*, State>;  // by the model's handle, which is never reused
     static States Look();
     States before_;
 };

@@ -150,6 +150,12 @@ TEST_F(NameCopy, EndsSilentlyWhereNothingIsPicked) {
 
 // --- What fails ---
 
+TEST_F(NameCopy, EndsSilentlyAfterAPickThatTheHostRefusesAfterAll) {
+    Operation::Fail({.operation = "ProSelect", .afterWork = true});
+    Play("~ Command `VxMdlNameCopy`\n@ pick sub");
+    ExpectSilence();
+}
+
 TEST_F(NameCopy, EndsSilentlyWithoutAModel) {
     Play("@ select 箱体");
     for (const char* operation :
@@ -165,8 +171,10 @@ TEST_F(NameCopy, EndsSilentlyWhereAnotherProgramHoldsTheClipboard) {
         "@ select 箱体\n"
         "~ Command `VxMdlNameCopy`\n"
         "@ hold clipboard\n"
-        "@ select sub\n"
-        "~ Command `VxMdlNameCopy`");
+        "@ select sub");
+    Record();
+    Press("VxMdlNameCopy");
+    EXPECT_EQ(OfTheAction().back(), "OpenClipboard");
     EXPECT_EQ(Boxes(), Names{});
     Play("@ let go clipboard\n@ expect clipboard 箱体\n~ Command `VxMdlNameCopy`");
     EXPECT_EQ(Clipboard(), "SUB");

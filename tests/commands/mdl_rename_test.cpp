@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "simhost/core/disk.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/support/observed.h"
 
 namespace {
@@ -98,6 +99,14 @@ TEST_F(Rename, TakesTheDrawingOfTheSameNameAlong) {
                      "ProMdlSave(model=top.asm) = 0"}));
     EXPECT_EQ(Files(), (Names{"cover.drw.1", "cover.drw.2", "cover.prt.1", "cover.prt.2",
                               "lid.prt.1", "top.asm.1", "top.asm.2"}));
+}
+
+TEST_F(Rename, IsToldAsAChangeOfNames) {
+    std::string transcript;
+    const Names failures = RunScript("~ Command `VxMdlRename`\n@ answer cover",
+                                     [&](const std::string& line) { transcript += line + '\n'; });
+    EXPECT_EQ(failures, Names{});
+    EXPECT_NE(transcript.find("changed: the name of 1 model\n"), std::string::npos) << transcript;
 }
 
 TEST_F(Rename, LeavesADrawingBehindWhoseNewNameIsTaken) {
@@ -245,6 +254,16 @@ TEST_F(Rename, SavesNoTopModelWhereTheHostNamesNone) {
     Play("~ Command `VxMdlRename`\n@ answer cover");
     Recorded();
     EXPECT_EQ(Lines("ProMdlSave"), Names{"ProMdlSave(model=cover.prt) = 0"});
+}
+
+// Only a handle that was never filled keeps it from the save.
+TEST_F(Rename, SavesATopModelThatComesWithAnotherStatus) {
+    Operation::Fail({.operation = "ProMdlCurrentGet", .afterWork = true});
+    Record();
+    Play("~ Command `VxMdlRename`\n@ answer cover");
+    Recorded();
+    EXPECT_EQ(Lines("ProMdlSave"),
+              (Names{"ProMdlSave(model=cover.prt) = 0", "ProMdlSave(model=top.asm) = 0"}));
 }
 
 TEST_F(Rename, GoesOnWhereASaveFails) {

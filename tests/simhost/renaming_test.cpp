@@ -77,7 +77,7 @@ TEST_F(Renaming, IsFollowedByEverythingInMemoryThatRefersToTheModel) {
     EXPECT_TRUE(sheet.modified);
     EXPECT_FALSE(top.modified);
     EXPECT_EQ(Rename(top, WIDE("machine")), PRO_TK_NO_ERROR);
-    EXPECT_EQ(mill.manufacturedFile, "machine.asm");
+    EXPECT_EQ(mill.manufacturingData.assemblyFile, "machine.asm");
     EXPECT_TRUE(mill.modified);
 }
 

@@ -1,6 +1,5 @@
 // VxSimRep: a simplified representation that holds what is selected and nothing else.
-#include <algorithm>
-#include <iterator>
+#include <array>
 
 #include "display/commands.h"
 #include "frame/services.h"
@@ -9,6 +8,7 @@ namespace {
 
 // The host writes at most so many characters, and may then leave out the terminator.
 constexpr int kNameLength = 32;
+using EnteredName = std::array<WideChar, 33>;
 
 // What a representation is made from; freed at the end.
 class SimprepData {
@@ -27,14 +27,14 @@ private:
 };
 
 // A name that no representation of the assembly has; false: the user left the prompt.
-bool ReadFreeName(const WideText& assembly, WideChar (&name)[kNameLength + 1]) {
+bool ReadFreeName(const WideText& assembly, EnteredName* name) {
     while (true) {
-        std::fill(std::begin(name), std::end(name), WideChar{});
+        name->fill(WideChar{});
         ShowMessage("USER Enter a simrep name:");
-        if (ProMessageStringRead(kNameLength, name) == PRO_TK_MSG_USER_QUIT) return false;
+        if (ProMessageStringRead(kNameLength, name->data()) == PRO_TK_MSG_USER_QUIT) return false;
         ProAssembly retrieved = nullptr;
         const ProError status =
-            ProAssemblySimprepRetrieve(HostText(assembly), name, nullptr, &retrieved);
+            ProAssemblySimprepRetrieve(HostText(assembly), name->data(), nullptr, &retrieved);
         if (status != PRO_TK_NO_ERROR) return true;
         ShowQuietNotice(WIDE("\t该简化表示名称已存在或非法，请重新输入\t"));
     }
@@ -94,14 +94,14 @@ void VxSimRep() {
     top.type = TypeOf(top.model);
     top = TopModelOf(top);
     if (!top.model) return;
-    WideChar name[kNameLength + 1];
-    if (!ReadFreeName(modelName, name)) return;
+    EnteredName name;
+    if (!ReadFreeName(modelName, &name)) return;
     SimprepData data;
-    ProSimprepdataAlloc(name, PRO_B_FALSE, PRO_SIMPREP_EXCLUDE, data.Place());
+    ProSimprepdataAlloc(name.data(), PRO_B_FALSE, PRO_SIMPREP_EXCLUDE, data.Place());
     if (!data.get()) return;
     Filling filling = {top.model, data.get(), {}};
     const auto assembly = static_cast<ProSolid>(top.model);
-    ProSimprepInit(name, -1, assembly, filling.representation.Place());
+    ProSimprepInit(name.data(), -1, assembly, filling.representation.Place());
     const ProError created = ProSimprepCreate(assembly, data.get(), filling.representation.Place());
     if (created != PRO_TK_NO_ERROR) return;
     HostArray<ProSelection> selections;

@@ -94,6 +94,20 @@ TEST_F(HideReverse, APartWhoseStateCannotBeReadStaysAsItIs) {
     EXPECT_EQ(States(), "----h-");
 }
 
+TEST_F(HideReverse, ItsCallsComeInTheirOrder) {
+    Open(MakeModels("pair: rod"));
+    Record();
+    Press("VxHideReverse");
+    EXPECT_EQ(Recorded(),
+              (Names{"ProModeCurrentGet", "ProMdlCurrentGet",     "ProMdlTypeGet",
+                     "ProArrayAlloc",     "ProSolidFeatVisit",    "ProFeatureStatusflagsGet",
+                     "ProFeatureTypeGet", "ProFeatureStatusGet",  "ProFeatureVisibilityGet",
+                     "ProArrayObjectAdd", "ProAsmcompMdlGet",     "ProMdlTypeGet",
+                     "ProArraySizeGet",   "ProAsmcompMdlGet",     "ProArrayFree",
+                     "ProMdlTypeGet",     "ProModelitemIsHidden", "ProModelitemHide",
+                     "ProWindowRepaint",  "ProTreetoolRefresh"}));
+}
+
 // --- VxShowAllComp
 
 TEST_F(ShowAllComp, EverythingIsShownAtEveryLevel) {
@@ -152,6 +166,18 @@ TEST_F(ShowAllComp, InAManufacturingModelItsAssemblyIsMeantAndItsTreeRefreshed) 
     Press("VxShowAllComp");
     EXPECT_EQ(States(), "------");
     EXPECT_EQ(top_->treeRefreshes, 1);
+}
+
+TEST_F(ShowAllComp, ItsCallsComeInTheirOrder) {
+    Open(MakeModels("pair: rod"));
+    Record();
+    Press("VxShowAllComp");
+    EXPECT_EQ(Recorded(),
+              (Names{"ProModeCurrentGet", "ProMdlCurrentGet", "ProMdlTypeGet", "ProArrayAlloc",
+                     "ProSolidFeatVisit", "ProFeatureStatusflagsGet", "ProFeatureTypeGet",
+                     "ProFeatureStatusGet", "ProFeatureVisibilityGet", "ProArrayObjectAdd",
+                     "ProAsmcompMdlGet", "ProMdlTypeGet", "ProArraySizeGet", "ProModelitemUnhide",
+                     "ProArrayFree", "ProWindowRepaint", "ProTreetoolRefresh"}));
 }
 
 TEST_F(ShowAllComp, WithoutAnAssemblyNothingIsSaid) {

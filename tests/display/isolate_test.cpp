@@ -140,6 +140,42 @@ TEST_F(Isolate, ASelectionWhoseWayCannotBeHadIsPassedOver) {
     EXPECT_EQ(Hidden(), AllBut({"top.asm 2"}));
 }
 
+TEST_F(Isolate, APickWhoseItemOrModelCannotBeHadIsPassedOver) {
+    for (const std::string call : {"ProSelectionModelitemGet", "ProModelitemMdlGet"}) {
+        Fail(call);
+        IsolateAfter("bolt, bolt:2");
+        EXPECT_EQ(Hidden(), AllBut({"top.asm 2"})) << call;
+    }
+}
+
+TEST_F(Isolate, APartWithoutAWayToItIsPassedOver) {
+    Selections& selections = host().session.selections;
+    selections.SetBuffer({{{PRO_PART, -1, ModelNamed("bolt").handle}, top_, {}}});
+    Press("VxIsolate");
+    EXPECT_EQ(Hidden(), kAllParts);
+}
+
+TEST_F(Isolate, APartAtTheLowestLevelOfAPathIsShown) {
+    constexpr int kMost = 25;
+    std::string models = "pin", path = "pin";
+    for (int level = kMost - 1; level > 0; --level) {
+        const std::string name = "level" + std::to_string(level);
+        models = name + "(" + models + ")";
+        path = name + "/" + path;
+    }
+    Open(MakeModels("deep: nut, " + models));
+    IsolateAfter(path);
+    EXPECT_EQ(Hidden(), Set{"deep.asm 1"});
+}
+
+TEST_F(Isolate, ASubAssemblyThatCannotBeWalkedThroughShowsNothing) {
+    // From the top, through both uses of SUB, and through the one that is selected.
+    Fail("ProSolidFeatVisit", {.n = 4});
+    IsolateAfter("sub");
+    EXPECT_EQ(Hidden(), kAllParts);
+    EXPECT_EQ(host().session.current->repaints, 2);
+}
+
 TEST_F(Isolate, WithoutMemoryForASubAssemblyAPlainErrorEndsItWithoutARepaint) {
     Fail("ProArrayAlloc", {.n = 2});  // the first is the walk from the top
     Play(

@@ -55,6 +55,21 @@ TEST_F(SimRep, WithoutASelectionTheUserIsAskedToPick) {
     EXPECT_EQ(host().session.current->repaints, 2);  // shown again after a second, empty round
 }
 
+TEST_F(SimRep, TheMessageLineAsksForThePickAndOneItemIsEnough) {
+    Play(
+        "~ Command `VxSimRep`\n@ answer one\n"
+        "@ expect message \"请选择要包含在简化表示中的零件或组件：\"\n@ pick bolt:2");
+    EXPECT_EQ(OnScreen(), "2");
+}
+
+// What such a pick has brought is not looked at.
+TEST_F(SimRep, AFailedPickLeavesTheRepresentationInactive) {
+    Operation::Fail({.operation = "ProSelect", .n = 1, .afterWork = true});
+    Play("~ Command `VxSimRep`\n@ answer failed\n@ pick bolt, bolt:2");
+    EXPECT_EQ(top_->assemblyData.simpreps.size(), 1u);
+    EXPECT_EQ(Active(), "");
+}
+
 TEST_F(SimRep, WithoutAPickTheRepresentationIsThereAndNotActive) {
     Play("~ Command `VxSimRep`\n@ answer none\n@ pick nothing");
     Play("~ Command `VxSimRep`\n@ answer left\n@ quit");
@@ -79,7 +94,9 @@ TEST_F(SimRep, ATakenNameIsRefusedAsOftenAsItIsTyped) {
 }
 
 TEST_F(SimRep, QuittingThePromptMakesNothing) {
+    Record();
     Play("@ select bolt\n~ Command `VxSimRep`\n@ quit");
+    EXPECT_EQ(Lines("ProSimprepdataAlloc"), Names{});
     EXPECT_TRUE(top_->assemblyData.simpreps.empty());
     EXPECT_FALSE(top_->modified);
 }

@@ -113,6 +113,18 @@ TEST_F(Transparency, APickOfNothingOrALeftOneChangesAndRepaintsNothing) {
     EXPECT_FALSE(bolt().appearance);
 }
 
+// What such a pick has brought is not looked at.
+TEST_F(Transparency, AFailedPickChangesAndRepaintsNothing) {
+    for (const std::string command : {"VxTransparent", "SurfTransparent"}) {
+        Operation::Fail({.operation = "ProSelect", .n = 1, .afterWork = true});
+        Play("~ Command `" + command + "`\n@ pick bolt" +
+             (command == "VxTransparent" ? "" : "#12"));
+    }
+    EXPECT_EQ(host().session.current->repaints, 0);
+    EXPECT_FALSE(bolt().appearance);
+    EXPECT_TRUE(bolt().partData.surfaceAppearances.empty());
+}
+
 TEST_F(Transparency, AManufacturingModelIsPickedInItsAssembly) {
     Open(Manufacturing("mill", *top_));
     Flip("bolt");
@@ -175,6 +187,8 @@ TEST_F(Transparency, TheCallsForAModelComeInTheirOrder) {
     ASSERT_GE(calls.size(), 2u);
     EXPECT_EQ(calls[calls.size() - 2], "prodb_set_surface_props");
     EXPECT_EQ(calls.back(), "ProWindowRepaint");
+    EXPECT_NE(Lines("prodb_set_surface_props").at(0).find("itemType=69, id=-1, unused=0"),
+              std::string::npos);
     EXPECT_EQ(Lines("ProSelect").size(), 1u);
     EXPECT_NE(Lines("ProSelect")
                   .at(0)
@@ -245,7 +259,12 @@ TEST_F(Transparency, AFailedReadOfASurfaceCountsAsOpaque) {
 TEST_F(Transparency, TheFilterOfSurfacesAndTheirCallsAreAsPrescribed) {
     Record();
     FlipSurfaces("sub/plate#12");
-    Recorded();
+    EXPECT_EQ(Recorded(),
+              (Names{"ProModeCurrentGet", "ProStringToWstring", "ProMdlCurrentGet", "ProMdlTypeGet",
+                     "ProMessageDisplay", "ProSelect", "ProArraySizeGet",
+                     "ProSelectionModelitemGet", "ProModelitemMdlGet", "ProMdlNameGet",
+                     "ProMdlTypeGet", "prodb_get_object_ptr", "prodb_get_surface_props",
+                     "prodb_get_surface_props", "prodb_set_surface_props", "ProWindowRepaint"}));
     EXPECT_NE(Lines("ProSelect").at(0).find("filter=\"surface,sldface,qltface\", most=-1"),
               std::string::npos);
     const Names reads = Lines("prodb_get_surface_props");

@@ -97,12 +97,14 @@ void ShowNoSolid() {
 }  // namespace
 
 void VxTransparent() {
+    const WideText messageFile = Widen(kNarrowMessageFile);
     const TopModel current = CurrentModel();
     if (current.type == PRO_MDL_PART) {
         const WideText name = ModelName(current.model);
         FlipWhole({current.model, prodb_get_object_ptr(HostText(name), HostText("PRT"))});
     } else if (IsAssemblyOrMfg(current.type)) {
-        ShowMessage("Please select parts to be transparent:");
+        ProMessageDisplay(HostText(messageFile),
+                          HostText("Please select parts to be transparent:"));
         const Picked picked = LetPick("prt_or_asm");
         if (picked.count <= 0) return;
         for (int i = 0; i < picked.count; ++i) FlipPickedModel(picked.selections[i]);
@@ -113,9 +115,10 @@ void VxTransparent() {
 }
 
 void SurfTransparent() {
+    const WideText messageFile = Widen(kNarrowMessageFile);
     const TopModel current = CurrentModel();
     if (current.type != PRO_MDL_PART && !IsAssemblyOrMfg(current.type)) return ShowNoSolid();
-    ShowMessage("Please select surfaces to be transparent:");
+    ProMessageDisplay(HostText(messageFile), HostText("Please select surfaces to be transparent:"));
     const Picked picked = LetPick("surface,sldface,qltface");
     if (picked.count <= 0) return;
     for (int i = 0; i < picked.count; ++i) FlipPickedSurface(picked.selections[i]);

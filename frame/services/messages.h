@@ -22,6 +22,9 @@ void ShowPlainError(const WideText& text);
 // The message file of the message line.
 inline constexpr const WideChar* kMessageFile = WIDE("vxmsg_display.txt");
 
+// The same for the commands that begin by having the host widen it.
+inline constexpr const char* kNarrowMessageFile = "vxmsg_display.txt";
+
 // The quiet way: the text of a key on the message line, with an argument for its %0w.
 void ShowMessage(const char* key);
 void ShowMessage(const char* key, const WideText& argument);

@@ -139,29 +139,27 @@ TEST_F(SimRep, ItsCallsComeInTheirOrder) {
     Play("@ select sub/plate");
     Record();
     Play("~ Command `VxSimRep`\n@ answer light");
-    Names calls = Recorded();
-    std::erase(calls, "ProStringToWstring");
-    EXPECT_EQ(calls, (Names{"ProModeCurrentGet",
-                            "ProMdlCurrentGet",
-                            "ProMdlNameGet",
-                            "ProMdlTypeGet",
-                            "ProMessageDisplay",
-                            "ProMessageStringRead",
-                            "ProAssemblySimprepRetrieve",
-                            "ProSimprepdataAlloc",
-                            "ProSimprepInit",
-                            "ProSimprepCreate",
-                            "ProSelbufferSelectionsGet",
-                            "ProArraySizeGet",
-                            "ProSimprepActionInit",
-                            "ProSelectionAsmcomppathGet",
-                            "ProSimprepitemInit",
-                            "ProSimprepdataitemAdd",
-                            "ProSimprepdataSet",
-                            "ProSimprepActivate",
-                            "ProSolidDisplay",
-                            "ProArrayFree",
-                            "ProSimprepdataFree"}));
+    EXPECT_EQ(Recorded(), (Names{"ProModeCurrentGet",
+                                 "ProMdlCurrentGet",
+                                 "ProMdlNameGet",
+                                 "ProMdlTypeGet",
+                                 "ProMessageDisplay",
+                                 "ProMessageStringRead",
+                                 "ProAssemblySimprepRetrieve",
+                                 "ProSimprepdataAlloc",
+                                 "ProSimprepInit",
+                                 "ProSimprepCreate",
+                                 "ProSelbufferSelectionsGet",
+                                 "ProArraySizeGet",
+                                 "ProSimprepActionInit",
+                                 "ProSelectionAsmcomppathGet",
+                                 "ProSimprepitemInit",
+                                 "ProSimprepdataitemAdd",
+                                 "ProSimprepdataSet",
+                                 "ProSimprepActivate",
+                                 "ProSolidDisplay",
+                                 "ProArrayFree",
+                                 "ProSimprepdataFree"}));
     EXPECT_NE(Lines("ProMessageStringRead").at(0).find("(size=32"), std::string::npos);
     EXPECT_NE(Lines("ProSimprepdataAlloc").at(0).find("name=\"light\", temporary=0, action=3"),
               std::string::npos);

@@ -47,8 +47,8 @@ OTHER_NAMES = {
     # lengths of names and types
     "type ProFileName", "type ProMacro", "code PRO_TYPE_SIZE", "type ProModel",
     "field ProModel.type", "operation ProDrawingFromTmpltCreate", "type ProMdldata",
-    "field ProMdldata.path", "field ProMdldata.name", "field ProMdldata.type",
-    "field ProMdldata.version", "operation ProMdlDataGet",
+    "field ProMdldata.device", "field ProMdldata.path", "field ProMdldata.name",
+    "field ProMdldata.type", "field ProMdldata.version", "operation ProMdlDataGet",
 }
 
 
@@ -140,9 +140,10 @@ class KitCheck(unittest.TestCase):
         self.assertIn("differs    field ProParameter.owner\n"
                       "             here: record of 16 bytes at byte 72\n"
                       "             kit:  record of 24 bytes at byte 72\n", text)
-        # After 128 and 8 letters of its own and the path of 260, two bytes each.
+        # Letters have two bytes: ours is after a device of 32 and a path of 260, the kit's after
+        # 128 and 8 and the same path.
         self.assertIn("differs    field ProMdldata.name\n"
-                      "             here: wide[32] at byte 520\n"
+                      "             here: wide[32] at byte 584\n"
                       "             kit:  wide[81] at byte 792\n", text)
 
     def test_a_header_that_is_not_there_is_told_and_the_rest_compared(self):

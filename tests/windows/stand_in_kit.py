@@ -37,8 +37,9 @@ OTHER_DECLARATIONS = [
      "typedef WideChar ProFileName[80];"),
     ("types.h", "#define PRO_LINE_SIZE 81", "#define PRO_LINE_SIZE 256"),
     ("types.h", "typedef WideChar ProMacro[PRO_PATH_SIZE];", "typedef WideChar ProMacro[256];"),
-    ("model.h", "    ProPath path;\n    ProName name;", "    WideChar host[128];\n"
-     "    WideChar device[8];\n    ProPath path;\n    WideChar name[81];"),
+    ("model.h", "    ProName device;", "    WideChar host[128];\n    WideChar device[8];"),
+    ("model.h", "    ProName name;\n    WideChar type[PRO_TYPE_SIZE];\n    int version;",
+     "    WideChar name[81];\n    WideChar type[PRO_TYPE_SIZE];\n    int version;"),
     ("model.h", "#define PRO_TYPE_SIZE 4", "#define PRO_TYPE_SIZE 7"),
 ]
 

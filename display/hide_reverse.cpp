@@ -33,7 +33,6 @@ void VxHideReverse() {
     components.Free();
     for (const ComponentOccurrence& each : occurrences.list()) Reverse(each);
     ProWindowRepaint(PRO_VALUE_UNUSED);
-    // The tree of the model that was fetched last, and not of the top, has been refreshed since the
-    // first version; whoever waits for the other one sees its next refresh.
+    // Of the model that was fetched last, not of the top: kept as it has always been.
     ProTreetoolRefresh(model);
 }

@@ -67,9 +67,9 @@ public:
     // A record for the caller to give back, at the address that is returned; and its end. Giving
     // back what is not lent is a complaint.
     template <class Record>
-    Record* Lend(Record record, std::string origin) {
+    Record* Lend(const Record& record, const std::string& origin) {
         auto memory = std::make_shared<Record>(record);
-        NoteLoan(memory, sizeof record, std::move(origin));
+        NoteLoan(memory, sizeof record, origin);
         return memory.get();
     }
     void TakeBackRecord(const void* record);

@@ -113,8 +113,8 @@ public:
     // The box around a surface of any model, along the model's axes; made at first use.
     static const ProSurfacedata& BoxOf(Surface& surface);
 
-    const Simprep* FindSimprep(WideView name) const;  // whatever the case of its letters
-    const Simprep* ActiveSimprep() const;             // null: the master
+    const Simprep* FindSimprep(WideView wanted) const;  // whatever the case of its letters
+    const Simprep* ActiveSimprep() const;               // null: the master
 
     // "gearbox.asm": the name in small letters and the type's suffix.
     std::string FileName() const;

@@ -69,8 +69,8 @@ Corners CornersOf(const Model& part) {
 
 bool LiesIn(const ScreenBox& box, const std::vector<Vec3>& points, const Placement& placement,
             const ProMatrix toScreen) {
-    const auto [left, right] = std::minmax(box.x0, box.x1);
-    const auto [low, high] = std::minmax(box.y0, box.y1);
+    const double left = std::min(box.x0, box.x1), right = std::max(box.x0, box.x1);
+    const double low = std::min(box.y0, box.y1), high = std::max(box.y0, box.y1);
     return std::all_of(points.begin(), points.end(), [&](Vec3 point) {
         const Vec3 p = placement.Point(point);
         const auto along = [&](std::size_t axis) {

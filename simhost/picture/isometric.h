@@ -18,7 +18,7 @@ Picture IsometricPicture(const Model& top, int widthPixels);
 
 // The model as it is turned, moved and enlarged on the screen, with a ruler of the screen's
 // coordinates around it: from 0 to 1000 to the right and from 0 to 800 upwards.
-Picture ScreenPicture(Model& top);
+Picture ScreenPicture(Model& model);
 
 // The same as IsometricPicture, as SVG text.
 std::string IsometricSvg(const Model& top, int widthPixels);

@@ -6,9 +6,8 @@
 
 // A new array with the selections of the selection buffer, in the order of picking. The caller
 // frees the array. PRO_TK_E_NOT_FOUND: nothing is selected.
-// Assumed (frees, 20 %): the array is the caller's, its selections are the host's and end with it.
-// If
-//   those are the caller's too, each press leaves some
+// Assumed (frees, 20 %): the array is the caller's; its selections are the host's and end with it.
+//   If those are the caller's too, each press leaves some
 HOST_API ProError ProSelbufferSelectionsGet(ProSelection** selections);
 
 // Takes everything out of the selection buffer.

@@ -17,8 +17,8 @@ typedef ProModelitem ProSimprep;
 // What a representation is made from; allocated and freed by the calls below.
 typedef struct VxHostSimprepdata ProSimprepdata;
 
-typedef struct VxSimprepActionParam
-    ProSimprepActionParam;  // for kinds of actions that are not used
+// For kinds of actions that are not used.
+typedef struct VxSimprepActionParam ProSimprepActionParam;
 
 // Assumed (record, 50 %): its layout; it is only filled and handed back
 typedef struct VxSimprepAction {

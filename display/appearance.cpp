@@ -13,7 +13,7 @@ ProError CollectSurface(ProSurface surface, ProError, ProAppData surfaces) noexc
 }  // namespace
 
 void ClearSurfaceOverrides(ProMdl part) {
-    ProName name = {};
+    NameForHost name = {};
     ProMdlNameGet(part, name);
     const Prohandle object = prodb_get_object_ptr(name, HostText("PRT"));
     const auto solid = static_cast<ProSolid>(part);

@@ -92,7 +92,7 @@ void PaintObject(Prohandle object) {
     if (object) prodb_set_surface_props(object, PRODB_WHOLE_OBJECT, -1, 0, &record);
 }
 
-void ColourPart(ProMdl part, ProName name, const Colouring& colouring) {
+void ColourPart(ProMdl part, WideChar* name, const Colouring& colouring) {
     const Prohandle object = prodb_get_object_ptr(name, HostText("PRT"));
     DrawColour(colouring);
     ClearSurfaceOverrides(part);
@@ -103,7 +103,7 @@ void ColourPart(ProMdl part, ProName name, const Colouring& colouring) {
 void ColourEntries(const ModelList& models, const Colouring& colouring) {
     Prohandle object = nullptr;
     for (const ProMdl model : models) {
-        ProName name = {};
+        NameForHost name = {};
         ProMdlNameGet(model, name);
         if (TypeOf(model) == PRO_MDL_PART) {
             object = prodb_get_object_ptr(name, HostText("PRT"));
@@ -136,7 +136,7 @@ void BatchColor() {
     Colouring colouring;
     colouring.mode = ConfigValue(WIDE("VxRandomColorOpt"), Place::BesideModule);
     const ProMdlType type = TypeOf(model);
-    ProName name = {};
+    NameForHost name = {};
     ProMdlNameGet(model, name);
     for (ColourPalette& palette : colouring.palettes) {
         palette.path = ConfigPathFor(palette.fileName);

@@ -27,6 +27,10 @@ inline ProMdlType TypeOf(ProMdl model) {
     return type;
 }
 
+// Room for a name and a terminator, which the host leaves out after 32 characters; for names that
+// only go on to the host.
+using NameForHost = WideChar[PRO_NAME_SIZE + 1];
+
 // A model's name; empty after a failed call.
 inline WideText ModelName(ProMdl model) {
     ProName name = {};

@@ -245,7 +245,7 @@ private:
     template <class Value, class... Rest>
     static void RefuseNull(const char* name, const Value& value, const Rest&... rest) {
         if constexpr (requires { value.Missing(); }) {
-            if (value.Missing()) Complain(PRO_TK_BAD_INPUTS, std::string(name) + " is null");
+            if (value.Missing()) ComplainOfNull(name);
         }
         RefuseNull(rest...);
     }

@@ -177,6 +177,11 @@ int SizeOfArray(const void* array) {
     return array ? TheHost().arrays.Size(const_cast<void*>(array)) : 0;
 }
 
+std::string Describe(const NameOut& out) {
+    const auto* end = std::find(out.place, out.place + PRO_NAME_SIZE, WideChar{});
+    return simhost::Describe(WideText(out.place, std::size_t(end - out.place)).c_str());
+}
+
 std::string Describe(const PointOut& out) {
     return Numbers(out.place, 3);
 }

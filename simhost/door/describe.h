@@ -114,6 +114,14 @@ std::string Describe(const ListOut<T>& out) {
     return Describe(ListOf{*out.place, out.count ? *out.count : SizeOfArray(*out.place)});
 }
 
+// A record for a name, which is without a terminator when it is full.
+struct NameOut {
+    static constexpr bool kOutput = true;
+    WideChar* place;
+    bool Missing() const { return place == nullptr; }
+};
+std::string Describe(const NameOut& out);
+
 // A place for a point.
 struct PointOut {
     static constexpr bool kOutput = true;

@@ -22,6 +22,7 @@
 #define ARG(argument) #argument, argument                        // any value
 #define GIVEN(argument) #argument, ::simhost::Given(argument)    // must not be null
 #define OUT(argument) #argument, ::simhost::NeededOut(argument)  // a place for a result, not null
+#define OUT_NAME(argument) #argument, ::simhost::NameOut{argument}
 #define OUT_POINT(argument) #argument, ::simhost::PointOut{argument}
 // Lists with their length: handed in; handed out; handed out as a host array, which knows its own.
 #define LIST(list, count) #list, ::simhost::ListOf{list, count}

@@ -26,5 +26,5 @@ ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProM
                 }
             }
         },
-        ARG(drawing), ARG(sheet), OUT(size), OUT(transform));
+        ARG(drawing), ARG(sheet), OUT_NAME(size), OUT(transform));
 }

@@ -53,7 +53,7 @@ ProError ProMdlCurrentGet(ProMdl* model) {
 
 ProError ProMdlNameGet(ProMdl model, ProName name) {
     return Op<"ProMdlNameGet">.Call([&] { PutName(TheHost().session.Require(model).name, name); },
-                                    ARG(model), OUT(name));
+                                    ARG(model), OUT_NAME(name));
 }
 
 ProError ProMdlTypeGet(ProMdl model, ProMdlType* type) {

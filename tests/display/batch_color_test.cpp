@@ -57,6 +57,17 @@ TEST_F(BatchColor, APartAloneGetsTheFirstColourOfEachMode) {
     }
 }
 
+TEST_F(BatchColor, ANameThatFillsItsRecordToTheLastPlaceIsFound) {
+    const std::string name = "a2345678901234567890123456789032";
+    Setting("VxRandomColorOpt", "asUG");
+    Model& alone = Part(name);
+    Open(alone);
+    ExpectForetold("asUG", {&alone});
+    Model& used = Part("b" + name.substr(1));
+    OpenAssembly({&used});
+    ExpectForetold("asUG", {&used});
+}
+
 TEST_F(BatchColor, TheModeComesFromBesideTheModuleThePalettesFromTheTextFolder) {
     Model& part = Part("single");
     Open(part);

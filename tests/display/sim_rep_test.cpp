@@ -80,6 +80,15 @@ TEST_F(SimRep, WithoutAPickTheRepresentationIsThereAndNotActive) {
     EXPECT_TRUE(top_->assemblyData.simpreps[0].items.empty());
 }
 
+TEST_F(SimRep, ANameThatCannotBeReadAfterATakenOneIsEmptyAndNotTheTakenOne) {
+    Play("@ select bolt\n~ Command `VxSimRep`\n@ answer light");
+    Fail("ProMessageStringRead", {.n = 2});
+    Play("~ Command `VxSimRep`\n@ answer light\n@ ok");
+    // The empty name counts as free, and the host makes nothing of it.
+    EXPECT_EQ(AllBoxes().size(), 1u);
+    EXPECT_EQ(top_->assemblyData.simpreps.size(), 1u);
+}
+
 TEST_F(SimRep, ATakenNameIsRefusedAsOftenAsItIsTyped) {
     Play("@ select bolt\n~ Command `VxSimRep`\n@ answer light");
     const std::string refused =

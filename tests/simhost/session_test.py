@@ -47,9 +47,12 @@ class Terminal:
     def type(self, keys):
         os.write(self.handle, keys.encode("utf-8"))
 
-    def line(self, text):
+    def key(self, keys):
         self.until("vx> ")
-        self.type(text + "\r")
+        self.type(keys)
+
+    def line(self, text):
+        self.key(text + "\r")
 
     def end(self):
         """The rest of the screen, and the status as os.waitpid gives it. A program that does not
@@ -130,7 +133,7 @@ class Session(unittest.TestCase):
             terminal = Terminal(self.folder)
             terminal.line(keys)
             terminal.until("first\r\n    first" if not last else "    first")
-            terminal.line("quit" if last else "\x04")
+            terminal.key("quit\r" if last else "\x04")
             terminal.end()
             history = self.folder / ".local/state/vorlatix/history"
             self.assertTrue(history.read_text(encoding="utf-8").startswith("note first\n"))
@@ -189,10 +192,10 @@ class Session(unittest.TestCase):
         terminal = Terminal(self.folder, "--drive", str(drive))
         terminal.line("open housing.prt")
         terminal.line('parameter housing.prt 备注 "new"')
-        terminal.line("\x04")
+        terminal.key("\x04")
         terminal.until("changed and not saved: housing.prt; save all saves them, quit again ends")
         terminal.line("save all")
-        terminal.line("\x04")
+        terminal.key("\x04")
         screen, status = terminal.end()
         self.assertEqual(status, 0, screen)
         self.assertNotIn("not saved", screen)

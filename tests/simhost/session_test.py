@@ -23,6 +23,7 @@ class Terminal:
         self.screen, self.seen = "", 0
         self.process, self.handle = pty.fork()
         if self.process == 0:
+            os.environ.pop("VX_LANGUAGE", None)  # the language comes from the locale
             os.environ.update(TMPDIR=str(folder), HOME=str(folder), TERM="xterm", LC_ALL="C")
             os.environ.update(environment)
             os.execv(PROGRAM, [PROGRAM, *words])

@@ -88,5 +88,8 @@ int SurfaceCount(const Solid& solid);
 std::vector<SolidFace> Faces(const Solid& solid, int fineness = 32);
 // The box around the solid in the part's coordinates, from its facets.
 Extents ExtentsOf(const Solid& solid);
+// What the solid takes up, in the cube of its unit of length: of what is round, the true circle,
+// not the facets that are drawn.
+double VolumeOf(const Solid& solid);
 
 }  // namespace simhost

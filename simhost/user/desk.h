@@ -19,6 +19,9 @@ public:
     std::vector<std::string> complaints;
     void Complain(const std::string& what) { complaints.push_back(what); }
 
+    // What the file dialog asks that is open; null: none is.
+    const FileQuestion* fileQuestion = nullptr;
+
     // Shows a line of the host's own.
     void Tell(const WideText& line);
     // Shows a message box and gives the button that the user pressed.

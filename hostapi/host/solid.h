@@ -13,8 +13,7 @@ typedef ProError (*ProSurfaceFilterAction)(ProSurface surface, ProAppData data);
 
 // Visits the solid's features in the order of the model tree. `filter` may be null. A solid without
 // features, and a filter that takes none, are answered with 0 as well.
-// Assumed (behaviour, 60 %): 0 if nothing was visited; -4 would be told as a failed walk by a
-// command that has another message for an empty assembly
+// Assumed (behaviour, 60 %): 0 if nothing was visited, so that empty and failed differ
 HOST_API ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
                                     ProFeatureFilterAction filter, ProAppData data);
 

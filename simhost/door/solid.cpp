@@ -53,11 +53,13 @@ ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
             Model& model = TheHost().session.RequireSolid(part);
             bool any = false;
             bool goOn = true;
-            for (const auto& surface : model.Surfaces()) {
+            // As it was at the beginning: an action may change the part.
+            std::vector<ProSurface> surfaces;
+            for (const auto& each : model.Surfaces()) surfaces.push_back(each->handle);
+            for (const ProSurface surface : surfaces) {
                 const ProError status = VisitOne(
-                    [&] { return filter ? filter(surface->handle, data) : PRO_TK_NO_ERROR; },
-                    [&](ProError wanted) { return action(surface->handle, wanted, data); }, &goOn,
-                    &any);
+                    [&] { return filter ? filter(surface, data) : PRO_TK_NO_ERROR; },
+                    [&](ProError wanted) { return action(surface, wanted, data); }, &goOn, &any);
                 if (!goOn) return status;
             }
             return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;

@@ -20,6 +20,7 @@
 #include <ProFeature.h>
 #include <ProGeomitem.h>
 #include <ProGeomitemdata.h>
+#include <ProMaterial.h>
 #include <ProMdl.h>
 #include <ProMenuBar.h>
 #include <ProMessage.h>

@@ -24,5 +24,10 @@ HOST_API ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction acti
 // The item (kind PRO_SURFACE, id, owner) of a surface of this part.
 HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item);
 
+// Brings a solid up to date, and what lies below an assembly with it. `flags`: 0 asks for nothing
+// special.
+// Assumed (parameters, 80 %): takes the solid and flags
+HOST_API ProError ProSolidRegenerate(ProSolid solid, int flags);
+
 // Shows a part or an assembly in the current window, as its active representation has it.
 HOST_API ProError ProSolidDisplay(ProSolid solid);

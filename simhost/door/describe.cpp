@@ -109,6 +109,10 @@ std::string TextOf(const ProModel& model) {
     return fmt::format("{} of type {}", TextIn(model.name), TextIn(model.type));
 }
 
+std::string TextOf(const ProMaterial& material) {
+    return fmt::format("{} of {}", TextIn(material.matl_name), Describe(material.part));
+}
+
 std::string TextOf(const ProRelset& set) {
     return (set.afterRegeneration ? "after regeneration, of " : "of ") + Describe(set.owner.owner);
 }

@@ -12,6 +12,7 @@
 #include "hostapi/host/drawing_view.h"
 #include "hostapi/host/family_table.h"
 #include "hostapi/host/geometry.h"
+#include "hostapi/host/material.h"
 #include "hostapi/host/model.h"
 #include "hostapi/host/parameter.h"
 #include "hostapi/host/relation.h"
@@ -27,6 +28,7 @@ std::string TextOf(const ProParameter& parameter);
 std::string TextOf(const ProParamvalue& value);
 std::string TextOf(const ProMdldata& data);
 std::string TextOf(const ProModel& model);
+std::string TextOf(const ProMaterial& material);
 std::string TextOf(const ProRelset& set);
 std::string TextOf(const ProFamtableItem& item);
 std::string TextOf(const ProAsmcomppath& path);
@@ -48,6 +50,7 @@ template <> struct JournalText<ProParameter> : RecordText<ProParameter> {};
 template <> struct JournalText<ProParamvalue> : RecordText<ProParamvalue> {};
 template <> struct JournalText<ProMdldata> : RecordText<ProMdldata> {};
 template <> struct JournalText<ProModel> : RecordText<ProModel> {};
+template <> struct JournalText<ProMaterial> : RecordText<ProMaterial> {};
 template <> struct JournalText<ProRelset> : RecordText<ProRelset> {};
 template <> struct JournalText<ProFamtableItem> : RecordText<ProFamtableItem> {};
 template <> struct JournalText<ProAsmcomppath> : RecordText<ProAsmcomppath> {};

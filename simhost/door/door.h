@@ -15,6 +15,18 @@
 #include "simhost/door/describe.h"
 #include "simhost/host.h"
 
+namespace simhost {
+
+// What the values of an option say once the array that they were handed out in is out of date.
+inline constexpr WideView kEndedOptionValue = WIDE("(a value from before another option call)");
+// A complaint about such a value that is handed over.
+inline void RefuseEndedOptionValue(const WideChar* value) {
+    if (WideView(value) != kEndedOptionValue) return;
+    Complain(PRO_TK_BAD_INPUTS, "a value of an option that was kept beyond another option call");
+}
+
+}  // namespace simhost
+
 // Windows' headers have an empty macro of this name.
 #undef OUT
 

@@ -2,6 +2,7 @@
 #include "hostapi/host/solid.h"
 
 #include "simhost/door/door.h"
+#include "simhost/model/regeneration.h"
 
 using namespace simhost;
 
@@ -43,6 +44,11 @@ ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
             return PRO_TK_NO_ERROR;
         },
         ARG(solid));
+}
+
+ProError ProSolidRegenerate(ProSolid solid, int flags) {
+    return Op<"ProSolidRegenerate">.Call([&] { Regenerate(TheHost().session.RequireSolid(solid)); },
+                                         ARG(solid), ARG(flags));
 }
 
 ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,

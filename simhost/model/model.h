@@ -13,8 +13,10 @@
 #include "simhost/core/handles.h"
 #include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
+#include "simhost/model/material.h"
 #include "simhost/model/parameters.h"
 #include "simhost/model/relations.h"
+#include "simhost/model/sheet_metal.h"
 #include "simhost/model/simprep.h"
 
 namespace simhost {
@@ -55,6 +57,9 @@ struct Surface {
 struct PartData {
     bool skeleton = false;
     std::vector<Solid> solids;
+    std::vector<Material> materials;  // that it has read, each name once
+    WideText material;                // the name of the one that it is made of; empty: of none
+    SheetMetal sheetMetal;
     std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
 };
 
@@ -103,6 +108,7 @@ public:
     std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;               // released: the host lets nobody change it
     int treeRefreshes = 0;               // how often its tree was refreshed
+    int regenerations = 0;               // how often it was brought up to date
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one

@@ -63,7 +63,7 @@ void AddModel(std::string* text, const Model& model) {
 }
 
 // --- The sections after it, in the order in which they are read and written: a drawing's views
-// need its sheets, and a surface needs its solid ---
+// need its sheets, a surface needs its solid, and a bend its sheet ---
 
 constexpr Field<ManufacturingData> kManufacturingFields[] = {
     RequiredLink<&ManufacturingData::assemblyFile, &ManufacturingData::assembly>("assembly"),
@@ -74,7 +74,8 @@ constexpr Section kManufacturingSection =
 constexpr const Section* kSections[] = {
     &kManufacturingSection, &kAppearanceSection, &kParameterSection, &kRelationsSection,
     &kFamilySection,        &kSheetsSection,     &kDrawingSection,   &kViewSection,
-    &kSolidSection,         &kSurfaceSection,    &kFeatureSection,   &kSimprepSection,
+    &kSolidSection,         &kSurfaceSection,    &kMaterialSection,  &kSheetMetalSection,
+    &kBendTableSection,     &kBendSection,       &kFeatureSection,   &kSimprepSection,
 };
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {

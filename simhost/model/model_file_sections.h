@@ -41,6 +41,10 @@ extern const Section kDrawingSection;
 extern const Section kViewSection;
 extern const Section kSolidSection;
 extern const Section kSurfaceSection;
+extern const Section kMaterialSection;
+extern const Section kSheetMetalSection;
+extern const Section kBendTableSection;
+extern const Section kBendSection;
 extern const Section kFeatureSection;
 extern const Section kSimprepSection;
 

@@ -1,6 +1,8 @@
 // Tables of what models hold.
 #include "simhost/trail/fact_table.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <set>
 
@@ -21,6 +23,22 @@ std::string FactOf(const Model& model, const std::string& fact) {
     if (fact == "relations") {
         const auto& lines = model.relations.initial;
         return lines ? std::to_string(lines->size()) : std::string();
+    }
+    const Material* material = MaterialOf(model);
+    if (fact == "material") return material ? Utf8(material->name) : std::string();
+    if (fact == "density") {
+        if (!material) return {};
+        return fmt::format("{:.6g} {}", material->density,
+                           kDensityUnits[int(material->densityUnit)]);
+    }
+    if (fact == "mass") {
+        const auto mass = MassOf(model);
+        return mass ? fmt::format("{:.3f} kg", *mass) : std::string();
+    }
+    const SheetMetal& sheet = model.partData.sheetMetal;
+    if (fact == "bend table") return Utf8(sheet.table.name);
+    if (fact == "developed length") {
+        return sheet.flats.empty() ? std::string() : fmt::format("{:.3f} mm", sheet.developed);
     }
     const Parameter* found = ShownParameter(model, Wide(fact));
     return found ? ValueText(*found) : std::string();

@@ -94,10 +94,21 @@ void ExpectParameter(Trail& trail, const std::string& rest);
 void ExpectRelations(Trail& trail, const std::string& rest);
 void ExpectViews(Trail& trail, const std::string& rest);
 void SetParameter(Trail& trail, const std::string& rest);
-void SetOption(Trail& trail, const std::string& rest);
 void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
 void ShowViews(Trail& trail);
+
+void SetOption(Trail& trail, const std::string& rest);
+void ExpectOption(Trail& trail, const std::string& rest);
+void ShowOptions(Trail& trail);
+
+void ExpectMaterial(Trail& trail, const std::string& rest);
+void ExpectMass(Trail& trail, const std::string& rest);
+void ExpectBendTable(Trail& trail, const std::string& rest);
+void ExpectDevelopedLength(Trail& trail, const std::string& rest);
+void ShowMaterials(Trail& trail);
+void ShowMasses(Trail& trail);
+void ShowBends(Trail& trail);
 
 void ShowTitle(Trail& trail, const std::string& rest);
 void RememberFacts(Trail& trail, const std::string& rest);

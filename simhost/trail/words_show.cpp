@@ -214,6 +214,10 @@ constexpr Topic kTopics[] = {
     {"relations", ShowRelations},
     {"views", ShowViews},
     {"tables", ShowTables},
+    {"options", ShowOptions},
+    {"materials", ShowMaterials},
+    {"masses", ShowMasses},
+    {"bends", ShowBends},
     {"messages", ShowMessages},
 };
 

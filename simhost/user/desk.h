@@ -19,6 +19,8 @@ public:
     std::vector<std::string> complaints;
     void Complain(const std::string& what) { complaints.push_back(what); }
 
+    // What the file dialog asks that is open; null: none is.
+    const FileQuestion* fileQuestion = nullptr;
     // A click of the middle button is on its way. The next dialog of the host's own takes it and is
     // confirmed by it; one that is left when a command ends would confirm a stranger's dialog.
     void SendClick();

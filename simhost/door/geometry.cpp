@@ -60,7 +60,7 @@ ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
             if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
             auto* record =
-                TheHost().arrays.Lend(SurfaceRecord{{}, Model::BoxOf(*found)}, "ProSurfaceDataGet");
+                TheHost().arrays.Lend(SurfaceRecord{{}, found->box}, "ProSurfaceDataGet");
             record->about.obj_type = PRO_SURFACE;
             record->about.data.p_surface_data = &record->box;
             *data = &record->about;

@@ -264,32 +264,6 @@ FaceList GearFaces(const Solid& solid) {
     return faces;
 }
 
-// --- Volumes ---
-
-double CircleArea(double diameter) {
-    return pi / 4 * diameter * diameter;
-}
-
-double AreaOf(const std::vector<Point2>& outline) {
-    double twice = 0;
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-        const Point2 a = outline[i], b = outline[(i + 1) % outline.size()];
-        twice += a[0] * b[1] - a[1] * b[0];
-    }
-    return twice / 2;
-}
-
-// Triangles from the centre to the straight lines around it: for each tooth two flanks, its land
-// and the bottom of the gap after it.
-double GearArea(const Solid& solid) {
-    const ToothForm form = FormOf(solid);
-    const double root = form.rootRadius, tip = form.tipRadius;
-    const double flanks = 2 * root * tip * std::sin(form.rootAngle - form.tipAngle);
-    const double land = tip * tip * std::sin(2 * form.tipAngle);
-    const double gap = root * root * std::sin(2 * pi / solid.teeth - 2 * form.rootAngle);
-    return solid.teeth * (flanks + land + gap) / 2 - CircleArea(solid.bore);
-}
-
 constexpr const char* kShapeNames[] = {"box", "cylinder", "tube", "cone", "gear", "prism"};
 
 }  // namespace
@@ -407,19 +381,6 @@ Extents ExtentsOf(const Solid& solid) {
         }
     }
     return box;
-}
-
-double VolumeOf(const Solid& solid) {
-    const double low = solid.diameter, top = solid.top;
-    switch (solid.shape) {
-        case Shape::Box: return solid.size.x * solid.size.y * solid.size.z;
-        case Shape::Cylinder: return CircleArea(low) * solid.length;
-        case Shape::Tube: return (CircleArea(solid.outer) - CircleArea(solid.inner)) * solid.length;
-        case Shape::Cone: return pi / 12 * (low * low + low * top + top * top) * solid.length;
-        case Shape::Gear: return GearArea(solid) * solid.width;
-        case Shape::Prism: return AreaOf(solid.outline) * solid.height;
-    }
-    return 0;
 }
 
 }  // namespace simhost

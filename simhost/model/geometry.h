@@ -65,6 +65,7 @@ struct Solid {
     int teeth = 0;
     std::vector<std::array<double, 2>> outline;  // prism: counter-clockwise
     double height = 0;                           // prism
+    bool operator==(const Solid&) const = default;
 };
 
 // "box" and so on; ParseShape gives false for a word that names no shape.
@@ -88,8 +89,5 @@ int SurfaceCount(const Solid& solid);
 std::vector<SolidFace> Faces(const Solid& solid, int fineness = 32);
 // The box around the solid in the part's coordinates, from its facets.
 Extents ExtentsOf(const Solid& solid);
-// What the solid takes up, in the cube of its unit of length: of what is round, the true circle,
-// not the facets that are drawn.
-double VolumeOf(const Solid& solid);
 
 }  // namespace simhost

@@ -5,6 +5,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/model.h"
+#include "simhost/model/shape.h"
 
 namespace simhost {
 
@@ -81,16 +82,10 @@ void PutMaterial(Model* part, Material material) {
     }
 }
 
-double VolumeOf(const Model& part) {
-    double volume = 0;
-    for (const Solid& solid : part.partData.solids) volume += VolumeOf(solid);
-    return volume;
-}
-
 std::optional<double> MassOf(const Model& part) {
     const Material* material = MaterialOf(part);
     if (!material) return std::nullopt;
-    return material->KgPerMm3() * VolumeOf(part);
+    return material->KgPerMm3() * part.shape().volume;
 }
 
 }  // namespace simhost

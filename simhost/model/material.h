@@ -46,9 +46,8 @@ const Material* MaterialOf(const Model& part);
 // Takes it in, in the part's units, in the place of one of that name.
 void PutMaterial(Model* part, Material material);
 
-// The volumes of a part's solids in mm³ in all: where they overlap, that counts twice.
-double VolumeOf(const Model& part);
-// In kg; nothing for a part of which it is not known what it is made of.
+// In kg, by the volume of the part's shape; nothing for a part of which it is not known what it is
+// made of.
 std::optional<double> MassOf(const Model& part);
 
 }  // namespace simhost

@@ -24,6 +24,7 @@ namespace simhost {
 class Model;
 class Session;
 class Drawing;
+struct PartShape;
 struct ScreenView;
 
 // The states of ProFeatureStatusGet, and their words in model files.
@@ -49,7 +50,7 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
-    std::optional<ProSurfacedata> box;  // see Model::BoxOf
+    ProSurfacedata box{};  // along the part's axes
 };
 
 // What only parts have.
@@ -114,10 +115,14 @@ public:
     Feature* FindFeature(int id);
     std::vector<Feature>& MutableFeatures();
 
-    const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
+    // The record of the part's shape, made at first use and anew after its solids changed; it lasts
+    // until then.
+    const PartShape& shape() const;
+    bool HasShape() const { return !partData.solids.empty(); }
+    // The faces of the shape at the door. Those that stay when the solids change keep their
+    // handles; the handles of the others end at the next call.
+    const std::vector<std::unique_ptr<Surface>>& Surfaces();
     bool HasSurface(int id);
-    // The box around a surface of any model, along the model's axes; made at first use.
-    static const ProSurfacedata& BoxOf(Surface& surface);
 
     const Simprep* FindSimprep(WideView wanted) const;  // whatever the case of its letters
     const Simprep* ActiveSimprep() const;               // null: the master
@@ -128,8 +133,9 @@ public:
 private:
     std::vector<Feature> features_;
     std::unordered_map<int, std::size_t> featureAt_;
+    mutable std::shared_ptr<const PartShape> shape_;
+    std::shared_ptr<const PartShape> surfacesOf_;  // the shape that has these surfaces
     std::vector<std::unique_ptr<Surface>> surfaces_;
-    bool surfacesMade_ = false;
 };
 
 // "asm", "prt", "drw", "frm", "mfg", and back (PRO_MDL_UNUSED for any other word).

@@ -11,6 +11,7 @@
 #include "simhost/core/text.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/session.h"
+#include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 
 namespace simhost {
@@ -56,8 +57,8 @@ using Corners = std::map<int, std::vector<Vec3>>;
 
 Corners CornersOf(const Model& part) {
     Corners corners;
-    for (const Solid& solid : part.partData.solids) {
-        for (const SolidFace& face : Faces(solid)) {
+    for (const ShapeBody& body : part.shape().bodies) {
+        for (const SolidFace& face : FacetsOf(body)) {
             std::vector<Vec3>& points = corners[face.surface];
             for (const Facet& facet : face.facets) {
                 points.insert(points.end(), facet.corners.begin(), facet.corners.end());

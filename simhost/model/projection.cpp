@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "simhost/model/shape.h"
+
 namespace simhost {
 
 namespace {
@@ -24,21 +26,6 @@ using PointKey = std::tuple<long long, long long, long long>;
 
 PointKey KeyOf(Vec3 p) {
     return {std::llround(p.x * 1e5), std::llround(p.y * 1e5), std::llround(p.z * 1e5)};
-}
-
-// The corners of a part's facets, each once.
-Points CornersOf(const Model& part) {
-    std::map<PointKey, Vec3> corners;
-    for (const Solid& solid : part.partData.solids) {
-        for (const SolidFace& face : Faces(solid, kFineness)) {
-            for (const Facet& facet : face.facets) {
-                for (const Vec3& p : facet.corners) corners.emplace(KeyOf(p), p);
-            }
-        }
-    }
-    Points points;
-    for (const auto& [key, p] : corners) points.push_back(p);
-    return points;
 }
 
 // --- Facets and their neighbours ---
@@ -80,9 +67,9 @@ void JoinEdges(Skin* skin, std::size_t first) {
 
 Skin SkinOf(const Model& part) {
     Skin skin;
-    for (const Solid& solid : part.partData.solids) {
+    for (const ShapeBody& body : part.shape().bodies) {
         const std::size_t first = skin.size();
-        for (SolidFace& face : Faces(solid, kFineness)) {
+        for (SolidFace& face : FacetsOf(body, kFineness)) {
             for (Facet& facet : face.facets) {
                 const Vec3 normal = NormalOf(facet.corners);
                 skin.push_back({std::move(facet.corners), normal, face.surface, {}});
@@ -266,12 +253,10 @@ void AddPieces(const Edge& edge, std::vector<Span> covered, bool withHidden, dou
 
 Extents ExtentsIn(const Model& top, const Placement& frame, Sight sight) {
     Extents box;
-    std::unordered_map<const Model*, Points> corners;
     VisitShown(top, sight, [&](const ShownPart& shown) {
-        const auto [points, isNew] = corners.try_emplace(shown.part);
-        if (isNew) points->second = CornersOf(*shown.part);
-        const Placement placement = Compose(frame, shown.placement);
-        for (const Vec3& p : points->second) box.Add(placement.Point(p));
+        const Extents one = ExtentsIn(shown.part->shape(), Compose(frame, shown.placement));
+        box.Add(one.low);
+        box.Add(one.high);
     });
     return box;
 }

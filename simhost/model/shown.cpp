@@ -26,7 +26,7 @@ private:
         const bool holds = model.type != PRO_MDL_PART;
         if (holds && !here.cover && model.appearance) here.cover = &*model.appearance;
         here.part = &model;
-        if (!holds && !model.partData.solids.empty() && at.included) visit_(here);
+        if (!holds && model.HasShape() && at.included) visit_(here);
         if (std::find(above_.begin(), above_.end(), &model) != above_.end()) return;
         above_.push_back(&model);
         for (const Feature& feature : model.features()) {

@@ -8,6 +8,8 @@
 #include <tuple>
 #include <utility>
 
+#include "simhost/model/shape.h"
+
 namespace simhost {
 
 namespace {
@@ -75,17 +77,16 @@ void JoinEdges(Skin* skin, std::size_t first) {
 }
 
 // Round surfaces get as many facets as the eye needs at their size on the screen.
-int FinenessOf(const Solid& solid, double pixelsPerMm) {
-    const double diameter = std::max({solid.diameter, solid.top, solid.outer});
-    const int quarter = int(std::ceil(std::sqrt(diameter * pixelsPerMm) * 1.1));
+int FinenessOf(const ShapeBody& body, double pixelsPerMm) {
+    const int quarter = int(std::ceil(std::sqrt(body.widest * pixelsPerMm) * 1.1));
     return 4 * std::clamp(quarter, 3, 16);
 }
 
 Skin SkinOf(const Model& part, const ProdbSurfaceProps* cover, double pixelsPerMm) {
     Skin skin;
-    for (const Solid& solid : part.partData.solids) {
+    for (const ShapeBody& body : part.shape().bodies) {
         const std::size_t first = skin.size();
-        auto faces = Faces(solid, FinenessOf(solid, pixelsPerMm));
+        auto faces = FacetsOf(body, FinenessOf(body, pixelsPerMm));
         const bool inside = std::any_of(faces.begin(), faces.end(), [&](const SolidFace& face) {
             return LookOf(part, cover, face.surface).transparency > 0;
         });

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "simhost/core/text.h"
+#include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/words.h"
@@ -114,8 +115,8 @@ void ShowMasses(Trail& trail) {
         const auto mass = MassOf(*model);
         if (!mass) continue;
         trail.Say(fmt::format("{} {} {:>12.3f} cm3 {:>10.3f} kg", Padded(model->FileName(), 28),
-                              Padded(Utf8(MaterialOf(*model)->name), 20), VolumeOf(*model) / 1000,
-                              *mass));
+                              Padded(Utf8(MaterialOf(*model)->name), 20),
+                              model->shape().volume / 1000, *mass));
     }
     if (const Model* top = TheHost().session.CurrentModel()) {
         const Masses masses = MassesOf(*top);

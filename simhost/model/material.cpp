@@ -5,6 +5,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/model.h"
+#include "simhost/model/shape.h"
 
 namespace simhost {
 

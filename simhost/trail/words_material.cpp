@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "simhost/core/text.h"
+#include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/words.h"

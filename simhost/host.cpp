@@ -27,6 +27,7 @@ Host::Host() {
     arrays.ending = [this](const void* array) {
         session.selections.ArrayFreed(array);
         if (array == optionValues) optionValues = nullptr;
+        session.constraints.ArrayFreed(array);
     };
     session.tell = [this](const std::string& line) { Tell(line); };
     session.savesInWorkingFolder = [this] {

@@ -21,13 +21,13 @@ HOST_API ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action
 HOST_API ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
                                        ProSurfaceFilterAction filter, ProAppData data);
 
-// The item (kind PRO_SURFACE, id, owner) of a surface of this part.
-HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item);
-
-// Brings a solid up to date, and what lies below an assembly with it. `flags`: 0 asks for nothing
-// special.
+// Brings a part, an assembly or a manufacturing model up to date, with all that lies below: what
+// hangs on something that has moved, moves along. `flags`: 0, nothing special.
 // Assumed (parameters, 80 %): takes the solid and flags
 HOST_API ProError ProSolidRegenerate(ProSolid solid, int flags);
+
+// The item (kind PRO_SURFACE, id, owner) of a surface of this part.
+HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item);
 
 // Shows a part or an assembly in the current window, as its active representation has it.
 HOST_API ProError ProSolidDisplay(ProSolid solid);

@@ -4,9 +4,21 @@
 #include <algorithm>
 #include <tuple>
 
+#include "simhost/core/text.h"
+#include "simhost/model/model.h"
+
 namespace simhost {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+bool IsModelFile(const std::string& fileName) {
+    const std::size_t dot = fileName.rfind('.');
+    return dot != std::string::npos && TypeOfSuffix(fileName.substr(dot + 1)) != PRO_MDL_UNUSED;
+}
+
+}  // namespace
 
 const std::vector<ModelVersion>& ModelFolder::VersionsOf(const std::string& fileName) {
     static const std::vector<ModelVersion> none;
@@ -39,7 +51,7 @@ void ModelFolder::Note(const std::string& name, bool there) {
     ModelVersion version;
     std::string fileName;
     version.number = SplitVersion(name, &fileName);
-    if (version.number == 0) return;
+    if (version.number == 0 && !IsModelFile(fileName)) return;
     version.name = name;
     const auto order = [](const ModelVersion& a, const ModelVersion& b) {
         return std::tie(a.number, a.name) < std::tie(b.number, b.name);

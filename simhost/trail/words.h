@@ -109,6 +109,13 @@ void ExpectDevelopedLength(Trail& trail, const std::string& rest);
 void ShowMaterials(Trail& trail);
 void ShowMasses(Trail& trail);
 void ShowBends(Trail& trail);
+void ActivateComponent(Trail& trail, const std::string& rest);
+void RegenerateModel(Trail& trail, const std::string& rest);
+void ExpectConstraints(Trail& trail, const std::string& rest);
+void ExpectPlace(Trail& trail, const std::string& rest);
+void ExpectFile(Trail& trail, const std::string& rest);
+void ExpectNoFile(Trail& trail, const std::string& rest);
+void ShowConstraints(Trail& trail);
 
 void ShowTitle(Trail& trail, const std::string& rest);
 void RememberFacts(Trail& trail, const std::string& rest);

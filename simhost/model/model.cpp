@@ -154,6 +154,10 @@ const ProSurfacedata& Model::BoxOf(Surface& surface) {
     return *surface.box;
 }
 
+void Model::ForgetMeasures() {
+    for (const auto& surface : surfaces_) surface->box.reset();
+}
+
 bool Model::HasSurface(int id) {
     const auto& all = Surfaces();
     return std::any_of(all.begin(), all.end(), [id](const auto& one) { return one->id == id; });

@@ -16,6 +16,7 @@
 #include "simhost/model/parameters.h"
 #include "simhost/model/relations.h"
 #include "simhost/model/simprep.h"
+#include "simhost/model/units.h"
 
 namespace simhost {
 
@@ -91,6 +92,7 @@ public:
     WideText folder;    // which it came from; empty: never on disk, and goes to the working folder
     bool modified = false;
 
+    ModelUnits units;  // see HasUnits
     PartData partData;
     AssemblyData assemblyData;
     ManufacturingData manufacturingData;
@@ -112,6 +114,7 @@ public:
     bool HasSurface(int id);
     // The box around a surface of any model, along the model's axes; made at first use.
     static const ProSurfacedata& BoxOf(Surface& surface);
+    void ForgetMeasures();  // the solids have other sizes now
 
     const Simprep* FindSimprep(WideView wanted) const;  // whatever the case of its letters
     const Simprep* ActiveSimprep() const;               // null: the master

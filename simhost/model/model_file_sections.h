@@ -43,5 +43,10 @@ extern const Section kSolidSection;
 extern const Section kSurfaceSection;
 extern const Section kFeatureSection;
 extern const Section kSimprepSection;
+extern const Section kUnitSystemSection;
+
+// The keys of [model] that are read and written with the systems of units.
+extern const char* const kUnitsKeys[2];
+void AddUnits(std::string* text, const Model& model);
 
 }  // namespace simhost

@@ -6,6 +6,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/picture/isometric.h"
+#include "simhost/trail/words.h"
 #include "simhost/ui/text_frame.h"
 
 namespace simhost {
@@ -22,6 +23,9 @@ std::string FactOf(const Model& model, const std::string& fact) {
         const auto& lines = model.relations.initial;
         return lines ? std::to_string(lines->size()) : std::string();
     }
+    if (fact == "units") return HasUnits(model) ? Utf8(model.units.Principal().name) : "";
+    if (fact == "size") return SizeText(model);
+    if (fact == "first component") return FirstPlaceText(model);
     const Parameter* found = ShownParameter(model, Wide(fact));
     return found ? ValueText(*found) : std::string();
 }

@@ -47,6 +47,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"expect clipboard",   "剪贴板上的文字；或 none"},
     {"expect parameter",   "模型参数的值；或 none"},
     {"expect relations",   "模型的关系，各行之间为空格、/、空格；或 none"},
+    {"expect unit",        "模型的主单位制"},
     {"expect views",       "当前窗口的工程图有多少个视图"},
     {"expect rows",        "对话框中表格的行数"},
     {"expect columns",     "表格各列的标题，以 | 分隔"},
@@ -66,7 +67,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"picture",            "把窗口的内容画到文件中"},
     {"picture screen",     "按屏幕上当前的视角画出，带标尺，供 pick box 使用"},
     {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、"
-                           "colours、parameters、relations、views、tables、messages"},
+                           "colours、parameters、relations、units [模型]、outline [模型]、views、tables、messages"},
     {"title",              "开始报告的一节"},
     {"remember",           "记下所有模型的颜色、关系或参数，供列表用"},
     {"table",              "把记下的内容并排列出"},

@@ -1,6 +1,10 @@
 // The commands of this room: the same data written into many models of an assembly.
 #pragma once
 
+// Opens the dialog SetUnit; its button sets one of seven systems of units in the current model and
+// in all models below it, by one of two ways of converting, and leaves it open.
+void SetUnit();
+
 // Writes how often each model occurs in the current assembly into its integer parameter 数量, and
 // names the models that could not be written.
 void VxMdlCount();

@@ -35,7 +35,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxNormalView">           (Command<VxNormalView>,    AccessAlways),
     Row<"VxParams">               (Command<VxParams>,        AccessAssemblyOrMfg),
     Row<"VxRelations">            (Command<VxRelations>,     AccessAssemblyOrMfg),
-    Row<"SetUnit">                (NotBuilt,                 AccessSolid),
+    Row<"SetUnit">                (Command<SetUnit>,         AccessSolid),
     Row<"CloneComp">              (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"CloneAndReplace">        (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxMerge">                (NotBuilt,                 AccessAssemblyOrMfg),

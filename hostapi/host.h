@@ -52,6 +52,7 @@
 #include "hostapi/host/solid.h"
 #include "hostapi/host/treetool.h"
 #include "hostapi/host/types.h"
+#include "hostapi/host/units.h"
 #include "hostapi/host/view.h"
 #include "hostapi/host/window.h"
 #endif

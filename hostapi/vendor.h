@@ -51,6 +51,7 @@
 #include <ProUIRadiogroup.h>
 #include <ProUITable.h>
 #include <ProUITextarea.h>
+#include <ProUnits.h>
 #include <ProUtil.h>
 #include <ProView.h>
 #include <ProWindows.h>

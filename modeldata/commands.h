@@ -11,6 +11,9 @@ void SetMat();
 // a walk below a picked assembly fails or finds none it ends at once and leaves pro_sheet_met_dir
 // at the folder of the file.
 void SetBendTable();
+// Opens the dialog SetUnit; its button sets one of seven systems of units in the current model and
+// in all models below it, by one of two ways of converting, and leaves it open.
+void SetUnit();
 
 // Writes how often each model occurs in the current assembly into its integer parameter 数量, and
 // names the models that could not be written.

@@ -53,6 +53,9 @@ std::vector<std::string> ForWord(const Word& word, const std::string& typed) {
     const std::string name = word.name;
     if (name == "select" || name == "pick") return PathSteps(typed);
     if (name == "show" && typed.find("tree ") != std::string::npos) return PathSteps(typed);
+    const bool ofModel =
+        typed.find("units ") != std::string::npos || typed.find("outline ") != std::string::npos;
+    if (name == "show" && ofModel) return ModelsInMemory();
     const std::string arguments = word.arguments;
     if (name == "answer") return FilesOfTheDialog();
     if (name == "option" || name == "expect option") return OptionNames();

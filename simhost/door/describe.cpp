@@ -191,6 +191,14 @@ std::string TextOf(const ProUIPoint& point) {
     return fmt::format("({}, {})", point.x, point.y);
 }
 
+std::string TextOf(const ProUnititem& unit) {
+    return fmt::format("{} of {}", TextIn(unit.name), Describe(unit.owner));
+}
+
+std::string TextOf(const ProUnitsystem& system) {
+    return fmt::format("{} of {}", TextIn(system.name), Describe(system.owner));
+}
+
 std::string PointText::Of(const double* point) {
     return point ? Numbers(point, 3) : "null";
 }
@@ -206,7 +214,11 @@ std::string JournalText<double (*)[3]>::Of(const double (*corners)[3]) {
 }
 
 int SizeOfArray(const void* array) {
-    return array ? TheHost().arrays.Size(const_cast<void*>(array)) : 0;
+    try {
+        return array ? TheHost().arrays.Size(const_cast<void*>(array)) : 0;
+    } catch (const Refusal&) {
+        return 0;  // the call has complained
+    }
 }
 
 std::string Describe(const NameOut& out) {

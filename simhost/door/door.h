@@ -36,8 +36,10 @@ inline void RefuseEndedOptionValue(const WideChar* value) {
 #define OUT(argument) #argument, ::simhost::NeededOut(argument)  // a place for a result, not null
 #define OUT_NAME(argument) #argument, ::simhost::NameOut{argument}
 #define OUT_POINT(argument) #argument, ::simhost::PointOut{argument}
-// Lists with their length: handed in; handed out; handed out as a host array, which knows its own.
+// Lists with their length: handed in; handed out; handed in and out as a host array, which knows
+// its own.
 #define LIST(list, count) #list, ::simhost::ListOf{list, count}
 #define OUT_LIST(list, count) #list, ::simhost::ListOut{list, count}
+#define ARRAY(list) #list, ::simhost::ArrayIn{list}
 #define OUT_ARRAY(list) #list, ::simhost::ListOut{list}
 // clang-format on

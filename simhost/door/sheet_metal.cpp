@@ -34,6 +34,7 @@ ProError ProSmtPartBendtableApply(ProSolid part, WideChar* name, ProBoolean from
             BendTable& present = model.partData.sheetMetal.table;
             if (fromFile) {
                 present = TableInItsFolder(wanted);
+                ConvertLengths(&present, /*from=*/1, LengthUnit(model));
                 model.modified = true;
             } else if (!SameName(present.name, wanted)) {
                 Refuse(PRO_TK_E_NOT_FOUND);

@@ -85,7 +85,8 @@ void PutMaterial(Model* part, Material material) {
 std::optional<double> MassOf(const Model& part) {
     const Material* material = MaterialOf(part);
     if (!material) return std::nullopt;
-    return material->KgPerMm3() * part.shape().volume;
+    const double unit = LengthUnit(part);
+    return material->KgPerMm3() * part.shape().volume * unit * unit * unit;
 }
 
 }  // namespace simhost

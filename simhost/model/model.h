@@ -19,6 +19,7 @@
 #include "simhost/model/relations.h"
 #include "simhost/model/sheet_metal.h"
 #include "simhost/model/simprep.h"
+#include "simhost/model/units.h"
 
 namespace simhost {
 
@@ -102,6 +103,7 @@ public:
     WideText folder;    // which it came from; empty: never on disk, and goes to the working folder
     bool modified = false;
 
+    ModelUnits units;  // see HasUnits
     PartData partData;
     AssemblyData assemblyData;
     ManufacturingData manufacturingData;
@@ -141,7 +143,7 @@ private:
     std::unordered_map<int, std::size_t> featureAt_;
     mutable std::shared_ptr<const PartShape> shape_;
     std::shared_ptr<const PartShape> surfacesOf_;  // the shape that has these surfaces
-    int lastFeatureId_ = 0;  // the highest that was ever given
+    int lastFeatureId_ = 0;                        // the highest that was ever given
     std::vector<std::unique_ptr<Surface>> surfaces_;
 };
 

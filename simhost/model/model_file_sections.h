@@ -47,5 +47,10 @@ extern const Section kBendTableSection;
 extern const Section kBendSection;
 extern const Section kFeatureSection;
 extern const Section kSimprepSection;
+extern const Section kUnitSystemSection;
+
+// The keys of [model] that are read and written with the systems of units.
+extern const char* const kUnitsKeys[2];
+void AddUnits(std::string* text, const Model& model);
 
 }  // namespace simhost

@@ -38,13 +38,17 @@ struct SkinFacet {
 };
 using Skin = std::vector<SkinFacet>;
 
+Vec3 Unit(Vec3 v) {
+    const double length = std::sqrt(Dot(v, v));
+    return length > 0 ? 1 / length * v : Vec3{0, 0, 1};
+}
+
 Vec3 NormalOf(const Points& corners) {
     Vec3 sum;
     for (std::size_t i = 0; i < corners.size(); ++i) {
         sum = sum + Cross(corners[i], corners[(i + 1) % corners.size()]);
     }
-    const double length = std::sqrt(Dot(sum, sum));
-    return length > 0 ? 1 / length * sum : Vec3{0, 0, 1};
+    return Unit(sum);
 }
 
 // Joins the facets of one solid, the last ones of the skin, along their edges.
@@ -109,7 +113,7 @@ bool IsDrawn(const Skin& skin, std::size_t f, std::size_t other, double z, doubl
 void AddPart(const Skin& skin, const Placement& placement, bool withHidden, Scene* scene) {
     std::vector<double> toViewer;
     for (const SkinFacet& facet : skin) {
-        const double z = placement.Direction(facet.normal).z;
+        const double z = Unit(placement.Direction(facet.normal)).z;
         toViewer.push_back(std::fabs(z) < kSteep ? 0 : z);
     }
     for (std::size_t f = 0; f < skin.size(); ++f) {

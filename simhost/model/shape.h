@@ -1,6 +1,6 @@
 // The one record of a part's shape: whatever makes a part (solids of its file, merges, groups) ends
-// here, and whoever asks about faces, edges, size or volume asks here. Lengths are millimetres in
-// the part's own coordinates.
+// here, and whoever asks about faces, edges, size or volume asks here. Lengths are in the part's
+// own unit and coordinates.
 #pragma once
 
 #include <vector>
@@ -18,7 +18,7 @@ struct ShapeFace {
     Vec3 origin;          // a point of the plane, or of the axis
     Vec3 axis;            // of length 1: out of the plane, or along the axis
     double radius = 0;    // of a cylinder; of a cone at the origin
-    double slope = 0;     // of a cone: what its radius gains with each millimetre along the axis
+    double slope = 0;     // of a cone: what its radius gains with each unit along the axis
     bool hollow = false;  // round faces: the wall of a bore, its solid lies outside
     Extents box;          // along the part's axes
 };
@@ -48,7 +48,7 @@ struct PartShape {
     std::vector<ShapeFace> faces;   // by body, in the order of their ids
     std::vector<ShapeEdge> edges;
     std::vector<Vec3> vertices;  // each once in each body; also the tips of cones
-    double volume = 0;           // mm³: the sum over the bodies, what they share counts twice
+    double volume = 0;           // the sum over the bodies, what they share counts twice
 };
 
 // An edge belongs to the one of its faces that has the higher id: its own id is ten times that
@@ -64,7 +64,7 @@ std::vector<SolidFace> FacetsOf(const ShapeBody& body, int fineness = 32);
 // round faces too.
 Extents ExtentsIn(const PartShape& shape, const Placement& frame);
 
-// mm³, from the sizes of the solid and not from its facets.
+// From the sizes of the solid and not from its facets.
 double VolumeOf(const Solid& solid);
 
 }  // namespace simhost

@@ -8,7 +8,8 @@
 
 namespace simhost {
 
-// The lengths of sheet that bends of 90 degrees take, by inner radius and thickness (mm).
+// The lengths of sheet that bends of 90 degrees take, by inner radius and thickness: in mm in the
+// table's file, in the part's own unit in a part.
 struct BendTable {
     WideText name;                  // that of its file, without extension; empty: no table
     std::string title;              // the designer's words for it (UTF-8)
@@ -18,14 +19,15 @@ struct BendTable {
 };
 
 struct Bend {
-    double radius = 0;  // the inner one, in mm
+    double radius = 0;  // the inner one
     double angle = 90;  // in degrees, by which the sheet is bent
 };
 
-// What only sheet metal has. The flat pieces of its profile have one bend between each two.
+// What only sheet metal has, in the part's unit of length. The flat pieces of its profile have one
+// bend between each two.
 struct SheetMetal {
-    double thickness = 0;       // in mm
-    std::vector<double> flats;  // lengths in mm
+    double thickness = 0;
+    std::vector<double> flats;
     std::vector<Bend> bends;
     BendTable table;
     double developed = 0;  // the length as it came out when the part was last brought up to date

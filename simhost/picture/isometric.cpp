@@ -235,6 +235,7 @@ Picture ScreenPicture(Model& model) {
     Placement view;
     double scale = 1;
     FrameOf(matrix, &view, &scale);
+    scale /= LengthUnit(top);
     view.origin = 1 / scale * Vec3{matrix[3][0], matrix[3][1], matrix[3][2]};
     Frame frame;
     frame.width = kScreenWidth + 2 * kRuler;

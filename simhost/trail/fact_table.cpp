@@ -8,6 +8,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/picture/isometric.h"
+#include "simhost/trail/words.h"
 #include "simhost/ui/text_frame.h"
 
 namespace simhost {
@@ -38,8 +39,12 @@ std::string FactOf(const Model& model, const std::string& fact) {
     const SheetMetal& sheet = model.partData.sheetMetal;
     if (fact == "bend table") return Utf8(sheet.table.name);
     if (fact == "developed length") {
-        return sheet.flats.empty() ? std::string() : fmt::format("{:.3f} mm", sheet.developed);
+        if (sheet.flats.empty()) return {};
+        return fmt::format("{:.3f} {}", sheet.developed, Utf8(LengthUnitName(model)));
     }
+    if (fact == "units") return HasUnits(model) ? Utf8(model.units.Principal().name) : "";
+    if (fact == "size") return SizeText(model);
+    if (fact == "first component") return FirstPlaceText(model);
     const Parameter* found = ShownParameter(model, Wide(fact));
     return found ? ValueText(*found) : std::string();
 }

@@ -49,6 +49,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"expect clipboard",   "剪贴板上的文字；或 none"},
     {"expect parameter",   "模型参数的值；或 none"},
     {"expect relations",   "模型的关系，各行之间为空格、/、空格；或 none"},
+    {"expect unit",        "模型的主单位制"},
     {"expect views",       "当前窗口的工程图有多少个视图"},
     {"expect option",      "主程序配置选项的值，多个值以 | 分隔；或 none"},
     {"expect material",    "零件的当前材料；或 none"},
@@ -77,7 +78,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"picture",            "把窗口的内容画到文件中"},
     {"picture screen",     "按屏幕上当前的视角画出，带标尺，供 pick box 使用"},
     {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、constraints、"
-                           "colours、parameters、relations、views、tables、options、materials、masses、bends、messages"},
+                           "colours、parameters、relations、units [模型]、outline [模型]、views、tables、options、materials、masses、bends、messages"},
     {"title",              "开始报告的一节"},
     {"remember",           "记下所有模型的颜色、关系、材料、密度、质量、折弯表、展开长度或参数，供列表用"},
     {"table",              "把记下的内容并排列出"},

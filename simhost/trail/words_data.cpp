@@ -112,10 +112,10 @@ void ExpectRelations(Trail& trail, const std::string& rest) {
 void ShowParameters(Trail& trail) {
     for (const Model* model : TheHost().session.All()) {
         for (const Parameter& one : model->parameters.all()) {
-            trail.Say(fmt::format("{} {} {} {}{}", Padded(model->FileName(), 28),
-                                  Padded(Utf8(one.name), 20),
-                                  Padded(ParameterTypeName(one.type), 8), ValueText(one),
-                                  WhyFixed(*model, one.name) ? " (locked)" : ""));
+            trail.Say(fmt::format(
+                "{} {} {} {}{}{}{}", Padded(model->FileName(), 28), Padded(Utf8(one.name), 20),
+                Padded(ParameterTypeName(one.type), 8), ValueText(one), one.unit.empty() ? "" : " ",
+                Utf8(one.unit), WhyFixed(*model, one.name) ? " (locked)" : ""));
         }
     }
 }

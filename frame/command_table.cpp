@@ -2,6 +2,7 @@
 #include "frame/command_table.h"
 
 #include "commands/commands.h"
+#include "construct/commands.h"
 #include "display/commands.h"
 #include "drawing/commands.h"
 #include "frame/access.h"
@@ -16,9 +17,9 @@
 constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxOpenDir">              (Command<VxOpenDir>,       AccessAlways),
     Row<"VxBackup">               (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"NewPart">                (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"NewAsm">                 (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"NewSmt">                 (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"NewPart">                (Command<NewPart>,         AccessAssemblyOrMfg),
+    Row<"NewAsm">                 (Command<NewAsm>,          AccessAssemblyOrMfg),
+    Row<"NewSmt">                 (Command<NewSmt>,          AccessAssemblyOrMfg),
     Row<"BatchColor">             (Command<BatchColor>,      AccessSolidOrMfg)
         .Help("Color_Help").Icon("RandomColor.png"),
     Row<"VxClearAllColor">        (Command<VxClearAllColor>, AccessSolidOrMfg),
@@ -26,7 +27,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxTransparent">          (Command<VxTransparent>,   AccessSolidOrMfg),
     Row<"SurfTransparent">        (Command<SurfTransparent>, AccessSolidOrMfg),
     Row<"BoxSel">                 (Command<BoxSel>,          AccessAssemblyOrMfg),
-    Row<"SetMat">                 (Command<SetMat>,         AccessSolid),
+    Row<"SetMat">                 (Command<SetMat>,          AccessSolid),
     Row<"SetBendTable">           (Command<SetBendTable>,   AccessSolid),
     Row<"SameScale">              (NotBuilt,                 AccessDrawing),
     Row<"VxIsolate">              (Command<VxIsolate>,       AccessAssemblyOrMfg),
@@ -36,8 +37,8 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxParams">               (Command<VxParams>,        AccessAssemblyOrMfg),
     Row<"VxRelations">            (Command<VxRelations>,     AccessAssemblyOrMfg),
     Row<"SetUnit">                (Command<SetUnit>,         AccessSolid),
-    Row<"CloneComp">              (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"CloneAndReplace">        (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"CloneComp">              (Command<CloneComp>,       AccessAssemblyOrMfg),
+    Row<"CloneAndReplace">        (Command<CloneAndReplace>, AccessAssemblyOrMfg),
     Row<"VxMerge">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxMergeTo">              (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"TweViews">               (Command<TweViews>,        AccessSolidOrMfg),

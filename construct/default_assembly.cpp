@@ -1,44 +1,10 @@
 // A constraint of coordinate system onto coordinate system, from the first of each side.
 #include "construct/default_assembly.h"
 
+#include "construct/single_constraint.h"
 #include "frame/services.h"
 
 namespace {
-
-// The constraint while it is put together; freed at the end, for the assembly gets a copy.
-class CsysConstraint {
-public:
-    CsysConstraint() {
-        list_.Allocate();
-        ProAsmcompconstraintAlloc(&constraint_);
-        if (constraint_) ProAsmcompconstraintTypeSet(constraint_, PRO_ASM_CSYS);
-    }
-    ~CsysConstraint() {
-        list_.Free();
-        if (constraint_) ProAsmcompconstraintFree(constraint_);
-    }
-    CsysConstraint(const CsysConstraint&) = delete;
-    CsysConstraint& operator=(const CsysConstraint&) = delete;
-
-    void Between(ProSelection inAssembly, ProSelection inModel) {
-        if (!constraint_) return;
-        if (inAssembly) {
-            ProAsmcompconstraintAsmreferenceSet(constraint_, inAssembly, PRO_DATUM_SIDE_YELLOW);
-        }
-        if (inModel) {
-            ProAsmcompconstraintCompreferenceSet(constraint_, inModel, PRO_DATUM_SIDE_YELLOW);
-        }
-    }
-    void GiveTo(ProAsmcomp* component) {
-        if (!list_ || !constraint_) return;
-        AppendTo(list_.Place(), &constraint_);
-        ProAsmcompConstraintsSet(nullptr, component, list_.data());
-    }
-
-private:
-    HostArray<ProAsmcompconstraint> list_;
-    ProAsmcompconstraint constraint_ = nullptr;
-};
 
 ProError Collect(ProCsys csys, ProError, ProAppData place) {
     return AppendTo(place, &csys);
@@ -69,7 +35,7 @@ ProSelection SelectionInAssembly(ProMdl assembly, ProCsys csys) {
 
 LacksCsys DefaultAssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* component,
                                 const WideText& noneInAssembly, const WideText& noneInModel) {
-    CsysConstraint constraint;
+    SingleConstraint constraint(PRO_ASM_CSYS);
     HostArray<ProCsys> ofAssembly;
     HostArray<ProCsys> ofModel;
     ofAssembly.Allocate();

@@ -48,7 +48,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxExSat">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxBom">                  (Command<VxBom>,           AccessAssemblyOrMfg),
     Row<"VxRename">               (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"VxRemoveCons">           (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxRemoveCons">           (Command<VxRemoveCons>,    AccessAssemblyOrMfg),
     Row<"VxExport">               (NotBuilt,                 AccessAlways),
     Row<"VxMdlCount">             (Command<VxMdlCount>,      AccessAssemblyOrMfg),
     Row<"VxNewDrw">               (NotBuilt,                 AccessAssemblyOrMfg),

@@ -13,10 +13,7 @@ public:
         ProAsmcompconstraintAlloc(&constraint_);
         if (constraint_) ProAsmcompconstraintTypeSet(constraint_, PRO_ASM_CSYS);
     }
-    ~CsysConstraint() {
-        list_.Free();
-        if (constraint_) ProAsmcompconstraintFree(constraint_);
-    }
+    ~CsysConstraint() { Free(); }
     CsysConstraint(const CsysConstraint&) = delete;
     CsysConstraint& operator=(const CsysConstraint&) = delete;
 
@@ -33,6 +30,12 @@ public:
         if (!list_ || !constraint_) return;
         AppendTo(list_.Place(), &constraint_);
         ProAsmcompConstraintsSet(nullptr, component, list_.data());
+    }
+
+    void Free() {
+        list_.Free();
+        if (constraint_) ProAsmcompconstraintFree(constraint_);
+        constraint_ = nullptr;
     }
 
 private:
@@ -94,6 +97,7 @@ LacksCsys DefaultAssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* compo
     constraint.GiveTo(component);
     if (above) ProSelectionFree(&above);
     if (below) ProSelectionFree(&below);
+    constraint.Free();
     ProTreetoolRefresh(assembly);
     return LacksCsys::Neither;
 }

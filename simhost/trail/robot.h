@@ -6,9 +6,9 @@
 
 namespace simhost {
 
-// Answers every box with OK, leaves every prompt, picks the first item on the screen that may be
-// picked, and presses each push-button of a dialog once:
-// those that seem to end it last. A dialog that is still open then is closed, and left by a button
+// Answers every box with OK, types a new name at each prompt and leaves every fourth one, picks the
+// first item on the screen that may be picked, and presses each push-button of a dialog once: those
+// that seem to end it last. A dialog that is still open then is closed, and left by a button
 // if that does not end it.
 class RobotUser : public User {
 public:
@@ -17,6 +17,9 @@ public:
     std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                          const WideText& byDefault) override;
     void Pick(Picking& picking) override;
+
+private:
+    int prompts_ = 0;
 };
 
 // Presses the buttons that seem to end a dialog (OK, Close, Cancel) until one does; its name, or

@@ -16,6 +16,7 @@
 #include "bench/growth.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
+#include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
@@ -197,6 +198,17 @@ void SelectParts(Session* session, std::size_t count, bool same) {
     session->selections.SetBuffer(std::move(picks));
 }
 
+// Parts in memory whose names are in the way of NewPart, and its template.
+void TakeNames(Session* session, int count) {
+    for (int i = 1; i <= count; ++i) {
+        session->Create(Wide("LARGE-" + std::to_string(i)), PRO_MDL_PART);
+    }
+    Feature csys;
+    csys.type = PRO_FEAT_CSYS;
+    session->Create(WIDE("TEMPLATE"), PRO_MDL_PART).AddFeature(csys);
+    TheHost().configOptions[WIDE("template_solidpart")] = {WIDE("C:\\Work\\template.prt")};
+}
+
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
     WorkplaceOptions options;
     options.installed = VX_SOURCE_DIR;
@@ -205,7 +217,8 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     constexpr int kLevels = 5;
     constexpr int kFew = 1'000;
     const bool picksOnly = job == "IsolatePicks";  // it is they that grow, not the assembly
-    const int components = picksOnly ? kFew : occurrences;
+    const bool namesOnly = job == "FreeNames";
+    const int components = picksOnly || namesOnly ? kFew : occurrences;
     const int models = std::max(components / 50, 2 * kLevels);
     GenerateAssembly(workplace.Real(WIDE("C:\\Work")), components, models, kLevels, 1);
     if (workplace.StartPlugin() != 0) return 1;
@@ -215,6 +228,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     constexpr std::size_t kPicks = 100;
     if (job == "VxIsolate") SelectParts(&session, kPicks, /*same=*/false);
     if (picksOnly) SelectParts(&session, std::size_t(occurrences), /*same=*/true);
+    if (namesOnly) TakeNames(&session, occurrences);
     Figures figures;
     if (job == "BomFlat" || job == "BomLevels") {
         figures = LoadBom(job == "BomFlat" ? "SumBom" : "LevelBom");
@@ -223,7 +237,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
             if (job == "walk") {
                 Walk(modules / "walk_module.so");
             } else {
-                Do(picksOnly ? "VxIsolate" : job);
+                Do(picksOnly ? "VxIsolate" : namesOnly ? "NewPart" : job);
             }
         });
     }

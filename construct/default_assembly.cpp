@@ -60,6 +60,7 @@ LacksCsys DefaultAssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* compo
     constraint.GiveTo(component);
     if (above) ProSelectionFree(&above);
     if (below) ProSelectionFree(&below);
+    constraint.Free();
     ProTreetoolRefresh(assembly);
     return LacksCsys::Neither;
 }

@@ -200,6 +200,13 @@ Model& Session::Copy(const Model& source, WideView name) {
         Erase(copy);
         throw;
     }
+    // What an instance shows of its generic becomes its own.
+    if (source.family.generic) {
+        for (const Parameter& one : source.family.generic->parameters.all()) {
+            const Parameter* shown = ShownParameter(source, one.name);
+            if (shown && !copy.parameters.Find(one.name)) copy.parameters.Set(*shown);
+        }
+    }
     copy.readOnly = false;
     copy.modified = true;
     copy.family.genericFile.clear();

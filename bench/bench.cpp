@@ -114,6 +114,8 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Input `VxParams` `InputKeyWords2` `unit`\n"
      "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
     {"VxMdlCount", "~ Command `VxMdlCount`\n@ ok"},
+    {"SetMat", "~ Command `SetMat`\n@ answer C:\\Files\\steel.mtl\n@ ok"},
+    {"SetBendTable", "~ Command `SetBendTable`\n@ answer C:\\Files\\soft.bnd\n@ ok"},
     {"TweViews",
      "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
      "~ Activate `TweViews` `ApplyBt`"},
@@ -194,6 +196,18 @@ void SelectParts(Session* session, std::size_t count, bool same) {
     session->selections.SetBuffer(std::move(picks));
 }
 
+// A folder with what SetMat and SetBendTable ask for; all parts are of sheet metal.
+void PrepareFiles(const Workplace& workplace, Session* session) {
+    const fs::path folder = workplace.Real(WIDE("C:\\Files"));
+    fs::create_directories(folder);
+    WriteFile(folder / "steel.mtl", "[material]\ndensity = 7850\ndensity_unit = \"kg/m^3\"\n");
+    WriteFile(folder / "soft.bnd",
+              "[bend_table]\nthickness = [2]\nradius = [2]\nlength = [[4.42]]\n");
+    for (Model* model : session->All()) {
+        if (model->type == PRO_MDL_PART) model->subtype = PROMDLSTYPE_PART_SHEETMETAL;
+    }
+}
+
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
     WorkplaceOptions options;
     options.installed = VX_SOURCE_DIR;
@@ -208,6 +222,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
+    if (job == "SetMat" || job == "SetBendTable") PrepareFiles(workplace, &session);
     if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
     constexpr std::size_t kPicks = 100;
     if (job == "VxIsolate") SelectParts(&session, kPicks, /*same=*/false);

@@ -187,7 +187,7 @@ TEST_F(SetBendTableCommand, OfAPickedAssemblyEachUseIsDoneAnew) {
 
 TEST_F(SetBendTableCommand, OtherItemsThatArePickedArePassedOver) {
     Open(*top_);
-    Play("@ select s/feature#1, p#11");
+    Play("@ select s#12, p#11");
     Record();
     SetTable(kBendTableDone);
     Recorded();

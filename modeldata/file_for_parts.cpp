@@ -23,22 +23,21 @@ std::optional<ChosenFile> ChooseFile(const WideChar* title, const WideChar* filt
     return ChosenFile{TextIn(folder), TextIn(name)};
 }
 
-ProError CollectOrTell(ProMdl assembly, ProFeatureVisitAction visitor, const WalkTexts& texts,
-                       ComponentArray* components, int* size) {
-    const ProError allocated = components->Allocate();
-    if (allocated != PRO_TK_NO_ERROR) {
+int CollectOrTell(ProMdl assembly, ProFeatureVisitAction visitor, const WalkTexts& texts,
+                  ComponentArray* components) {
+    if (components->Allocate() != PRO_TK_NO_ERROR) {
         ShowPlainError(WIDE("ProArray Alloc error"));
-        return allocated;
+        return 0;
     }
     const ProError visited = ProSolidFeatVisit(static_cast<ProSolid>(assembly), visitor,
                                                ComponentFilter, components->Place());
     if (visited != PRO_TK_NO_ERROR) {
         ShowPlainError(texts.failed);
-        return visited;
+        return 0;
     }
-    *size = components->Size();
-    if (*size == 0) ShowPlainError(texts.empty);
-    return PRO_TK_NO_ERROR;
+    const int size = components->Size();
+    if (size == 0) ShowPlainError(texts.empty);
+    return size;
 }
 
 bool ForEachPicked(const HostArray<ProSelection>& selections,

@@ -29,10 +29,10 @@ struct WalkTexts {
     const WideChar *failed, *empty;
 };
 
-// The components below an assembly, with their number; where there are none, that was told. The
-// status is that of what failed.
-ProError CollectOrTell(ProMdl assembly, ProFeatureVisitAction visitor, const WalkTexts& texts,
-                       ComponentArray* components, int* size);
+// Collects the components below an assembly; their number. 0: something failed or there are none,
+// and the user was told which.
+int CollectOrTell(ProMdl assembly, ProFeatureVisitAction visitor, const WalkTexts& texts,
+                  ComponentArray* components);
 
 // Does what is to be done with each picked part and assembly, in the order of picking; passes over
 // whatever else is picked. False as soon as `assembly` says so.

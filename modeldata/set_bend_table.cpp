@@ -26,10 +26,8 @@ void ApplyIfSheetMetal(ProMdl part, const WideText& table) {
 // To each use of a part below a picked assembly. False: the command has ended, and that was told.
 bool ApplyBendTableToUses(ProMdl assembly, const WideText& table) {
     ComponentArray components;
-    int size = 0;
-    const ProError status =
-        CollectOrTell(assembly, VisitSheetMetalComponents, kSheetMetal, &components, &size);
-    if (status != PRO_TK_NO_ERROR || size == 0) return false;
+    const int size = CollectOrTell(assembly, VisitSheetMetalComponents, kSheetMetal, &components);
+    if (size == 0) return false;
     for (int i = 0; i < size; ++i) {
         ProMdl model = nullptr;
         ProAsmcompMdlGet(&components.data()[i], &model);
@@ -39,13 +37,11 @@ bool ApplyBendTableToUses(ProMdl assembly, const WideText& table) {
 }
 
 // To each part below an assembly once, and below what the walk counts as sheet metal without being
-// a part. Whatever is told here ends no command.
-ProError ApplyBendTableBelow(ProMdl assembly, const WideText& table) {
+// a part. Whatever is told here ends no command, so that nobody asks how it went.
+void ApplyBendTableBelow(ProMdl assembly, const WideText& table) {
     ComponentArray components;
-    int size = 0;
-    const ProError status =
-        CollectOrTell(assembly, VisitSheetMetalComponents, kSheetMetalBelow, &components, &size);
-    if (status != PRO_TK_NO_ERROR || size == 0) return status;
+    const int size =
+        CollectOrTell(assembly, VisitSheetMetalComponents, kSheetMetalBelow, &components);
     for (const ProMdl model : ModelsOf(components, size)) {
         const ProMdlType type = TypeOf(model);
         const ProMdlsubtype subtype = SubtypeOf(model);
@@ -54,7 +50,6 @@ ProError ApplyBendTableBelow(ProMdl assembly, const WideText& table) {
         }
         if (type == PRO_MDL_ASSEMBLY) ApplyBendTableBelow(model, table);
     }
-    return PRO_TK_NO_ERROR;
 }
 
 bool ApplyBendTableInAssembly(ProMdl top, const WideText& table) {

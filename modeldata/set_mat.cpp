@@ -24,10 +24,8 @@ void ApplyMaterial(ProMdl part, const WideText& name) {
 // was told.
 bool ApplyMaterialBelow(ProMdl assembly, const WideText& name) {
     ComponentArray components;
-    int size = 0;
-    const ProError status =
-        CollectOrTell(assembly, VisitPartComponents, kParts, &components, &size);
-    if (status != PRO_TK_NO_ERROR || size == 0) return false;
+    const int size = CollectOrTell(assembly, VisitPartComponents, kParts, &components);
+    if (size == 0) return false;
     for (int i = 0; i < size; ++i) {
         ProMdl model = nullptr;
         ProAsmcompMdlGet(&components.data()[i], &model);

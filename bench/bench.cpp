@@ -118,6 +118,8 @@ constexpr DialogJob kDialogJobs[] = {
     {"SetUnit",
      "~ Command `SetUnit`\n~ Select `SetUnit` `UnitRadio` 1 `IPS`\n"
      "~ Activate `SetUnit` `ApplyBt`\n@ ok\n~ Activate `SetUnit` `Close`"},
+    {"SetMat", "~ Command `SetMat`\n@ answer C:\\Files\\steel.mtl\n@ ok"},
+    {"SetBendTable", "~ Command `SetBendTable`\n@ answer C:\\Files\\soft.bnd\n@ ok"},
     {"TweViews",
      "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
      "~ Activate `TweViews` `ApplyBt`"},
@@ -209,6 +211,18 @@ void TakeNames(Session* session, int count) {
     TheHost().configOptions[WIDE("template_solidpart")] = {WIDE("C:\\Work\\template.prt")};
 }
 
+// A folder with what SetMat and SetBendTable ask for; all parts are of sheet metal.
+void PrepareFiles(const Workplace& workplace, Session* session) {
+    const fs::path folder = workplace.Real(WIDE("C:\\Files"));
+    fs::create_directories(folder);
+    WriteFile(folder / "steel.mtl", "[material]\ndensity = 7850\ndensity_unit = \"kg/m^3\"\n");
+    WriteFile(folder / "soft.bnd",
+              "[bend_table]\nthickness = [2]\nradius = [2]\nlength = [[4.42]]\n");
+    for (Model* model : session->All()) {
+        if (model->type == PRO_MDL_PART) model->subtype = PROMDLSTYPE_PART_SHEETMETAL;
+    }
+}
+
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
     WorkplaceOptions options;
     options.installed = VX_SOURCE_DIR;
@@ -224,6 +238,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
+    if (job == "SetMat" || job == "SetBendTable") PrepareFiles(workplace, &session);
     if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
     constexpr std::size_t kPicks = 100;
     if (job == "VxIsolate") SelectParts(&session, kPicks, /*same=*/false);

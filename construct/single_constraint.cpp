@@ -7,8 +7,7 @@ SingleConstraint::SingleConstraint(ProAsmcompConstrType type) {
 }
 
 SingleConstraint::~SingleConstraint() {
-    list_.Free();
-    if (constraint_) ProAsmcompconstraintFree(constraint_);
+    Free();
 }
 
 void SingleConstraint::Between(ProSelection inAssembly, ProSelection inModel) {
@@ -25,4 +24,10 @@ void SingleConstraint::GiveTo(ProAsmcomp* component) {
     if (!list_ || !constraint_) return;
     AppendTo(list_.Place(), &constraint_);
     ProAsmcompConstraintsSet(nullptr, component, list_.data());
+}
+
+void SingleConstraint::Free() {
+    list_.Free();
+    if (constraint_) ProAsmcompconstraintFree(constraint_);
+    constraint_ = nullptr;
 }

@@ -15,6 +15,8 @@ public:
     void Between(ProSelection inAssembly, ProSelection inModel);
     // In the place of all constraints that the component has.
     void GiveTo(ProAsmcomp* component);
+    // Frees it now instead of at the end.
+    void Free();
 
 private:
     HostArray<ProAsmcompconstraint> list_;

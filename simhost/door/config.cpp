@@ -34,6 +34,15 @@ ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
         GIVEN(option), OUT_ARRAY(values));
 }
 
+ProError ProConfigoptSet(WideChar* option, WideChar* value) {
+    return Op<"ProConfigoptSet">.Call(
+        [&] {
+            if (*option == 0) Refuse(PRO_TK_BAD_INPUTS);
+            TheHost().configOptions[Lower(WideView(option))] = {value};
+        },
+        GIVEN(option), GIVEN(value));
+}
+
 ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
                      ProFileName proposed, ProPath path) {
     return Op<"ProFileOpen">.Call(

@@ -130,6 +130,22 @@ void SetOption(Trail& trail, const std::string& rest) {
     }
 }
 
+void ExpectOption(Trail& trail, const std::string& rest) {
+    std::string left = rest;
+    const std::string name = TakeWord(&left);
+    const TextArgument expected = ParseText(left);
+    const ConfigOptions& options = TheHost().configOptions;
+    const auto found = options.find(Wide(Lower(name)));
+    const bool isSet = found != options.end() && !found->second.empty();
+    const bool none = !expected.quoted && expected.text == "none";
+    if (!isSet && !none) return trail.Fail(fmt::format("the option {} is not set", name));
+    if (!isSet) return;
+    const std::string value = Utf8(found->second.front());
+    if (none || value != expected.text) {
+        trail.Fail(fmt::format("the option {} is {}", name, Visible(Wide(value))));
+    }
+}
+
 void ShowParameters(Trail& trail) {
     for (const Model* model : TheHost().session.All()) {
         for (const Parameter& one : model->parameters.all()) {

@@ -21,6 +21,7 @@
 #include "hostapi/host/command.h"
 #include "hostapi/host/component_path.h"
 #include "hostapi/host/config.h"
+#include "hostapi/host/csys.h"
 #include "hostapi/host/dialog.h"
 #include "hostapi/host/dialog_checkbutton.h"
 #include "hostapi/host/dialog_drawingarea.h"

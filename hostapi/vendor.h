@@ -12,6 +12,7 @@
 #include <ProArray.h>
 #include <ProAsmcomp.h>
 #include <ProAsmcomppath.h>
+#include <ProCsys.h>
 #include <ProDrawing.h>
 #include <ProDrawingView.h>
 #include <ProFaminstance.h>

@@ -24,7 +24,10 @@ Host& TheHost() {
 Host::Host() {
     ServeHost(&forWindows_);
     Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
-    arrays.ending = [this](const void* array) { session.selections.ArrayFreed(array); };
+    arrays.ending = [this](const void* array) {
+        session.selections.ArrayFreed(array);
+        session.constraints.ArrayFreed(array);
+    };
     session.tell = [this](const std::string& line) { Tell(line); };
     session.savesInWorkingFolder = [this] {
         const auto option = configOptions.find(WIDE("override_store_back"));

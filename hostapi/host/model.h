@@ -21,6 +21,12 @@ typedef enum : int {
 // The model of the current window. PRO_TK_BAD_CONTEXT: there is none.
 HOST_API ProError ProMdlCurrentGet(ProMdl* model);
 
+// The model that is worked on in the current window: a component that the user has activated, else
+// the window's own. PRO_TK_BAD_CONTEXT: no model is open.
+// Assumed (behaviour, 80 %): an activated component is the active model, and the window's own stays
+//   the current one
+HOST_API ProError ProMdlActiveGet(ProMdl* model);
+
 // The kind of a model as text: "PRT", "ASM", "DRW" and so on.
 #define PRO_TYPE_SIZE 4
 // Assumed (record, 25 %): name, kind as text and origin, of which name, kind, device and path are
@@ -41,6 +47,21 @@ HOST_API ProError ProMdlDataGet(ProMdl model, ProMdldata* data);
 // PRO_TK_E_NOT_FOUND: there is none.
 // Assumed (length, 40 %): as ProMdlNameGet
 HOST_API ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model);
+
+// The model of a file, by its full path, with or without a version at its end; what lies below it
+// is looked for beside it, and then in the working folder, which stays as it is. A model of that
+// name that is in memory is taken as it is there. `askUser`: lets the user choose a representation.
+// PRO_TK_E_NOT_FOUND: no such file. PRO_TK_INVALID_TYPE: the file is of another type.
+// PRO_TK_INVALID_FILE: it cannot be read.
+// Assumed (parameters, 70 %): in the order path, type, flag, model
+HOST_API ProError ProMdlLoad(ProPath path, ProMdlType type, ProBoolean askUser, ProMdl* model);
+
+// Makes a copy of a model in memory under a new name of 1 to 32 characters. It belongs to the
+// working folder, and is on no disk before it is saved; an assembly's copy has the same components.
+// PRO_TK_E_FOUND: a model of its type has the name, in memory or in the working folder.
+// PRO_TK_BAD_INPUTS: a name that no model can have.
+// Assumed (length, 40 %): as ProMdlNameGet
+HOST_API ProError ProMdlCopy(ProMdl model, WideChar* name, ProMdl* copy);
 
 // Gives the model another name, of 1 to 32 characters: in memory, in whatever refers to it there,
 // and for all versions of its file in the folder that it came from, which keep their numbers. What

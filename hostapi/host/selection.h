@@ -23,6 +23,15 @@ HOST_API ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem*
 // of an item of the top model a path without components.
 HOST_API ProError ProSelectionAsmcomppathGet(ProSelection selection, ProAsmcomppath* path);
 
+// A selection of an item without the user, who sees nothing of it; below the top of `path`, or of a
+// model by itself where that is null. The caller frees it.
+// PRO_TK_BAD_INPUTS: the path leads to another model than the item's, or there is no such item.
+HOST_API ProError ProSelectionAlloc(ProAsmcomppath* path, ProModelitem* item,
+                                    ProSelection* selection);
+
+// Frees a selection of ProSelectionAlloc and sets the variable to null.
+HOST_API ProError ProSelectionFree(ProSelection* selection);
+
 // How a pick is to be made: pairs of an attribute and its value.
 // Assumed (codes, 60 %): which attributes the numbers name
 typedef enum : int {

@@ -20,6 +20,10 @@ HOST_API ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action
 HOST_API ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
                                        ProSurfaceFilterAction filter, ProAppData data);
 
+// Brings a part, an assembly or a manufacturing model up to date, with all that lies below: what
+// hangs on something that has moved, moves along. `flags`: 0, nothing special.
+HOST_API ProError ProSolidRegenerate(ProSolid solid, int flags);
+
 // The item (kind PRO_SURFACE, id, owner) of a surface of this part.
 HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item);
 

@@ -96,6 +96,7 @@ typedef ProSolid ProAssembly;
 typedef ProSolid ProPart;
 typedef ProSolid ProMfg;  // a manufacturing model
 typedef struct VxHostSurface* ProSurface;
+typedef struct VxHostCsys* ProCsys;  // a coordinate system
 typedef struct VxHostSelection* ProSelection;
 typedef void* Prohandle;  // an object of the older database calls
 

@@ -158,6 +158,9 @@ std::vector<std::string> ArrayLedger::LoansHeld() const {
         held.push_back(
             fmt::format("{}, {}: a record of {} bytes", loan.holder, loan.origin, loan.size));
     }
+    for (const auto& [address, handle] : handles_) {
+        held.push_back(fmt::format("{}, {}: a handle", handle.holder, handle.origin));
+    }
     return held;
 }
 
@@ -205,6 +208,7 @@ void ArrayLedger::FreeAll() {
     }
     live_.clear();
     loans_.clear();
+    handles_.clear();
 }
 
 }  // namespace simhost

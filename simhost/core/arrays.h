@@ -76,6 +76,12 @@ public:
     // Whether the address lies in one of the records that were given back last.
     bool WasTakenBack(const void* address) const;
 
+    // A handle that the caller has to give back by its own call, and its end.
+    void NoteHandle(const void* handle, std::string origin) {
+        handles_[handle] = {holder, std::move(origin)};
+    }
+    void ForgetHandle(const void* handle) { handles_.erase(handle); }
+
     // On whose behalf arrays are made now: "command BatchColor", "popup access".
     std::string holder;
 
@@ -102,7 +108,11 @@ private:
     };
     void NoteLoan(std::shared_ptr<void> memory, std::size_t size, std::string origin);
     std::vector<std::string> LoansHeld() const;
+    struct HeldHandle {
+        std::string holder, origin;
+    };
     std::map<const void*, Loan> loans_;
+    std::map<const void*, HeldHandle> handles_;
     std::deque<Range> takenBack_;
     struct Header;
     Header* Require(ProArray array) const;

@@ -18,6 +18,8 @@ enum class HandleKind : std::uint8_t {
     View = 0x26,
     SelectionEnvironment = 0x27,
     SimprepData = 0x28,
+    Csys = 0x29,
+    Constraint = 0x2a,
 };
 
 inline HandleKind KindOf(const void* handle) {

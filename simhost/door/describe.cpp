@@ -8,6 +8,8 @@
 #include "simhost/core/handles.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/constraints.h"
+#include "simhost/model/csys.h"
 #include "simhost/model/drawing.h"
 
 namespace simhost {
@@ -20,6 +22,20 @@ std::string DescribeSelection(const Selection& selection) {
     for (const int id : selection.path) path += (path.empty() ? "" : ", ") + Describe(id);
     return fmt::format("selection of {} at {} [{}]", TextOf(selection.item),
                        Describe(selection.top->handle), path);
+}
+
+// "constraint csys, assembly selection of …, side 1, component selection of …, side 1".
+std::string DescribeConstraint(const ConstraintDraft& draft) {
+    std::string text = "constraint";
+    if (draft.type) text += std::string(" ") + ConstraintTypeName(*draft.type);
+    const auto add = [&](const char* what, const std::optional<ConstraintDraft::Reference>& one) {
+        if (!one) return;
+        text += fmt::format(", {} {}, side {}", what, DescribeSelection(one->selection),
+                            int(one->side));
+    };
+    add("assembly", draft.assembly);
+    add("component", draft.component);
+    return text;
 }
 
 std::string DescribeHandle(const void* handle) {
@@ -55,6 +71,18 @@ std::string DescribeHandle(const void* handle) {
                 return "data of " + InQuotes(Utf8(data->name));
             }
             return "dangling data";
+        case HandleKind::Csys:
+            if (const Csys* csys = session.csyses.Find(handle)) {
+                return fmt::format("csys {} of {}",
+                                   CsysIdOf(*csys->model->FindFeature(csys->feature)),
+                                   csys->model->FileName());
+            }
+            return "dangling csys";
+        case HandleKind::Constraint:
+            if (const ConstraintDraft* draft = session.constraints.Find(handle)) {
+                return DescribeConstraint(*draft);
+            }
+            return "dangling constraint";
         case HandleKind::View: return DescribeView(handle);
         case HandleKind::Command: return TheHost().commands.Describe(handle);
     }

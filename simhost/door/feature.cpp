@@ -1,10 +1,30 @@
-// Features and components at the door.
+// Features at the door.
 #include "hostapi/host/feature.h"
 
-#include "hostapi/host/assembly.h"
 #include "simhost/door/door.h"
 
 using namespace simhost;
+
+ProError ProFeatureInit(ProSolid solid, int id, ProFeature* feature) {
+    return Op<"ProFeatureInit">.Call(
+        [&] {
+            Model& model = TheHost().session.RequireSolid(solid);
+            if (!model.FindFeature(id)) Refuse(PRO_TK_E_NOT_FOUND);
+            *feature = {PRO_FEATURE, id, model.handle};
+        },
+        ARG(solid), ARG(id), OUT(feature));
+}
+
+ProError ProFeatureParentsGet(ProFeature* feature, int** parents, int* count) {
+    Operation& op = Op<"ProFeatureParentsGet">;
+    return op.Call(
+        [&] {
+            const std::vector<int>& found = TheHost().session.RequireFeature(feature).parents;
+            *parents = found.empty() ? nullptr : TheHost().arrays.Make(found, op.name());
+            *count = int(found.size());
+        },
+        ARG(feature), OUT_LIST(parents, count), OUT(count));
+}
 
 ProError ProFeatureTypeGet(ProFeature* feature, ProFeattype* type) {
     return Op<"ProFeatureTypeGet">.Call(
@@ -37,16 +57,4 @@ ProError ProFeatureVisibilityGet(ProFeature* feature, ProBoolean* visible) {
             *visible = shown ? PRO_B_TRUE : PRO_B_FALSE;
         },
         ARG(feature), OUT(visible));
-}
-
-ProError ProAsmcompMdlGet(ProAsmcomp* component, ProMdl* model) {
-    return Op<"ProAsmcompMdlGet">.Call(
-        [&] {
-            const Feature& feature = TheHost().session.RequireFeature(component);
-            // Some features of an assembly are no components.
-            if (feature.file.empty() && !feature.model) Refuse(PRO_TK_BAD_INPUTS);
-            if (!feature.model) Refuse(PRO_TK_E_NOT_FOUND);
-            *model = feature.model->handle;
-        },
-        ARG(component), OUT(model));
 }

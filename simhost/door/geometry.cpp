@@ -5,6 +5,7 @@
 
 #include "hostapi/host/component_path.h"
 #include "simhost/door/door.h"
+#include "simhost/model/frames.h"
 
 using namespace simhost;
 
@@ -33,16 +34,6 @@ void Fill(const Placement& placement, ProMatrix matrix) {
         matrix[row][2] = v.z;
         matrix[row][3] = row < 3 ? 0 : 1;
     }
-}
-
-// The other way round: the axes are at right angles, so the transpose turns back.
-Placement Inverse(const Placement& p) {
-    Placement inverse;
-    inverse.axes = {Vec3{p.axes[0].x, p.axes[1].x, p.axes[2].x},
-                    Vec3{p.axes[0].y, p.axes[1].y, p.axes[2].y},
-                    Vec3{p.axes[0].z, p.axes[1].z, p.axes[2].z}};
-    inverse.origin = -1 * inverse.Direction(p.origin);
-    return inverse;
 }
 
 // A surface's data as it is handed out, in one piece.

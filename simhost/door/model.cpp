@@ -1,22 +1,15 @@
 // Models at the door.
 #include "hostapi/host/model.h"
 
-#include <algorithm>
-
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
+#include "simhost/door/name_record.h"
 #include "simhost/model/model_file.h"
+#include "simhost/model/model_folder.h"
 
 using namespace simhost;
 
 namespace {
-
-// A name of 32 characters leaves no room for a terminator in its record.
-void PutName(WideView name, ProName record) {
-    const std::size_t length = std::min<std::size_t>(name.size(), PRO_NAME_SIZE);
-    std::copy_n(name.begin(), length, record);
-    if (length < PRO_NAME_SIZE) record[length] = 0;
-}
 
 // The drive of a Windows path, and the rest of it with a separator at its end.
 void PutFolder(WideView folder, ProMdldata* data) {
@@ -47,6 +40,16 @@ ProError ProMdlCurrentGet(ProMdl* model) {
             const Model* current = TheHost().session.CurrentModel();
             if (!current) Refuse(PRO_TK_BAD_CONTEXT);
             *model = current->handle;
+        },
+        OUT(model));
+}
+
+ProError ProMdlActiveGet(ProMdl* model) {
+    return Op<"ProMdlActiveGet">.Call(
+        [&] {
+            const Model* active = TheHost().session.ActiveModel();
+            if (!active) Refuse(PRO_TK_BAD_CONTEXT);
+            *model = active->handle;
         },
         OUT(model));
 }
@@ -91,6 +94,34 @@ ProError ProMdlRetrieve(WideChar* name, ProMdlType type, ProMdl* model) {
             });
         },
         GIVEN(name), ARG(type), OUT(model));
+}
+
+ProError ProMdlLoad(ProPath path, ProMdlType type, ProBoolean askUser, ProMdl* model) {
+    return Op<"ProMdlLoad">.Call(
+        [&] {
+            std::string file;
+            SplitVersion(Utf8(path), &file);
+            const std::size_t dot = file.rfind('.');
+            const bool typed =
+                dot != std::string::npos && TypeOfSuffix(file.substr(dot + 1)) == type;
+            if (!typed) Refuse(PRO_TK_INVALID_TYPE);
+            OnDisk(PRO_TK_INVALID_FILE, [&] {
+                const Model* found = TheHost().session.RetrievePath(path);
+                if (!found) Refuse(PRO_TK_E_NOT_FOUND);
+                *model = found->handle;
+            });
+        },
+        GIVEN(path), ARG(type), ARG(askUser), OUT(model));
+}
+
+ProError ProMdlCopy(ProMdl model, WideChar* name, ProMdl* copy) {
+    return Op<"ProMdlCopy">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            const Model& source = session.Require(model);
+            OnDisk(PRO_TK_GENERAL_ERROR, [&] { *copy = session.Copy(source, name).handle; });
+        },
+        ARG(model), GIVEN(name), OUT(copy));
 }
 
 ProError ProMdlRename(ProMdl model, WideChar* name) {

@@ -96,6 +96,43 @@ ProError ProSelectionAsmcomppathGet(ProSelection selection, ProAsmcomppath* path
         ARG(selection), OUT(path));
 }
 
+ProError ProSelectionAlloc(ProAsmcomppath* path, ProModelitem* item, ProSelection* selection) {
+    Operation& op = Op<"ProSelectionAlloc">;
+    return op.Call(
+        [&] {
+            Host& host = TheHost();
+            Selection made{*item, &host.session.Require(item->owner), {}};
+            if (path) {
+                made.top = &host.session.RequireSolid(path->owner);
+                const int count = std::clamp(path->table_num, 0, PRO_MAX_ASSEM_LEVEL);
+                made.path.assign(path->comp_id_tab, path->comp_id_tab + count);
+            }
+            ProModelitem end;
+            const bool leads = Session::Follow(*made.top, made.path, &end);
+            if (!leads || end.owner != item->owner) Refuse(PRO_TK_BAD_INPUTS);
+            Model& owner = host.session.Require(item->owner);
+            const bool whole = int(item->type) == int(owner.type);
+            if (!whole && !HasItem(owner, item->type, item->id)) Refuse(PRO_TK_BAD_INPUTS);
+            *selection = host.session.selections.Make(made);
+            host.arrays.NoteHandle(*selection, op.name());
+        },
+        ARG(path), GIVEN(item), OUT(selection));
+}
+
+ProError ProSelectionFree(ProSelection* selection) {
+    return Op<"ProSelectionFree">.Call(
+        [&] {
+            Host& host = TheHost();
+            if (!*selection) Refuse(PRO_TK_BAD_INPUTS);
+            if (!host.session.selections.Free(*selection)) {
+                Complain(PRO_TK_BAD_INPUTS, "not a selection that the caller has to free");
+            }
+            host.arrays.ForgetHandle(*selection);
+            *selection = nullptr;
+        },
+        GIVEN(selection));
+}
+
 ProError ProSelectionEnvAlloc(ProSelectionEnvOption* options, int count,
                               ProSelectionEnv* environment) {
     return Op<"ProSelectionEnvAlloc">.Call(

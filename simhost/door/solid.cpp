@@ -1,6 +1,7 @@
-// Visits to features and surfaces at the door.
+// Visits to features, surfaces and coordinate systems at the door, and regeneration.
 #include "hostapi/host/solid.h"
 
+#include "hostapi/host/csys.h"
 #include "simhost/door/door.h"
 
 using namespace simhost;
@@ -21,6 +22,13 @@ ProError VisitOne(Filter&& filter, Action&& action, bool* goOn, bool* any) {
     if (status == PRO_TK_NO_ERROR || status == PRO_TK_CONTINUE) return PRO_TK_NO_ERROR;
     *goOn = false;
     return status;
+}
+
+const Feature& RequireCsys(ProCsys handle) {
+    if (!handle) Refuse(PRO_TK_BAD_INPUTS);
+    const Csys* found = TheHost().session.csyses.Find(handle);
+    if (!found) Complain(PRO_TK_BAD_INPUTS, "not a coordinate system, or one that is gone");
+    return *found->model->FindFeature(found->feature);
 }
 
 }  // namespace
@@ -66,6 +74,61 @@ ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
             return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
         },
         ARG(part));
+}
+
+ProError ProSolidCsysVisit(ProSolid solid, ProCsysVisitAction action, ProCsysFilterAction filter,
+                           ProAppData data) {
+    return Op<"ProSolidCsysVisit">.Call(
+        [&] {
+            if (!action && !filter) Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
+            Session& session = TheHost().session;
+            Model& model = session.RequireSolid(solid);
+            bool any = false;
+            bool goOn = true;
+            for (std::size_t i = 0; i < model.features().size() && goOn; ++i) {
+                if (model.features()[i].type != PRO_FEAT_CSYS) continue;
+                const ProCsys csys = session.csyses.Of(model, model.features()[i]);
+                const ProError status =
+                    VisitOne([&] { return filter ? filter(csys, data) : PRO_TK_NO_ERROR; },
+                             [&](ProError wanted) {
+                                 if (!action)
+                                     Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
+                                 return action(csys, wanted, data);
+                             },
+                             &goOn, &any);
+                if (!goOn) return status;
+            }
+            return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
+        },
+        ARG(solid), ARG(action), ARG(filter));
+}
+
+ProError ProCsysIdGet(ProCsys csys, int* id) {
+    return Op<"ProCsysIdGet">.Call([&] { *id = CsysIdOf(RequireCsys(csys)); }, ARG(csys), OUT(id));
+}
+
+ProError ProCsysToGeomitem(ProSolid solid, ProCsys csys, ProGeomitem* item) {
+    return Op<"ProCsysToGeomitem">.Call(
+        [&] {
+            const Model& model = TheHost().session.RequireSolid(solid);
+            const Feature& feature = RequireCsys(csys);
+            if (TheHost().session.csyses.Find(csys)->model != &model) {
+                Complain(PRO_TK_BAD_INPUTS, "not a coordinate system of " + model.FileName());
+            }
+            *item = {PRO_CSYS, CsysIdOf(feature), model.handle};
+        },
+        ARG(solid), ARG(csys), OUT(item));
+}
+
+ProError ProSolidRegenerate(ProSolid solid, int flags) {
+    return Op<"ProSolidRegenerate">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            Model& model = session.Require(solid);
+            if (model.type != PRO_MDL_MFG) session.RequireSolid(solid);
+            Regenerate(model);
+        },
+        ARG(solid), ARG(flags));
 }
 
 ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeomitem* item) {

@@ -92,19 +92,35 @@ const Simprep* Model::ActiveSimprep() const {
     return nullptr;
 }
 
+// A dot would part the name from its type; the others can be in no file's name.
+bool IsModelName(WideView name) {
+    const auto isForbidden = [](WideChar c) {
+        return c < WideChar{' '} || WideView(WIDE("\\/:*?\"<>|.")).find(c) != WideView::npos;
+    };
+    return !name.empty() && name.size() <= PRO_NAME_SIZE && name.front() != WideChar{' '} &&
+           name.back() != WideChar{' '} && std::none_of(name.begin(), name.end(), isForbidden);
+}
+
 std::string Model::FileName() const {
     return Utf8(Lower(name)) + '.' + SuffixOf(type);
 }
 
 Feature& Model::AddFeature(Feature feature) {
-    if (feature.id == 0) {
-        feature.id = 1;
-        for (const Feature& other : features_) feature.id = std::max(feature.id, other.id + 1);
-    }
+    if (feature.id == 0) feature.id = lastFeatureId_ + 1;
+    lastFeatureId_ = std::max(lastFeatureId_, feature.id);
     if (session) ++session->contentsRevision;
     featureAt_[feature.id] = features_.size();
     features_.push_back(std::move(feature));
     return features_.back();
+}
+
+void Model::RemoveFeature(int id) {
+    const auto found = featureAt_.find(id);
+    if (found == featureAt_.end()) return;
+    if (session) ++session->contentsRevision;
+    features_.erase(features_.begin() + std::ptrdiff_t(found->second));
+    featureAt_.clear();
+    for (std::size_t i = 0; i < features_.size(); ++i) featureAt_[features_[i].id] = i;
 }
 
 std::vector<Feature>& Model::MutableFeatures() {

@@ -11,6 +11,7 @@
 
 #include "hostapi/host.h"
 #include "simhost/core/handles.h"
+#include "simhost/model/constraints.h"
 #include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
 #include "simhost/model/parameters.h"
@@ -39,9 +40,13 @@ struct Feature {
     bool hidden = false;        // on the screen: nothing else of it changes, and it is not saved
     bool hiddenInFile = false;  // how it comes onto the screen from its file
     WideText name;
-    std::string file;        // components: "housing.prt"
-    Model* model = nullptr;  // components: null while the model is not in memory
-    Placement placement;     // components: in the assembly's coordinates
+    std::string file;              // components: "housing.prt"
+    Model* model = nullptr;        // components: null while the model is not in memory
+    Placement placement;           // components and coordinate systems: in the owner's coordinates
+    int csysId = 0;                // coordinate systems: their number as items; 0: see CsysIdOf
+    std::vector<int> parents;      // the features that it hangs on
+    // Components: nothing while it has never had any.
+    std::optional<std::vector<Constraint>> constraints;
 };
 
 struct Surface {
@@ -107,6 +112,7 @@ public:
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one
     Feature* FindFeature(int id);
+    void RemoveFeature(int id);  // its number is not given again
     std::vector<Feature>& MutableFeatures();
 
     // The record of the part's shape, made at first use and anew after its solids changed; it lasts
@@ -129,9 +135,13 @@ private:
     std::unordered_map<int, std::size_t> featureAt_;
     mutable std::shared_ptr<const PartShape> shape_;
     std::shared_ptr<const PartShape> surfacesOf_;  // the shape that has these surfaces
+    int lastFeatureId_ = 0;                        // the highest that was ever given
     std::vector<std::unique_ptr<Surface>> surfaces_;
 };
 
+// Whether a model can have the name: 1 to 32 characters, none of which parts it from its type or
+// can be in no file's name, and no blank at its ends.
+bool IsModelName(WideView name);
 // "asm", "prt", "drw", "frm", "mfg", and back (PRO_MDL_UNUSED for any other word).
 const char* SuffixOf(ProMdlType type);
 ProMdlType TypeOfSuffix(std::string_view suffix);

@@ -36,6 +36,12 @@ void ReadValue(const toml::node& node, const char* key, Vec3* value) {
     *value = {v[0], v[1], v[2]};
 }
 
+void ReadValue(const toml::node& node, const char* key, std::vector<int>* value) {
+    if (!node.is_array()) Fail(node.source(), Quoted(key) + " must be a list of whole numbers");
+    value->clear();
+    for (const toml::node& one : *node.as_array()) value->push_back(Integer(one, key, INT_MIN));
+}
+
 void ReadValue(const toml::node& node, const char* key, std::vector<WideText>* value) {
     if (!node.is_array()) Fail(node.source(), Quoted(key) + " must be a list of texts");
     value->clear();
@@ -69,6 +75,12 @@ std::string TextOf(const WideText& value) {
 
 std::string TextOf(const Vec3& value) {
     return ListText({value.x, value.y, value.z});
+}
+
+std::string TextOf(const std::vector<int>& value) {
+    std::string list;
+    for (const int one : value) list += (list.empty() ? "" : ", ") + TextOf(one);
+    return '[' + list + ']';
 }
 
 std::string TextOf(const std::vector<WideText>& value) {

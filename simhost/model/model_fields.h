@@ -30,6 +30,7 @@ void ReadValue(const toml::node& node, const char* key, double* value);
 void ReadValue(const toml::node& node, const char* key, std::string* value);
 void ReadValue(const toml::node& node, const char* key, WideText* value);
 void ReadValue(const toml::node& node, const char* key, Vec3* value);
+void ReadValue(const toml::node& node, const char* key, std::vector<int>* value);
 void ReadValue(const toml::node& node, const char* key, std::vector<WideText>* value);
 void ReadValue(const toml::node& node, const char* key,
                std::optional<std::vector<WideText>>* value);
@@ -40,6 +41,7 @@ std::string TextOf(double value);
 std::string TextOf(const std::string& value);
 std::string TextOf(const WideText& value);
 std::string TextOf(const Vec3& value);
+std::string TextOf(const std::vector<int>& value);
 std::string TextOf(const std::vector<WideText>& value);
 std::string TextOf(const std::optional<std::vector<WideText>>& value);
 

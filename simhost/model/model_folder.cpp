@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "simhost/core/text.h"
+#include "simhost/model/model.h"
 
 namespace simhost {
 
@@ -25,6 +26,15 @@ int SplitVersion(const std::string& name, std::string* fileName) {
     *fileName = Lower(name);
     return 0;
 }
+
+namespace {
+
+bool IsModelFile(const std::string& fileName) {
+    const std::size_t dot = fileName.rfind('.');
+    return dot != std::string::npos && TypeOfSuffix(fileName.substr(dot + 1)) != PRO_MDL_UNUSED;
+}
+
+}  // namespace
 
 const std::vector<ModelVersion>& ModelFolder::VersionsOf(const std::string& fileName) {
     static const std::vector<ModelVersion> none;
@@ -57,7 +67,7 @@ void ModelFolder::Note(const std::string& name, bool there) {
     ModelVersion version;
     std::string fileName;
     version.number = SplitVersion(name, &fileName);
-    if (version.number == 0) return;
+    if (version.number == 0 && !IsModelFile(fileName)) return;
     version.name = name;
     const auto order = [](const ModelVersion& a, const ModelVersion& b) {
         return std::tie(a.number, a.name) < std::tie(b.number, b.name);

@@ -1,5 +1,5 @@
 // Which model files lie in a folder: gearbox.asm.1, gearbox.asm.2 and so on are the versions of
-// gearbox.asm, and the highest is the newest.
+// gearbox.asm, and the highest is the newest; a file without a number is older than all of them.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,7 @@
 namespace simhost {
 
 struct ModelVersion {
-    int number = 0;
+    int number = 0;    // 0: the file has none
     std::string name;  // as it lies there, UTF-8
 };
 

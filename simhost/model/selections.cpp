@@ -53,6 +53,18 @@ std::vector<ProSelection> Selections::Picked(const std::vector<Selection>& list)
     return picked_;
 }
 
+ProSelection Selections::Make(const Selection& selection) {
+    const ProSelection handle = Add(selection);
+    made_.insert(handle);
+    return handle;
+}
+
+bool Selections::Free(ProSelection handle) {
+    if (made_.erase(handle) == 0) return false;
+    End({handle});
+    return true;
+}
+
 void* Selections::NewEnvironment(bool box) {
     ownedEnvironments_.push_back({box});
     return environments_.Add(&ownedEnvironments_.back());

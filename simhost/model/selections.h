@@ -4,6 +4,7 @@
 #include <deque>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "hostapi/host/types.h"
@@ -48,6 +49,10 @@ public:
     // Handles of what the user has picked; they live until the next pick.
     std::vector<ProSelection> Picked(const std::vector<Selection>& list);
 
+    // A selection that a caller makes, and frees; false for one that is none of these.
+    ProSelection Make(const Selection& selection);
+    bool Free(ProSelection handle);
+
     // --- Environments of picks; they stay ---
     void* NewEnvironment(bool box);
     const SelectionEnvironment* FindEnvironment(const void* handle) const {
@@ -66,6 +71,7 @@ private:
     std::unordered_map<const void*, std::unique_ptr<Selection>> owned_;  // by handle
     std::unordered_map<const void*, std::vector<ProSelection>> lent_;    // by array
     std::vector<ProSelection> picked_;
+    std::unordered_set<const void*> made_;
     HandleTable<SelectionEnvironment> environments_{HandleKind::SelectionEnvironment};
     std::deque<SelectionEnvironment> ownedEnvironments_;
 };

@@ -100,6 +100,8 @@ void Session::Erase(Model& model) {
     }
     for (const auto& surface : model.Surfaces()) surfaces_.Drop(surface->handle);
     selections.Forget(model);
+    csyses.Forget(model);
+    constraints.Forget(model);
     models_.Drop(model.handle);
     byFile_.erase(model.FileName());
     std::erase_if(owned_, [&](const auto& one) { return one.get() == &model; });
@@ -114,7 +116,7 @@ Window& Session::Open(Model& model) {
             return window;
         }
     }
-    windows_.push_back({nextWindow_++, &model, 0});
+    windows_.push_back({nextWindow_++, &model, 0, {}});
     current = &windows_.back();
     return *current;
 }
@@ -122,6 +124,7 @@ Window& Session::Open(Model& model) {
 void Session::CloseCurrent() {
     if (!current) return;
     current->model = nullptr;
+    current->activated.clear();
     current = nullptr;
 }
 
@@ -131,6 +134,14 @@ Window* Session::FindWindow(int id) {
         if (window.id == id && window.model) return &window;
     }
     return nullptr;
+}
+
+Model* Session::ActiveModel() const {
+    Model* model = CurrentModel();
+    if (!model || current->activated.empty()) return model;
+    Model* below = model->manufacturingData.assembly ? model->manufacturingData.assembly : model;
+    ProModelitem item;
+    return Follow(*below, current->activated, &item) ? Find(item.owner) : model;
 }
 
 ProMode Session::Mode() const {

@@ -13,6 +13,7 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/core/handles.h"
+#include "simhost/model/csys.h"
 #include "simhost/model/exclusions.h"
 #include "simhost/model/model.h"
 #include "simhost/model/model_folder.h"
@@ -25,6 +26,7 @@ struct Window {
     int id = 0;
     Model* model = nullptr;
     int repaints = 0;
+    std::vector<int> activated;  // the way to the component that the user works on; empty: none
 };
 
 class Session {
@@ -59,6 +61,14 @@ public:
     Model* Retrieve(const std::string& fileName, const Step& step = {});
     // The same; a file that cannot be read is told to the user. For `tell` see below.
     Model* RetrieveOrTell(const std::string& fileName);
+    // The model of this file, by its full Windows path, with or without a version; a model of that
+    // name that is in memory is taken as it is. What lies below is looked for beside the file and
+    // then in the working folder. Null and ModelFileError as above.
+    Model* RetrievePath(const WideText& path);
+    // A copy under another name, which is not on disk yet and belongs to the working folder; it has
+    // the same components, and is no instance of a family. Refused for a name that is none or that
+    // is taken in memory or in the working folder.
+    Model& Copy(const Model& source, WideView name);
     // Writes the next version into the folder that the model came from, or another; the real path
     // of the file. Throws ModelFileError, and then the folder is as before.
     std::string Save(Model& model);
@@ -94,10 +104,15 @@ public:
     Window* FindWindow(int id);  // -1: the current one
     const std::deque<Window>& windows() const { return windows_; }
     Model* CurrentModel() const { return current ? current->model : nullptr; }
+    // The component that is activated in the current window, else the window's model. The way to it
+    // starts from the model, or from the assembly that it manufactures.
+    Model* ActiveModel() const;
     ProMode Mode() const;  // PRO_MODE_UNKNOWN while nothing is open
 
-    // --- Selections ---
+    // --- Selections, coordinate systems, constraints in a caller's hand ---
     Selections selections;
+    CsysHandles csyses;
+    ConstraintDrafts constraints;
     // The item that component ids lead to below `top`; false if there is none.
     static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
 
@@ -109,8 +124,10 @@ public:
 
 private:
     class Retrieval;
-    Model* Load(const std::string& fileName, int wanted);
-    Model& ReadVersion(const std::string& fileName, ProMdlType type, ModelFolder& folder,
+    Model* RetrieveFrom(const WideText& folder, const std::string& fileName, int wanted,
+                        const Step& step);
+    Model* Load(const WideText& folder, const std::string& fileName, int wanted);
+    Model& ReadVersion(const WideText& folder, const std::string& fileName, ProMdlType type,
                        const ModelVersion& version);
     ModelFolder& FolderOf(const std::filesystem::path& folder);
     // What there is of a file in a folder of a Windows path, "gearbox.asm.1", as it lies there.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "simhost/core/disk.h"
+#include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/model_tree.h"
@@ -41,9 +42,9 @@ ModelFolder& Session::FolderOf(const fs::path& folder) {
     return *folders_.back();
 }
 
-Model& Session::ReadVersion(const std::string& fileName, ProMdlType type, ModelFolder& folder,
+Model& Session::ReadVersion(const WideText& folder, const std::string& fileName, ProMdlType type,
                             const ModelVersion& version) {
-    const fs::path path = folder.PathOf(version.name);
+    const fs::path path = FolderOf(disk_.Real(folder)).PathOf(version.name);
     Model& model = Create(Wide(fileName.substr(0, fileName.rfind('.'))), type);
     try {
         bool found = false;
@@ -59,13 +60,13 @@ Model& Session::ReadVersion(const std::string& fileName, ProMdlType type, ModelF
         throw;
     }
     model.version = version.number;
-    model.folder = workingDirectory;
+    model.folder = folder;
     return model;
 }
 
 // A file that cannot be read is never replaced by an older one in silence: whoever saved the newest
 // must learn that it is lost.
-Model* Session::Load(const std::string& fileName, int wanted) {
+Model* Session::Load(const WideText& folder, const std::string& fileName, int wanted) {
     if (Model* model = FindByFile(fileName)) {
         if (wanted == 0 || model->version == wanted) return model;
         throw ModelFileError(fmt::format("{} is in memory already, and is its version {}", fileName,
@@ -75,13 +76,12 @@ Model* Session::Load(const std::string& fileName, int wanted) {
     const ProMdlType type =
         dot == std::string::npos ? PRO_MDL_UNUSED : TypeOfSuffix(fileName.substr(dot + 1));
     if (type == PRO_MDL_UNUSED) return nullptr;
-    ModelFolder& folder = FolderOf(disk_.Real(workingDirectory));
-    const std::vector<ModelVersion>& versions = folder.VersionsOf(fileName);
+    const std::vector<ModelVersion>& versions = FolderOf(disk_.Real(folder)).VersionsOf(fileName);
     auto last = versions.end();
     while (wanted != 0 && last != versions.begin() && (last - 1)->number != wanted) --last;
     if (last == versions.begin()) return nullptr;
     try {
-        return &ReadVersion(fileName, type, folder, *(last - 1));
+        return &ReadVersion(folder, fileName, type, *(last - 1));
     } catch (const ModelFileError& error) {
         if (last - 1 == versions.begin()) throw;
         throw ModelFileError(fmt::format("{}; the file before it is {}, and \"open {}\" opens it",
@@ -94,10 +94,8 @@ class Session::Retrieval {
 public:
     Retrieval(Session& session, const Step& step) : session_(session), step_(step) {}
 
-    Model* Run(const std::string& name) {
-        std::string fileName;
-        const int wanted = SplitVersion(name, &fileName);
-        Model* top = Bring(fileName, wanted);
+    Model* Run(const WideText& folder, const std::string& fileName, int wanted) {
+        Model* top = Bring(folder, fileName, wanted);
         if (!top) return nullptr;
         // What was in memory is looked through again only if it was asked for by its name.
         if (waiting_.empty()) waiting_.push_back(top);
@@ -124,18 +122,22 @@ public:
     }
 
 private:
-    Model* Bring(const std::string& fileName, int wanted) {
+    Model* Bring(const WideText& folder, const std::string& fileName, int wanted) {
         const bool known = session_.FindByFile(fileName) != nullptr;
-        Model* model = session_.Load(fileName, wanted);
+        Model* model = session_.Load(folder, fileName, wanted);
         if (!model || known) return model;
         brought_.push_back(model);
         waiting_.push_back(model);
         return model;
     }
 
-    void Fill(Model** place, const std::string& file) {
+    // Beside the model that asks for it, then in the working folder.
+    void Fill(const Model& owner, Model** place, const std::string& file) {
         if (file.empty() || *place) return;
-        *place = Bring(Lower(file), 0);
+        const WideText& working = session_.workingDirectory;
+        const bool elsewhere = !owner.folder.empty() && owner.folder != working;
+        if (elsewhere) *place = Bring(owner.folder, Lower(file), 0);
+        if (!*place) *place = Bring(working, Lower(file), 0);
         if (*place) {
             filled_.push_back(place);
         } else {
@@ -144,9 +146,11 @@ private:
     }
 
     void Complete(Model& model) {
-        for (Feature& feature : model.MutableFeatures()) Fill(&feature.model, feature.file);
-        Fill(&model.manufacturingData.assembly, model.manufacturingData.assemblyFile);
-        Fill(&model.family.generic, model.family.genericFile);
+        for (Feature& feature : model.MutableFeatures()) {
+            Fill(model, &feature.model, feature.file);
+        }
+        Fill(model, &model.manufacturingData.assembly, model.manufacturingData.assemblyFile);
+        Fill(model, &model.family.generic, model.family.genericFile);
     }
 
     Session& session_;
@@ -155,14 +159,53 @@ private:
     std::vector<Model**> filled_;
 };
 
-Model* Session::Retrieve(const std::string& name, const Step& step) {
+Model* Session::RetrieveFrom(const WideText& folder, const std::string& fileName, int wanted,
+                             const Step& step) {
     Retrieval retrieval(*this, step);
     try {
-        return retrieval.Run(name);
+        return retrieval.Run(folder, fileName, wanted);
     } catch (...) {
         retrieval.Undo();
         throw;
     }
+}
+
+Model* Session::Retrieve(const std::string& name, const Step& step) {
+    std::string fileName;
+    const int wanted = SplitVersion(name, &fileName);
+    return RetrieveFrom(workingDirectory, fileName, wanted, step);
+}
+
+Model* Session::RetrievePath(const WideText& path) {
+    const std::size_t slash = path.find_last_of(WIDE("\\/"));
+    const WideText folder = slash == WideText::npos ? workingDirectory : path.substr(0, slash);
+    std::string fileName;
+    const std::string name = Utf8(path.substr(slash == WideText::npos ? 0 : slash + 1));
+    const int wanted = SplitVersion(name, &fileName);
+    if (Model* model = FindByFile(fileName)) return model;
+    return RetrieveFrom(folder, fileName, wanted, {});
+}
+
+Model& Session::Copy(const Model& source, WideView name) {
+    if (!IsModelName(name)) Refuse(PRO_TK_BAD_INPUTS);
+    const std::string fileName = Utf8(Lower(name)) + '.' + SuffixOf(source.type);
+    if (FindByFile(fileName) || !FilesOf(workingDirectory, fileName).empty()) {
+        Refuse(PRO_TK_E_FOUND);
+    }
+    Model& copy = Create(name, source.type);
+    try {
+        ReadModelText(ModelText(source), fileName, &copy);
+    } catch (...) {
+        copy.type = source.type;
+        Erase(copy);
+        throw;
+    }
+    copy.readOnly = false;
+    copy.modified = true;
+    copy.family.genericFile.clear();
+    for (Feature& feature : copy.MutableFeatures()) feature.model = FindByFile(feature.file);
+    copy.manufacturingData.assembly = FindByFile(copy.manufacturingData.assemblyFile);
+    return copy;
 }
 
 Model* Session::RetrieveOrTell(const std::string& fileName) {
@@ -195,7 +238,11 @@ std::string Session::SaveInto(Model& model, const WideText& folder) {
         throw ModelFileError(fmt::format("{} is not saved in {}: {}", fileName, Utf8(folder), why));
     };
     std::error_code error;
-    if (!fs::is_directory(real, error)) fail("there is no such folder");
+    const fs::file_status status = fs::status(real, error);
+    if (!fs::is_directory(status)) fail("there is no such folder");
+    if ((status.permissions() & fs::perms::owner_write) == fs::perms::none) {
+        fail("the folder is read-only");
+    }
     ModelFolder& index = FolderOf(real);
     const auto& versions = index.VersionsOf(fileName);
     const int newest = versions.empty() ? 0 : versions.back().number;

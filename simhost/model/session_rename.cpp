@@ -17,15 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A dot would part the name from its type; the others can be in no file's name.
-bool IsModelName(WideView name) {
-    const auto isForbidden = [](WideChar c) {
-        return c < WideChar{' '} || WideView(WIDE("\\/:*?\"<>|.")).find(c) != WideView::npos;
-    };
-    return !name.empty() && name.size() <= PRO_NAME_SIZE && name.front() != WideChar{' '} &&
-           name.back() != WideChar{' '} && std::none_of(name.begin(), name.end(), isForbidden);
-}
-
 fs::path PathOf(const std::string& utf8) {
     return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }

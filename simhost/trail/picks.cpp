@@ -11,6 +11,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/csys.h"
 #include "simhost/trail/lexer.h"
 #include "simhost/ui/near_name.h"
 
@@ -122,7 +123,8 @@ std::optional<ProModelitem> FindItem(Model& model, const std::string& kind, cons
     if (kind.empty() && (surface || feature)) {
         return ProModelitem{surface ? PRO_SURFACE : PRO_FEATURE, *number, model.handle};
     }
-    if (plain || (type == PRO_SURFACE && !surface) || (type == PRO_FEATURE && !feature)) {
+    if (plain || (type == PRO_SURFACE && !surface) || (type == PRO_FEATURE && !feature) ||
+        (type == PRO_CSYS && !FindCsys(model, *number))) {
         *problem = fmt::format("{} has no {} {}", model.FileName(),
                                kind.empty() ? "surface or feature" : kind, *number);
         return std::nullopt;

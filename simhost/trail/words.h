@@ -102,6 +102,14 @@ void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
 void ShowViews(Trail& trail);
 
+void ActivateComponent(Trail& trail, const std::string& rest);
+void RegenerateModel(Trail& trail, const std::string& rest);
+void ExpectConstraints(Trail& trail, const std::string& rest);
+void ExpectPlace(Trail& trail, const std::string& rest);
+void ExpectFile(Trail& trail, const std::string& rest);
+void ExpectNoFile(Trail& trail, const std::string& rest);
+void ShowConstraints(Trail& trail);
+
 void ShowTitle(Trail& trail, const std::string& rest);
 void RememberFacts(Trail& trail, const std::string& rest);
 void ShowFactTable(Trail& trail, const std::string& rest);

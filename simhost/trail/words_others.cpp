@@ -15,7 +15,7 @@ namespace {
 
 // The Windows path of a file that is there, by its path or by its name in the working folder;
 // empty if there is none, which has been told.
-WideText FileThatIsThere(Trail& trail, const std::string& rest) {
+WideText FileThatIsThere(Trail& trail, const std::string& rest, bool orFolder = false) {
     const std::string name = ParseText(rest).text;
     WideText path = Wide(name);
     if (path.find(WideChar{':'}) == WideText::npos) {
@@ -23,7 +23,9 @@ WideText FileThatIsThere(Trail& trail, const std::string& rest) {
     }
     std::error_code error;
     const std::filesystem::path real = TheHost().disk.Real(path);
-    if (!name.empty() && std::filesystem::is_regular_file(real, error)) return path;
+    const std::filesystem::file_status status = std::filesystem::status(real, error);
+    const bool fits = is_regular_file(status) || (orFolder && is_directory(status));
+    if (!name.empty() && fits) return path;
     trail.Fail(name.empty() ? "a file's name is missing"
                             : fmt::format("there is no file {}", Utf8(path)));
     return {};
@@ -43,7 +45,7 @@ void LetGoFile(Trail& trail, const std::string& rest) {
 
 void MakeReadOnly(Trail& trail, const std::string& rest) {
     using std::filesystem::perms;
-    const WideText path = FileThatIsThere(trail, rest);
+    const WideText path = FileThatIsThere(trail, rest, /*orFolder=*/true);
     if (path.empty()) return;
     std::error_code error;
     std::filesystem::permissions(TheHost().disk.Real(path),

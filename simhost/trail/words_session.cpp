@@ -186,7 +186,7 @@ void SaveAllModels(Trail& trail, const std::string&) {
     const std::vector<Model*> models = TheHost().session.All();
     for (std::size_t i = 0; i < models.size(); ++i) {
         WorkStep("saving", i, models.size());
-        if (!models[i]->modified && models[i]->version != 0) continue;
+        if (!models[i]->modified && !models[i]->folder.empty()) continue;
         try {
             SaveOne(trail, *models[i]);
         } catch (const ModelFileError& error) {

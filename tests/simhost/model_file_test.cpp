@@ -433,7 +433,8 @@ TEST(ModelFile, NamesWhatBelongsToAnotherKindOfModel) {
     EXPECT_EQ(PartWith("[manufacturing]\nassembly = \"a.asm\"\n"),
               "trial.prt.1:3: \"manufacturing\" belongs only in a model of type \"manufacturing\"");
     EXPECT_EQ(PartWith("[[feature]]\nid = 1\ntype = 917\nat = [1, 2, 3]\n"),
-              "trial.prt.1:6: \"at\" is only for components (type 1000)");
+              "trial.prt.1:6: \"at\" is only for components (type 1000) and coordinate systems "
+              "(type 979)");
 }
 
 TEST(ModelFile, NamesSizesThatMakeNoSolid) {

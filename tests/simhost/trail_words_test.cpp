@@ -342,7 +342,7 @@ TEST_F(ModelScripts, TheTabKeyKnowsStepsWordsCommandsDialogsAndModels) {
     EXPECT_EQ(Completions("~ Command `Run"), Words{"Runs"});
     EXPECT_EQ(Completions("Run"), Words{"Runs"});
     EXPECT_EQ(Completions("@ expect ca"), Words{"caption"});
-    EXPECT_EQ(Completions("expect no "), (Words{"box", "button"}));
+    EXPECT_EQ(Completions("expect no "), (Words{"box", "button", "file"}));
     EXPECT_EQ(Completions("select 箱体/SH"), (Words{"shaft", "shaft:2"}));
     EXPECT_EQ(Completions("select shaft, "), (Words{"shaft", "箱体/"}));
     EXPECT_EQ(Completions("show tree 箱"), Words{"箱体/"});

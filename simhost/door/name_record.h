@@ -1,0 +1,18 @@
+// Names in the host's records.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+#include "hostapi/host/types.h"
+
+namespace simhost {
+
+// A name of 32 characters leaves no room for a terminator in its record.
+inline void PutName(WideView name, WideChar* record) {
+    const std::size_t length = std::min<std::size_t>(name.size(), PRO_NAME_SIZE);
+    std::copy_n(name.begin(), length, record);
+    if (length < PRO_NAME_SIZE) record[length] = 0;
+}
+
+}  // namespace simhost

@@ -15,12 +15,15 @@
 #include <ProCsys.h>
 #include <ProDrawing.h>
 #include <ProDrawingView.h>
+#include <ProElement.h>
+#include <ProElempath.h>
 #include <ProFaminstance.h>
 #include <ProFamtable.h>
 #include <ProFeatType.h>
 #include <ProFeature.h>
 #include <ProGeomitem.h>
 #include <ProGeomitemdata.h>
+#include <ProGroup.h>
 #include <ProMdl.h>
 #include <ProMenuBar.h>
 #include <ProMessage.h>
@@ -50,7 +53,9 @@
 #include <ProUIRadiogroup.h>
 #include <ProUITable.h>
 #include <ProUITextarea.h>
+#include <ProUdf.h>
 #include <ProUtil.h>
+#include <ProValue.h>
 #include <ProView.h>
 #include <ProWindows.h>
 #include <ProWstring.h>

@@ -10,6 +10,7 @@
 #include "hostapi/host/dialog_drawingarea.h"
 #include "hostapi/host/drawing_template.h"
 #include "hostapi/host/drawing_view.h"
+#include "hostapi/host/element.h"
 #include "hostapi/host/family_table.h"
 #include "hostapi/host/geometry.h"
 #include "hostapi/host/model.h"
@@ -37,6 +38,8 @@ std::string TextOf(const ProSelectionEnvOption& option);
 std::string TextOf(const ProSimprepAction& action);
 std::string TextOf(const ProSimprepitem& item);
 std::string TextOf(const ProUIPoint& point);
+std::string TextOf(const ProValueData& data);
+std::string TextOf(const ProErrorlist& errors);
 
 template <class Record>
 struct RecordText {
@@ -58,6 +61,8 @@ template <> struct JournalText<ProSelectionEnvOption> : RecordText<ProSelectionE
 template <> struct JournalText<ProSimprepAction> : RecordText<ProSimprepAction> {};
 template <> struct JournalText<ProSimprepitem> : RecordText<ProSimprepitem> {};
 template <> struct JournalText<ProUIPoint> : RecordText<ProUIPoint> {};
+template <> struct JournalText<ProValueData> : RecordText<ProValueData> {};
+template <> struct JournalText<ProErrorlist> : RecordText<ProErrorlist> {};
 // clang-format on
 
 // A point or a direction, as (x, y, z).

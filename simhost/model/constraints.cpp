@@ -10,6 +10,7 @@
 #include "simhost/model/csys.h"
 #include "simhost/model/frames.h"
 #include "simhost/model/session.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -104,7 +105,9 @@ void RegenerateOnce(Model& model, std::unordered_set<const Model*>* done) {
     // What is below comes first: its coordinate systems may have moved.
     for (const Feature& feature : model.features()) {
         if (feature.model) RegenerateOnce(*feature.model, done);
+        if (feature.merge && feature.merge->source) RegenerateOnce(*feature.merge->source, done);
     }
+    RegenerateSolids(model);
     for (std::size_t i = 0; i < model.features().size(); ++i) {
         const Feature& feature = model.features()[i];
         if (feature.constraints) PlaceComponent(model, model.FindFeature(feature.id));

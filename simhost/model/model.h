@@ -23,6 +23,8 @@ namespace simhost {
 class Model;
 class Session;
 class Drawing;
+struct Group;
+struct Merge;
 struct PartShape;
 struct ScreenView;
 
@@ -45,6 +47,8 @@ struct Feature {
     Placement placement;           // components and coordinate systems: in the owner's coordinates
     int csysId = 0;                // coordinate systems: their number as items; 0: see CsysIdOf
     std::vector<int> parents;      // the features that it hangs on
+    std::shared_ptr<Group> group;  // groups and merges: what they are made from
+    std::shared_ptr<Merge> merge;
     // Components: nothing while it has never had any.
     std::optional<std::vector<Constraint>> constraints;
 };

@@ -3,6 +3,9 @@
 #include "simhost/model/model_file_group.h"
 
 #include <algorithm>
+#include <memory>
+
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -106,11 +109,25 @@ Group ReadGroupText(const std::string& text, const std::string& fileName) {
     return group;
 }
 
-const Keys kGroupKeys{"group", "reference", "dimension", "solid"};
+// --- As features of a part ---
 
-void ReadGroup(const toml::table& feature, Group* group) {
-    group->name = Text(model_text::Require(feature, "group"), "group");
-    ReadParts(feature, kPlacedFields, group);
+namespace {
+
+constexpr const char* kMergeKey = "merge";
+
+constexpr Field<Merge> kMergeFields[] = {
+    RequiredLink<&Merge::file, &Merge::source>("model"),
+    Of<&Merge::from, &Placement::origin>("at"),
+    TurnField<&Merge::from>("turn"),
+    Of<&Merge::to, &Placement::origin>("target_at"),
+    TurnField<&Merge::to>("target_turn"),
+};
+
+std::shared_ptr<Group> ReadGroup(const toml::table& table) {
+    auto group = std::make_shared<Group>();
+    group->name = Text(model_text::Require(table, "group"), "group");
+    ReadParts(table, kPlacedFields, group.get());
+    return group;
 }
 
 void AddGroup(std::string* text, const Group& group) {
@@ -118,6 +135,35 @@ void AddGroup(std::string* text, const Group& group) {
     AddList(text, "reference", kPlacedFields, group.references);
     AddList(text, "dimension", kDimensionFields, group.dimensions);
     for (const std::string& solid : group.solids) *text += "\n[[feature.solid]]\n" + solid;
+}
+
+}  // namespace
+
+const Keys kSolidFeatureKeys{"group", "reference", "dimension", "solid", kMergeKey};
+
+void ReadSolidFeature(const toml::table& table, Feature* feature) {
+    if (feature->type == kGroupFeature) feature->group = ReadGroup(table);
+    if (feature->type == kMergeFeature) {
+        const toml::table* merge = Table(table, kMergeKey);
+        if (!merge) Fail(table.source(), "a merge needs the table [feature.merge]");
+        feature->merge = std::make_shared<Merge>();
+        ReadRecord(*merge, kMergeFields, feature->merge.get());
+    }
+    for (const std::string_view key : kSolidFeatureKeys) {
+        const bool ofMerge = key == kMergeKey;
+        if (ofMerge ? feature->merge != nullptr : feature->group != nullptr) continue;
+        const toml::node* node = table.get(key);
+        if (!node) continue;
+        Fail(node->source(), Quoted(key) + " is only for " +
+                                 (ofMerge ? "merges (type 1238)" : "groups (type 925)"));
+    }
+}
+
+void AddSolidFeature(std::string* text, const Feature& feature) {
+    if (feature.group) AddGroup(text, *feature.group);
+    if (!feature.merge) return;
+    *text += std::string("\n[feature.") + kMergeKey + "]\n";
+    AddFields(text, kMergeFields, *feature.merge);
 }
 
 }  // namespace simhost

@@ -15,9 +15,9 @@ namespace simhost {
 using GroupNumber = std::function<std::string(const toml::node& node, std::string_view key)>;
 std::string GroupSolidText(const toml::table& solid, const GroupNumber& number);
 
-// The keys of a feature that is a group. Throws ModelFileError.
-extern const model_text::Keys kGroupKeys;
-void ReadGroup(const toml::table& feature, Group* group);
-void AddGroup(std::string* text, const Group& group);
+// The keys of features that are groups or merges. Throws ModelFileError.
+extern const model_text::Keys kSolidFeatureKeys;
+void ReadSolidFeature(const toml::table& table, Feature* feature);
+void AddSolidFeature(std::string* text, const Feature& feature);
 
 }  // namespace simhost

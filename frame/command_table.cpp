@@ -2,6 +2,7 @@
 #include "frame/command_table.h"
 
 #include "commands/commands.h"
+#include "construct/commands.h"
 #include "display/commands.h"
 #include "drawing/commands.h"
 #include "frame/access.h"
@@ -16,9 +17,9 @@
 constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxOpenDir">              (Command<VxOpenDir>,       AccessAlways),
     Row<"VxBackup">               (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"NewPart">                (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"NewAsm">                 (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"NewSmt">                 (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"NewPart">                (Command<NewPart>,         AccessAssemblyOrMfg),
+    Row<"NewAsm">                 (Command<NewAsm>,          AccessAssemblyOrMfg),
+    Row<"NewSmt">                 (Command<NewSmt>,          AccessAssemblyOrMfg),
     Row<"BatchColor">             (Command<BatchColor>,      AccessSolidOrMfg)
         .Help("Color_Help").Icon("RandomColor.png"),
     Row<"VxClearAllColor">        (Command<VxClearAllColor>, AccessSolidOrMfg),
@@ -36,8 +37,8 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxParams">               (Command<VxParams>,        AccessAssemblyOrMfg),
     Row<"VxRelations">            (Command<VxRelations>,     AccessAssemblyOrMfg),
     Row<"SetUnit">                (NotBuilt,                 AccessSolid),
-    Row<"CloneComp">              (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"CloneAndReplace">        (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"CloneComp">              (Command<CloneComp>,       AccessAssemblyOrMfg),
+    Row<"CloneAndReplace">        (Command<CloneAndReplace>, AccessAssemblyOrMfg),
     Row<"VxMerge">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxMergeTo">              (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"TweViews">               (Command<TweViews>,        AccessSolidOrMfg),

@@ -5,10 +5,9 @@
 #include "frame/last_dir.h"
 #include "frame/menus.h"
 #include "frame/services/guard.h"
+#include "frame/services/host_version.h"
 #include "frame/services/settings.h"
 #include "frame/services/text.h"
-
-WideText HostVersionText;
 
 namespace {
 

@@ -3,9 +3,6 @@
 
 #include "hostapi/host.h"
 
-// The host's version as handed to user_initialize; commands choose their macros by it.
-extern WideText HostVersionText;
-
 // Called once when the host loads the module. Returns 0, or the status of the first-run notice's
 // failed dialog call: the plug-in then has no commands.
 PLUGIN_ENTRY int user_initialize(int argc, char* argv[], char* version, char* build,

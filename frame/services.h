@@ -11,6 +11,7 @@
 #include "frame/services/guard.h"
 #include "frame/services/host_array.h"
 #include "frame/services/host_record.h"
+#include "frame/services/host_version.h"
 #include "frame/services/left_to_host.h"
 #include "frame/services/messages.h"
 #include "frame/services/models.h"

@@ -3,6 +3,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/system/windows.h"
+#include "simhost/ui/replace_dialog.h"
 
 namespace simhost {
 
@@ -48,6 +49,7 @@ void RestartHost() {
     Operation::ForgetFaults();
     Operation::ResetCounts();
     Operation::journalling = false;
+    ResetHostVersion();
     Instance().reset();
     TheHost();  // serves Windows and hears the complaints of operations from now on
 }

@@ -176,6 +176,15 @@ def readme_text():
         often=", ".join(f"`{n}` ({total[n]})" for n in names))
 
 
+# The options that the host reads when it starts in the folder of the project. The templates lie in
+# a folder of their own; they are written by hand.
+CONFIG = """! Options of the host. A path that begins with .\\ lies below this folder.
+template_solidpart .\\起始 模板\\零件.prt
+template_designasm .\\起始 模板\\组件.asm
+template_sheetmetalpart .\\起始 模板\\钣金件.prt
+"""
+
+
 def main():
     parser = argparse.ArgumentParser(description="Writes the sample gearbox.")
     home = Path(__file__).resolve().parent.parent / "samples" / "gearbox"
@@ -186,6 +195,7 @@ def main():
     add_model_data()
     files = {f"{name}.1": model_text(name, model) for name, model in models.items()}
     files["README.md"] = readme_text()
+    files["config.pro"] = CONFIG
     wanted = {name: text.encode("utf-8") for name, text in files.items()}
     if options.check:
         found = {p.name: p.read_bytes() for p in options.out.glob("*") if p.is_file()}

@@ -41,6 +41,7 @@ struct Options {
     fs::path out = "out/demo";
     std::vector<std::string> faults;
     bool noPlugin = false;
+    std::string hostVersion;  // empty: the usual one
     int occurrences = 10000, models = 200, depth = 4, seed = 1;
 };
 
@@ -163,7 +164,7 @@ int RunTrail(const Options& options, Source& source, bool session) {
 
     if (session) TellWhereItWorks(workplace);
     Trail trail(source, PrintLine);
-    if (!options.noPlugin) trail.Begin("@ start");
+    if (!options.noPlugin) trail.Begin("@ start " + options.hostVersion);
     bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
@@ -290,6 +291,8 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
         ->check(CLI::IsMember({936, 1252, 65001}));
     command->add_flag("--new-user", options->workplace.newUser,
                       "The first-run notice has not been seen yet");
+    command->add_option("--host-version", options->hostVersion,
+                        "Version of the host, as the plug-in is told: 5.0, Creo 2.0");
     command->add_flag("--no-plugin", options->noPlugin, "Do not start the plug-in (see @ start)");
 }
 

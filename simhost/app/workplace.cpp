@@ -7,12 +7,14 @@
 #include <stdexcept>
 #include <vector>
 
+#include "simhost/app/config_file.h"
 #include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/system/windows.h"
 #include "simhost/trail/macro.h"
+#include "simhost/ui/replace_dialog.h"
 
 namespace fs = std::filesystem;
 
@@ -133,6 +135,8 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     if (!options_.newUser) MarkFirstRunSeen();
     host.textFolder = options_.textFolder;
     host.session.workingDirectory = options_.workingDirectory;
+    host.configOptions =
+        ReadConfigOptions(ReadFile(work / "config.pro"), options_.workingDirectory);
     atFirst_ = MarksBelow(options_.drive);
 }
 
@@ -157,7 +161,7 @@ int Workplace::StartPlugin() {
     if (plugin_) return 0;
     plugin_ = std::make_unique<Plugin>(
         options_.module, options_.moduleFolder + WIDE("\\") + WideText(the_plugin::kModule));
-    return plugin_->Initialize();
+    return plugin_->Initialize(HostVersion());
 }
 
 void Workplace::StopPlugin() {

@@ -1,11 +1,10 @@
 // Components and their constraints at the door.
 #include "hostapi/host/assembly.h"
 
-#include <unordered_set>
-
 #include "simhost/door/door.h"
 #include "simhost/model/constraints.h"
 #include "simhost/model/frames.h"
+#include "simhost/model/model_tree.h"
 #include "simhost/ui/redefinition.h"
 
 using namespace simhost;
@@ -63,16 +62,6 @@ Placement PlacementOf(ProMatrix matrix) {
     return place;
 }
 
-// Whether `wanted` is the model or lies below it.
-bool Contains(const Model& model, const Model& wanted, std::unordered_set<const Model*>* seen) {
-    if (&model == &wanted) return true;
-    if (!seen->insert(&model).second) return false;
-    for (const Feature& feature : model.features()) {
-        if (feature.model && Contains(*feature.model, wanted, seen)) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 ProError ProAsmcompMdlGet(ProAsmcomp* component, ProMdl* model) {
@@ -94,9 +83,8 @@ ProError ProAsmcompAssemble(ProAssembly assembly, ProSolid model, ProMatrix plac
             Session& session = TheHost().session;
             Model& owner = session.RequireSolid(assembly);
             Model& added = session.RequireSolid(model);
-            std::unordered_set<const Model*> seen;
             if (owner.type != PRO_MDL_ASSEMBLY) Refuse(PRO_TK_BAD_INPUTS);
-            if (Contains(added, owner, &seen)) Refuse(PRO_TK_BAD_INPUTS);
+            if (Contains(added, owner)) Refuse(PRO_TK_BAD_INPUTS);
             if (owner.readOnly) Refuse(PRO_TK_NO_PERMISSION);
             Feature feature;
             feature.type = PRO_FEAT_COMPONENT;

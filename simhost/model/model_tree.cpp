@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "simhost/model/model_file.h"
@@ -160,6 +161,25 @@ void CheckTree(Model& top) {
         contents.From(*model);
         generics.From(*model);
     }
+}
+
+namespace {
+
+bool ContainsUnseen(const Model& model, const Model& wanted,
+                    std::unordered_set<const Model*>* seen) {
+    if (&model == &wanted) return true;
+    if (!seen->insert(&model).second) return false;
+    for (const Feature& feature : model.features()) {
+        if (feature.model && ContainsUnseen(*feature.model, wanted, seen)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+bool Contains(const Model& model, const Model& wanted) {
+    std::unordered_set<const Model*> seen;
+    return ContainsUnseen(model, wanted, &seen);
 }
 
 }  // namespace simhost

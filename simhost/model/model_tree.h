@@ -16,4 +16,7 @@ inline constexpr int kMostLevels = 1000;
 // itself: a.asm > b.asm > a.asm".
 void CheckTree(Model& top);
 
+// Whether `wanted` is the model or lies below it.
+bool Contains(const Model& model, const Model& wanted);
+
 }  // namespace simhost

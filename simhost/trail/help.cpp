@@ -81,7 +81,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"table",              "把记下的内容并排列出"},
     {"erase",              "从内存中拭除模型；未保存的改动会丢失"},
     {"hand out",           "把 C 盘的文件复制到结果文件夹"},
-    {"start",              "载入插件"},
+    {"start",              "载入插件；可写主程序版本，如 5.0、Creo 2.0"},
     {"stop",               "卸载插件"},
     {"note",               "在记录中写一行"},
     {"help",               "如何使用"},

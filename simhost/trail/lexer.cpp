@@ -6,6 +6,9 @@
 namespace simhost {
 namespace {
 
+// A step that only records; what the dialog has told follows it without a tilde.
+constexpr std::string_view kRecording = "Trail";
+
 constexpr std::string_view kBlanks = " \t\r\n";
 
 class LineReader {
@@ -15,6 +18,10 @@ public:
     std::vector<Step> Steps() {
         std::vector<Step> steps;
         for (SkipTo(); at_ < line_.size() && line_[at_] != '!'; SkipTo()) {
+            if (line_[at_] == '`' && !steps.empty() && steps.back().verb == kRecording) {
+                steps.back().arguments.push_back(ReadQuoted());
+                continue;
+            }
             if (line_[at_] != '~') {
                 throw LexError("a step begins with ~, not with \"" +
                                std::string(line_.substr(at_, 10)) + "\"");
@@ -34,7 +41,9 @@ private:
         step.kind = Step::Kind::Trail;
         SkipBlanks();
         step.verb = ReadBare();
-        if (step.verb.empty()) throw LexError("there is no verb after the ~");
+        // Without a verb a trail names what a right click has opened.
+        const bool names = at_ < line_.size() && line_[at_] == '`';
+        if (step.verb.empty() && !names) throw LexError("there is no verb after the ~");
         for (SkipBlanks(); at_ < line_.size() && line_[at_] != ';' && line_[at_] != '~';
              SkipBlanks()) {
             step.arguments.push_back(line_[at_] == '`' ? ReadQuoted() : ReadBare());

@@ -11,13 +11,6 @@
 namespace simhost {
 namespace {
 
-void Perform(const Step& step) {
-    const std::string problem = PerformTrailStep(step);
-    if (!problem.empty()) {
-        TheHost().Complain(fmt::format("in the macro, {}: {}", step.written, problem));
-    }
-}
-
 class MacroUser : public User {
 public:
     explicit MacroUser(std::deque<Step> steps) : steps_(std::move(steps)) { TheHost().user = this; }
@@ -53,12 +46,36 @@ public:
     bool AnswerReplace(const WideText& path) override {
         return !person_ || person_->AnswerReplace(path);
     }
+    // A dialog that the macro's steps leave open is the person's, unless a step did not fit: then
+    // it is closed without effect.
     void UseDialog(Dialog& dialog) override {
         while (!dialog.ended() && !steps_.empty()) Perform(Take());
-        if (!dialog.ended() && person_) person_->UseDialog(dialog);
+        if (dialog.ended()) return;
+        if (!failed_) {
+            if (person_) person_->UseDialog(dialog);
+            return;
+        }
+        TheHost().Tell(
+            fmt::format("the dialog {} that the macro has opened is closed", dialog.name()));
+        dialog.CloseWindow();
     }
 
 private:
+    // A command that nobody has registered is passed over; after a step that cannot be done the
+    // rest of the macro would do something else than was meant.
+    void Perform(const Step& step) {
+        if (step.verb == "Command" && !step.arguments.empty() && !IsCommand(step.arguments[0])) {
+            TheHost().Tell(fmt::format("in the macro, {}: there is no such command, passed over",
+                                       step.written));
+            return;
+        }
+        const std::string problem = PerformTrailStep(step);
+        if (problem.empty()) return;
+        TheHost().Complain(fmt::format("in the macro, {}: {}", step.written, problem));
+        failed_ = true;
+        steps_.clear();
+    }
+
     Step Take() {
         Step step = std::move(steps_.front());
         steps_.pop_front();
@@ -67,6 +84,7 @@ private:
 
     User* person_ = TheHost().user;
     std::deque<Step> steps_;
+    bool failed_ = false;
 };
 
 }  // namespace

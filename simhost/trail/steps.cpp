@@ -5,14 +5,48 @@
 
 #include "simhost/host.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/ui/replace_dialog.h"
 
 namespace simhost {
+
+namespace {
+
+constexpr const char* kPopup = "rmb_popup";         // the popup of the graphics window,
+constexpr const char* kPopupMenu = "Sel Obj Menu";  // as plug-ins know it
+
+// The host's own replace command, which lies in the popup menu in later versions.
+std::string PressReplace(const std::string& command) {
+    Host& host = TheHost();
+    if (IsInPopup(command) && !host.commands.popup()) {
+        return fmt::format("{} lies in the popup menu, which is not open", command);
+    }
+    host.commands.ClosePopup();
+    return ReplaceSelected(host.dialogs, host.session, host.disk);
+}
+
+std::string OpenPopup(const Step& step) {
+    if (step.arguments.empty() || step.arguments[0] != kPopup) {
+        return "a verb belongs after the ~, or the name of the popup menu";
+    }
+    const bool opened = TheHost().commands.OpenPopup(kPopupMenu) != nullptr;
+    return opened ? "" : "nothing is selected that has a popup menu";
+}
+
+}  // namespace
+
+bool IsCommand(const std::string& name) {
+    return IsReplaceCommand(name) || TheHost().commands.Newest(name) != nullptr;
+}
 
 std::string PerformTrailStep(const Step& step) {
     if (step.verb == "Command") {
         if (step.arguments.empty()) return "a command's name belongs after ~ Command";
-        return TheHost().commands.Press(step.arguments[0]).reason;
+        const std::string& command = step.arguments[0];
+        if (IsReplaceCommand(command)) return PressReplace(command);
+        return TheHost().commands.Press(command).reason;
     }
+    if (step.verb == "Trail") return {};  // only records
+    if (step.verb.empty()) return OpenPopup(step);
     const auto verb = ParseVerb(step.verb);
     if (!verb) {
         std::vector<std::string> verbs = VerbNames();

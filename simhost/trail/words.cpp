@@ -9,6 +9,7 @@
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/ui/replace_dialog.h"
 
 namespace simhost {
 namespace {
@@ -111,7 +112,7 @@ const std::vector<Word>& Words() {
         {"table",            "",                  kAny,  kKeeps,  ShowFactTable,   "show side by side what was remembered"},
         {"erase",            "FILE",              kMain, kLeaves, EraseModel,      "drop a model from memory; what was not saved is lost"},
         {"hand out",         "FILE",              kAny,  kKeeps,  HandOut,         "copy a file of drive C to the folder of results"},
-        {"start",            "",                  kMain, kLeaves, StartPlugin,     "load the plug-in"},
+        {"start",            "[VERSION]",         kMain, kLeaves, StartPlugin,     "load the plug-in, into this version of the host: 5.0, Creo 2.0"},
         {"stop",             "",                  kMain, kLeaves, StopPlugin,      "unload the plug-in"},
         {"note",             "TEXT",              kAny,  kKeeps,  Note,            "put a line into the transcript"},
         {"help",             "",                  kAny,  kKeeps,  Help,            "how to go about it"},
@@ -161,6 +162,8 @@ bool NeedsTheMainWindow(const Step& step) {
 }
 
 bool KeepsPopup(const Step& step) {
+    // A command that lies in the popup itself.
+    if (step.verb == "Command" && !step.arguments.empty()) return IsInPopup(step.arguments[0]);
     if (step.kind != Step::Kind::Word) return false;
     const Word* word = FindWord(step.text, nullptr);
     return !word || word->keepsPopup;

@@ -17,6 +17,7 @@
 #include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
+#include "simhost/ui/replace_dialog.h"
 #include "simhost/user/progress.h"
 
 namespace simhost {
@@ -236,8 +237,10 @@ void DrawScreen(Trail& trail, const std::string& rest) {
     Draw(trail, rest, /*asOnScreen=*/true);
 }
 
-void StartPlugin(Trail& trail, const std::string&) {
+void StartPlugin(Trail& trail, const std::string& rest) {
     if (IsLoaded() == true) return trail.Say("the plug-in is loaded already");
+    const std::string version = ParseText(rest).text;
+    if (!version.empty()) HostVersion() = version;
     // Without the plug-in each line of a script that follows would fail as well.
     if (!CallHook(trail, TheHooks().start, "load the plug-in") && !trail.patient()) trail.Stop();
 }

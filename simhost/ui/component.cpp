@@ -6,6 +6,7 @@
 #include "simhost/ui/dialogs.h"
 #include "simhost/ui/drawingarea.h"
 #include "simhost/ui/label.h"
+#include "simhost/ui/list.h"
 #include "simhost/ui/radiogroup.h"
 #include "simhost/ui/table.h"
 #include "simhost/ui/text_frame.h"
@@ -37,7 +38,7 @@ constexpr KindRow kKinds[] = {
     {InputPanel::kKind, Make<InputPanel>},   {OptionMenu::kKind, Make<OptionMenu>},
     {PushButton::kKind, Make<PushButton>},   {RadioGroup::kKind, Make<RadioGroup>},
     {TextArea::kKind, Make<TextArea>},       {Table::kKind, Make<Table>},
-    {DrawingArea::kKind, Make<DrawingArea>},
+    {DrawingArea::kKind, Make<DrawingArea>}, {List::kKind, Make<List>},
 };
 
 }  // namespace

@@ -272,16 +272,27 @@ TEST_F(CommandsOfTheHost, AMacroRunsWhenTheOutermostCommandHasReturned) {
     EXPECT_TRUE(host().macros.empty());
 }
 
-TEST_F(CommandsOfTheHost, AMacroStepThatCannotBeDoneIsComplainedAboutAndTheRestIsDone) {
+TEST_F(CommandsOfTheHost, AMacroStepThatCannotBeDoneIsComplainedAboutAndNothingAfterItIsDone) {
     order.clear();
     Add("Inner", Inner, Answer);
-    host().macros = {WIDE("~ Command `Nowhere`;~ Command `Inner`"), WIDE("nonsense")};
+    host().macros = {WIDE("~ Command `Inner`;~ Activate `Nowhere` `OK`;~ Command `Inner`"),
+                     WIDE("nonsense"), WIDE("~ Command `Inner`")};
     host().commands.RunMacros();
-    EXPECT_EQ(order, "inner ");
+    EXPECT_EQ(order, "inner inner ");
     const auto complaints = Complaints();
     ASSERT_EQ(complaints.size(), 2u);
-    EXPECT_NE(complaints[0].find("there is no command Nowhere"), std::string::npos);
+    EXPECT_NE(complaints[0].find("no dialog Nowhere is open"), std::string::npos);
     EXPECT_NE(complaints[1].find("its steps begin with ~"), std::string::npos);
+}
+
+TEST_F(CommandsOfTheHost, AMacrosCommandThatNobodyHasRegisteredIsToldAndPassedOver) {
+    order.clear();
+    Add("Inner", Inner, Answer);
+    host().macros = {WIDE("~ Command `Nowhere` `diameter`;~ Command `Inner`")};
+    host().commands.RunMacros();
+    EXPECT_EQ(order, "inner ");
+    ASSERT_FALSE(host().shown.empty());
+    EXPECT_NE(Utf8(host().shown.back().text).find("there is no such command"), std::string::npos);
 }
 
 TEST_F(CommandsOfTheHost, MacrosWithoutEndAreStopped) {

@@ -148,7 +148,8 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     // An array or a record that could not be freed is nobody's any more.
     std::vector<std::string> left = workbench::LeftOpen();
     const bool freed = operation == "ProArrayFree" || operation == "ProStringarrayFree" ||
-                       operation == "ProGeomitemdataFree" || operation == "ProSimprepdataFree";
+                       operation == "ProGeomitemdataFree" || operation == "ProSimprepdataFree" ||
+                       operation == "ProSelectionFree" || operation == "ProAsmcompconstraintFree";
     if (freed && left.size() <= fired) left.clear();
     EXPECT_EQ(left, std::vector<std::string>{}) << run;
     EndNote();

@@ -26,9 +26,9 @@ struct Story {
 
 // A complaint that a prescribed sequence forces once an operation has failed.
 struct Forced {
-    const char* failed;
-    const char* complaint;  // how it begins
-    const char* reason;
+    std::string failed;
+    std::string complaint;  // how it begins
+    std::string reason;
 };
 
 class Sweep {

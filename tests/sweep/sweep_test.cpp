@@ -139,7 +139,7 @@ void Register(const std::string& room, const std::string& name, std::function<vo
 void RegisterStories() {
     std::set<std::string> commands;
     for (const ToldStory& told : ToldStories()) {
-        Register(told.room, told.name, [&told] { Sweep().Run(StoryOf(told)); });
+        Register(told.room, told.name, [&told] { Sweep(told.forced).Run(StoryOf(told)); });
         for (const std::string& command : told.commands) {
             if (!commands.insert(command).second) continue;
             Register(told.room, command, [command] { SweepCommand(command); });

@@ -48,6 +48,23 @@ void WriteRelations(const std::string& rest) {
     }
 }
 
+void AddCsys(const std::string& file) {
+    Feature csys;
+    csys.type = PRO_FEAT_CSYS;
+    csys.placement = PlacementFrom({100, 0, 0}, {90, 0, 0});
+    workbench::ModelNamed(file).AddFeature(csys);
+}
+
+void WriteTemplate(const std::string& rest) {
+    const auto [option, windowsPath] = FirstWord(rest);
+    const fs::path path = TheHost().disk.Real(Wide(windowsPath + ".1"));
+    fs::create_directories(path.parent_path());
+    const bool part = windowsPath.ends_with(".prt");
+    WriteFile(path, std::string("[model]\ntype = \"") + (part ? "part" : "assembly") +
+                        "\"\n\n[[feature]]\nid = 1\ntype = 979\nat = [0, 0, 5]\n");
+    TheHost().configOptions[Wide(option)] = {Wide(windowsPath)};
+}
+
 void WriteEmptyFile(const std::string& windowsPath) {
     const fs::path path = TheHost().disk.Real(Wide(windowsPath));
     fs::create_directories(path.parent_path());
@@ -82,6 +99,8 @@ const StoryWord kWords[] = {
     {"ini", true, [](World&, const std::string& rest) { WriteIni(rest); }},
     {"columns", true, [](World&, const std::string& rest) { WriteColumns(rest); }},
     {"file", true, [](World&, const std::string& rest) { WriteEmptyFile(rest); }},
+    {"template", false, [](World&, const std::string& rest) { WriteTemplate(rest); }},
+    {"csys", false, [](World&, const std::string& rest) { AddCsys(rest); }},
     {"models", false, [](World&, const std::string& rest) { workbench::MakeModels(rest); }},
     {"relations", false, [](World&, const std::string& rest) { WriteRelations(rest); }},
 };
@@ -110,6 +129,8 @@ void TakeLine(const std::string& line, Parts* parts) {
         const auto [word, rest] = FirstWord(std::string(Trimmed(line.substr(1))));
         if (word == "reaches") {
             for (const std::string& name : SplitBy(rest, " ")) parts->mustCall.push_back(name);
+        } else if (word == "forced") {
+            return;  // see ForcedIn
         } else if (word == "fresh") {
             parts->fresh.push_back(rest);
         } else if (FindWord(word)) {
@@ -157,6 +178,19 @@ std::vector<std::string> CommandsIn(const std::string& text) {
     return commands;
 }
 
+std::vector<Forced> ForcedIn(const std::string& text) {
+    std::vector<Forced> forced;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line.front() != '%') continue;
+        const auto [word, rest] = FirstWord(std::string(Trimmed(line.substr(1))));
+        if (word != "forced") continue;
+        const auto [failed, complaint] = FirstWord(rest);
+        forced.push_back({failed, complaint, "told in the story"});
+    }
+    return forced;
+}
+
 std::vector<ToldStory> ReadStories() {
     std::vector<ToldStory> stories;
     std::error_code none;
@@ -166,7 +200,7 @@ std::vector<ToldStory> ReadStories() {
             if (file.path().extension() != ".trail") continue;
             const std::string text = ReadFile(file.path());
             stories.push_back({room.path().filename().string(), file.path().stem().string(),
-                               CommandsIn(text), text});
+                               CommandsIn(text), text, ForcedIn(text)});
         }
     }
     std::sort(stories.begin(), stories.end(), [](const ToldStory& a, const ToldStory& b) {

@@ -15,11 +15,14 @@
 //
 //     models LINE                      see tests/support/models.h
 //     relations FILE LINE / LINE       a model's initial relations
+//     csys FILE                        a coordinate system of a model, off its origin
+//     template OPTION PATH             a model file with one, which an option of the host names
 //     setting SECTION VALUE            of VxConfig.ini
 //     ini FILE SECTION KEY VALUE       of another file of settings
 //     columns SUMMED | LEVELLED        of the bill of materials
 //     file PATH                        an empty file that is there
 //     fresh PATH                       a file that is not there whenever the steps begin
+//     forced OPERATION COMPLAINT       how a complaint begins that its failure leads to
 //     reaches OPERATION...             what the steps must call, or the sweep fails
 //
 // The steps are what fails in turn. Without faults all of them must come true.
@@ -36,6 +39,7 @@ struct ToldStory {
     std::string room, name;             // "modeldata", "relations_add"
     std::vector<std::string> commands;  // which its steps press
     std::string text;
+    std::vector<Forced> forced;
 };
 
 // All of them, by room and name.

@@ -1,5 +1,6 @@
 // The host's version text, which commands read later to choose their macros.
 #include "frame/entry.h"
+#include "frame/services/host_version.h"
 #include "simhost/system/windows.h"
 #include "tests/support/workbench.h"
 

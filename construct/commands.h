@@ -1,0 +1,18 @@
+// The commands of this room: models that are made anew or from others, and put into the assembly
+// that the user works on.
+#pragma once
+
+// Each makes a new, empty part, assembly or sheet-metal part from the template that an option of
+// the host names, under the next free name after that of the active assembly, saves it and puts it
+// into that assembly at its origin; fixed there by coordinate systems if the settings say so.
+void NewPart();
+void NewAsm();
+void NewSmt();
+
+// Copies the one selected component under a new name, saves the copy and puts it into the active
+// assembly, where the user constrains it in the host's dialog.
+void CloneComp();
+
+// Copies it likewise, and has the host put the copy into its place, by a macro that runs when the
+// command has returned.
+void CloneAndReplace();

@@ -6,24 +6,6 @@
 
 namespace {
 
-ProError Collect(ProCsys csys, ProError, ProAppData place) {
-    return AppendTo(place, &csys);
-}
-
-void CollectAll(ProMdl solid, HostArray<ProCsys>* found) {
-    if (!*found) return;
-    ProSolidCsysVisit(static_cast<ProSolid>(solid), Guarded<Collect>, nullptr, found->Place());
-}
-
-// Null where the host does not give all that it needs.
-ProSelection SelectionOf(ProMdl solid, ProCsys csys, ProAsmcomppath* path) {
-    HostRecord<ProGeomitem> item;
-    ProCsysToGeomitem(static_cast<ProSolid>(solid), csys, item.Place());
-    ProSelection selection = nullptr;
-    if (item.IsFilled()) ProSelectionAlloc(path, item.Place(), &selection);
-    return selection;
-}
-
 ProSelection SelectionInAssembly(ProMdl assembly, ProCsys csys) {
     ProIdTable none = {-1};
     HostRecord<ProAsmcomppath> top;
@@ -33,27 +15,27 @@ ProSelection SelectionInAssembly(ProMdl assembly, ProCsys csys) {
 
 }  // namespace
 
-LacksCsys DefaultAssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* component,
-                                const WideText& noneInAssembly, const WideText& noneInModel) {
+LacksCsys AssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* component,
+                         const DefaultAssembly& how) {
     SingleConstraint constraint(PRO_ASM_CSYS);
-    HostArray<ProCsys> ofAssembly;
-    HostArray<ProCsys> ofModel;
+    CsysArray ofAssembly;
+    CsysArray ofModel;
     ofAssembly.Allocate();
     ofModel.Allocate();
-    CollectAll(assembly, &ofAssembly);
-    CollectAll(model, &ofModel);
-    const int inAssembly = ofAssembly.Size();
-    const int inModel = ofModel.Size();
-    if (inAssembly == 0) {
-        ShowNotice(noneInAssembly);
+    how.collect(assembly, &ofAssembly);
+    how.collect(model, &ofModel);
+    const ProCsys inAssembly = Chosen(assembly, ofAssembly, how.inAssembly);
+    const ProCsys inModel = Chosen(model, ofModel, CsysChoice::First);
+    if (!inAssembly) {
+        ShowNotice(how.noneInAssembly);
         return LacksCsys::Assembly;
     }
-    if (inModel == 0) {
-        ShowNotice(noneInModel);
+    if (!inModel) {
+        how.tellOfModel(how.noneInModel);
         return LacksCsys::Model;
     }
-    ProSelection above = SelectionInAssembly(assembly, ofAssembly.data()[0]);
-    ProSelection below = SelectionOf(model, ofModel.data()[0], nullptr);
+    ProSelection above = SelectionInAssembly(assembly, inAssembly);
+    ProSelection below = SelectionOf(model, inModel, nullptr);
     ofAssembly.Free();
     ofModel.Free();
     constraint.Between(above, below);
@@ -63,4 +45,12 @@ LacksCsys DefaultAssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* compo
     constraint.Free();
     ProTreetoolRefresh(assembly);
     return LacksCsys::Neither;
+}
+
+LacksCsys DefaultAssembleByCsys(ProMdl assembly, ProMdl model, ProAsmcomp* component,
+                                const WideText& noneInAssembly, const WideText& noneInModel) {
+    DefaultAssembly how;
+    how.noneInAssembly = noneInAssembly;
+    how.noneInModel = noneInModel;
+    return AssembleByCsys(assembly, model, component, how);
 }

@@ -56,7 +56,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxFrmReplace">           (NotBuilt,                 AccessAlways),
     Row<"VxDrwScaleCheck">        (NotBuilt,                 AccessAlways),
     Row<"VxSimRep">               (Command<VxSimRep>,        AccessAssemblyOrMfg),
-    Row<"VxBox">                  (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxBox">                  (Command<VxBox>,           AccessAssemblyOrMfg),
     Row<"VxExportDwg">            (NotBuilt,                 AccessDrawing),
     Row<"VxExportPdf">            (NotBuilt,                 AccessDrawing),
     Row<"VxMdlNameCopy">          (Command<VxMdlNameCopy>,   AccessAssemblyOrMfg),

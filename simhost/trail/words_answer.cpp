@@ -57,6 +57,11 @@ void PressMenuButton(Trail& trail, const std::string& rest) {
     if (!pressed) trail.Fail(pressed.reason);
 }
 
+void PressMappedKey(Trail& trail, const std::string& rest) {
+    const Pressed pressed = TheHost().commands.PressByKey(ParseText(rest).text);
+    if (!pressed) trail.Fail(pressed.reason + UnloadedHint());
+}
+
 void PressEnter(Trail& trail, const std::string&) {
     Wait* wait = trail.waiting();
     if (IsOpen(wait, Wait::Kind::Box)) {

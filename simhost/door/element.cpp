@@ -46,8 +46,8 @@ void Take(const ProValueData& data, Value* value) {
 
 // --- Merges ---
 
-// Where a part is in the present window, at its first use in the order of the tree; nothing where
-// it is not there.
+// Where a part is in the present window, in mm, at its first use in the order of the tree; nothing
+// where it is not there.
 std::optional<Placement> FirstPlaceOf(const Model& part) {
     const Model* current = TheHost().session.CurrentModel();
     if (!current) return std::nullopt;
@@ -58,21 +58,21 @@ std::optional<Placement> FirstPlaceOf(const Model& part) {
         for (const Feature& feature : model.features()) {
             if (place) return;
             if (feature.type != PRO_FEAT_COMPONENT || !feature.model) continue;
-            look(*feature.model, Compose(at, feature.placement));
+            look(*feature.model, Compose(at, PlaceInMm(feature.placement, model)));
         }
     };
     look(ContentsOf(*current), {});
     return place;
 }
 
-// The place of a selected item in the coordinates of its top; nothing if the way there is gone.
+// The place of a selected item in its top, in mm; nothing if the way there is gone.
 std::optional<Placement> PlaceOf(const Selection& selection) {
     Placement place;
     Model* model = selection.top;
     for (const int id : selection.path) {
         const Feature* feature = model->FindFeature(id);
         if (!feature || !feature->model) return std::nullopt;
-        place = Compose(place, feature->placement);
+        place = Compose(place, PlaceInMm(feature->placement, *model));
         model = feature->model;
     }
     return place;

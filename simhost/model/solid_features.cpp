@@ -32,11 +32,14 @@ int NextSolidId(const std::vector<Solid>& solids) {
     return (last / 10 + 1) * 10;
 }
 
-std::vector<Solid> SolidsOf(const Merge& merge) {
+// In the unit of the target, whatever that of the source is.
+std::vector<Solid> SolidsOf(const Merge& merge, const Model& target) {
     const Placement toTarget = Compose(Inverse(merge.to), merge.from);
     std::vector<Solid> solids;
-    for (const Solid& solid : merge.source->partData.solids) {
+    for (Solid solid : merge.source->partData.solids) {
+        ConvertLengths(&solid, LengthUnit(*merge.source), 1);
         solids.push_back(Moved(solid, toTarget));
+        ConvertLengths(&solids.back(), 1, LengthUnit(target));
     }
     return solids;
 }
@@ -53,7 +56,7 @@ bool IsMadeOf(const Model& part, const Model& other) {
 std::optional<std::vector<Solid>> MadeAnew(Model& part, const Feature& feature) {
     if (feature.merge) {
         if (!feature.merge->source) return std::nullopt;
-        return SolidsOf(*feature.merge);
+        return SolidsOf(*feature.merge, part);
     }
     const Placement* frame = FrameOf(part, *feature.group);
     if (!frame) return std::nullopt;
@@ -125,7 +128,7 @@ Feature& PlaceMerge(Model& part, const WideText& name, Merge merge) {
     Feature feature;
     feature.type = kMergeFeature;
     feature.name = name;
-    std::vector<Solid> solids = SolidsOf(merge);
+    std::vector<Solid> solids = SolidsOf(merge, part);
     feature.merge = std::make_shared<Merge>(std::move(merge));
     Feature& added = part.AddFeature(std::move(feature));
     ReplaceSolids(part, added.id, std::move(solids));

@@ -22,7 +22,7 @@ inline constexpr int kMergeFeature = 1238;
 struct Merge {
     std::string file;         // the source: "key.prt"
     Model* source = nullptr;  // null while it is not in memory
-    Placement from, to;       // the source's place and the target's when it was made
+    Placement from, to;       // the source's place and the target's when it was made, in mm
 };
 
 // Adds a group to a part as a feature of it. Throws ModelFileError if its dimensions allow no

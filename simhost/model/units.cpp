@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "simhost/model/drawing.h"
+#include "simhost/model/group.h"
 #include "simhost/model/model.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/session.h"
@@ -210,6 +211,11 @@ void ConvertLengths(Model* model, double from, double to) {
     for (Solid& solid : model->partData.solids) ConvertLengths(&solid, from, to);
     for (Feature& feature : model->MutableFeatures()) {
         Convert(&feature.placement.origin, from, to);
+        // Dimensions of groups are lengths, all of them.
+        if (!feature.group) continue;
+        for (GroupDimension& one : feature.group->dimensions) {
+            one.value = Converted(one.value, from, to);
+        }
     }
     ConvertLengths(&model->partData.sheetMetal, from, to);
 }

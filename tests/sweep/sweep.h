@@ -33,8 +33,10 @@ struct Forced {
 
 class Sweep {
 public:
-    explicit Sweep(std::vector<Forced> forced = {}) : forced_(std::move(forced)) {}
-    // Every row of the forced complaints must have been needed; a failure else.
+    // Where `allNeeded`, every row of the forced complaints must have been needed at the end; a
+    // failure else.
+    explicit Sweep(std::vector<Forced> forced = {}, bool allNeeded = true)
+        : forced_(std::move(forced)), allNeeded_(allNeeded) {}
     ~Sweep();
     Sweep(const Sweep&) = delete;
     Sweep& operator=(const Sweep&) = delete;
@@ -69,6 +71,7 @@ private:
     void CheckComplaints(World& world, const std::string& failed, const std::string& run);
 
     std::vector<Forced> forced_;
+    bool allNeeded_;
     std::set<const Forced*> needed_;
     std::set<std::string> records_;
 };

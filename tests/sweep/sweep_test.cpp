@@ -66,8 +66,15 @@ void SweepInAllScenes(const Button& button, Sweep* faults) {
     }
 }
 
+// What its stories are forced to, the command may be forced to in any scene.
 void SweepCommand(const std::string& command) {
-    Sweep faults;
+    std::vector<Forced> forced;
+    for (const ToldStory& told : ToldStories()) {
+        const auto& pressed = told.commands;
+        if (std::find(pressed.begin(), pressed.end(), command) == pressed.end()) continue;
+        forced.insert(forced.end(), told.forced.begin(), told.forced.end());
+    }
+    Sweep faults(std::move(forced), /*allNeeded=*/false);
     int found = 0;
     for (const Button& button : AllButtons()) {
         if (button.command != command) continue;

@@ -25,8 +25,8 @@ HOST_API ProError ProUdfdataFree(ProUdfdata data);
 HOST_API ProError ProUdfdataNameSet(ProUdfdata data, WideChar* name, WideChar* instance);
 
 // A new reference: the selected item for a prompt. The selection is copied. The caller frees what
-// is not added to data. `external`: the item belongs to another model than the group. Assumed
-// (frees, 70 %): the selection is copied, so that the caller may free it at once
+// is not added to data. `external`: the item belongs to another model than the group.
+// Assumed (frees, 70 %): the selection is copied, so that the caller may free it at once
 HOST_API ProError ProUdfreferenceAlloc(WideChar* prompt, ProSelection selection,
                                        ProBoolean external, ProUdfreference* reference);
 HOST_API ProError ProUdfreferenceFree(ProUdfreference reference);

@@ -31,11 +31,12 @@ void ProvideGroupFile() {
 
 // --- The group ---
 
-// A dimension of the group by its name; the host takes it over.
+// A dimension of the group by its name; the data takes it over.
 void AddDimension(ProUdfdata data, const WideChar* name, double value) {
     ProUdfvardim dimension = nullptr;
     ProUdfvardimAlloc(HostText(name), value, PROUDFVARTYPE_DIM, &dimension);
-    if (dimension) ProUdfdataUdfvardimAdd(data, dimension);
+    if (!dimension) return;
+    if (ProUdfdataUdfvardimAdd(data, dimension) != PRO_TK_NO_ERROR) ProUdfvardimFree(dimension);
 }
 
 // The coordinate system for the prompt of the group; its name is asked for and not used.
@@ -50,8 +51,9 @@ void AddCsys(ProUdfdata data, ProMdl part, ProCsys csys) {
     if (!selection) return;
     ProUdfreference reference = nullptr;
     ProUdfreferenceAlloc(HostText(WIDE("csys")), selection, PRO_B_FALSE, &reference);
-    if (reference) ProUdfdataReferenceAdd(data, reference);
     ProSelectionFree(&selection);
+    if (!reference) return;
+    if (ProUdfdataReferenceAdd(data, reference) != PRO_TK_NO_ERROR) ProUdfreferenceFree(reference);
 }
 
 // The group is built for these names: x2 is half an extent, and yval and zval cross over.

@@ -1,4 +1,4 @@
-// VxBox and the default assembly: coordinate systems found and chosen.
+// Coordinate systems of solids: how they are found, and which of them is chosen.
 #include "construct/csys.h"
 
 namespace {

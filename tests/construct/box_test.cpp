@@ -454,7 +454,7 @@ TEST_F(Block, AsksTheHostInThisOrder) {
                     "ProSolidSurfaceVisit", "ProUdfdataAlloc", "ProUdfdataNameSet",
                     "ProSolidCsysVisit", "ProCsysIdGet", "ProFeatureInit", "ProFeatureParentsGet",
                     "ProCsysToGeomitem", "ProModelitemNameGet", "ProSelectionAlloc",
-                    "ProUdfreferenceAlloc", "ProUdfdataReferenceAdd", "ProSelectionFree"},
+                    "ProUdfreferenceAlloc", "ProSelectionFree", "ProUdfdataReferenceAdd"},
                    dimension,
                    dimension,
                    dimension,

@@ -149,7 +149,8 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     std::vector<std::string> left = workbench::LeftOpen();
     const bool freed = operation == "ProArrayFree" || operation == "ProStringarrayFree" ||
                        operation == "ProGeomitemdataFree" || operation == "ProSimprepdataFree" ||
-                       operation == "ProSelectionFree" || operation == "ProAsmcompconstraintFree";
+                       operation == "ProSelectionFree" || operation == "ProAsmcompconstraintFree" ||
+                       operation == "ProUdfdataFree";
     if (freed && left.size() <= fired) left.clear();
     EXPECT_EQ(left, std::vector<std::string>{}) << run;
     EndNote();

@@ -131,7 +131,8 @@ struct Parts {
 };
 
 void TakeLine(const std::string& line, Parts* parts) {
-    if (!parts->steps.empty() || line.front() == '~') {
+    const bool presses = line.front() == '~' || line.rfind("@ mapped key", 0) == 0;
+    if (!parts->steps.empty() || presses) {
         parts->steps += line + '\n';
     } else if (line.front() == '@') {
         parts->preparation.push_back(line);

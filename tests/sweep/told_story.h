@@ -10,8 +10,8 @@
 //     ~ Command `VxRelations`
 //     ...
 //
-// All before the first step prepares the world and does not fail: lines with @ are the words of
-// trails, those with % the story's own:
+// The first step is one of a trail or a mapped key. All before it prepares the world and does not
+// fail: lines with @ are the words of trails, those with % the story's own:
 //
 //     models LINE                      see tests/support/models.h
 //     relations FILE LINE / LINE       a model's initial relations

@@ -24,13 +24,13 @@ COPIES = {
     "VXconfig/VxBom.ini", "VXconfig/VxConfig.ini", "VXconfig/VxOptiColor.ini",
     "VXconfig/VxParams.ini", "VXconfig/VxUGColor.ini",
     "text/resource/AboutVx.png", "text/resource/AboutVx.res", "text/resource/Relations.res",
-    "text/resource/TweViews.res", "text/resource/VxBom.res", "text/resource/VxConfig.res",
-    "text/resource/VxInit.res", "text/resource/VxParams.res", "text/resource/VxQQ2.gif",
-    "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res", "text/vxMenu.txt",
-    "text/vxmsg_display.txt",
+    "text/resource/SetUnit.res", "text/resource/TweViews.res", "text/resource/VxBom.res",
+    "text/resource/VxConfig.res", "text/resource/VxInit.res", "text/resource/VxParams.res",
+    "text/resource/VxQQ2.gif", "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res",
+    "text/resource/VxRemoveCons.res", "text/vxMenu.txt", "text/vxmsg_display.txt",
 }
 MADE = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt"}
-TEMPLATE = "tp/vx.drw"  # of the simulated host only
+SIMULATED_ONLY = {"tp/vx.drw", "vxudf/vxbox.gph"}
 GUIDE = "使用指南"
 # In the place of the real guide, which only a simulated host of this system can make.
 PAGES = {"index.html": b"<!doctype html>\n", "pictures/VxBom.png": b"\x89PNG\r\n"}
@@ -62,12 +62,12 @@ def files_in(folder):
 
 
 def check_files(folder, module, simulated, pages):
-    expected = COPIES | MADE | ({TEMPLATE} if simulated else set())
+    expected = COPIES | MADE | (SIMULATED_ONLY if simulated else set())
     expected |= {f"{GUIDE}/{name}" for name in pages}
     there = files_in(folder)
     need(there == expected,
          f"{folder.name} lacks {sorted(expected - there)}, has too much {sorted(there - expected)}")
-    for name in there & (COPIES | {TEMPLATE}):
+    for name in there & (COPIES | SIMULATED_ONLY):
         need((folder / name).read_bytes() == (ROOT / name).read_bytes(), f"{name} was changed")
     need((folder / "vorlatix5.1.dll").read_bytes() == pathlib.Path(module).read_bytes(),
          "the module was changed")

@@ -52,26 +52,26 @@ bool NeedsReferences(ProAsmcompConstrType type) {
     return type != PRO_ASM_FIX && type != PRO_ASM_DEF_PLACEMENT && type != PRO_ASM_AUTO;
 }
 
-// The model that component ids lead to, with its frame in that of `top`. Null: nowhere.
+// The model that component ids lead to, with its frame in that of `top`, in mm. Null: nowhere.
 Model* Follow(Model& top, const std::vector<int>& path, Placement* frame) {
     Model* model = &top;
     for (const int id : path) {
         const Feature* feature = model->FindFeature(id);
         if (!feature || !feature->model) return nullptr;
-        *frame = Compose(*frame, feature->placement);
+        *frame = Compose(*frame, PlaceInMm(feature->placement, *model));
         model = feature->model;
     }
     return model;
 }
 
-// The frame of a coordinate system that a constraint holds on to, in that of `top`.
+// The frame of a coordinate system that a constraint holds on to, in that of `top`, in mm.
 std::optional<Placement> FrameOf(Model& top, const std::optional<ConstraintReference>& reference) {
     if (!reference || reference->type != PRO_CSYS) return std::nullopt;
     Placement frame;
     Model* owner = Follow(top, reference->path, &frame);
     const Feature* csys = owner ? FindCsys(*owner, reference->id) : nullptr;
     if (!csys) return std::nullopt;
-    return Compose(frame, csys->placement);
+    return Compose(frame, PlaceInMm(csys->placement, *owner));
 }
 
 // What a selection below `top` is to a constraint; nothing if it leads elsewhere.
@@ -235,7 +235,7 @@ Placement ConstrainedPlace(Model& assembly, const Feature& component) {
         if (constraint.type != PRO_ASM_CSYS) continue;
         const auto target = FrameOf(assembly, constraint.assembly);
         const auto own = FrameOf(*component.model, constraint.component);
-        if (target && own) place = Compose(*target, Inverse(*own));
+        if (target && own) place = FromMm(Compose(*target, Inverse(*own)), assembly);
     }
     return place;
 }

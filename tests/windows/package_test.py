@@ -24,10 +24,10 @@ COPIES = {
     "VXconfig/VxBom.ini", "VXconfig/VxConfig.ini", "VXconfig/VxOptiColor.ini",
     "VXconfig/VxParams.ini", "VXconfig/VxUGColor.ini",
     "text/resource/AboutVx.png", "text/resource/AboutVx.res", "text/resource/Relations.res",
-    "text/resource/TweViews.res", "text/resource/VxBom.res", "text/resource/VxConfig.res",
-    "text/resource/VxInit.res", "text/resource/VxParams.res", "text/resource/VxQQ2.gif",
-    "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res", "text/vxMenu.txt",
-    "text/vxmsg_display.txt",
+    "text/resource/SetUnit.res", "text/resource/TweViews.res", "text/resource/VxBom.res",
+    "text/resource/VxConfig.res", "text/resource/VxInit.res", "text/resource/VxParams.res",
+    "text/resource/VxQQ2.gif", "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res",
+    "text/vxMenu.txt", "text/vxmsg_display.txt",
 }
 MADE = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt"}
 TEMPLATE = "tp/vx.drw"  # of the simulated host only

@@ -16,6 +16,7 @@
 #include "bench/growth.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
+#include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
@@ -117,6 +118,8 @@ constexpr DialogJob kDialogJobs[] = {
     {"SetUnit",
      "~ Command `SetUnit`\n~ Select `SetUnit` `UnitRadio` 1 `IPS`\n"
      "~ Activate `SetUnit` `ApplyBt`\n@ ok\n~ Activate `SetUnit` `Close`"},
+    {"SetMat", "~ Command `SetMat`\n@ answer C:\\Files\\steel.mtl\n@ ok"},
+    {"SetBendTable", "~ Command `SetBendTable`\n@ answer C:\\Files\\soft.bnd\n@ ok"},
     {"TweViews",
      "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
      "~ Activate `TweViews` `ApplyBt`"},
@@ -197,6 +200,29 @@ void SelectParts(Session* session, std::size_t count, bool same) {
     session->selections.SetBuffer(std::move(picks));
 }
 
+// Parts in memory whose names are in the way of NewPart, and its template.
+void TakeNames(Session* session, int count) {
+    for (int i = 1; i <= count; ++i) {
+        session->Create(Wide("LARGE-" + std::to_string(i)), PRO_MDL_PART);
+    }
+    Feature csys;
+    csys.type = PRO_FEAT_CSYS;
+    session->Create(WIDE("TEMPLATE"), PRO_MDL_PART).AddFeature(csys);
+    TheHost().configOptions[WIDE("template_solidpart")] = {WIDE("C:\\Work\\template.prt")};
+}
+
+// A folder with what SetMat and SetBendTable ask for; all parts are of sheet metal.
+void PrepareFiles(const Workplace& workplace, Session* session) {
+    const fs::path folder = workplace.Real(WIDE("C:\\Files"));
+    fs::create_directories(folder);
+    WriteFile(folder / "steel.mtl", "[material]\ndensity = 7850\ndensity_unit = \"kg/m^3\"\n");
+    WriteFile(folder / "soft.bnd",
+              "[bend_table]\nthickness = [2]\nradius = [2]\nlength = [[4.42]]\n");
+    for (Model* model : session->All()) {
+        if (model->type == PRO_MDL_PART) model->subtype = PROMDLSTYPE_PART_SHEETMETAL;
+    }
+}
+
 int Run(const std::string& job, int occurrences, const fs::path& modules) {
     WorkplaceOptions options;
     options.installed = VX_SOURCE_DIR;
@@ -205,16 +231,19 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     constexpr int kLevels = 5;
     constexpr int kFew = 1'000;
     const bool picksOnly = job == "IsolatePicks";  // it is they that grow, not the assembly
-    const int components = picksOnly ? kFew : occurrences;
+    const bool namesOnly = job == "FreeNames";
+    const int components = picksOnly || namesOnly ? kFew : occurrences;
     const int models = std::max(components / 50, 2 * kLevels);
     GenerateAssembly(workplace.Real(WIDE("C:\\Work")), components, models, kLevels, 1);
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
+    if (job == "SetMat" || job == "SetBendTable") PrepareFiles(workplace, &session);
     if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
     constexpr std::size_t kPicks = 100;
     if (job == "VxIsolate") SelectParts(&session, kPicks, /*same=*/false);
     if (picksOnly) SelectParts(&session, std::size_t(occurrences), /*same=*/true);
+    if (namesOnly) TakeNames(&session, occurrences);
     Figures figures;
     if (job == "BomFlat" || job == "BomLevels") {
         figures = LoadBom(job == "BomFlat" ? "SumBom" : "LevelBom");
@@ -223,7 +252,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
             if (job == "walk") {
                 Walk(modules / "walk_module.so");
             } else {
-                Do(picksOnly ? "VxIsolate" : job);
+                Do(picksOnly ? "VxIsolate" : namesOnly ? "NewPart" : job);
             }
         });
     }

@@ -16,3 +16,10 @@ void CloneComp();
 // Copies it likewise, and has the host put the copy into its place, by a macro that runs when the
 // command has returned.
 void CloneAndReplace();
+
+// Fixes every component of the current assembly, at every depth, where it is: one fixed constraint
+// in the place of all that it has.
+void VxRemoveCons();
+// Puts a block around a part, into that part; or around the parts that the user picks in an
+// assembly, into a new part that is assembled there. The block is the group of vxbox.gph.
+void VxBox();

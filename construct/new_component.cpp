@@ -45,16 +45,6 @@ constexpr Kind kSheetMetal = {
     WIDE("\t钣金件模板无坐标系,无法缺省装配新零件\t"),
 };
 
-// Nothing where the option is not set, or has no value.
-std::optional<WideText> TemplatePath(const Kind& kind) {
-    ProPath* made = nullptr;
-    const ProError status = ProConfigoptArrayGet(HostText(kind.option.data()), &made);
-    HostArray<ProPath> values;
-    values.Adopt(made);
-    if (status != PRO_TK_NO_ERROR || values.Size() == 0) return std::nullopt;
-    return TextIn(values.data()[0]);
-}
-
 bool Load(const Kind& kind, const WideText& path, ProMdl* model) {
     const ProError status = ProMdlLoad(HostText(path), kind.type, PRO_B_FALSE, model);
     if (status != PRO_TK_NO_ERROR) ShowNotice(WideText(kind.noTemplate));
@@ -98,7 +88,7 @@ void Create(const Kind& kind, ProMdl source, const WorkPlace& place, const WideT
 }
 
 void NewComponent(const Kind& kind) {
-    const std::optional<WideText> path = TemplatePath(kind);
+    const std::optional<WideText> path = FirstOptionValue(kind.option.data());
     if (!path) return ShowNotice(WideText(kind.noTemplate));
     ProMdl source = nullptr;
     if (kind.loadsFirst && !Load(kind, *path, &source)) return;

@@ -15,6 +15,8 @@
 #include <ProCsys.h>
 #include <ProDrawing.h>
 #include <ProDrawingView.h>
+#include <ProElement.h>
+#include <ProElempath.h>
 #include <ProFaminstance.h>
 #include <ProFamtable.h>
 #include <ProFeatType.h>
@@ -22,6 +24,7 @@
 #include <ProGeomitem.h>
 #include <ProGeomitemdata.h>
 #include <ProMaterial.h>
+#include <ProGroup.h>
 #include <ProMdl.h>
 #include <ProMenuBar.h>
 #include <ProMessage.h>
@@ -52,7 +55,9 @@
 #include <ProUITable.h>
 #include <ProUITextarea.h>
 #include <ProUnits.h>
+#include <ProUdf.h>
 #include <ProUtil.h>
+#include <ProValue.h>
 #include <ProView.h>
 #include <ProWindows.h>
 #include <ProWstring.h>

@@ -187,6 +187,10 @@ HOST_API BOOL PathFileExistsW(const WideChar* path);
 // FALSE on failure, which GetLastError tells.
 HOST_API BOOL DeleteFileW(const WideChar* path);
 
+// Copies a file with its bytes. FALSE on failure, which GetLastError tells; with `failIfExists`
+// also where there is a file of the new path.
+HOST_API BOOL CopyFileW(const WideChar* from, const WideChar* to, BOOL failIfExists);
+
 // --- File dialogs -----------------------------------------------------------------------------
 
 #define OFN_OVERWRITEPROMPT 0x2u

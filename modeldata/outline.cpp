@@ -14,71 +14,15 @@ namespace {
 constexpr const WideChar* kCompletion =
     WIDE("\t外形尺寸参数批量创建/更新完成|岚枢QQ①群:10020030/②群:100200301\t");
 
-// The corners seen so far, as far as they matter: the least and the largest on each axis.
-struct Measure {
-    bool empty = true;
-    Pro3dPnt low = {};
-    Pro3dPnt high = {};
-
-    void Add(const double* point) {
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            low[axis] = empty ? point[axis] : std::min(low[axis], point[axis]);
-            high[axis] = empty ? point[axis] : std::max(high[axis], point[axis]);
-        }
-        empty = false;
-    }
-};
-
 enum class Outcome { Measured, NotMeasured };
 
-using SurfaceArray = HostArray<ProSurface>;
-
-ProError CollectSurface(ProSurface surface, ProError, ProAppData surfaces) noexcept {
-    AppendTo(surfaces, &surface);
-    return PRO_TK_NO_ERROR;
-}
-
-ProError AdmitSurface(ProSurface, ProAppData) noexcept {
-    return PRO_TK_NO_ERROR;
-}
-
-ProError VisitSurfaces(ProMdl part, SurfaceArray* surfaces) {
-    return ProSolidSurfaceVisit(static_cast<ProSolid>(part), CollectSurface, AdmitSurface,
-                                surfaces->Place());
-}
-
-// Adds the two corners of a box, the far one first; `transform` may be null.
-void AddCorners(ProSurfacedata& box, ProMatrix transform, Measure* measure) {
-    for (double* corner : {box.xyz_max, box.xyz_min}) {
-        Pro3dPnt turned = {};
-        if (!transform) {
-            measure->Add(corner);
-        } else if (ProPntTrfEval(corner, transform, turned) == PRO_TK_NO_ERROR) {
-            measure->Add(turned);
-        }
-    }
-}
-
-// The same for the box of each surface. A record that is there is freed even after a failed call.
-void AddCorners(const SurfaceArray& surfaces, ProMatrix transform, Measure* measure) {
-    const int size = surfaces.Size();
-    for (int i = 0; i < size; ++i) {
-        ProGeomitemdata* about = nullptr;
-        const ProError status = ProSurfaceDataGet(surfaces.data()[i], &about);
-        if (status == PRO_TK_NO_ERROR && about && about->data.p_surface_data) {
-            AddCorners(*about->data.p_surface_data, transform, measure);
-        }
-        if (about) ProGeomitemdataFree(&about);
-    }
-}
-
-Outcome MeasurePart(ProMdl part, SurfaceArray* surfaces, Measure* measure) {
+Outcome MeasurePart(ProMdl part, SurfaceArray* surfaces, SurfaceBoxes* measure) {
     if (VisitSurfaces(part, surfaces) != PRO_TK_NO_ERROR) return Outcome::NotMeasured;
-    AddCorners(*surfaces, nullptr, measure);
+    measure->Add(*surfaces, nullptr);
     return Outcome::Measured;
 }
 
-Outcome MeasureComponent(ProAsmcomppath* path, Measure* measure) {
+Outcome MeasureComponent(ProAsmcomppath* path, SurfaceBoxes* measure) {
     ProMdl model = nullptr;
     if (ProAsmcomppathMdlGet(path, &model) != PRO_TK_NO_ERROR) return Outcome::Measured;
     if (TypeOf(model) != PRO_MDL_PART)
@@ -90,12 +34,12 @@ Outcome MeasureComponent(ProAsmcomppath* path, Measure* measure) {
     SurfaceArray surfaces;
     if (surfaces.Allocate() != PRO_TK_NO_ERROR) return Outcome::NotMeasured;
     if (VisitSurfaces(model, &surfaces) != PRO_TK_NO_ERROR) return Outcome::Measured;
-    AddCorners(surfaces, transform, measure);
+    measure->Add(surfaces, transform);
     return Outcome::Measured;
 }
 
 // Parents come before their children, so the ids above a line's depth are those of its parents.
-Outcome MeasureAssembly(ProMdl assembly, Measure* measure) {
+Outcome MeasureAssembly(ProMdl assembly, SurfaceBoxes* measure) {
     const auto listing = ListComponents(assembly);
     if (!listing) return Outcome::NotMeasured;
     int ids[PRO_MAX_ASSEM_LEVEL + 1] = {};
@@ -115,7 +59,7 @@ Outcome MeasureAssembly(ProMdl assembly, Measure* measure) {
 }
 
 // Empty if the check button's state is not known.
-WideText MeasuredText(const Measure& measure, int order, int decimalPlaces) {
+WideText MeasuredText(const SurfaceBoxes& measure, int order, int decimalPlaces) {
     if (order != 0 && order != 1) return {};
     OutlineExtents extents = {};
     for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -134,7 +78,7 @@ void ComputeOutlineParameter(ProMdl model, const WideText& name) {
     if (surfaces.Allocate() != PRO_TK_NO_ERROR) return;
     const ProMdlType type = TypeOf(model);
     if (type != PRO_MDL_PART && type != PRO_MDL_ASSEMBLY) return;
-    Measure measure;
+    SurfaceBoxes measure;
     const Outcome outcome = type == PRO_MDL_PART ? MeasurePart(model, &surfaces, &measure)
                                                  : MeasureAssembly(model, &measure);
     if (outcome == Outcome::NotMeasured) return;

@@ -70,7 +70,7 @@ def data_lines(model):
 
 
 def sheet_lines(sheet):
-    """What sheet metal has: its thickness, the flat pieces of its profile, the bends between them."""
+    """What sheet metal has: thickness, the flat pieces of its profile, the bends between them."""
     lines = ["", "[sheet_metal]", f"thickness = {toml(sheet['thickness'])}",
              f"flats = {toml(sheet['flats'])}"]
     for radius in sheet["radii"]:

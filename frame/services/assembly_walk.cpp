@@ -110,5 +110,7 @@ ModelList ModelsOf(const ComponentArray& components, int size, const ModelList& 
 }
 
 ModelList ReduceToModelList(ComponentArray components, int size, const ModelList& list) {
-    return ModelsOf(components, size, list);
+    ModelList models = ModelsOf(components, size, list);
+    components.Free();
+    return models;
 }

@@ -10,6 +10,8 @@
 HOST_API ProError ProConfigoptArrayGet(WideChar* option, ProPath** values);
 
 // Gives an option this value and no other; it may be the empty text.
+// PRO_TK_BAD_INPUTS: an option without a name.
 // Assumed (behaviour, 60 %): it takes the place of all values that the option had; the empty text
 //   is taken, and is not the same as an option that is not set
+// Assumed (parameters, 70 %): takes the option and its value as wide texts
 HOST_API ProError ProConfigoptSet(WideChar* option, WideChar* value);

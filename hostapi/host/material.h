@@ -1,4 +1,4 @@
-// Materials of parts.
+// Materials of parts: read from files, and which one a part is made of.
 #pragma once
 
 #include "hostapi/host/types.h"

@@ -20,6 +20,11 @@ enum class HandleKind : std::uint8_t {
     SimprepData = 0x28,
     Csys = 0x29,
     Constraint = 0x2a,
+    UdfData = 0x31,
+    UdfReference = 0x32,
+    UdfDimension = 0x33,
+    Element = 0x34,
+    Value = 0x35,
 };
 
 inline HandleKind KindOf(const void* handle) {

@@ -214,7 +214,11 @@ ProError ProAsmcompConstrRedefUI(ProAsmcomp* component) {
     return Op<"ProAsmcompConstrRedefUI">.Call(
         [&] {
             Host& host = TheHost();
+            // A click that is on its way goes to what the host shows, and confirms the dialog with
+            // nothing changed.
+            const bool clicked = host.desk.TakeClick();
             const Held held = RequireChangeable(component);
+            if (clicked) return;
             if (!RedefineConstraints(host.dialogs, held.assembly, held.component.id)) {
                 Refuse(PRO_TK_USER_ABORT);
             }

@@ -16,12 +16,16 @@ namespace simhost {
 
 namespace {
 
-// "selection of bolt.prt item -1 of type 2 at top.asm [3, 7]".
-std::string DescribeSelection(const Selection& selection) {
+std::string PathText(const Selection& selection) {
     std::string path;
     for (const int id : selection.path) path += (path.empty() ? "" : ", ") + Describe(id);
-    return fmt::format("selection of {} at {} [{}]", TextOf(selection.item),
-                       Describe(selection.top->handle), path);
+    return '[' + path + ']';
+}
+
+// "selection of bolt.prt item -1 of type 2 at top.asm [3, 7]".
+std::string DescribeSelection(const Selection& selection) {
+    return fmt::format("selection of {} at {} {}", TextOf(selection.item),
+                       Describe(selection.top->handle), PathText(selection));
 }
 
 // "constraint csys, assembly selection of …, side 1, component selection of …, side 1".
@@ -36,6 +40,18 @@ std::string DescribeConstraint(const ConstraintDraft& draft) {
     add("assembly", draft.assembly);
     add("component", draft.component);
     return text;
+}
+
+std::string DescribeValue(const Value& value) {
+    if (!value.kind) return "a value without data";
+    switch (*value.kind) {
+        case PRO_VALUE_TYPE_INT: return fmt::format("integer {}", value.number);
+        case PRO_VALUE_TYPE_WSTRING: return "text " + InQuotes(Utf8(value.text));
+        case PRO_VALUE_TYPE_SELECTION:
+            return fmt::format("selection of {} at {}", simhost::TextOf(value.selection.item),
+                               PathText(value.selection));
+    }
+    return fmt::format("a value of the kind {}", int(*value.kind));
 }
 
 std::string DescribeHandle(const void* handle) {
@@ -71,6 +87,33 @@ std::string DescribeHandle(const void* handle) {
                 return "data of " + InQuotes(Utf8(data->name));
             }
             return "dangling data";
+        case HandleKind::UdfData:
+            if (const UdfData* data = session.udfs.datas.Find(handle)) {
+                return "data of the group " + InQuotes(Utf8(data->name));
+            }
+            return "dangling data";
+        case HandleKind::UdfReference:
+            if (const UdfReference* reference = session.udfs.references.Find(handle)) {
+                return "a reference for " + InQuotes(Utf8(reference->prompt));
+            }
+            return "a reference of a group";
+        case HandleKind::UdfDimension:
+            if (const UdfDimension* dimension = session.udfs.dimensions.Find(handle)) {
+                return fmt::format("{} = {}", Utf8(dimension->name), dimension->value);
+            }
+            return "a dimension of a group";
+        case HandleKind::Element:
+            if (const Element* element = session.elements.elements.Find(handle)) {
+                return element->value ? fmt::format("element {} ({})", element->id,
+                                                    DescribeValue(*element->value))
+                                      : fmt::format("element {}", element->id);
+            }
+            return "dangling element";
+        case HandleKind::Value:
+            if (const Value* value = session.elements.values.Find(handle)) {
+                return DescribeValue(*value);
+            }
+            return "a value";
         case HandleKind::Csys:
             if (const Csys* csys = session.csyses.Find(handle)) {
                 return fmt::format("csys {} of {}",
@@ -197,6 +240,21 @@ std::string TextOf(const ProUnititem& unit) {
 
 std::string TextOf(const ProUnitsystem& system) {
     return fmt::format("{} of {}", TextIn(system.name), Describe(system.owner));
+}
+
+std::string TextOf(const ProValueData& data) {
+    switch (data.type) {
+        case PRO_VALUE_TYPE_INT: return fmt::format("integer {}", data.v.i);
+        case PRO_VALUE_TYPE_WSTRING: return "text " + Describe(data.v.w);
+        case PRO_VALUE_TYPE_SELECTION: return Describe(static_cast<const void*>(data.v.r));
+    }
+    return fmt::format("a value of the kind {}", int(data.type));
+}
+
+std::string TextOf(const ProErrorlist& errors) {
+    return DescribeList(std::size_t(errors.count), [&](std::size_t i) {
+        return fmt::format("element {}: {}", errors.list[i].element, int(errors.list[i].status));
+    });
 }
 
 std::string PointText::Of(const double* point) {

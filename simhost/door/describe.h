@@ -10,6 +10,7 @@
 #include "hostapi/host/dialog_drawingarea.h"
 #include "hostapi/host/drawing_template.h"
 #include "hostapi/host/drawing_view.h"
+#include "hostapi/host/element.h"
 #include "hostapi/host/family_table.h"
 #include "hostapi/host/geometry.h"
 #include "hostapi/host/material.h"
@@ -42,6 +43,8 @@ std::string TextOf(const ProSimprepitem& item);
 std::string TextOf(const ProUIPoint& point);
 std::string TextOf(const ProUnititem& unit);
 std::string TextOf(const ProUnitsystem& system);
+std::string TextOf(const ProValueData& data);
+std::string TextOf(const ProErrorlist& errors);
 
 template <class Record>
 struct RecordText {
@@ -66,6 +69,8 @@ template <> struct JournalText<ProSimprepitem> : RecordText<ProSimprepitem> {};
 template <> struct JournalText<ProUIPoint> : RecordText<ProUIPoint> {};
 template <> struct JournalText<ProUnititem> : RecordText<ProUnititem> {};
 template <> struct JournalText<ProUnitsystem> : RecordText<ProUnitsystem> {};
+template <> struct JournalText<ProValueData> : RecordText<ProValueData> {};
+template <> struct JournalText<ProErrorlist> : RecordText<ProErrorlist> {};
 // clang-format on
 
 // A point or a direction, as (x, y, z).

@@ -55,6 +55,7 @@ enum class Shape { Box, Cylinder, Tube, Cone, Gear, Prism };
 // One solid of a part as its file has it. Which numbers count depends on the shape.
 struct Solid {
     int id = 0;
+    int feature = 0;  // the merge or group that made it; 0: the part's own
     Shape shape = Shape::Box;
     Vec3 at, turn;
     Vec3 size;                               // box

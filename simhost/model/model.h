@@ -26,6 +26,8 @@ namespace simhost {
 class Model;
 class Session;
 class Drawing;
+struct Group;
+struct Merge;
 struct PartShape;
 struct ScreenView;
 
@@ -43,11 +45,13 @@ struct Feature {
     bool hidden = false;        // on the screen: nothing else of it changes, and it is not saved
     bool hiddenInFile = false;  // how it comes onto the screen from its file
     WideText name;
-    std::string file;          // components: "housing.prt"
-    Model* model = nullptr;    // components: null while the model is not in memory
-    Placement placement;       // components and coordinate systems: in the owner's coordinates
-    int csysId = 0;            // coordinate systems: their number as items; 0: see CsysIdOf
-    std::vector<int> parents;  // the features that it hangs on
+    std::string file;              // components: "housing.prt"
+    Model* model = nullptr;        // components: null while the model is not in memory
+    Placement placement;           // components and coordinate systems: in the owner's coordinates
+    int csysId = 0;                // coordinate systems: their number as items; 0: see CsysIdOf
+    std::vector<int> parents;      // the features that it hangs on
+    std::shared_ptr<Group> group;  // groups and merges: what they are made from
+    std::shared_ptr<Merge> merge;
     // Components: nothing while it has never had any.
     std::optional<std::vector<Constraint>> constraints;
 };

@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "simhost/model/csys.h"
+#include "simhost/model/model_file_group.h"
 #include "simhost/model/model_file_sections.h"
 
 namespace simhost {
@@ -132,7 +133,9 @@ Feature ReadFeature(const toml::table& table) {
     }
     Keys keys = KeysOf(kFeatureFields, kComponentFields, kCsysFields, kPlaceFields);
     keys.push_back(kConstraintKey);
+    keys.insert(keys.end(), kSolidFeatureKeys.begin(), kSolidFeatureKeys.end());
     Allow(table, keys);
+    ReadSolidFeature(table, &feature);
     ReadFields(table, kFeatureFields, &feature);
     if (component) ReadFields(table, kComponentFields, &feature);
     if (csys) ReadFields(table, kCsysFields, &feature);
@@ -173,6 +176,7 @@ void AddFeatures(std::string* text, const char* key, const Model& model) {
         if (csys) AddFields(text, kCsysFields, feature);
         if (component || csys) AddFields(text, kPlaceFields, feature);
         AddConstraints(text, feature);
+        AddSolidFeature(text, feature);
     }
 }
 

@@ -199,7 +199,8 @@ constexpr Field<Solid> kKindFields[] = {
     Required(Whole<1, &Solid::id>("id")),
     Required(With(Word<ShapeName, ParseShape, &Solid::shape>("shape"), ReadShape)),
 };
-constexpr Field<Solid> kPlaceFields[] = {Of<&Solid::at>("at"), Of<&Solid::turn>("turn")};
+constexpr Field<Solid> kPlaceFields[] = {Of<&Solid::at>("at"), Of<&Solid::turn>("turn"),
+                                         Whole<1, &Solid::feature>("feature")};
 
 struct ShapeField {
     Shape shape;
@@ -259,6 +260,8 @@ void CheckSurfaces(const std::vector<Solid>& others, const Solid& solid, const t
     }
 }
 
+}  // namespace
+
 Solid ReadSolid(const toml::table& table) {
     Solid solid;
     ReadFields(table, kKindFields, &solid);
@@ -269,6 +272,8 @@ Solid ReadSolid(const toml::table& table) {
     ReadFields(table, kPlaceFields, &solid);
     return solid;
 }
+
+namespace {
 
 void ReadSolids(const toml::table& root, const char* key, Model* model) {
     EachTable(root, key, [&](const toml::table& table) {

@@ -32,6 +32,9 @@ constexpr Section SectionOf(const char* key, ProMdlType only = PRO_MDL_UNUSED) {
             }};
 }
 
+// A [[solid]] with its sizes checked. Throws ModelFileError.
+Solid ReadSolid(const toml::table& table);
+
 extern const Section kAppearanceSection;
 extern const Section kParameterSection;
 extern const Section kRelationsSection;

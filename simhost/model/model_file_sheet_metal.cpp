@@ -126,6 +126,11 @@ void ReadFlats(const toml::node& node, const char* key, SheetMetal* sheet) {
     sheet->flats = PositiveNumbers(node, key);
 }
 
+void ReadDeveloped(const toml::node& node, const char* key, SheetMetal* sheet) {
+    sheet->developed = PositiveNumber(node, key);
+}
+
+// A length that is up to date goes without saying.
 constexpr Field<SheetMetal> kSheetFields[] = {
     Required(Field<SheetMetal>{"thickness", ReadThickness,
                                [](const SheetMetal& one) { return NumberText(one.thickness); },
@@ -133,7 +138,8 @@ constexpr Field<SheetMetal> kSheetFields[] = {
     Required(Field<SheetMetal>{"flats", ReadFlats,
                                [](const SheetMetal& one) { return ListOfNumbers(one.flats); },
                                [](const SheetMetal&) { return false; }}),
-    Of<&SheetMetal::developed>("developed"),
+    {"developed", ReadDeveloped, [](const SheetMetal& one) { return NumberText(one.developed); },
+     [](const SheetMetal& one) { return one.developed == DevelopedLength(one); }},
 };
 
 void ReadSheet(const toml::table& root, const char* key, Model* model) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simhost/model/model_file.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -21,6 +22,7 @@ std::vector<Model*> Contents(Model& model) {
     std::vector<Model*> contents;
     for (const Feature& feature : model.features()) {
         if (feature.model) contents.push_back(feature.model);
+        if (feature.merge && feature.merge->source) contents.push_back(feature.merge->source);
     }
     if (model.manufacturingData.assembly) contents.push_back(model.manufacturingData.assembly);
     return contents;
@@ -133,6 +135,8 @@ void CheckKinds(const Model& model) {
             fmt::format("{} {} {}, which is {}", model.FileName(), tie, other.FileName(), why));
     };
     for (const Feature& feature : model.features()) {
+        const Model* source = feature.merge ? feature.merge->source : nullptr;
+        if (source && source->type != PRO_MDL_PART) fail("merges", *source, "not a part");
         if (!feature.model) continue;
         const ProMdlType type = feature.model->type;
         if (type == PRO_MDL_PART || type == PRO_MDL_ASSEMBLY) continue;

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "simhost/model/constraints.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -22,8 +23,10 @@ void RegenerateOnce(Model& model, std::unordered_set<const Model*>* done) {
     // What is below comes first: its coordinate systems may have moved.
     for (const Feature& feature : model.features()) {
         if (feature.model) RegenerateOnce(*feature.model, done);
+        if (feature.merge && feature.merge->source) RegenerateOnce(*feature.merge->source, done);
     }
     ++model.regenerations;
+    RegenerateSolids(model);
     BringSheetUpToDate(model);
     for (std::size_t i = 0; i < model.features().size(); ++i) {
         const Feature& feature = model.features()[i];

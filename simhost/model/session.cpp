@@ -7,6 +7,7 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -90,6 +91,7 @@ void Session::Erase(Model& model) {
     for (const auto& other : owned_) {
         for (Feature& feature : other->MutableFeatures()) {
             if (feature.model == &model) feature.model = nullptr;
+            if (feature.merge && feature.merge->source == &model) feature.merge->source = nullptr;
         }
         if (other->manufacturingData.assembly == &model)
             other->manufacturingData.assembly = nullptr;

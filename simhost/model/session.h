@@ -14,11 +14,13 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/handles.h"
 #include "simhost/model/csys.h"
+#include "simhost/model/elements.h"
 #include "simhost/model/exclusions.h"
 #include "simhost/model/model.h"
 #include "simhost/model/model_folder.h"
 #include "simhost/model/selections.h"
 #include "simhost/model/simprep.h"
+#include "simhost/model/udf.h"
 
 namespace simhost {
 
@@ -113,6 +115,8 @@ public:
     Selections selections;
     CsysHandles csyses;
     ConstraintDrafts constraints;
+    Udfs udfs;
+    Elements elements;
     // The item that component ids lead to below `top`; false if there is none.
     static bool Follow(Model& top, const std::vector<int>& path, ProModelitem* item);
 

@@ -12,6 +12,7 @@
 #include "simhost/model/model_file.h"
 #include "simhost/model/model_tree.h"
 #include "simhost/model/session.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -148,6 +149,7 @@ private:
     void Complete(Model& model) {
         for (Feature& feature : model.MutableFeatures()) {
             Fill(model, &feature.model, feature.file);
+            if (feature.merge) Fill(model, &feature.merge->source, feature.merge->file);
         }
         Fill(model, &model.manufacturingData.assembly, model.manufacturingData.assemblyFile);
         Fill(model, &model.family.generic, model.family.genericFile);
@@ -200,10 +202,20 @@ Model& Session::Copy(const Model& source, WideView name) {
         Erase(copy);
         throw;
     }
+    // What an instance shows of its generic becomes its own.
+    if (source.family.generic) {
+        for (const Parameter& one : source.family.generic->parameters.all()) {
+            const Parameter* shown = ShownParameter(source, one.name);
+            if (shown && !copy.parameters.Find(one.name)) copy.parameters.Set(*shown);
+        }
+    }
     copy.readOnly = false;
     copy.modified = true;
     copy.family.genericFile.clear();
-    for (Feature& feature : copy.MutableFeatures()) feature.model = FindByFile(feature.file);
+    for (Feature& feature : copy.MutableFeatures()) {
+        feature.model = FindByFile(feature.file);
+        if (feature.merge) feature.merge->source = FindByFile(feature.merge->file);
+    }
     copy.manufacturingData.assembly = FindByFile(copy.manufacturingData.assemblyFile);
     return copy;
 }

@@ -10,6 +10,7 @@
 #include "simhost/model/drawing.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/session.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -84,6 +85,9 @@ void Session::LetReferencesFollow(const Model& model, const std::string& oldFile
         for (Feature& feature : other->MutableFeatures()) {
             follow(&feature.file);
             refers = refers || feature.model == &model;
+            if (!feature.merge) continue;
+            follow(&feature.merge->file);
+            refers = refers || feature.merge->source == &model;
         }
         follow(&other->manufacturingData.assemblyFile);
         follow(&other->family.genericFile);

@@ -50,7 +50,8 @@ std::vector<std::string> FileList(const FileQuestion& question) {
     return Framed(Utf8(question.title), lines);
 }
 
-FileChoice ChoiceOf(const FileQuestion& question, const WideText& typed) {
+FileChoice ChoiceOf(const FileQuestion& question, const WideText& answer) {
+    const WideText& typed = answer.empty() ? question.proposed : answer;
     if (question.toWrite) {
         return {IsPath(typed) ? typed : InFolder(question.folder, typed), {}};
     }

@@ -252,12 +252,18 @@ void Trail::TrailUser::UseDialog(Dialog& dialog) {
 
 std::optional<WideText> Trail::TrailUser::AnswerPrompt(const WideText& prompt,
                                                        const WideText& byDefault) {
+    return Ask(prompt, byDefault, nullptr);
+}
+
+std::optional<WideText> Trail::TrailUser::Ask(const WideText& prompt, const WideText& byDefault,
+                                              const FileQuestion* file) {
     trail_.TellWhatWasShown();
     trail_.Say(fmt::format("prompt: {}{}", Utf8(prompt),
                            byDefault.empty() ? "" : " [" + Utf8(byDefault) + "]"));
     Wait wait;
     wait.kind = Wait::Kind::Prompt;
     wait.prompt = prompt;
+    wait.file = file;
     if (!trail_.Serve(wait)) trail_.Say("(the prompt is left)");
     return wait.answer;
 }
@@ -274,17 +280,10 @@ void Trail::TrailUser::Pick(Picking& picking) {
 }
 
 std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {
+    if (!question.toWrite) trail_.SayAll(FileList(question));
     const WideText title =
         question.title + WIDE(" (") + question.filter + WIDE(") ") + question.folder;
-    if (!question.toWrite) trail_.SayAll(FileList(question));
-    while (true) {
-        const auto answer = AnswerPrompt(title, question.proposed);
-        if (!answer) return std::nullopt;
-        const FileChoice choice = ChoiceOf(question, *answer);
-        if (choice.problem.empty()) return choice.path;
-        trail_.Fail(choice.problem);
-        if (!trail_.patient()) return std::nullopt;
-    }
+    return Ask(title, question.proposed, &question);
 }
 
 bool Trail::TrailUser::AnswerReplace(const WideText& path) {

@@ -23,8 +23,9 @@ struct Wait {
     Dialog* dialog = nullptr;
     Picking* picking = nullptr;
     WideText prompt;
-    bool answered = false;           // boxes and prompts
-    std::optional<WideText> answer;  // prompts; nothing: the user left it
+    const FileQuestion* file = nullptr;  // prompts: of a file dialog, whose answer is a path
+    bool answered = false;               // boxes and prompts
+    std::optional<WideText> answer;      // prompts; nothing: the user left it
 };
 
 class Trail {
@@ -74,6 +75,8 @@ private:
         bool AnswerReplace(const WideText& path) override;
 
     private:
+        std::optional<WideText> Ask(const WideText& prompt, const WideText& byDefault,
+                                    const FileQuestion* file);
         Trail& trail_;
     };
 

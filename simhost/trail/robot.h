@@ -6,10 +6,10 @@
 
 namespace simhost {
 
-// Answers every box with OK, leaves every prompt, picks the first item on the screen that may be
-// picked, chooses the first file that a dialog lists, and presses each push-button of a dialog
-// once: those that seem to end it last. A dialog that is still open then is closed, and left by a
-// button if that does not end it.
+// Answers every box with OK, types a new name at each prompt and leaves every fourth one, picks the
+// first item on the screen that may be picked, chooses the first file that a dialog lists, and
+// presses each push-button of a dialog once: those that seem to end it last. A dialog that is still
+// open then is closed, and left by a button if that does not end it.
 class RobotUser : public User {
 public:
     int AnswerBox(const Box& box) override;
@@ -18,6 +18,9 @@ public:
                                          const WideText& byDefault) override;
     void Pick(Picking& picking) override;
     std::optional<WideText> AnswerFile(const FileQuestion& question) override;
+
+private:
+    int prompts_ = 0;
 };
 
 // Presses the buttons that seem to end a dialog (OK, Close, Cancel) until one does; its name, or

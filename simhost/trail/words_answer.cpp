@@ -6,6 +6,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/picking.h"
+#include "simhost/trail/file_choice.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"
@@ -56,6 +57,11 @@ void PressMenuButton(Trail& trail, const std::string& rest) {
     if (!pressed) trail.Fail(pressed.reason);
 }
 
+void PressMappedKey(Trail& trail, const std::string& rest) {
+    const Pressed pressed = TheHost().commands.PressByKey(ParseText(rest).text);
+    if (!pressed) trail.Fail(pressed.reason + UnloadedHint());
+}
+
 void PressEnter(Trail& trail, const std::string&) {
     Wait* wait = trail.waiting();
     if (IsOpen(wait, Wait::Kind::Box)) {
@@ -82,7 +88,15 @@ void AnswerOk(Trail& trail, const std::string& rest) {
 void AnswerText(Trail& trail, const std::string& rest) {
     Wait* wait = trail.waiting();
     if (!IsOpen(wait, Wait::Kind::Prompt)) return trail.Fail("no prompt waits for an answer");
-    wait->answer = Wide(ParseText(rest).text);
+    const WideText typed = Wide(ParseText(rest).text);
+    const FileChoice choice = wait->file ? ChoiceOf(*wait->file, typed) : FileChoice{typed, {}};
+    if (!choice.problem.empty()) {
+        trail.Fail(choice.problem);
+        // By hand the dialog stays open; what comes next in a script belongs to something else.
+        wait->answered = !trail.patient();
+        return;
+    }
+    wait->answer = choice.path;
     wait->answered = true;
 }
 

@@ -129,10 +129,12 @@ void ShowBends(Trail& trail) {
     for (const Model* model : TheHost().session.All()) {
         if (!IsSheetMetal(*model)) continue;
         const SheetMetal& sheet = model->partData.sheetMetal;
-        trail.Say(fmt::format("{} thickness {:g}, {} bends, table {}, developed length {:.3f} {}",
-                              Padded(model->FileName(), 28), sheet.thickness, sheet.bends.size(),
-                              sheet.table.name.empty() ? "none" : Utf8(sheet.table.name),
-                              sheet.developed, Utf8(LengthUnitName(*model))));
+        trail.Say(fmt::format(
+            "{} thickness {:g}, {} bends, table {}, developed length {:.3f} {}, brought "
+            "up to date {} times",
+            Padded(model->FileName(), 28), sheet.thickness, sheet.bends.size(),
+            sheet.table.name.empty() ? "none" : Utf8(sheet.table.name), sheet.developed,
+            Utf8(LengthUnitName(*model)), model->regenerations));
         for (const Bend& bend : sheet.bends) {
             trail.Say(fmt::format("    radius {:g}, {:g} degrees: {:.3f}", bend.radius, bend.angle,
                                   LengthOf(bend, sheet.thickness, sheet.table)));

@@ -178,11 +178,18 @@ Command* Commands::ByPress(const std::string& name) {
     return newest ? ids_.Find(newest->id) : nullptr;
 }
 
+Pressed Commands::NoCommand(const std::string& name) const {
+    return {false, fmt::format("there is no command {}{}", name, DidYouMean(name, Names()))};
+}
+
+Pressed Commands::PressByKey(const std::string& name) {
+    Command* command = ByPress(name);
+    return command ? RunAction(*command) : NoCommand(name);
+}
+
 Pressed Commands::Press(const std::string& name) {
     Command* command = ByPress(name);
-    if (!command) {
-        return {false, fmt::format("there is no command {}{}", name, DidYouMean(name, Names()))};
-    }
+    if (!command) return NoCommand(name);
     return Run(*command, command->access ? command->access(kMenuBar) : ACCESS_AVAILABLE);
 }
 

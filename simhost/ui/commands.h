@@ -108,6 +108,9 @@ public:
     // has none there. Macros that the action queued have run when the outermost press returns.
     Pressed Press(const std::string& name);
     Pressed PressButton(const std::string& menu, const std::string& button);
+    // The same as Press whatever the access rule says, which is not asked: a mapped key reaches
+    // commands that no menu offers now.
+    Pressed PressByKey(const std::string& name);
     // What the access function of that registration answers now; nothing for an unknown name.
     std::optional<uiCmdAccessState> Access(const std::string& name);
 
@@ -130,6 +133,7 @@ public:
     void RunMacros();
 
 private:
+    Pressed NoCommand(const std::string& name) const;
     Pressed Run(Command& command, uiCmdAccessState state);
     Pressed RunAction(Command& command);
     Command* ByPress(const std::string& name);

@@ -179,6 +179,37 @@ BOOL DeleteAt(const WideChar* path) {
     return TRUE;
 }
 
+// Through a file beside it, so that a copy is whole or not there.
+BOOL CopyAt(const WideChar* from, const WideChar* to, BOOL failIfExists) {
+    const std::filesystem::path source = RealFile(from), target = RealFile(to);
+    SimulatedWindows& windows = Simulated();
+    const auto failed = [&windows](DWORD error) {
+        windows.lastError = error;
+        return BOOL{FALSE};
+    };
+    if (source.empty() || target.empty()) return failed(kInvalidName);
+    if (windows.IsHeld(source) ||
+        !windows.CanShare(source, GENERIC_READ, kShareRead | kShareWrite)) {
+        return failed(ERROR_SHARING_VIOLATION);
+    }
+    std::error_code error;
+    if (std::filesystem::is_directory(source, error)) return failed(ERROR_ACCESS_DENIED);
+    bool found = false;
+    const std::string bytes = simhost::ReadFile(source, &found);
+    if (!found) return failed(ErrorOf(ENOENT, source));
+    if (std::filesystem::exists(target, error)) {
+        if (failIfExists) return failed(kFileExists);
+        // Nor can a file be copied onto itself.
+        if (PlaceOf(source) == PlaceOf(target) || windows.IsHeld(target) ||
+            !windows.CanShare(target, GENERIC_WRITE, 0)) {
+            return failed(ERROR_SHARING_VIOLATION);
+        }
+        if (IsReadOnly(target)) return failed(ERROR_ACCESS_DENIED);
+    }
+    if (!std::filesystem::exists(target.parent_path(), error)) return failed(kPathNotFound);
+    return simhost::WriteFile(target, bytes) ? BOOL{TRUE} : failed(ERROR_ACCESS_DENIED);
+}
+
 BOOL ReadAll(OpenFile& file, void* data, DWORD size, DWORD* done) {
     if (!(file.access & GENERIC_READ)) return FALSE;
     while (*done < size) {
@@ -293,6 +324,17 @@ BOOL DeleteFileW(const WideChar* path) {
                          return DeleteAt(path);
                      },
                      "path", path);
+}
+
+BOOL CopyFileW(const WideChar* from, const WideChar* to, BOOL failIfExists) {
+    Operation& op = Op<"CopyFileW">;
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&] {
+                         Need(from, "the path");
+                         Need(to, "the new path");
+                         return CopyAt(from, to, failIfExists);
+                     },
+                     "from", from, "to", to, "failIfExists", failIfExists);
 }
 
 BOOL CloseHandle(HANDLE handle) {

@@ -231,6 +231,13 @@ BOOL WINAPI RemoveFile(const WideChar* path) {
         False, [&] { return DeleteFileW(path); }, "path", path);
 }
 
+BOOL WINAPI CopyOfFile(const WideChar* from, const WideChar* to, BOOL failIfExists) {
+    Operation& op = Op<"CopyFileW">;
+    return op.CallOr(
+        False, [&] { return CopyFileW(from, to, failIfExists); }, "from", from, "to", to,
+        "failIfExists", failIfExists);
+}
+
 // What is done here on the way must not hide the error that is asked for.
 DWORD WINAPI LastError() {
     Operation& op = Op<"GetLastError">;
@@ -403,6 +410,7 @@ void* WatcherOf(const char* name) {
         {"GetSaveFileNameW",           Address(SaveName)},
         {"PathFileExistsW",            Address(FileExists)},
         {"DeleteFileW",                Address(RemoveFile)},
+        {"CopyFileW",                  Address(CopyOfFile)},
         {"GetLastError",               Address(LastError)},
         {"CreateFileW",                Address(OpenFile)},
         {"GetFileSizeEx",              Address(FileSize)},

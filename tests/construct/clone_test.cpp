@@ -208,6 +208,14 @@ TEST_F(Clone, ByUserTheReplacementReadsTwiceAndTheSecondAnswerCounts) {
               Names{kNewer + "six.prt" + kEnd});
 }
 
+TEST_F(Clone, ByUserAPromptThatFailsOtherwiseIsAnEmptyNameAndIsAskedForAgain) {
+    Top();
+    Setting("CompCopyAutoNum", "byUser");
+    Fail("ProMessageStringRead");
+    Play("@ select bolt\n~ Command `CloneComp`\n@ ok\n@ answer lid\n" + kOk);
+    EXPECT_EQ(Components(*top_).back(), "lid.prt");
+}
+
 TEST_F(Clone, AnyOtherWayOfNamingEndsQuietly) {
     Top();
     const Names files = Files();

@@ -219,6 +219,14 @@ TEST_F(NewComponent, OnlyASettingOfOneConstrains) {
     EXPECT_TRUE(top.features().back().constraints) << "blanks do not count";
 }
 
+TEST_F(NewComponent, AMissingSectionLeavesTheComponentUnconstrained) {
+    Model& top = Top("top");
+    Write(workbench::kModuleFolder + WIDE("\\VXconfig\\VxConfig.ini"), "[Other]\r\nvalue=1\r\n");
+    Press("NewPart");
+    EXPECT_FALSE(top.features().back().constraints);
+    EXPECT_EQ(top.treeRefreshes, 0);
+}
+
 TEST_F(NewComponent, EachKindHasASettingOfItsOwn) {
     Model& top = Top("top");
     Setting("PrtAssembly", "0");
@@ -264,6 +272,13 @@ TEST_F(NewComponent, AnOptionThatIsNotSetOrEmptyAndATemplateThatCannotBeLoaded) 
     EXPECT_EQ(top.features().size(), 1u);
     EXPECT_EQ(Files(), Names{});
     for (const Box& box : AllBoxes()) EXPECT_TRUE(IsNotice(box));
+}
+
+TEST_F(NewComponent, AnOptionThatIsRefusedIsNoneEvenIfTheHostHasFilledItsValues) {
+    Model& top = Top("top");
+    Operation::Fail({.operation = "ProConfigoptArrayGet", .afterWork = true});
+    EXPECT_EQ(Boxes("NewPart", 1), Names{kPartFails});
+    EXPECT_EQ(top.features().size(), 1u);
 }
 
 TEST_F(NewComponent, TheFirstValueOfTheOptionIsTheTemplate) {
@@ -317,6 +332,7 @@ TEST_F(NewComponent, AsksTheHostInThisOrder) {
     host().journal.Start();
     Press("NewPart");
     host().journal.Stop();
+    EXPECT_NE(host().journal.Text().find("type=2, askUser=0"), std::string::npos);
     Names names;
     for (const std::string& name : host().journal.Names()) {
         if (name.substr(0, 8) == "ProArray" || name.find('W') != std::string::npos) continue;
@@ -346,8 +362,8 @@ TEST_F(NewComponent, AsksTheHostInThisOrder) {
                             "ProAsmcompConstraintsSet",
                             "ProSelectionFree",
                             "ProSelectionFree",
-                            "ProTreetoolRefresh",
-                            "ProAsmcompconstraintFree"}));
+                            "ProAsmcompconstraintFree",
+                            "ProTreetoolRefresh"}));
 }
 
 }  // namespace

@@ -82,10 +82,9 @@ TEST_F(SetBendTableCommand, TheOptionIsTheFilesFolderMeanwhileAndThenWhatItWas) 
     Record();
     SetTable(kBendTableDone);
     Recorded();
-    EXPECT_EQ(
-        Lines("ProConfigoptSet"),
-        (Names{"ProConfigoptSet(option=\"pro_sheet_met_dir\", value=\"C:\\Tables\\\") = 0",
-               "ProConfigoptSet(option=\"pro_sheet_met_dir\", value=\"C:\\Work\") = 0"}));
+    EXPECT_EQ(Lines("ProConfigoptSet"),
+              (Names{"ProConfigoptSet(option=\"pro_sheet_met_dir\", value=\"C:\\Tables\\\") = 0",
+                     "ProConfigoptSet(option=\"pro_sheet_met_dir\", value=\"C:\\Work\") = 0"}));
     EXPECT_EQ(WorkingFolder(), "C:\\Work");
     EXPECT_EQ(Lines("ProDirectoryChange"), Names{});
 }
@@ -146,6 +145,8 @@ TEST_F(SetBendTableCommand, WithNothingPickedEachPartBelowGetsItOnce) {
     EXPECT_EQ(Regenerated(), (Names{parts[0], parts[1], "top.asm"}));
     EXPECT_EQ(Lines("ProSmtPartBendtableApply").at(0),
               "ProSmtPartBendtableApply(part=" + parts[0] + ", name=\"soft\", fromFile=1) = 0");
+    EXPECT_EQ(Lines("ProSolidRegenerate").at(0),
+              "ProSolidRegenerate(solid=" + parts[0] + ", flags=0) = 0");
     EXPECT_EQ(Lines("ProSolidRegenerate").at(2), "ProSolidRegenerate(solid=top.asm, flags=0) = 0");
     EXPECT_DOUBLE_EQ(t_->partData.sheetMetal.developed, kWithTable);
 }
@@ -187,7 +188,7 @@ TEST_F(SetBendTableCommand, OfAPickedAssemblyEachUseIsDoneAnew) {
 
 TEST_F(SetBendTableCommand, OtherItemsThatArePickedArePassedOver) {
     Open(*top_);
-    Play("@ select s/feature#1, p#11");
+    Play("@ select s#12, p#11");
     Record();
     SetTable(kBendTableDone);
     Recorded();

@@ -135,7 +135,7 @@ TEST_F(SetMaterialCommand, APickedAssemblyMeansAllPartsBelowIt) {
 
 TEST_F(SetMaterialCommand, OtherItemsThatArePickedArePassedOver) {
     Open(*top_);
-    Play("@ select b#11, a/feature#1");
+    Play("@ select b#11, a#12");
     Record();
     SetMaterial(kMaterialDone);
     Recorded();

@@ -371,9 +371,12 @@ TEST_F(DialogsOfTheHost, TheRobotEndsADialogWhoseButtonsDoNothing) {
     EXPECT_EQ(status, -1);
 }
 
-TEST_F(DialogsOfTheHost, TheRobotAnswersBoxesAndLeavesPrompts) {
+TEST_F(DialogsOfTheHost, TheRobotAnswersBoxesAndPromptsAndLeavesEveryFourthPrompt) {
     RobotUser robot;
     EXPECT_EQ(robot.AnswerBox(Box{}), 1);
+    for (const char* name : {"ROBOT-1", "ROBOT-2", "ROBOT-3"}) {
+        EXPECT_EQ(robot.AnswerPrompt(WIDE("Name:"), WIDE("X")), Wide(std::string(name)));
+    }
     EXPECT_EQ(robot.AnswerPrompt(WIDE("Name:"), WIDE("X")), std::nullopt);
 }
 

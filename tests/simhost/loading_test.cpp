@@ -115,9 +115,13 @@ TEST_F(Loading, ACopyKeepsWhatAPartHas) {
 
 TEST_F(Loading, ACopyOfAnInstanceIsNoInstance) {
     Model& instance = workbench::MakeModels("m12 of bolt");
+    workbench::ModelNamed("bolt").parameters.Set(TextParameter(WIDE("MAT"), WIDE("8.8")));
     ProMdl made = nullptr;
     ASSERT_EQ(Copy(instance, WIDE("copy"), &made), PRO_TK_NO_ERROR);
-    EXPECT_EQ(host().session.Require(made).family.genericFile, "");
+    Model& copy = host().session.Require(made);
+    EXPECT_EQ(copy.family.genericFile, "");
+    ASSERT_NE(ShownParameter(copy, WIDE("MAT")), nullptr);
+    EXPECT_EQ(ValueText(*ShownParameter(copy, WIDE("MAT"))), "8.8");
 }
 
 TEST_F(Loading, RefusesANameThatIsTakenOrNoneAndLeavesNothingBehind) {
@@ -151,15 +155,19 @@ TEST_F(Loading, ARetrieveByAFreeNameIsQuietOverABrokenFile) {
     EXPECT_EQ(Complaints(), Lines{});
 }
 
-TEST_F(Loading, SavingGoesBesideABrokenNewestVersionAndNotIntoAReadOnlyFolder) {
+TEST_F(Loading, SavingGoesPastABrokenNewestVersion) {
     Model& plate = Part("plate");
     Write(WIDE("C:\\Work\\plate.prt.7"), "nonsense");
     EXPECT_EQ(ProMdlSave(plate.handle), PRO_TK_NO_ERROR);
     EXPECT_TRUE(IsThere(WIDE("C:\\Work\\plate.prt.8")));
+}
+
+TEST_F(Loading, NothingIsSavedIntoAReadOnlyFolder) {
+    Model& plate = Part("plate");
     EXPECT_EQ(RunScript("@ read-only C:\\Work\n"), Lines{});
     EXPECT_EQ(ProMdlSave(plate.handle), PRO_TK_CANT_WRITE);
     fs::permissions(host().disk.Real(WIDE("C:\\Work")), fs::perms::owner_all);
-    EXPECT_FALSE(IsThere(WIDE("C:\\Work\\plate.prt.9")));
+    EXPECT_FALSE(IsThere(WIDE("C:\\Work\\plate.prt.1")));
     EXPECT_EQ(Complaints(), Lines{});
 }
 

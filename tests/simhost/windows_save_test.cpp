@@ -55,6 +55,39 @@ TEST_F(SavedFiles, AreDeletedUnlessSomethingStandsAgainstIt) {
     EXPECT_EQ(DeleteError(WIDE("C:\\Work")), 5u);
 }
 
+TEST_F(SavedFiles, AreCopiedWholeAndOverNothingThatMustStay) {
+    const WideText copy = WIDE("C:\\Work\\b.xlsx");
+    const auto error = [&](const WideText& from, const WideText& to, BOOL failIfExists) {
+        Simulated().lastError = ERROR_SUCCESS;
+        const BOOL copied = CopyFileW(from.c_str(), to.c_str(), failIfExists);
+        EXPECT_EQ(copied != FALSE, GetLastError() == ERROR_SUCCESS);
+        return GetLastError();
+    };
+    EXPECT_EQ(error(kFile, copy, TRUE), 2u);
+    Write(kFile, "old");
+    EXPECT_EQ(error(kFile, copy, TRUE), 0u);
+    EXPECT_EQ(Read(copy), "old");
+    Write(kFile, "new");
+    EXPECT_EQ(error(kFile, copy, TRUE), 80u);
+    EXPECT_EQ(Read(copy), "old");
+    TheWindows().Hold(copy);
+    EXPECT_EQ(error(kFile, copy, FALSE), 32u);
+    TheWindows().Release(copy);
+    std::filesystem::permissions(host().disk.Real(copy), std::filesystem::perms::owner_read);
+    EXPECT_EQ(error(kFile, copy, FALSE), 5u);
+    std::filesystem::permissions(host().disk.Real(copy), std::filesystem::perms::owner_all);
+    EXPECT_EQ(error(kFile, copy, FALSE), 0u);
+    EXPECT_EQ(Read(copy), "new");
+    EXPECT_EQ(error(copy, copy, FALSE), 32u);
+    EXPECT_EQ(error(kFile, WIDE("C:\\Nowhere\\b.xlsx"), TRUE), 3u);
+    EXPECT_EQ(error(WIDE("C:\\Work"), WIDE("C:\\Other"), TRUE), 5u);
+    EXPECT_EQ(error(kFile, WIDE("C:\\Work\\b?"), TRUE), 123u);
+    TheWindows().Hold(kFile);
+    EXPECT_EQ(error(kFile, WIDE("C:\\Work\\c.xlsx"), TRUE), 32u);
+    TheWindows().Release(kFile);
+    EXPECT_FALSE(Exists(WIDE("C:\\Work\\c.xlsx")));
+}
+
 TEST_F(SavedFiles, TellWhyTheyCannotBeOpened) {
     EXPECT_EQ(OpenError(kFile), 2u);
     EXPECT_EQ(OpenError(WIDE("C:\\Nowhere\\a.xlsx")), 3u);

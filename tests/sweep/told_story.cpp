@@ -71,6 +71,15 @@ void WriteEmptyFile(const std::string& windowsPath) {
     WriteFile(path, "");
 }
 
+void WriteLines(const std::string& rest) {
+    const auto [windowsPath, lines] = FirstWord(rest);
+    std::string text;
+    for (const std::string& line : SplitBy(lines, " / ")) text += line + '\n';
+    const fs::path path = TheHost().disk.Real(Wide(windowsPath));
+    fs::create_directories(path.parent_path());
+    WriteFile(path, text);
+}
+
 void WriteColumns(const std::string& rest) {
     const std::vector<std::string> lists = SplitBy(rest, "|");
     workbench::WriteBomColumns(lists[0], lists.size() > 1 ? lists[1] : std::string());
@@ -101,6 +110,7 @@ const StoryWord kWords[] = {
     {"file", true, [](World&, const std::string& rest) { WriteEmptyFile(rest); }},
     {"template", false, [](World&, const std::string& rest) { WriteTemplate(rest); }},
     {"csys", false, [](World&, const std::string& rest) { AddCsys(rest); }},
+    {"text", true, [](World&, const std::string& rest) { WriteLines(rest); }},
     {"models", false, [](World&, const std::string& rest) { workbench::MakeModels(rest); }},
     {"relations", false, [](World&, const std::string& rest) { WriteRelations(rest); }},
 };

@@ -21,6 +21,7 @@
 //     ini FILE SECTION KEY VALUE       of another file of settings
 //     columns SUMMED | LEVELLED        of the bill of materials
 //     file PATH                        an empty file that is there
+//     text PATH LINE / LINE            a file with these lines
 //     fresh PATH                       a file that is not there whenever the steps begin
 //     forced OPERATION COMPLAINT       how a complaint begins that its failure leads to
 //     reaches OPERATION...             what the steps must call, or the sweep fails

@@ -80,6 +80,11 @@ const fs::path& TidiedDrive() {
 
 World::World() : workplace_(std::make_unique<Workplace>(workbench::DeskOptions(TidiedDrive()))) {
     host().user = &robot_;
+    // What file dialogs list, so that the robot has something to choose.
+    WriteFile(host().disk.Real(WIDE("C:\\Work\\steel.mtl")),
+              "[material]\ndensity = 7850\ndensity_unit = \"kg/m^3\"\n");
+    WriteFile(host().disk.Real(WIDE("C:\\Work\\soft.bnd")),
+              "[bend_table]\nthickness = [2]\nradius = [2]\nlength = [[4.42]]\n");
 }
 
 World::~World() {

@@ -235,9 +235,7 @@ Placement ConstrainedPlace(Model& assembly, const Feature& component) {
         if (constraint.type != PRO_ASM_CSYS) continue;
         const auto target = FrameOf(assembly, constraint.assembly);
         const auto own = FrameOf(*component.model, constraint.component);
-        if (!target || !own) continue;
-        place = Compose(*target, Inverse(*own));
-        place.origin = 1 / LengthUnit(assembly) * place.origin;
+        if (target && own) place = FromMm(Compose(*target, Inverse(*own)), assembly);
     }
     return place;
 }

@@ -5,7 +5,6 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/model.h"
-#include "simhost/model/shape.h"
 
 namespace simhost {
 
@@ -85,8 +84,7 @@ void PutMaterial(Model* part, Material material) {
 std::optional<double> MassOf(const Model& part) {
     const Material* material = MaterialOf(part);
     if (!material) return std::nullopt;
-    const double unit = LengthUnit(part);
-    return material->KgPerMm3() * part.shape().volume * unit * unit * unit;
+    return material->KgPerMm3() * VolumeInMm3(part);
 }
 
 }  // namespace simhost

@@ -134,6 +134,10 @@ public:
     // The faces of the shape at the door. Those that stay when the solids change keep their
     // handles; the handles of the others end at the next call.
     const std::vector<std::unique_ptr<Surface>>& Surfaces();
+    // Measures those that were handed out already anew: the solids have other sizes now.
+    void RemeasureSurfaces() {
+        if (!surfaces_.empty()) Surfaces();
+    }
     bool HasSurface(int id);
 
     const Simprep* FindSimprep(WideView wanted) const;  // whatever the case of its letters

@@ -13,6 +13,7 @@
 #include "simhost/model/model.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/session.h"
+#include "simhost/model/shape.h"
 
 namespace simhost {
 
@@ -154,6 +155,11 @@ double LengthUnit(const Model& model) {
     return HasUnits(model) ? model.units.Principal().LengthInMm() : 1;
 }
 
+double VolumeInMm3(const Model& part) {
+    const double unit = LengthUnit(part);
+    return part.shape().volume * unit * unit * unit;
+}
+
 WideText LengthUnitName(const Model& model) {
     return HasUnits(model) ? model.units.Principal().units[kLengthPlace]->name
                            : WideText(WIDE("mm"));
@@ -218,12 +224,18 @@ void ConvertLengths(Model* model, double from, double to) {
         }
     }
     ConvertLengths(&model->partData.sheetMetal, from, to);
+    model->RemeasureSurfaces();
 }
 
 // --- Across models ---
 
 Placement PlaceInMm(const Placement& place, const Model& assembly) {
     return {place.axes, LengthUnit(assembly) * place.origin};
+}
+
+Placement FromMm(Placement placeInMm, const Model& assembly) {
+    Convert(&placeInMm.origin, 1, LengthUnit(assembly));
+    return placeInMm;
 }
 
 Placement ForPointsOf(const Model& model, Placement placeInMm) {

@@ -58,6 +58,7 @@ bool HasUnits(const Model& model);  // drawings and formats have none
 // The model's unit of length in mm; 1 for what has no units.
 double LengthUnit(const Model& model);
 WideText LengthUnitName(const Model& model);  // "mm"
+double VolumeInMm3(const Model& part);        // what its solids share counts twice
 
 // A number of units of `from` in units of `to` (both in mm). A result that is a short number but
 // for rounding becomes that number; the same unit gives the very number back.
@@ -82,6 +83,8 @@ void ConvertLengths(Model* model, double from, double to);
 // Where a component is in its assembly, with the origin in mm: such places are composed whatever
 // the units of the models are.
 Placement PlaceInMm(const Placement& place, const Model& assembly);
+// The same place with the origin in the assembly's own unit.
+Placement FromMm(Placement placeInMm, const Model& assembly);
 // Takes points of a model, in its unit, where `placeInMm` takes points in mm. Its axes are as long
 // as that unit.
 Placement ForPointsOf(const Model& model, Placement placeInMm);

@@ -44,18 +44,18 @@ std::string FactOf(const Model& model, const std::string& fact) {
     }
     if (fact == "units") return HasUnits(model) ? Utf8(model.units.Principal().name) : "";
     if (fact == "size") return SizeText(model);
-    if (fact == "first component") return FirstPlaceText(model);
+    if (fact == "placement") return FirstPlaceText(model);
     const Parameter* found = ShownParameter(model, Wide(fact));
     return found ? ValueText(*found) : std::string();
 }
 
 }  // namespace
 
-void FactTable::Take(const Session& session, const std::string& label,
+void FactTable::Take(const std::vector<Model*>& models, const std::string& label,
                      const std::vector<std::string>& facts) {
     for (const std::string& fact : facts) {
         Column column{label, fact, {}};
-        for (const Model* model : session.All()) {
+        for (const Model* model : models) {
             const std::string text = FactOf(*model, fact);
             if (!text.empty()) column.cells[model->FileName()] = text;
         }

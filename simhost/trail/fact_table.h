@@ -12,10 +12,11 @@ namespace simhost {
 
 class FactTable {
 public:
-    // Takes these facts of all models in memory as columns under a label. A fact is "colour" (of
-    // parts), "relations" (their number), "material", "density", "mass", "bend table", "developed
-    // length", "units", "size", "first component" (its place), or the name of a parameter.
-    void Take(const Session& session, const std::string& label,
+    // Takes these facts of these models as columns under a label. A fact is "colour" (of parts),
+    // "relations" (their number), "units", "size", "placement" (of the first component that is not
+    // at the origin), "material", "density", "mass", "bend table", "developed length", or the name
+    // of a parameter.
+    void Take(const std::vector<Model*>& models, const std::string& label,
               const std::vector<std::string>& facts);
     // The table, a line for each model that has any of the facts; and it is empty again.
     std::vector<std::string> Lines();

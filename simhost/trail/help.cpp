@@ -82,7 +82,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、constraints、"
                            "colours、parameters、relations、units [模型]、outline [模型]、views、tables、options、materials、masses、bends、messages"},
     {"title",              "开始报告的一节"},
-    {"remember",           "记下所有模型的颜色、关系、材料、密度、质量、折弯表、展开长度或参数，供列表用"},
+    {"remember",           "记下所有或所列模型的颜色、关系、单位制、大小、首个不在原点的元件的位置、材料、密度、质量、折弯表、展开长度或参数，供列表用"},
     {"table",              "把记下的内容并排列出"},
     {"erase",              "从内存中拭除模型；未保存的改动会丢失"},
     {"hand out",           "把 C 盘的文件复制到结果文件夹"},

@@ -122,7 +122,7 @@ void ShowUnits(Trail& trail, const std::string& rest);    // of a model, or of a
 void ShowOutline(Trail& trail, const std::string& rest);  // of a model, or of the current one
 void ExpectUnit(Trail& trail, const std::string& rest);
 // "25.4 x 10 x 5 mm", in the model's unit of length; empty: it has no geometry. And the place of
-// its first component, "(1, 2, 3)"; empty: it has none.
+// its first component that is not at the origin, "(1, 2, 3)"; empty: it has none.
 std::string SizeText(const Model& model);
 std::string FirstPlaceText(const Model& model);
 

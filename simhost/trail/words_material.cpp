@@ -4,7 +4,6 @@
 #include <charconv>
 
 #include "simhost/core/text.h"
-#include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/words.h"
@@ -116,7 +115,7 @@ void ShowMasses(Trail& trail) {
         if (!mass) continue;
         trail.Say(fmt::format("{} {} {:>12.3f} cm3 {:>10.3f} kg", Padded(model->FileName(), 28),
                               Padded(Utf8(MaterialOf(*model)->name), 20),
-                              model->shape().volume / 1000, *mass));
+                              VolumeInMm3(*model) / 1000, *mass));
     }
     if (const Model* top = TheHost().session.CurrentModel()) {
         const Masses masses = MassesOf(*top);
@@ -130,12 +129,12 @@ void ShowBends(Trail& trail) {
     for (const Model* model : TheHost().session.All()) {
         if (!IsSheetMetal(*model)) continue;
         const SheetMetal& sheet = model->partData.sheetMetal;
-        trail.Say(
-            fmt::format("{} thickness {:g}, {} bends, table {}, developed length {:.3f}, brought "
-                        "up to date {} times",
-                        Padded(model->FileName(), 28), sheet.thickness, sheet.bends.size(),
-                        sheet.table.name.empty() ? "none" : Utf8(sheet.table.name), sheet.developed,
-                        model->regenerations));
+        trail.Say(fmt::format(
+            "{} thickness {:g}, {} bends, table {}, developed length {:.3f} {}, brought "
+            "up to date {} times",
+            Padded(model->FileName(), 28), sheet.thickness, sheet.bends.size(),
+            sheet.table.name.empty() ? "none" : Utf8(sheet.table.name), sheet.developed,
+            Utf8(LengthUnitName(*model)), model->regenerations));
         for (const Bend& bend : sheet.bends) {
             trail.Say(fmt::format("    radius {:g}, {:g} degrees: {:.3f}", bend.radius, bend.angle,
                                   LengthOf(bend, sheet.thickness, sheet.table)));

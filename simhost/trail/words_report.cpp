@@ -35,8 +35,17 @@ void RememberFacts(Trail& trail, const std::string& rest) {
     if (facts.empty()) {
         return trail.Fail("a label, a colon and facts must follow remember: before: colour, 数量");
     }
-    const std::string label(Trimmed(std::string_view(rest).substr(0, colon)));
-    trail.facts.Take(TheHost().session, label, facts);
+    std::string label(Trimmed(std::string_view(rest).substr(0, colon)));
+    std::vector<Model*> models;
+    constexpr std::string_view kOf = " of ";
+    if (const std::size_t of = label.rfind(kOf); of != std::string::npos) {
+        for (const std::string& file : SplitAtCommas(label.substr(of + kOf.size()))) {
+            models.push_back(InMemory(trail, file));
+            if (!models.back()) return;
+        }
+        label.erase(of);
+    }
+    trail.facts.Take(models.empty() ? TheHost().session.All() : models, label, facts);
 }
 
 void ShowFactTable(Trail& trail, const std::string&) {

@@ -57,6 +57,7 @@ std::string FirstPlaceText(const Model& model) {
     for (const Feature& feature : model.features()) {
         if (feature.type != PRO_FEAT_COMPONENT) continue;
         const Vec3 at = feature.placement.origin;
+        if (at == Vec3{}) continue;
         return fmt::format("({}, {}, {})", Brief(at.x), Brief(at.y), Brief(at.z));
     }
     return {};

@@ -107,10 +107,10 @@ TEST(FactTables, PutSideBySideWhatModelsHeldAtEachMoment) {
     part.appearance = DefaultAppearance();
     std::fill(std::begin(part.appearance->colour), std::end(part.appearance->colour), 0.2);
     FactTable table;
-    table.Take(session, "before", {"relations", "colour"});
+    table.Take(session.All(), "before", {"relations", "colour"});
     part.relations.initial = {WIDE("x = 1"), WIDE("y = 2")};
     top.relations.initial.emplace();
-    table.Take(session, "after", {"relations"});
+    table.Take(session.All(), "after", {"relations"});
     EXPECT_FALSE(table.empty());
     EXPECT_EQ(table.Lines(),
               (std::vector<std::string>{

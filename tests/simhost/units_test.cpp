@@ -2,16 +2,21 @@
 // and what pictures, the screen and drawings show of them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <stdexcept>
 
 #include "hostapi/host.h"
+#include "simhost/model/csys.h"
 #include "simhost/model/drawing.h"
+#include "simhost/model/material.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/picking.h"
 #include "simhost/model/projection.h"
+#include "simhost/model/regeneration.h"
 #include "simhost/model/screen_view.h"
+#include "simhost/model/sheet_metal.h"
 #include "simhost/model/units.h"
 #include "simhost/picture/isometric.h"
 #include "tests/support/workbench.h"
@@ -113,13 +118,15 @@ TEST_F(Units, TheOutlineIsInTheModelsOwnUnit) {
     EXPECT_EQ(OutlineOf(part), (std::array<double, 6>{0, 0, 0, 1, 2, 3}));
 }
 
-TEST_F(Units, SurfacesAreMeasuredAnew) {
+TEST_F(Units, SurfacesAreMeasuredAnewAndKeepTheirHandles) {
     Model& part = Part("plate");
+    std::vector<ProSurface> handles;
+    for (const auto& surface : part.Surfaces()) handles.push_back(surface->handle);
     const auto widest = [&] {
         double x = 0;
-        for (const auto& surface : part.Surfaces()) {
+        for (const ProSurface handle : handles) {
             ProGeomitemdata* data = nullptr;
-            EXPECT_EQ(ProSurfaceDataGet(surface->handle, &data), PRO_TK_NO_ERROR);
+            EXPECT_EQ(ProSurfaceDataGet(handle, &data), PRO_TK_NO_ERROR);
             x = std::max(x, data->data.p_surface_data->xyz_max[0]);
             ProGeomitemdataFree(&data);
         }
@@ -128,6 +135,43 @@ TEST_F(Units, SurfacesAreMeasuredAnew) {
     EXPECT_EQ(widest(), 10);
     Set(part, "cm", Conversion::SameSize);
     EXPECT_EQ(widest(), 1);
+    Set(part, "in", Conversion::SameDimensions);
+    EXPECT_EQ(widest(), 1);
+}
+
+TEST_F(Units, TheMassFollowsTheSize) {
+    Model& part = Part("plate");
+    PutMaterial(&part, {.name = WIDE("steel"), .title = {}, .density = 7850});
+    part.partData.material = WIDE("steel");
+    // 10 x 20 x 30 mm are 6000 mm3.
+    EXPECT_NEAR(*MassOf(part), 0.0471, 1e-12);
+    Set(part, "in", Conversion::SameSize);
+    EXPECT_NEAR(*MassOf(part), 0.0471, 1e-12);
+    Set(part, "cm", Conversion::SameSize);
+    Set(part, "m", Conversion::SameDimensions);
+    EXPECT_NEAR(*MassOf(part), 47100, 1e-6);
+}
+
+TEST_F(Units, TheLengthsOfASheetAndOfItsBendTableAreConverted) {
+    Model& part = SheetMetal("cover");
+    auto& sheet = part.partData.sheetMetal;
+    sheet.thickness = 2;
+    sheet.flats = {30, 40};
+    sheet.bends = {{3, 90}};
+    sheet.table = {WIDE("table"), {}, {1, 3}, {2, 4}, {{5, 7}, {6, 8}}};
+    sheet.developed = DevelopedLength(sheet);
+    // A radius of 3 between 2 and 4, a thickness of 2 between 1 and 3: the mean of all four.
+    EXPECT_NEAR(sheet.developed, 76.5, 1e-12);
+    Set(part, "cm", Conversion::SameSize);
+    EXPECT_EQ(sheet.thickness, 0.2);
+    EXPECT_EQ(sheet.flats, (std::vector<double>{3, 4}));
+    EXPECT_EQ(sheet.bends[0].radius, 0.3);
+    EXPECT_EQ(sheet.bends[0].angle, 90);
+    EXPECT_EQ(sheet.table.length[1][1], 0.8);
+    EXPECT_NEAR(sheet.developed, 7.65, 1e-12);
+    EXPECT_NEAR(DevelopedLength(sheet), 7.65, 1e-12);
+    Set(part, "in", Conversion::SameDimensions);
+    EXPECT_NEAR(DevelopedLength(sheet), 7.65, 1e-12);
 }
 
 TEST_F(Units, TheSystemInForceChangesNothingEitherWay) {
@@ -227,6 +271,35 @@ TEST_F(Units, ThePathsMatrixCarriesTheFactorBothWays) {
     Set(Of("sub.asm"), "ft", Conversion::SameSize);
     ExpectNear(Through(path, PRO_B_TRUE, {1 / kInch, 2 / kInch, 3 / kInch}), {4.8, 0.1, 0.3});
     ExpectNear(Through(path, PRO_B_FALSE, {4.8, 0.1, 0.3}), {1 / kInch, 2 / kInch, 3 / kInch});
+}
+
+TEST_F(Units, AConstrainedComponentStaysWhereItIsWhateverTheUnits) {
+    Model& top = Assembly("top");
+    Model& plate = Part("plate");
+    const auto addCsys = [](Model& model, Vec3 at) {
+        Feature csys;
+        csys.type = PRO_FEAT_CSYS;
+        csys.placement = PlacementFrom(at, {});
+        return CsysIdOf(model.AddFeature(csys));
+    };
+    const int target = addCsys(top, {100, 0, 0}), own = addCsys(plate, {0, 20, 0});
+    Feature& used = Use(top, plate);
+    const int id = used.id;
+    used.constraints.emplace();
+    used.constraints->push_back({PRO_ASM_CSYS, ConstraintReference{{}, PRO_CSYS, target},
+                                 ConstraintReference{{}, PRO_CSYS, own}});
+    const auto place = [&] {
+        Regenerate(top);
+        return LengthUnit(top) * top.FindFeature(id)->placement.origin;
+    };
+    ExpectNear(place(), {100, -20, 0});
+    Set(plate, "in", Conversion::SameSize);
+    ExpectNear(place(), {100, -20, 0});
+    Set(top, "cm", Conversion::SameSize);
+    ExpectNear(place(), {100, -20, 0});
+    // The part's coordinate system is 12 times as far from its origin.
+    Set(plate, "ft", Conversion::SameDimensions);
+    ExpectNear(place(), {100, -240, 0});
 }
 
 TEST_F(Units, AManufacturingModelMeasuresItsAssemblyInItsOwnUnit) {

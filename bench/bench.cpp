@@ -115,6 +115,9 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Input `VxParams` `InputKeyWords2` `unit`\n"
      "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
     {"VxMdlCount", "~ Command `VxMdlCount`\n@ ok"},
+    {"SetUnit",
+     "~ Command `SetUnit`\n~ Select `SetUnit` `UnitRadio` 1 `IPS`\n"
+     "~ Activate `SetUnit` `ApplyBt`\n@ ok\n~ Activate `SetUnit` `Close`"},
     {"TweViews",
      "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
      "~ Activate `TweViews` `ApplyBt`"},

@@ -21,6 +21,7 @@
 #include <ProFeature.h>
 #include <ProGeomitem.h>
 #include <ProGeomitemdata.h>
+#include <ProMaterial.h>
 #include <ProMdl.h>
 #include <ProMenuBar.h>
 #include <ProMessage.h>
@@ -50,6 +51,7 @@
 #include <ProUIRadiogroup.h>
 #include <ProUITable.h>
 #include <ProUITextarea.h>
+#include <ProUnits.h>
 #include <ProUtil.h>
 #include <ProView.h>
 #include <ProWindows.h>

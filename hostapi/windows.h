@@ -61,6 +61,7 @@ using LSTATUS = LONG;
 using REGSAM = DWORD;
 using SIZE_T = std::size_t;
 using UINT_PTR = std::uintptr_t;
+using ULONG_PTR = std::uintptr_t;
 using HANDLE = void*;
 using HGLOBAL = void*;
 using HMODULE = struct VxModule*;
@@ -70,6 +71,7 @@ using HKEY = struct VxRegistryKey*;
 union LARGE_INTEGER {
     std::int64_t QuadPart;
 };
+using LPTHREAD_START_ROUTINE = DWORD(WINAPI*)(void* parameter);
 using TIMERPROC = void(CALLBACK*)(HWND window, UINT message, UINT_PTR timer, DWORD time);
 
 #define TRUE 1
@@ -264,6 +266,25 @@ HOST_API BOOL GlobalUnlock(HGLOBAL memory);
 
 // Null on success, else the handle.
 HOST_API HGLOBAL GlobalFree(HGLOBAL memory);
+
+// --- Threads and the mouse ----------------------------------------------------------------------
+
+#define INFINITE 0xFFFFFFFFu
+#define WAIT_OBJECT_0 0u
+#define WAIT_FAILED 0xFFFFFFFFu
+#define MOUSEEVENTF_MIDDLEDOWN 0x20u
+#define MOUSEEVENTF_MIDDLEUP 0x40u
+
+// Runs `start` with its parameter on a thread of its own. Null on failure; the caller closes the
+// handle with CloseHandle, which does not end the thread.
+HOST_API HANDLE CreateThread(void* security, SIZE_T stack, LPTHREAD_START_ROUTINE start,
+                             void* parameter, DWORD flags, DWORD* id);
+
+// Waits for the end of a thread. WAIT_OBJECT_0, or WAIT_FAILED on failure.
+HOST_API DWORD WaitForSingleObject(HANDLE object, DWORD milliseconds);
+
+// Sends what the mouse would send: it goes to whatever window has the mouse then.
+HOST_API void mouse_event(DWORD flags, DWORD dx, DWORD dy, DWORD data, ULONG_PTR extra);
 
 // --- Code pages and locale --------------------------------------------------------------------
 

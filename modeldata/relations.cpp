@@ -85,7 +85,7 @@ void AppendRelations(const Merge& merge, const std::string& option, const LineLi
         WideChar** present = lines.data();
         if (lines) ProRelsetRelationsGet(set.Place(), &present);
         lines.Adopt(present);  // may have moved
-    } else if (option == kAfter || target->item.IsFilled()) {
+    } else if (target->item.IsFilled()) {
         ProRelsetCreate(target->item.Place(), set.Place());
     }
     AddLines(typed, merge.onlyNew, &lines);

@@ -27,6 +27,7 @@ Host::Host() {
     Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
     arrays.ending = [this](const void* array) {
         session.selections.ArrayFreed(array);
+        if (array == optionValues) optionValues = nullptr;
         session.constraints.ArrayFreed(array);
     };
     session.tell = [this](const std::string& line) { Tell(line); };

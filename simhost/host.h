@@ -36,6 +36,7 @@ public:
     Dialogs dialogs{desk, disk, textFolder, session};
     Messages messages{desk, disk, textFolder};
     ConfigOptions configOptions;
+    ProArray optionValues = nullptr;  // of the last question for an option, until the next call
     ProArray picked = nullptr;       // of the last pick; the plug-in is lent it until the next
     std::deque<WideText> lentTexts;  // texts that operations handed out for good
 

@@ -14,13 +14,13 @@ import sys
 import tempfile
 
 JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount",
-        "VxIsolate", "IsolatePicks", "FreeNames", "VxHideReverse", "VxShowAllComp",
+        "SetUnit", "VxIsolate", "IsolatePicks", "FreeNames", "VxHideReverse", "VxShowAllComp",
         "BomFlat", "BomLevels", "TweViews", "BomExport", "SaveModels", "LookForModels",
         "OpenParameters", "InsertRows"]
 EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
-           "IsolatePicks", "FreeNames"]  # without the largest size
+           "IsolatePicks", "FreeNames", "SetUnit"]  # without the largest size
 COUNTED_SIZES = SIZES[:2]
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.

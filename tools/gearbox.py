@@ -69,6 +69,15 @@ def data_lines(model):
     return lines
 
 
+def sheet_lines(sheet):
+    """What sheet metal has: its thickness, the flat pieces of its profile, the bends between them."""
+    lines = ["", "[sheet_metal]", f"thickness = {toml(sheet['thickness'])}",
+             f"flats = {toml(sheet['flats'])}"]
+    for radius in sheet["radii"]:
+        lines += ["", "[[bend]]", f"radius = {toml(radius)}"]
+    return lines
+
+
 def model_text(name, model):
     kinds = {"prt": "part", "asm": "assembly", "mfg": "manufacturing", "drw": "drawing"}
     kind = kinds[name[-3:]]
@@ -83,6 +92,8 @@ def model_text(name, model):
                   f"transparency = {model['clear']:.1f}"]
     lines += data_lines(model)
     lines += solid_lines(model.get("solids", []))
+    if "sheet" in model:
+        lines += sheet_lines(model["sheet"])
     for row in model["features"]:
         lines += ["", "[[feature]]"] + [f"{key} = {toml(value)}" for key, value in row.items()]
     return "\n".join(lines) + "\n"
@@ -148,6 +159,9 @@ Below `gearbox.asm` are {places} components in {levels} levels, the top included
 - Suppressed: `transport_lock.prt`. Invisible, and so left out of lists and sizes: `空间包络.prt`.
   Both are components of `gearbox.asm`. Hidden on the screen only: `铭牌.prt` in `箱体组件.asm`.
 - Skeleton without solids: `gearbox_skel.prt`. Sheet metal: `防护罩.prt`.
+- Files to choose: materials in `materials/` (one in pounds and inches), bend tables in
+  `bend_tables/`. They are written by hand. No part has read a material yet, and the guard with its
+  four bends has no bend table.
 - Transparent: the lid `箱盖.prt` (0.6), the guard (0.5), the sight glass (0.3).
 - Parameters: 代号 and 名称 everywhere, 材料 and 重量 (kg) on parts. Relations decide 重量 of
   `housing.prt` and 数量 of `washer_12.prt`, so nobody else can change these two.

@@ -297,6 +297,10 @@ def drive_parts():
          [70, -178], [70, 72], [-70, 72], [-70, -178], [-95, -178]]
     part("防护罩", "Sheet metal guard over the coupling, 2 mm; drawn half transparent.", "防护罩",
          YELLOW, [prism(u, 135, [0, 0, -78])], "917 916 911", clear=0.5, subtype="sheetmetal")
+    # The profile as it is drawn has sharp corners; each bend takes its inner radius and the
+    # thickness, 2 mm both, from the pieces that meet there.
+    models["防护罩.prt"]["sheet"] = {"thickness": 2, "flats": [23, 244, 132, 244, 23],
+                                     "radii": [2, 2, 2, 2]}
 
 
 def drive_assemblies():

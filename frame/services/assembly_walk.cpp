@@ -81,9 +81,7 @@ ProError VisitSheetMetalComponents(ProFeature* feature, ProError, ProAppData dat
     if (!IsShown(feature)) return PRO_TK_NO_ERROR;
     ProMdl model = nullptr;
     if (ProAsmcompMdlGet(feature, &model) != PRO_TK_NO_ERROR) return PRO_TK_CONTINUE;
-    ProMdlsubtype subtype = PROMDLSTYPE_NONE;
-    ProMdlSubtypeGet(model, &subtype);
-    if (subtype == PROMDLSTYPE_PART_SHEETMETAL) AppendTo(data, feature);
+    if (SubtypeOf(model) == PROMDLSTYPE_PART_SHEETMETAL) AppendTo(data, feature);
     if (TypeOf(model) == PRO_MDL_ASSEMBLY) Descend(model, VisitSheetMetalComponents, data);
     return PRO_TK_NO_ERROR;
 }
@@ -98,7 +96,7 @@ ComponentArray ComponentCollector(ProMdl top, ProFeatureVisitAction visitor,
     return components;
 }
 
-ModelList ReduceToModelList(ComponentArray components, int size, const ModelList& list) {
+ModelList ModelsOf(const ComponentArray& components, int size, const ModelList& list) {
     // Uses outnumber models by far, so each model is taken in once and only models are sorted.
     std::unordered_set<ProMdl> models(list.begin(), list.end());
     for (int i = 0; i < size; ++i) {
@@ -106,8 +104,11 @@ ModelList ReduceToModelList(ComponentArray components, int size, const ModelList
         ProAsmcompMdlGet(&components.data()[i], &model);
         if (model) models.insert(model);
     }
-    components.Free();
     ModelList sorted(models.begin(), models.end());
     std::sort(sorted.begin(), sorted.end(), std::less<ProMdl>());
     return sorted;
+}
+
+ModelList ReduceToModelList(ComponentArray components, int size, const ModelList& list) {
+    return ModelsOf(components, size, list);
 }

@@ -33,5 +33,8 @@ ComponentArray ComponentCollector(ProMdl top, ProFeatureVisitAction visitor,
                                   ProFeatureFilterAction filter = ComponentFilter);
 
 // The models of these components and those in `list` (the top model, where the scope calls for it).
-// Frees the array. A component whose model cannot be fetched is left out.
+// A component whose model cannot be fetched is left out.
+ModelList ModelsOf(const ComponentArray& components, int size, const ModelList& list = {});
+
+// The same, and frees the array.
 ModelList ReduceToModelList(ComponentArray components, int size, const ModelList& list = {});

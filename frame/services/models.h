@@ -27,6 +27,13 @@ inline ProMdlType TypeOf(ProMdl model) {
     return type;
 }
 
+// PROMDLSTYPE_NONE without a model and after a failed call.
+inline ProMdlsubtype SubtypeOf(ProMdl model) {
+    ProMdlsubtype subtype = PROMDLSTYPE_NONE;
+    if (model) ProMdlSubtypeGet(model, &subtype);
+    return subtype;
+}
+
 // Room for a name and a terminator, which the host leaves out after 32 characters; for names that
 // only go on to the host.
 using NameForHost = WideChar[PRO_NAME_SIZE + 1];

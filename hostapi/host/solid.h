@@ -11,8 +11,9 @@ typedef ProError (*ProFeatureFilterAction)(ProFeature* feature, ProAppData data)
 typedef ProError (*ProSurfaceVisitAction)(ProSurface surface, ProError status, ProAppData data);
 typedef ProError (*ProSurfaceFilterAction)(ProSurface surface, ProAppData data);
 
-// Visits the solid's features in the order of the model tree. PRO_TK_E_NOT_FOUND: there was none,
-// or the filter took none.
+// Visits the solid's features in the order of the model tree. `filter` may be null. A solid without
+// features, and a filter that takes none, are answered with 0 as well.
+// Assumed (behaviour, 60 %): 0 if nothing was visited, so that empty and failed differ
 HOST_API ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
                                     ProFeatureFilterAction filter, ProAppData data);
 
@@ -22,6 +23,7 @@ HOST_API ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction acti
 
 // Brings a part, an assembly or a manufacturing model up to date, with all that lies below: what
 // hangs on something that has moved, moves along. `flags`: 0, nothing special.
+// Assumed (parameters, 80 %): takes the solid and flags
 HOST_API ProError ProSolidRegenerate(ProSolid solid, int flags);
 
 // The item (kind PRO_SURFACE, id, owner) of a surface of this part.

@@ -41,11 +41,24 @@ std::vector<std::string> PathSteps(const std::string& typed) {
     return names;
 }
 
+std::vector<std::string> FilesOfTheDialog() {
+    std::vector<std::string> names;
+    if (const FileQuestion* open = TheHost().desk.fileQuestion) {
+        for (const WideText& file : open->files) names.push_back(Utf8(file));
+    }
+    return names;
+}
+
 std::vector<std::string> ForWord(const Word& word, const std::string& typed) {
     const std::string name = word.name;
     if (name == "select" || name == "pick") return PathSteps(typed);
     if (name == "show" && typed.find("tree ") != std::string::npos) return PathSteps(typed);
+    const bool ofModel =
+        typed.find("units ") != std::string::npos || typed.find("outline ") != std::string::npos;
+    if (name == "show" && ofModel) return ModelsInMemory();
     const std::string arguments = word.arguments;
+    if (name == "answer") return FilesOfTheDialog();
+    if (name == "option" || name == "expect option") return OptionNames();
     if (name == "open") return ModelFiles();
     if (name == "show") return ShowTopics();
     if (name == "right-click") return Commands::PopupNames();

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <mutex>
 #include <stdexcept>
 
 #include "simhost/core/journal.h"
@@ -53,6 +54,16 @@ struct Listeners {
     Operation::ComplaintSink complain;
     std::string (*describe)(const void*) = nullptr;
 };
+// Calls on threads that are not the host's, until the host's own thread tells of them.
+struct ForeignCalls {
+    std::mutex mutex;
+    std::vector<std::string> names;
+};
+ForeignCalls& TheForeignCalls() {
+    static ForeignCalls calls;
+    return calls;
+}
+
 Listeners& TheListeners() {
     static Listeners listeners;
     return listeners;
@@ -60,6 +71,7 @@ Listeners& TheListeners() {
 
 }  // namespace
 
+std::thread::id Operation::hostThread;
 bool Operation::journalling = false;
 bool Operation::faultsArmed = false;
 
@@ -132,7 +144,26 @@ Operation::Injected Operation::Strike() {
 
 void Operation::Serve(Journal* journal, ComplaintSink complain) {
     TheListeners().journal = journal;
+    hostThread = journal ? std::this_thread::get_id() : std::thread::id{};
     TheListeners().complain = std::move(complain);
+}
+
+void Operation::NoteForeignCall() const {
+    ForeignCalls& foreign = TheForeignCalls();
+    const std::lock_guard lock(foreign.mutex);
+    foreign.names.push_back(name_);
+}
+
+void Operation::ComplainOfForeignCalls() {
+    ForeignCalls& foreign = TheForeignCalls();
+    std::vector<std::string> names;
+    {
+        const std::lock_guard lock(foreign.mutex);
+        names.swap(foreign.names);
+    }
+    for (const std::string& name : names) {
+        TheListeners().complain(name + ": called on a thread that is not the host's");
+    }
 }
 
 void Operation::DescribeHandlesBy(std::string (*describe)(const void* handle)) {

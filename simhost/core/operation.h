@@ -10,6 +10,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -175,6 +176,10 @@ public:
     // The same for an operation whose failures are not statuses: `failed(status)` gives its result.
     template <class Failed, class Body, class... NamesAndValues>
     ResultOf<Body> CallOr(Failed&& failed, Body&& body, const NamesAndValues&... arguments) {
+        if (!OnHostThread()) {
+            NoteForeignCall();
+            return failed(PRO_TK_GENERAL_ERROR);
+        }
         ++calls_;
         const long line = journalling ? Begin() : -1;
         ResultOf<Body> result{};
@@ -212,6 +217,13 @@ public:
     // itself out at its end.
     using ComplaintSink = std::function<void(const std::string&)>;
     static void Serve(Journal* journal, ComplaintSink complain);
+    // Whether this is the thread of the host, which is the one that served last. The host and its
+    // journal are that thread's alone, so a call on another one is not answered.
+    static bool OnHostThread() {
+        return hostThread == std::thread::id{} || hostThread == std::this_thread::get_id();
+    }
+    // Complains, on the host's thread, about the calls that came on other ones since the last time.
+    static void ComplainOfForeignCalls();
     // Who describes handles in the journal.
     static void DescribeHandlesBy(std::string (*describe)(const void* handle));
 
@@ -231,6 +243,8 @@ public:
     static std::uint64_t TotalCalls();
 
 private:
+    static std::thread::id hostThread;  // none: no host serves
+    void NoteForeignCall() const;
     long Begin();
     void End(long line, const std::string& arguments, const std::string& result);
     struct Injected {

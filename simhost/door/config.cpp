@@ -1,7 +1,6 @@
-// Configuration options, file dialogs and the model tree at the door.
+// Configuration options and the model tree at the door.
 #include "hostapi/host/config.h"
 
-#include "hostapi/host/file_dialog.h"
 #include "hostapi/host/treetool.h"
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
@@ -14,6 +13,17 @@ struct PathRecord {
     ProPath text;
 };
 
+// What was handed out is not to be read after the next call: from then on it says so.
+void EndHandedOutValues() {
+    Host& host = TheHost();
+    if (!host.optionValues) return;
+    auto* values = static_cast<ProPath*>(host.optionValues);
+    for (int i = 0; i < host.arrays.Size(host.optionValues); ++i) {
+        CopyCut(kEndedOptionValue, values[i], PRO_PATH_SIZE);
+    }
+    host.optionValues = nullptr;
+}
+
 }  // namespace
 
 ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
@@ -21,33 +31,29 @@ ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
     return op.Call(
         [&] {
             Host& host = TheHost();
+            EndHandedOutValues();
             const auto found = host.configOptions.find(Lower(WideView(option)));
-            if (found == host.configOptions.end() || found->second.empty()) {
-                Refuse(PRO_TK_E_NOT_FOUND);
-            }
+            if (found == host.configOptions.end()) Refuse(PRO_TK_E_NOT_FOUND);
             std::vector<PathRecord> records(found->second.size());
             for (std::size_t i = 0; i < records.size(); ++i) {
                 CopyCut(found->second[i], records[i].text, PRO_PATH_SIZE);
             }
-            *values = &host.arrays.Make(records, op.name())->text;
+            PathRecord* array = host.arrays.Make(records, op.name());
+            host.optionValues = array;
+            *values = &array->text;
         },
         GIVEN(option), OUT_ARRAY(values));
 }
 
-ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
-                     ProFileName proposed, ProPath path) {
-    return Op<"ProFileOpen">.Call(
+ProError ProConfigoptSet(WideChar* option, WideChar* value) {
+    return Op<"ProConfigoptSet">.Call(
         [&] {
-            Host& host = TheHost();
-            FileQuestion question{title, filter, host.session.workingDirectory, {}};
-            if (folder && *folder) question.folder = folder;
-            if (proposed) question.proposed = proposed;
-            host.shown.push_back({Shown::Kind::Prompt, title, {}});
-            const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
-            if (!answer) Refuse(PRO_TK_USER_ABORT);
-            CopyCut(*answer, path, PRO_PATH_SIZE);
+            EndHandedOutValues();
+            RefuseEndedOptionValue(value);
+            if (!*option) Refuse(PRO_TK_BAD_INPUTS);
+            TheHost().configOptions[Lower(WideView(option))] = {value};
         },
-        GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
+        GIVEN(option), GIVEN(value));
 }
 
 ProError ProTreetoolRefresh(ProMdl model) {

@@ -137,6 +137,10 @@ std::string TextOf(const ProModel& model) {
     return fmt::format("{} of type {}", TextIn(model.name), TextIn(model.type));
 }
 
+std::string TextOf(const ProMaterial& material) {
+    return fmt::format("{} of {}", TextIn(material.matl_name), Describe(material.part));
+}
+
 std::string TextOf(const ProRelset& set) {
     return (set.afterRegeneration ? "after regeneration, of " : "of ") + Describe(set.owner.owner);
 }
@@ -187,6 +191,14 @@ std::string TextOf(const ProUIPoint& point) {
     return fmt::format("({}, {})", point.x, point.y);
 }
 
+std::string TextOf(const ProUnititem& unit) {
+    return fmt::format("{} of {}", TextIn(unit.name), Describe(unit.owner));
+}
+
+std::string TextOf(const ProUnitsystem& system) {
+    return fmt::format("{} of {}", TextIn(system.name), Describe(system.owner));
+}
+
 std::string PointText::Of(const double* point) {
     return point ? Numbers(point, 3) : "null";
 }
@@ -202,7 +214,11 @@ std::string JournalText<double (*)[3]>::Of(const double (*corners)[3]) {
 }
 
 int SizeOfArray(const void* array) {
-    return array ? TheHost().arrays.Size(const_cast<void*>(array)) : 0;
+    try {
+        return array ? TheHost().arrays.Size(const_cast<void*>(array)) : 0;
+    } catch (const Refusal&) {
+        return 0;  // the call has complained
+    }
 }
 
 std::string Describe(const NameOut& out) {

@@ -12,12 +12,14 @@
 #include "hostapi/host/drawing_view.h"
 #include "hostapi/host/family_table.h"
 #include "hostapi/host/geometry.h"
+#include "hostapi/host/material.h"
 #include "hostapi/host/model.h"
 #include "hostapi/host/parameter.h"
 #include "hostapi/host/relation.h"
 #include "hostapi/host/selection.h"
 #include "hostapi/host/simprep.h"
 #include "hostapi/host/types.h"
+#include "hostapi/host/units.h"
 #include "simhost/core/operation.h"
 
 namespace simhost {
@@ -27,6 +29,7 @@ std::string TextOf(const ProParameter& parameter);
 std::string TextOf(const ProParamvalue& value);
 std::string TextOf(const ProMdldata& data);
 std::string TextOf(const ProModel& model);
+std::string TextOf(const ProMaterial& material);
 std::string TextOf(const ProRelset& set);
 std::string TextOf(const ProFamtableItem& item);
 std::string TextOf(const ProAsmcomppath& path);
@@ -37,6 +40,8 @@ std::string TextOf(const ProSelectionEnvOption& option);
 std::string TextOf(const ProSimprepAction& action);
 std::string TextOf(const ProSimprepitem& item);
 std::string TextOf(const ProUIPoint& point);
+std::string TextOf(const ProUnititem& unit);
+std::string TextOf(const ProUnitsystem& system);
 
 template <class Record>
 struct RecordText {
@@ -48,6 +53,7 @@ template <> struct JournalText<ProParameter> : RecordText<ProParameter> {};
 template <> struct JournalText<ProParamvalue> : RecordText<ProParamvalue> {};
 template <> struct JournalText<ProMdldata> : RecordText<ProMdldata> {};
 template <> struct JournalText<ProModel> : RecordText<ProModel> {};
+template <> struct JournalText<ProMaterial> : RecordText<ProMaterial> {};
 template <> struct JournalText<ProRelset> : RecordText<ProRelset> {};
 template <> struct JournalText<ProFamtableItem> : RecordText<ProFamtableItem> {};
 template <> struct JournalText<ProAsmcomppath> : RecordText<ProAsmcomppath> {};
@@ -58,6 +64,8 @@ template <> struct JournalText<ProSelectionEnvOption> : RecordText<ProSelectionE
 template <> struct JournalText<ProSimprepAction> : RecordText<ProSimprepAction> {};
 template <> struct JournalText<ProSimprepitem> : RecordText<ProSimprepitem> {};
 template <> struct JournalText<ProUIPoint> : RecordText<ProUIPoint> {};
+template <> struct JournalText<ProUnititem> : RecordText<ProUnititem> {};
+template <> struct JournalText<ProUnitsystem> : RecordText<ProUnitsystem> {};
 // clang-format on
 
 // A point or a direction, as (x, y, z).
@@ -107,11 +115,25 @@ ListOut(T**) -> ListOut<T>;
 template <class T>
 ListOut(T**, const int*) -> ListOut<T>;
 
-int SizeOfArray(const void* array);  // 0 for a null array
+int SizeOfArray(const void* array);  // 0 for what is no host array
 
 template <class T>
 std::string Describe(const ListOut<T>& out) {
     return Describe(ListOf{*out.place, out.count ? *out.count : SizeOfArray(*out.place)});
+}
+
+// A host array that the caller hands in.
+template <class T>
+struct ArrayIn {
+    T* array;
+    bool Missing() const { return array == nullptr; }
+};
+template <class T>
+ArrayIn(T*) -> ArrayIn<T>;
+
+template <class T>
+std::string Describe(const ArrayIn<T>& in) {
+    return Describe(ListOf{in.array, SizeOfArray(in.array)});
 }
 
 // A record for a name, which is without a terminator when it is full.

@@ -149,8 +149,9 @@ ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, ProBoolean
             const DrawingView& one = RequireView(model, view);
             const Drawing& all = DrawingOf(model);
             const Placement frame = all.FrameOf(one);
-            const double scale = Drawing::ScaleOf(one);
-            const Vec3 place = one.at + scale * frame.origin;
+            const Vec3 place = one.at + Drawing::ScaleOf(one) * frame.origin;
+            const Model* shown = ModelOf(one);
+            const double scale = Drawing::ScaleOf(one) * (shown ? LengthUnit(*shown) : 1);
             if (toSheet) {
                 SetMatrix(frame, scale, place, transform);
             } else {

@@ -11,7 +11,7 @@ using namespace simhost;
 
 namespace {
 
-// Follows a path from its top; `placement` becomes that of its end in the top's coordinates.
+// Follows a path from its top; `placement` becomes that of its end in the top's coordinates, in mm.
 Model& Follow(const ProAsmcomppath* path, Placement* placement) {
     Model* model = &TheHost().session.RequireSolid(path->owner);
     if (path->table_num < 0 || path->table_num > PRO_MAX_ASSEM_LEVEL) {
@@ -20,20 +20,22 @@ Model& Follow(const ProAsmcomppath* path, Placement* placement) {
     for (int i = 0; i < path->table_num; ++i) {
         const Feature* feature = model->FindFeature(path->comp_id_tab[i]);
         if (!feature || !feature->model) Refuse(PRO_TK_E_NOT_FOUND);
-        *placement = Compose(*placement, feature->placement);
+        *placement = Compose(*placement, PlaceInMm(feature->placement, *model));
         model = feature->model;
     }
     return *model;
 }
 
-void Fill(const Placement& placement, ProMatrix matrix) {
-    for (std::size_t row = 0; row < 4; ++row) {
-        const Vec3 v = row < 3 ? placement.axes[row] : placement.origin;
-        matrix[row][0] = v.x;
-        matrix[row][1] = v.y;
-        matrix[row][2] = v.z;
+// For points in units of `from` that become points in units of `to` (both in mm).
+void Fill(const Placement& inMm, double from, double to, ProMatrix matrix) {
+    const auto fill = [&](std::size_t row, Vec3 v, double unit) {
+        matrix[row][0] = Converted(v.x, unit, to);
+        matrix[row][1] = Converted(v.y, unit, to);
+        matrix[row][2] = Converted(v.z, unit, to);
         matrix[row][3] = row < 3 ? 0 : 1;
-    }
+    };
+    for (std::size_t row = 0; row < 3; ++row) fill(row, inMm.axes[row], from);
+    fill(3, inMm.origin, 1);
 }
 
 // A surface's data as it is handed out, in one piece.
@@ -51,7 +53,7 @@ ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
             if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
             auto* record =
-                TheHost().arrays.Lend(SurfaceRecord{{}, Model::BoxOf(*found)}, "ProSurfaceDataGet");
+                TheHost().arrays.Lend(SurfaceRecord{{}, found->box}, "ProSurfaceDataGet");
             record->about.obj_type = PRO_SURFACE;
             record->about.data.p_surface_data = &record->box;
             *data = &record->about;
@@ -113,8 +115,13 @@ ProError ProAsmcomppathTrfGet(ProAsmcomppath* path, ProBoolean bottomUp, ProMatr
     return Op<"ProAsmcomppathTrfGet">.Call(
         [&] {
             Placement placement;
-            Follow(path, &placement);
-            Fill(bottomUp ? placement : Inverse(placement), transform);
+            const double below = LengthUnit(Follow(path, &placement));
+            const double top = LengthUnit(TheHost().session.RequireSolid(path->owner));
+            if (bottomUp) {
+                Fill(placement, below, top, transform);
+            } else {
+                Fill(Inverse(placement), top, below, transform);
+            }
         },
         GIVEN(path), ARG(bottomUp), OUT(transform));
 }

@@ -3,6 +3,7 @@
 
 #include "hostapi/host/csys.h"
 #include "simhost/door/door.h"
+#include "simhost/model/regeneration.h"
 
 using namespace simhost;
 
@@ -10,14 +11,14 @@ namespace {
 
 // The rule of all visits: the filter may pass over an item, the action may end the visit.
 template <class Filter, class Action>
-ProError VisitOne(Filter&& filter, Action&& action, bool* goOn, bool* any) {
+ProError VisitOne(Filter&& filter, Action&& action, bool* goOn, bool* any = nullptr) {
     const ProError wanted = filter();
     if (wanted == PRO_TK_CONTINUE) return PRO_TK_NO_ERROR;
     if (wanted != PRO_TK_NO_ERROR) {
         *goOn = false;
         return wanted;
     }
-    *any = true;
+    if (any) *any = true;
     const ProError status = action(wanted);
     if (status == PRO_TK_NO_ERROR || status == PRO_TK_CONTINUE) return PRO_TK_NO_ERROR;
     *goOn = false;
@@ -39,17 +40,16 @@ ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
         [&] {
             if (!action) Complain(PRO_TK_BAD_INPUTS, "the visit has no action");
             Model& model = TheHost().session.RequireSolid(solid);
-            bool any = false;
             bool goOn = true;
             // By index: an action may add features.
             for (std::size_t i = 0; i < model.features().size() && goOn; ++i) {
                 ProFeature item{PRO_FEATURE, model.features()[i].id, model.handle};
-                const ProError status = VisitOne(
-                    [&] { return filter ? filter(&item, data) : PRO_TK_NO_ERROR; },
-                    [&](ProError wanted) { return action(&item, wanted, data); }, &goOn, &any);
+                const ProError status =
+                    VisitOne([&] { return filter ? filter(&item, data) : PRO_TK_NO_ERROR; },
+                             [&](ProError wanted) { return action(&item, wanted, data); }, &goOn);
                 if (!goOn) return status;
             }
-            return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;
+            return PRO_TK_NO_ERROR;
         },
         ARG(solid));
 }
@@ -62,11 +62,13 @@ ProError ProSolidSurfaceVisit(ProSolid part, ProSurfaceVisitAction action,
             Model& model = TheHost().session.RequireSolid(part);
             bool any = false;
             bool goOn = true;
-            for (const auto& surface : model.Surfaces()) {
+            // As it was at the beginning: an action may change the part.
+            std::vector<ProSurface> surfaces;
+            for (const auto& each : model.Surfaces()) surfaces.push_back(each->handle);
+            for (const ProSurface surface : surfaces) {
                 const ProError status = VisitOne(
-                    [&] { return filter ? filter(surface->handle, data) : PRO_TK_NO_ERROR; },
-                    [&](ProError wanted) { return action(surface->handle, wanted, data); }, &goOn,
-                    &any);
+                    [&] { return filter ? filter(surface, data) : PRO_TK_NO_ERROR; },
+                    [&](ProError wanted) { return action(surface, wanted, data); }, &goOn, &any);
                 if (!goOn) return status;
             }
             return any ? PRO_TK_NO_ERROR : PRO_TK_E_NOT_FOUND;

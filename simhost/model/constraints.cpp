@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <unordered_set>
 #include <utility>
 
 #include "simhost/model/csys.h"
@@ -53,26 +52,27 @@ bool NeedsReferences(ProAsmcompConstrType type) {
     return type != PRO_ASM_FIX && type != PRO_ASM_DEF_PLACEMENT && type != PRO_ASM_AUTO;
 }
 
-// The model that component ids lead to, with its frame in that of `top`. Null: nowhere.
+// The model that component ids lead to, with its frame in that of `top`, in mm. Null: nowhere.
 Model* Follow(Model& top, const std::vector<int>& path, Placement* frame) {
     Model* model = &top;
     for (const int id : path) {
         const Feature* feature = model->FindFeature(id);
         if (!feature || !feature->model) return nullptr;
-        *frame = Compose(*frame, feature->placement);
+        *frame = Compose(*frame, PlaceInMm(feature->placement, *model));
         model = feature->model;
     }
     return model;
 }
 
-// The frame of a coordinate system that a constraint holds on to, in that of `top`.
+// The frame of a coordinate system that a constraint holds on to, in that of `top`, in mm: models
+// may have different units.
 std::optional<Placement> FrameOf(Model& top, const std::optional<ConstraintReference>& reference) {
     if (!reference || reference->type != PRO_CSYS) return std::nullopt;
     Placement frame;
     Model* owner = Follow(top, reference->path, &frame);
     const Feature* csys = owner ? FindCsys(*owner, reference->id) : nullptr;
     if (!csys) return std::nullopt;
-    return Compose(frame, csys->placement);
+    return Compose(frame, PlaceInMm(csys->placement, *owner));
 }
 
 // What a selection below `top` is to a constraint; nothing if it leads elsewhere.
@@ -96,19 +96,6 @@ std::optional<ConstraintDraft::Reference> DraftFrom(
     if (!owner) return std::nullopt;
     const ProModelitem item{reference->type, reference->id, owner->handle};
     return ConstraintDraft::Reference{{item, &top, reference->path}, reference->side};
-}
-
-void RegenerateOnce(Model& model, std::unordered_set<const Model*>* done) {
-    if (!done->insert(&model).second) return;
-    if (model.manufacturingData.assembly) RegenerateOnce(*model.manufacturingData.assembly, done);
-    // What is below comes first: its coordinate systems may have moved.
-    for (const Feature& feature : model.features()) {
-        if (feature.model) RegenerateOnce(*feature.model, done);
-    }
-    for (std::size_t i = 0; i < model.features().size(); ++i) {
-        const Feature& feature = model.features()[i];
-        if (feature.constraints) PlaceComponent(model, model.FindFeature(feature.id));
-    }
 }
 
 }  // namespace
@@ -249,7 +236,9 @@ Placement ConstrainedPlace(Model& assembly, const Feature& component) {
         if (constraint.type != PRO_ASM_CSYS) continue;
         const auto target = FrameOf(assembly, constraint.assembly);
         const auto own = FrameOf(*component.model, constraint.component);
-        if (target && own) place = Compose(*target, Inverse(*own));
+        if (!target || !own) continue;
+        place = Compose(*target, Inverse(*own));
+        place.origin = 1 / LengthUnit(assembly) * place.origin;
     }
     return place;
 }
@@ -260,11 +249,6 @@ void PlaceComponent(Model& assembly, Feature* component) {
     if (IsSamePlace(place, component->placement)) return;
     component->placement = place;
     assembly.modified = true;
-}
-
-void Regenerate(Model& top) {
-    std::unordered_set<const Model*> done;
-    RegenerateOnce(top, &done);
 }
 
 }  // namespace simhost

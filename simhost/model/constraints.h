@@ -88,7 +88,5 @@ bool HasItem(Model& model, ProType type, int id);
 Placement ConstrainedPlace(Model& assembly, const Feature& component);
 // Puts it there; an assembly that nobody may change stays as it is.
 void PlaceComponent(Model& assembly, Feature* component);
-// Brings all components of a model, and of all that lies below it, to their places.
-void Regenerate(Model& top);
 
 }  // namespace simhost

@@ -30,7 +30,7 @@ struct DrawingView {
     int sheet = 1;
     DrawingView* parent = nullptr;  // general views have none
     Side side = Side::None;
-    Vec3 pivot;             // the middle of the model when the view was made, in the model
+    Vec3 pivot;             // the middle of the model when the view was made, in the model, in mm
     Vec3 at;                // where the pivot is on the sheet
     double scale = 1;       // general views
     bool ownScale = false;  // general views: their scale is not the sheet's
@@ -74,7 +74,7 @@ public:
     // The view turned as it is drawn, and its scale: a projection's follow from its parent's.
     Placement OrientationOf(const DrawingView& view) const;
     static double ScaleOf(const DrawingView& view);
-    // Takes points of the model to the sheet, but for the scale about `at`: see ToSheet.
+    // Takes points of the model, in mm, to the sheet, but for the scale about `at`: see ToSheet.
     Placement FrameOf(const DrawingView& view) const;
     Vec3 ToSheet(const DrawingView& view, Vec3 framed) const;
     // As last regenerated; a view read from a file is regenerated at the first question.

@@ -65,6 +65,7 @@ struct Solid {
     int teeth = 0;
     std::vector<std::array<double, 2>> outline;  // prism: counter-clockwise
     double height = 0;                           // prism
+    bool operator==(const Solid&) const = default;
 };
 
 // "box" and so on; ParseShape gives false for a word that names no shape.

@@ -5,6 +5,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/session.h"
+#include "simhost/model/shape.h"
 
 namespace simhost {
 
@@ -132,42 +133,45 @@ Feature* Model::FindFeature(int id) {
     return found == featureAt_.end() ? nullptr : &features_[found->second];
 }
 
-const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
-    if (!surfacesMade_) {
-        surfacesMade_ = true;
-        for (const Solid& solid : partData.solids) {
-            for (int i = 1; i <= SurfaceCount(solid); ++i) {
-                surfaces_.push_back(std::make_unique<Surface>(Surface{this, solid.id + i, {}, {}}));
-                Surface* surface = surfaces_.back().get();
-                if (!surfaceHandles) continue;
-                surface->handle = static_cast<ProSurface>(surfaceHandles->Add(surface));
-            }
-        }
-    }
-    return surfaces_;
+namespace {
+
+void CopyPoint(Vec3 from, Pro3dPnt to) {
+    to[0] = from.x;
+    to[1] = from.y;
+    to[2] = from.z;
 }
 
-const ProSurfacedata& Model::BoxOf(Surface& surface) {
-    if (surface.box) return *surface.box;
-    Extents extents;
-    for (const Solid& solid : surface.part->partData.solids) {
-        if (surface.id <= solid.id || surface.id > solid.id + SurfaceCount(solid)) continue;
-        for (const SolidFace& face : Faces(solid)) {
-            if (face.surface != surface.id) continue;
-            for (const Facet& facet : face.facets) {
-                for (const Vec3 corner : facet.corners) extents.Add(corner);
-            }
-        }
+}  // namespace
+
+const PartShape& Model::shape() const {
+    if (!shape_ || !IsShapeOf(*shape_, partData.solids)) {
+        shape_ = std::make_shared<const PartShape>(ShapeOf(partData.solids));
     }
-    const auto fill = [](Vec3 v, Pro3dPnt point) {
-        point[0] = v.x;
-        point[1] = v.y;
-        point[2] = v.z;
-    };
-    surface.box.emplace();
-    fill(extents.low, surface.box->xyz_min);
-    fill(extents.high, surface.box->xyz_max);
-    return *surface.box;
+    return *shape_;
+}
+
+const std::vector<std::unique_ptr<Surface>>& Model::Surfaces() {
+    const PartShape& now = shape();
+    if (surfacesOf_ == shape_) return surfaces_;
+    surfacesOf_ = shape_;
+    std::unordered_map<int, std::unique_ptr<Surface>> before;
+    for (auto& surface : surfaces_) before[surface->id] = std::move(surface);
+    surfaces_.clear();
+    for (const ShapeFace& face : now.faces) {
+        std::unique_ptr<Surface>& known = before[face.id];
+        if (!known) {
+            known = std::make_unique<Surface>(Surface{this, face.id, {}, {}});
+            if (surfaceHandles)
+                known->handle = static_cast<ProSurface>(surfaceHandles->Add(known.get()));
+        }
+        CopyPoint(face.box.low, known->box.xyz_min);
+        CopyPoint(face.box.high, known->box.xyz_max);
+        surfaces_.push_back(std::move(known));
+    }
+    for (const auto& [id, gone] : before) {
+        if (gone && surfaceHandles) surfaceHandles->Drop(gone->handle);
+    }
+    return surfaces_;
 }
 
 bool Model::HasSurface(int id) {

@@ -14,15 +14,19 @@
 #include "simhost/model/constraints.h"
 #include "simhost/model/family_table.h"
 #include "simhost/model/geometry.h"
+#include "simhost/model/material.h"
 #include "simhost/model/parameters.h"
 #include "simhost/model/relations.h"
+#include "simhost/model/sheet_metal.h"
 #include "simhost/model/simprep.h"
+#include "simhost/model/units.h"
 
 namespace simhost {
 
 class Model;
 class Session;
 class Drawing;
+struct PartShape;
 struct ScreenView;
 
 // The states of ProFeatureStatusGet, and their words in model files.
@@ -52,13 +56,16 @@ struct Surface {
     Model* part = nullptr;
     int id = 0;
     ProSurface handle = nullptr;
-    std::optional<ProSurfacedata> box;  // see Model::BoxOf
+    ProSurfacedata box{};  // along the part's axes
 };
 
 // What only parts have.
 struct PartData {
     bool skeleton = false;
     std::vector<Solid> solids;
+    std::vector<Material> materials;  // that it has read, each name once
+    WideText material;                // the name of the one that it is made of; empty: of none
+    SheetMetal sheetMetal;
     std::map<int, ProdbSurfaceProps> surfaceAppearances;  // by surface id
 };
 
@@ -96,6 +103,7 @@ public:
     WideText folder;    // which it came from; empty: never on disk, and goes to the working folder
     bool modified = false;
 
+    ModelUnits units;  // see HasUnits
     PartData partData;
     AssemblyData assemblyData;
     ManufacturingData manufacturingData;
@@ -107,6 +115,7 @@ public:
     std::shared_ptr<ScreenView> screen;  // how it is turned on the screen; see ScreenOf
     bool readOnly = false;               // released: the host lets nobody change it
     int treeRefreshes = 0;               // how often its tree was refreshed
+    int regenerations = 0;               // how often it was brought up to date
 
     const std::vector<Feature>& features() const { return features_; }
     Feature& AddFeature(Feature feature);  // an id of 0 becomes the next free one
@@ -114,10 +123,14 @@ public:
     void RemoveFeature(int id);  // its number is not given again
     std::vector<Feature>& MutableFeatures();
 
-    const std::vector<std::unique_ptr<Surface>>& Surfaces();  // made from the solids at first use
+    // The record of the part's shape, made at first use and anew after its solids changed; it lasts
+    // until then.
+    const PartShape& shape() const;
+    bool HasShape() const { return !partData.solids.empty(); }
+    // The faces of the shape at the door. Those that stay when the solids change keep their
+    // handles; the handles of the others end at the next call.
+    const std::vector<std::unique_ptr<Surface>>& Surfaces();
     bool HasSurface(int id);
-    // The box around a surface of any model, along the model's axes; made at first use.
-    static const ProSurfacedata& BoxOf(Surface& surface);
 
     const Simprep* FindSimprep(WideView wanted) const;  // whatever the case of its letters
     const Simprep* ActiveSimprep() const;               // null: the master
@@ -128,9 +141,10 @@ public:
 private:
     std::vector<Feature> features_;
     std::unordered_map<int, std::size_t> featureAt_;
-    int lastFeatureId_ = 0;  // the highest that was ever given
+    mutable std::shared_ptr<const PartShape> shape_;
+    std::shared_ptr<const PartShape> surfacesOf_;  // the shape that has these surfaces
+    int lastFeatureId_ = 0;                        // the highest that was ever given
     std::vector<std::unique_ptr<Surface>> surfaces_;
-    bool surfacesMade_ = false;
 };
 
 // Whether a model can have the name: 1 to 32 characters, none of which parts it from its type or

@@ -46,6 +46,7 @@ constexpr Field<Model> kModelFields[] = {
 void ReadModel(const toml::table& table, Model* model) {
     Keys keys = KeysOf(kPartFields, kModelFields);
     keys.push_back(kTypeField.key);
+    keys.insert(keys.end(), std::begin(kUnitsKeys), std::end(kUnitsKeys));
     Allow(table, keys);
     ReadField(table, kTypeField, model);
     for (const Field<Model>& row : kPartFields) {
@@ -60,10 +61,11 @@ void AddModel(std::string* text, const Model& model) {
     AddField(text, kTypeField, model);
     AddFields(text, kPartFields, model);
     AddFields(text, kModelFields, model);
+    AddUnits(text, model);
 }
 
 // --- The sections after it, in the order in which they are read and written: a drawing's views
-// need its sheets, and a surface needs its solid ---
+// need its sheets, a surface needs its solid, and a bend its sheet ---
 
 constexpr Field<ManufacturingData> kManufacturingFields[] = {
     RequiredLink<&ManufacturingData::assemblyFile, &ManufacturingData::assembly>("assembly"),
@@ -72,9 +74,11 @@ constexpr Section kManufacturingSection =
     SectionOf<kManufacturingFields, &Model::manufacturingData>("manufacturing", PRO_MDL_MFG);
 
 constexpr const Section* kSections[] = {
-    &kManufacturingSection, &kAppearanceSection, &kParameterSection, &kRelationsSection,
-    &kFamilySection,        &kSheetsSection,     &kDrawingSection,   &kViewSection,
-    &kSolidSection,         &kSurfaceSection,    &kFeatureSection,   &kSimprepSection,
+    &kUnitSystemSection, &kManufacturingSection, &kAppearanceSection, &kParameterSection,
+    &kRelationsSection,  &kFamilySection,        &kSheetsSection,     &kDrawingSection,
+    &kViewSection,       &kSolidSection,         &kSurfaceSection,    &kMaterialSection,
+    &kSheetMetalSection, &kBendTableSection,     &kBendSection,       &kFeatureSection,
+    &kSimprepSection,
 };
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {

@@ -3,6 +3,7 @@
 //     [[parameter]]
 //     name = "代号"
 //     value = "VX-01"      # a text, a whole number, a real number (with a point), true or false
+//     unit = "mm"          # only of real numbers; left out: a number without a unit
 //     locked = true        # only where the designer has locked it
 //
 //     [relations]
@@ -47,6 +48,16 @@ Parameter ParameterFrom(const toml::node& node, const char* key, WideView name) 
     return TextParameter(name, text);
 }
 
+void ReadUnit(const toml::node& node, const char* key, Parameter* parameter) {
+    ReadValue(node, key, &parameter->unit);
+    if (!FindUnit(parameter->unit)) {
+        Fail(node.source(), "there is no unit " + Quoted(Utf8(parameter->unit)));
+    }
+    if (parameter->type != PRO_PARAM_DOUBLE) {
+        Fail(node.source(), Quoted(key) + " is only for real numbers");
+    }
+}
+
 void ReadValueOf(const toml::node& node, const char* key, Parameter* parameter) {
     *parameter = ParameterFrom(node, key, parameter->name);
 }
@@ -66,6 +77,8 @@ constexpr Field<Parameter> kParameterFields[] = {
                               [](const Parameter&) { return false; }}),
     Required(Field<Parameter>{"value", ReadValueOf, ValueInFile,
                               [](const Parameter&) { return false; }}),
+    {"unit", ReadUnit, [](const Parameter& one) { return TextText(Utf8(one.unit)); },
+     [](const Parameter& one) { return one.unit.empty(); }},
     Of<&Parameter::locked>("locked"),
 };
 

@@ -41,7 +41,16 @@ extern const Section kDrawingSection;
 extern const Section kViewSection;
 extern const Section kSolidSection;
 extern const Section kSurfaceSection;
+extern const Section kMaterialSection;
+extern const Section kSheetMetalSection;
+extern const Section kBendTableSection;
+extern const Section kBendSection;
 extern const Section kFeatureSection;
 extern const Section kSimprepSection;
+extern const Section kUnitSystemSection;
+
+// The keys of [model] that are read and written with the systems of units.
+extern const char* const kUnitsKeys[2];
+void AddUnits(std::string* text, const Model& model);
 
 }  // namespace simhost

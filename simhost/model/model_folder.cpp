@@ -2,7 +2,6 @@
 #include "simhost/model/model_folder.h"
 
 #include <algorithm>
-#include <charconv>
 #include <tuple>
 
 #include "simhost/core/text.h"
@@ -11,21 +10,6 @@
 namespace simhost {
 
 namespace fs = std::filesystem;
-
-int SplitVersion(const std::string& name, std::string* fileName) {
-    const std::size_t dot = name.rfind('.');
-    if (dot != std::string::npos) {
-        int version = 0;
-        const char* end = name.data() + name.size();
-        const auto parsed = std::from_chars(name.data() + dot + 1, end, version);
-        if (parsed.ec == std::errc() && parsed.ptr == end && version > 0) {
-            *fileName = Lower(name.substr(0, dot));
-            return version;
-        }
-    }
-    *fileName = Lower(name);
-    return 0;
-}
 
 namespace {
 

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "simhost/core/file_names.h"
 #include "simhost/core/folder_watch.h"
 
 namespace simhost {
@@ -37,9 +38,5 @@ private:
     std::vector<FolderWatch::Change> changes_;
     std::unordered_map<std::string, std::vector<ModelVersion>> files_;
 };
-
-// "gearbox.asm.12" is version 12 of gearbox.asm. 0, and the whole text as the file's name, where no
-// version comes last. The file's name comes in small letters.
-int SplitVersion(const std::string& name, std::string* fileName);
 
 }  // namespace simhost

@@ -125,6 +125,19 @@ std::size_t PlaceOfWord(const toml::node& node, string_view key,
     Fail(node.source(), Quoted(key) + " must be one of " + all);
 }
 
+void ReadOnlyTable(const std::string& text, const std::string& fileName, const char* key,
+                   const std::function<void(const toml::table& table)>& read) {
+    try {
+        const auto root = toml::parse(string_view(text), string_view(fileName));
+        Allow(root, {key});
+        const toml::table* table = Table(root, key);
+        if (!table) throw ModelFileError(fileName + ":1: the table [" + key + "] is missing");
+        read(*table);
+    } catch (const toml::parse_error& error) {
+        Fail(error.source(), std::string(error.description()));
+    }
+}
+
 // --- Writing ---
 
 std::string NumberText(double value) {

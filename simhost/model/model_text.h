@@ -3,6 +3,7 @@
 // line.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <span>
 #include <string>
@@ -41,6 +42,10 @@ void Numbers(const toml::node& node, std::string_view key, double* values, std::
 // Which of the words it is.
 std::size_t PlaceOfWord(const toml::node& node, std::string_view key,
                         std::span<const char* const> words);
+
+// Reads a file that is one table [key] and nothing else. Throws ModelFileError.
+void ReadOnlyTable(const std::string& text, const std::string& fileName, const char* key,
+                   const std::function<void(const toml::table& table)>& read);
 
 // Calls `each` with every table of a list [[key]].
 template <class Each>

@@ -16,6 +16,7 @@ struct Parameter {
     WideText name;  // as it was given
     ProParamvalueType type = PRO_PARAM_STRING;
     double number = 0;    // PRO_PARAM_DOUBLE
+    WideText unit;        // PRO_PARAM_DOUBLE: "mm"; empty: a number without a unit
     int whole = 0;        // PRO_PARAM_INTEGER; PRO_PARAM_BOOLEAN as 0 and 1
     WideText text;        // PRO_PARAM_STRING
     bool locked = false;  // the designer has locked it against changes

@@ -11,6 +11,7 @@
 #include "simhost/core/text.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/session.h"
+#include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 
 namespace simhost {
@@ -56,8 +57,8 @@ using Corners = std::map<int, std::vector<Vec3>>;
 
 Corners CornersOf(const Model& part) {
     Corners corners;
-    for (const Solid& solid : part.partData.solids) {
-        for (const SolidFace& face : Faces(solid)) {
+    for (const ShapeBody& body : part.shape().bodies) {
+        for (const SolidFace& face : FacetsOf(body)) {
             std::vector<Vec3>& points = corners[face.surface];
             for (const Facet& facet : face.facets) {
                 points.insert(points.end(), facet.corners.begin(), facet.corners.end());
@@ -67,12 +68,13 @@ Corners CornersOf(const Model& part) {
     return corners;
 }
 
+// `unit` is that of the screen's matrix, in mm.
 bool LiesIn(const ScreenBox& box, const std::vector<Vec3>& points, const Placement& placement,
-            const ProMatrix toScreen) {
+            const ProMatrix toScreen, double unit) {
     const double left = std::min(box.x0, box.x1), right = std::max(box.x0, box.x1);
     const double low = std::min(box.y0, box.y1), high = std::max(box.y0, box.y1);
     return std::all_of(points.begin(), points.end(), [&](Vec3 point) {
-        const Vec3 p = placement.Point(point);
+        const Vec3 p = 1 / unit * placement.Point(point);
         const auto along = [&](std::size_t axis) {
             return p.x * toScreen[0][axis] + p.y * toScreen[1][axis] + p.z * toScreen[2][axis] +
                    toScreen[3][axis];
@@ -141,7 +143,7 @@ std::vector<Selection> Picking::OnScreen(const ScreenBox* box, std::size_t most)
     const ScreenView& view = ScreenOf(top);
     std::unordered_map<const Model*, Corners> known;
     const auto isIn = [&](const std::vector<Vec3>& points, const Placement& placement) {
-        return !box || LiesIn(*box, points, placement, view.matrix);
+        return !box || LiesIn(*box, points, placement, view.matrix, LengthUnit(top));
     };
     VisitShown(top, Sight::Screen, [&](const ShownPart& shown) {
         if (found.size() >= most) return;

@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "simhost/model/shape.h"
+
 namespace simhost {
 
 namespace {
@@ -26,21 +28,6 @@ PointKey KeyOf(Vec3 p) {
     return {std::llround(p.x * 1e5), std::llround(p.y * 1e5), std::llround(p.z * 1e5)};
 }
 
-// The corners of a part's facets, each once.
-Points CornersOf(const Model& part) {
-    std::map<PointKey, Vec3> corners;
-    for (const Solid& solid : part.partData.solids) {
-        for (const SolidFace& face : Faces(solid, kFineness)) {
-            for (const Facet& facet : face.facets) {
-                for (const Vec3& p : facet.corners) corners.emplace(KeyOf(p), p);
-            }
-        }
-    }
-    Points points;
-    for (const auto& [key, p] : corners) points.push_back(p);
-    return points;
-}
-
 // --- Facets and their neighbours ---
 
 struct SkinFacet {
@@ -51,13 +38,17 @@ struct SkinFacet {
 };
 using Skin = std::vector<SkinFacet>;
 
+Vec3 Unit(Vec3 v) {
+    const double length = std::sqrt(Dot(v, v));
+    return length > 0 ? 1 / length * v : Vec3{0, 0, 1};
+}
+
 Vec3 NormalOf(const Points& corners) {
     Vec3 sum;
     for (std::size_t i = 0; i < corners.size(); ++i) {
         sum = sum + Cross(corners[i], corners[(i + 1) % corners.size()]);
     }
-    const double length = std::sqrt(Dot(sum, sum));
-    return length > 0 ? 1 / length * sum : Vec3{0, 0, 1};
+    return Unit(sum);
 }
 
 // Joins the facets of one solid, the last ones of the skin, along their edges.
@@ -80,9 +71,9 @@ void JoinEdges(Skin* skin, std::size_t first) {
 
 Skin SkinOf(const Model& part) {
     Skin skin;
-    for (const Solid& solid : part.partData.solids) {
+    for (const ShapeBody& body : part.shape().bodies) {
         const std::size_t first = skin.size();
-        for (SolidFace& face : Faces(solid, kFineness)) {
+        for (SolidFace& face : FacetsOf(body, kFineness)) {
             for (Facet& facet : face.facets) {
                 const Vec3 normal = NormalOf(facet.corners);
                 skin.push_back({std::move(facet.corners), normal, face.surface, {}});
@@ -122,7 +113,7 @@ bool IsDrawn(const Skin& skin, std::size_t f, std::size_t other, double z, doubl
 void AddPart(const Skin& skin, const Placement& placement, bool withHidden, Scene* scene) {
     std::vector<double> toViewer;
     for (const SkinFacet& facet : skin) {
-        const double z = placement.Direction(facet.normal).z;
+        const double z = Unit(placement.Direction(facet.normal)).z;
         toViewer.push_back(std::fabs(z) < kSteep ? 0 : z);
     }
     for (std::size_t f = 0; f < skin.size(); ++f) {
@@ -266,12 +257,10 @@ void AddPieces(const Edge& edge, std::vector<Span> covered, bool withHidden, dou
 
 Extents ExtentsIn(const Model& top, const Placement& frame, Sight sight) {
     Extents box;
-    std::unordered_map<const Model*, Points> corners;
     VisitShown(top, sight, [&](const ShownPart& shown) {
-        const auto [points, isNew] = corners.try_emplace(shown.part);
-        if (isNew) points->second = CornersOf(*shown.part);
-        const Placement placement = Compose(frame, shown.placement);
-        for (const Vec3& p : points->second) box.Add(placement.Point(p));
+        const Extents one = ExtentsIn(shown.part->shape(), Compose(frame, shown.placement));
+        box.Add(one.low);
+        box.Add(one.high);
     });
     return box;
 }

@@ -8,8 +8,8 @@
 
 namespace simhost {
 
-// The box around what is there of a model along the axes of a frame: `frame` takes the model's
-// points there.
+// The box around what is there of a model along the axes of a frame, in mm: `frame` takes the
+// model's points there, in mm whatever its unit is.
 Extents ExtentsIn(const Model& top, const Placement& frame, Sight sight);
 
 // A piece of an edge on the sheet.

@@ -21,14 +21,14 @@ ScreenView& ScreenOf(Model& model) {
     const Placement frame = IsometricView();
     const Extents shown = ExtentsIn(model, frame, Sight::Measures);
     const Vec3 size = shown.high - shown.low;
-    double scale = 1;
+    double scale = 1;  // screen points in a mm
     if (!shown.empty) {
         const double wide = 0.9 * kScreenWidth / std::max(size.x, 1e-6);
         scale = std::min(wide, 0.9 * kScreenHeight / std::max(size.y, 1e-6));
     }
     const Vec3 middle = 0.5 * (shown.low + shown.high);
     const Vec3 place = Vec3{kScreenWidth / 2, kScreenHeight / 2, 0} - scale * middle;
-    SetMatrix(frame, scale, place, model.screen->matrix);
+    SetMatrix(frame, scale * LengthUnit(model), place, model.screen->matrix);
     return *model.screen;
 }
 

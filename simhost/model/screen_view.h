@@ -6,7 +6,8 @@
 
 namespace simhost {
 
-// From the model to the screen: point * matrix; rows 0 to 2 are scaled, row 3 is the place.
+// From the model, in its unit, to the screen: point * matrix; rows 0 to 2 are scaled, row 3 is the
+// place.
 // The screen is kScreenWidth wide and kScreenHeight high; y runs up.
 inline constexpr double kScreenWidth = 1000, kScreenHeight = 800;
 struct ScreenView {

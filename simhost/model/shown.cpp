@@ -22,11 +22,16 @@ public:
     }
 
 private:
+    // `here.placement` is that of the model's points in mm on the way down.
     void Visit(const Model& model, ShownPart here, Membership::At at) {
         const bool holds = model.type != PRO_MDL_PART;
         if (holds && !here.cover && model.appearance) here.cover = &*model.appearance;
         here.part = &model;
-        if (!holds && !model.partData.solids.empty() && at.included) visit_(here);
+        if (!holds && model.HasShape() && at.included) {
+            ShownPart found = here;
+            found.placement = ForPointsOf(model, here.placement);
+            visit_(found);
+        }
         if (std::find(above_.begin(), above_.end(), &model) != above_.end()) return;
         above_.push_back(&model);
         for (const Feature& feature : model.features()) {
@@ -36,7 +41,7 @@ private:
             if (!used && model.session) used = model.session->FindByFile(feature.file);
             if (!used) continue;
             ShownPart next = here;
-            next.placement = Compose(here.placement, feature.placement);
+            next.placement = Compose(here.placement, PlaceInMm(feature.placement, model));
             path_.push_back(feature.id);
             Visit(*used, next, below);
             path_.pop_back();

@@ -16,7 +16,9 @@ enum class Sight { Screen, Measures, Views };
 // A part with solids as it is used below a model, or the model itself.
 struct ShownPart {
     const Model* part;
-    Placement placement;           // in the coordinates of the model
+    // Takes the part's points, in its unit, into the model's frame in mm: its axes are as long as
+    // the part's unit.
+    Placement placement;
     const std::vector<int>* path;  // component ids from the model down; null once the walk is over
     // Of the uppermost assembly above it, or the model, that has an appearance of its own: that
     // covers those of the part and of its surfaces. Null: none has.

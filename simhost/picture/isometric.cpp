@@ -6,12 +6,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "simhost/core/text.h"
 #include "simhost/model/screen_view.h"
+#include "simhost/model/shape.h"
 #include "simhost/picture/paint_order.h"
 #include "simhost/picture/patches.h"
 #include "simhost/picture/svg_canvas.h"
@@ -154,19 +154,10 @@ void PaintCaption(const Frame& frame, const Model& top, std::size_t parts, Canva
 Frame FrameFor(const std::vector<ShownPart>& occurrences, double width) {
     const Placement view = IsometricView();
     Extents all;
-    std::unordered_map<const Model*, std::vector<Vec3>> corners;
     for (const ShownPart& one : occurrences) {
-        auto& points = corners[one.part];
-        if (points.empty()) {
-            for (const Solid& solid : one.part->partData.solids) {
-                for (const SolidFace& face : Faces(solid)) {
-                    for (const Facet& facet : face.facets) {
-                        points.insert(points.end(), facet.corners.begin(), facet.corners.end());
-                    }
-                }
-            }
-        }
-        for (const Vec3& p : points) all.Add(view.Point(one.placement.Point(p)));
+        const Extents part = ExtentsIn(one.part->shape(), Compose(view, one.placement));
+        all.Add(part.low);
+        all.Add(part.high);
     }
     Frame frame;
     frame.width = width;
@@ -244,6 +235,7 @@ Picture ScreenPicture(Model& model) {
     Placement view;
     double scale = 1;
     FrameOf(matrix, &view, &scale);
+    scale /= LengthUnit(top);
     view.origin = 1 / scale * Vec3{matrix[3][0], matrix[3][1], matrix[3][2]};
     Frame frame;
     frame.width = kScreenWidth + 2 * kRuler;

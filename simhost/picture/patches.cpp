@@ -8,6 +8,8 @@
 #include <tuple>
 #include <utility>
 
+#include "simhost/model/shape.h"
+
 namespace simhost {
 
 namespace {
@@ -75,17 +77,16 @@ void JoinEdges(Skin* skin, std::size_t first) {
 }
 
 // Round surfaces get as many facets as the eye needs at their size on the screen.
-int FinenessOf(const Solid& solid, double pixelsPerMm) {
-    const double diameter = std::max({solid.diameter, solid.top, solid.outer});
-    const int quarter = int(std::ceil(std::sqrt(diameter * pixelsPerMm) * 1.1));
+int FinenessOf(const ShapeBody& body, double pixelsPerUnit) {
+    const int quarter = int(std::ceil(std::sqrt(body.widest * pixelsPerUnit) * 1.1));
     return 4 * std::clamp(quarter, 3, 16);
 }
 
-Skin SkinOf(const Model& part, const ProdbSurfaceProps* cover, double pixelsPerMm) {
+Skin SkinOf(const Model& part, const ProdbSurfaceProps* cover, double pixelsPerUnit) {
     Skin skin;
-    for (const Solid& solid : part.partData.solids) {
+    for (const ShapeBody& body : part.shape().bodies) {
         const std::size_t first = skin.size();
-        auto faces = Faces(solid, FinenessOf(solid, pixelsPerMm));
+        auto faces = FacetsOf(body, FinenessOf(body, pixelsPerUnit));
         const bool inside = std::any_of(faces.begin(), faces.end(), [&](const SolidFace& face) {
             return LookOf(part, cover, face.surface).transparency > 0;
         });
@@ -136,7 +137,7 @@ void AddPatches(const ShownPart& occurrence, std::size_t index, const Skin& skin
     const Placement placement = Compose(view, occurrence.placement);
     std::vector<Vec3> normals;
     for (const SkinFacet& facet : skin) {
-        normals.push_back(placement.Direction(facet.normal));
+        normals.push_back(Unit(placement.Direction(facet.normal)));
     }
     for (std::size_t f = 0; f < skin.size(); ++f) {
         const SkinFacet& facet = skin[f];
@@ -198,7 +199,9 @@ std::vector<Patch> PatchesOf(const std::vector<ShownPart>& occurrences, const Pl
     for (std::size_t i = 0; i < occurrences.size(); ++i) {
         const ShownPart& one = occurrences[i];
         const auto [skin, isNew] = skins.try_emplace({one.part, one.cover});
-        if (isNew) skin->second = SkinOf(*one.part, one.cover, pixelsPerMm);
+        if (isNew) {
+            skin->second = SkinOf(*one.part, one.cover, pixelsPerMm * LengthUnit(*one.part));
+        }
         AddPatches(one, i, skin->second, view, pixelsPerMm, &patches);
     }
     return patches;

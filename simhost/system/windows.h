@@ -93,8 +93,8 @@ public:
     // Command lines that were to run, in order; they never do.
     std::vector<WideText> programs;
     std::map<int, WideText> locale;  // what was set, by category
-    // What is still open, one line each: "key Software\PTC", "file C:\Work\a.txt", "clipboard",
-    // "memory of 14 bytes" that was neither freed nor handed over.
+    // What is still open, one line each: "key Software\PTC", "file C:\Work\a.txt", "thread",
+    // "clipboard", "memory of 14 bytes" that was neither freed nor handed over.
     virtual std::vector<std::string> OpenHandles() const = 0;
 
 protected:

@@ -1,11 +1,14 @@
 // Tables of what models hold.
 #include "simhost/trail/fact_table.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <set>
 
 #include "simhost/core/text.h"
 #include "simhost/picture/isometric.h"
+#include "simhost/trail/words.h"
 #include "simhost/ui/text_frame.h"
 
 namespace simhost {
@@ -22,6 +25,26 @@ std::string FactOf(const Model& model, const std::string& fact) {
         const auto& lines = model.relations.initial;
         return lines ? std::to_string(lines->size()) : std::string();
     }
+    const Material* material = MaterialOf(model);
+    if (fact == "material") return material ? Utf8(material->name) : std::string();
+    if (fact == "density") {
+        if (!material) return {};
+        return fmt::format("{:.6g} {}", material->density,
+                           kDensityUnits[int(material->densityUnit)]);
+    }
+    if (fact == "mass") {
+        const auto mass = MassOf(model);
+        return mass ? fmt::format("{:.3f} kg", *mass) : std::string();
+    }
+    const SheetMetal& sheet = model.partData.sheetMetal;
+    if (fact == "bend table") return Utf8(sheet.table.name);
+    if (fact == "developed length") {
+        if (sheet.flats.empty()) return {};
+        return fmt::format("{:.3f} {}", sheet.developed, Utf8(LengthUnitName(model)));
+    }
+    if (fact == "units") return HasUnits(model) ? Utf8(model.units.Principal().name) : "";
+    if (fact == "size") return SizeText(model);
+    if (fact == "first component") return FirstPlaceText(model);
     const Parameter* found = ShownParameter(model, Wide(fact));
     return found ? ValueText(*found) : std::string();
 }

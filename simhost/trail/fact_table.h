@@ -13,7 +13,8 @@ namespace simhost {
 class FactTable {
 public:
     // Takes these facts of all models in memory as columns under a label. A fact is "colour" (of
-    // parts), "relations" (their number), or the name of a parameter.
+    // parts), "relations" (their number), "material", "density", "mass", "bend table", "developed
+    // length", "units", "size", "first component" (its place), or the name of a parameter.
     void Take(const Session& session, const std::string& label,
               const std::vector<std::string>& facts);
     // The table, a line for each model that has any of the facts; and it is empty again.

@@ -9,6 +9,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/picking.h"
+#include "simhost/trail/file_choice.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/labels.h"
 #include "simhost/trail/robot.h"
@@ -275,19 +276,15 @@ void Trail::TrailUser::Pick(Picking& picking) {
 std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {
     const WideText title =
         question.title + WIDE(" (") + question.filter + WIDE(") ") + question.folder;
-    const auto answer = AnswerPrompt(title, question.proposed);
-    if (!answer) return std::nullopt;
-    WideText path = *answer;
-    // A name alone lies in the folder that is shown; models on disk end in their version.
-    if (path.find(WIDE(":\\")) == WideText::npos) path = question.folder + WIDE("\\") + path;
-    if (question.toWrite) return path;
-    bool found = false;
-    for (const WideText& file : {path, path + WIDE(".1")}) {
-        if (!found) ReadFile(TheHost().disk.Real(file), &found);
+    if (!question.toWrite) trail_.SayAll(FileList(question));
+    while (true) {
+        const auto answer = AnswerPrompt(title, question.proposed);
+        if (!answer) return std::nullopt;
+        const FileChoice choice = ChoiceOf(question, *answer);
+        if (choice.problem.empty()) return choice.path;
+        trail_.Fail(choice.problem);
+        if (!trail_.patient()) return std::nullopt;
     }
-    if (found) return path;
-    trail_.Fail("the file dialog has no file " + Utf8(path));
-    return std::nullopt;
 }
 
 bool Trail::TrailUser::AnswerReplace(const WideText& path) {

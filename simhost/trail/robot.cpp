@@ -42,6 +42,11 @@ void RobotUser::Pick(Picking& picking) {
     if (first.empty() || !picking.Take(std::move(first)).empty()) picking.Leave();
 }
 
+std::optional<WideText> RobotUser::AnswerFile(const FileQuestion& question) {
+    if (question.files.empty()) return std::nullopt;
+    return question.folder + WIDE("\\") + question.files.front();
+}
+
 void RobotUser::UseDialog(Dialog& dialog) {
     std::vector<std::string> buttons = PushButtonsOf(dialog);
     std::stable_partition(buttons.begin(), buttons.end(),

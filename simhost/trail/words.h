@@ -94,11 +94,21 @@ void ExpectParameter(Trail& trail, const std::string& rest);
 void ExpectRelations(Trail& trail, const std::string& rest);
 void ExpectViews(Trail& trail, const std::string& rest);
 void SetParameter(Trail& trail, const std::string& rest);
-void SetOption(Trail& trail, const std::string& rest);
 void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
 void ShowViews(Trail& trail);
 
+void SetOption(Trail& trail, const std::string& rest);
+void ExpectOption(Trail& trail, const std::string& rest);
+void ShowOptions(Trail& trail);
+
+void ExpectMaterial(Trail& trail, const std::string& rest);
+void ExpectMass(Trail& trail, const std::string& rest);
+void ExpectBendTable(Trail& trail, const std::string& rest);
+void ExpectDevelopedLength(Trail& trail, const std::string& rest);
+void ShowMaterials(Trail& trail);
+void ShowMasses(Trail& trail);
+void ShowBends(Trail& trail);
 void ActivateComponent(Trail& trail, const std::string& rest);
 void RegenerateModel(Trail& trail, const std::string& rest);
 void ExpectConstraints(Trail& trail, const std::string& rest);
@@ -106,6 +116,13 @@ void ExpectPlace(Trail& trail, const std::string& rest);
 void ExpectFile(Trail& trail, const std::string& rest);
 void ExpectNoFile(Trail& trail, const std::string& rest);
 void ShowConstraints(Trail& trail);
+void ShowUnits(Trail& trail, const std::string& rest);    // of a model, or of all in memory
+void ShowOutline(Trail& trail, const std::string& rest);  // of a model, or of the current one
+void ExpectUnit(Trail& trail, const std::string& rest);
+// "25.4 x 10 x 5 mm", in the model's unit of length; empty: it has no geometry. And the place of
+// its first component, "(1, 2, 3)"; empty: it has none.
+std::string SizeText(const Model& model);
+std::string FirstPlaceText(const Model& model);
 
 void ShowTitle(Trail& trail, const std::string& rest);
 void RememberFacts(Trail& trail, const std::string& rest);

@@ -1,11 +1,8 @@
-// The @ words about the data of models: parameters, relations, family tables, options of the host.
+// The @ words about the data of models: parameters, relations, family tables.
 #include <fmt/format.h>
-
-#include <algorithm>
 
 #include "simhost/core/text.h"
 #include "simhost/trail/interpreter.h"
-#include "simhost/trail/known_names.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/text_frame.h"
@@ -112,31 +109,13 @@ void ExpectRelations(Trail& trail, const std::string& rest) {
     if (text != (none ? "" : expected.text)) trail.Fail(fmt::format("the relations are {}", text));
 }
 
-void SetOption(Trail& trail, const std::string& rest) {
-    std::string left = rest;
-    const std::string name = TakeWord(&left);
-    if (name.empty()) return trail.Fail("an option is NAME VALUE");
-    const auto& known = OptionNames();
-    if (std::find(known.begin(), known.end(), Lower(name)) == known.end()) {
-        return trail.Fail(
-            fmt::format("the host has no option {}{}", name, DidYouMean(name, known)));
-    }
-    const TextArgument value = ParseText(left);
-    const WideText option = Wide(Lower(name));
-    if (!value.quoted && value.text == "none") {
-        TheHost().configOptions.erase(option);
-    } else {
-        TheHost().configOptions[option] = {Wide(value.text)};
-    }
-}
-
 void ShowParameters(Trail& trail) {
     for (const Model* model : TheHost().session.All()) {
         for (const Parameter& one : model->parameters.all()) {
-            trail.Say(fmt::format("{} {} {} {}{}", Padded(model->FileName(), 28),
-                                  Padded(Utf8(one.name), 20),
-                                  Padded(ParameterTypeName(one.type), 8), ValueText(one),
-                                  WhyFixed(*model, one.name) ? " (locked)" : ""));
+            trail.Say(fmt::format(
+                "{} {} {} {}{}{}{}", Padded(model->FileName(), 28), Padded(Utf8(one.name), 20),
+                Padded(ParameterTypeName(one.type), 8), ValueText(one), one.unit.empty() ? "" : " ",
+                Utf8(one.unit), WhyFixed(*model, one.name) ? " (locked)" : ""));
         }
     }
 }

@@ -9,6 +9,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/constraints.h"
+#include "simhost/model/regeneration.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/picks.h"
 #include "simhost/trail/words.h"

@@ -213,9 +213,26 @@ constexpr Topic kTopics[] = {
     {"colours", ShowColours},
     {"parameters", ShowParameters},
     {"relations", ShowRelations},
+    {"units", [](Trail& trail) { ShowUnits(trail, ""); }},
+    {"outline", [](Trail& trail) { ShowOutline(trail, ""); }},
     {"views", ShowViews},
     {"tables", ShowTables},
+    {"options", ShowOptions},
+    {"materials", ShowMaterials},
+    {"masses", ShowMasses},
+    {"bends", ShowBends},
     {"messages", ShowMessages},
+};
+
+// Those that take what follows them.
+struct TopicOf {
+    std::string_view name;
+    void (*show)(Trail&, const std::string& rest);
+};
+constexpr TopicOf kTopicsOf[] = {
+    {"tree ", [](Trail& trail, const std::string& rest) { ShowTree(trail, ParseText(rest).text); }},
+    {"units ", ShowUnits},
+    {"outline ", ShowOutline},
 };
 
 }  // namespace
@@ -236,9 +253,8 @@ const std::vector<std::string>& ShowTopics() {
 }
 
 void Show(Trail& trail, const std::string& rest) {
-    constexpr std::string_view kTree = "tree ";
-    if (rest.compare(0, kTree.size(), kTree) == 0) {
-        return ShowTree(trail, ParseText(rest.substr(kTree.size())).text);
+    for (const TopicOf& topic : kTopicsOf) {
+        if (rest.starts_with(topic.name)) return topic.show(trail, rest.substr(topic.name.size()));
     }
     for (const Topic& topic : kTopics) {
         if (rest == topic.name) return topic.show(trail);

@@ -231,6 +231,8 @@ Pressed Commands::RunAction(Command& command) {
             fmt::format("the action of {} let an exception out: {}", command.name, error.what()));
     }
     --running_;
+    if (running_ == 0) desk_.ComplainOfLeftClicks();
+    Operation::ComplainOfForeignCalls();
     RunMacros();
     return pressed;
 }

@@ -3,6 +3,22 @@
 
 namespace simhost {
 
+void Desk::SendClick() {
+    ++clicks_;
+    Tell(WIDE("(a click of the middle button waits for the next dialog)"));
+}
+
+bool Desk::TakeClick() {
+    if (clicks_ == 0) return false;
+    --clicks_;
+    return true;
+}
+
+void Desk::ComplainOfLeftClicks() {
+    if (clicks_ > 0) Complain("a click of the middle button was sent, and no dialog has taken it");
+    clicks_ = 0;
+}
+
 void Desk::Tell(const WideText& line) {
     shown.push_back({Shown::Kind::Message, line, {}});
 }

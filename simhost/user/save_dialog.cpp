@@ -50,8 +50,11 @@ BOOL AskForSaveName(const HostSide& host, OPENFILENAMEW* dialog) {
     if (dialog->lStructSize != sizeof *dialog) Complain(0, "a record of another size");
     Desk& desk = host.desk;
     FileQuestion question{dialog->lpstrTitle ? dialog->lpstrTitle : WideText(kTitle),
-                          FirstPattern(dialog->lpstrFilter), host.workingDirectory,
-                          dialog->lpstrFile, true};
+                          FirstPattern(dialog->lpstrFilter),
+                          host.workingDirectory,
+                          dialog->lpstrFile,
+                          {},
+                          true};
     if (dialog->lpstrInitialDir) question.folder = dialog->lpstrInitialDir;
     desk.shown.push_back({Shown::Kind::Prompt, question.title, {}});
     while (true) {

@@ -24,10 +24,11 @@ struct Box {
 // What a file dialog asks.
 struct FileQuestion {
     WideText title;
-    WideText filter;  // "*.drw"
+    WideText filter;  // "*.drw", or several with commas between them
     WideText folder;  // where it opens
     WideText proposed;
-    bool toWrite = false;  // the name of a file that is to be written, and need not be there
+    std::vector<WideText> files;  // of the folder, that fit the filter, without their versions
+    bool toWrite = false;         // the name of a file that is to be written, and need not be there
 };
 
 class User {

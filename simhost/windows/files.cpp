@@ -67,6 +67,7 @@ std::filesystem::path RealFile(WideView windowsPath) {
 }
 
 SimulatedWindows::~SimulatedWindows() {
+    WaitForThreads();
     for (const OpenFile& file : openFiles_) close(file.descriptor);
 }
 
@@ -298,12 +299,13 @@ BOOL CloseHandle(HANDLE handle) {
     Operation& op = Op<"CloseHandle">;
     return op.CallOr(
         [&](int) {
-            Simulated().Close(handle);
+            if (!Simulated().CloseThread(handle)) Simulated().Close(handle);
             return BOOL{FALSE};
         },
         [&]() -> BOOL {
             // The value of "no file" means the process itself, and closing that does nothing.
             if (handle == INVALID_HANDLE_VALUE) return TRUE;
+            if (Simulated().CloseThread(handle)) return TRUE;
             return Simulated().Require(handle) && Simulated().Close(handle);
         });
 }

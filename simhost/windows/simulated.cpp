@@ -37,6 +37,7 @@ std::vector<std::string> SimulatedWindows::OpenHandles() const {
     std::vector<std::string> lines;
     for (const OpenKey& key : openKeys_) lines.push_back("key " + Utf8(key.path));
     for (const OpenFile& file : openFiles_) lines.push_back("file " + Utf8(file.path));
+    for (std::size_t i = 0; i < openThreads_.size(); ++i) lines.push_back("thread");
     for (const MemoryBlock& block : blocks_) {
         if (!block.handedOver) lines.push_back(fmt::format("memory of {} bytes", block.size));
     }

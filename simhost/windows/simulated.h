@@ -11,6 +11,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <thread>
 #include <unordered_map>
 #include <vector>
 
@@ -47,6 +48,12 @@ struct OpenFile {
     int descriptor = -1;
     DWORD access = 0;
     DWORD share = 0;
+};
+
+// A thread that CreateThread started and whose handle is not closed.
+struct OpenThread {
+    HANDLE handle = nullptr;
+    std::thread thread;
 };
 
 // A block that GlobalAlloc gave, with a strip behind it that nobody may write to.
@@ -114,6 +121,11 @@ public:
     bool Close(HANDLE file);
     DWORD lastError = ERROR_SUCCESS;  // GetLastError
 
+    // --- Threads ---
+    HANDLE StartThread(LPTHREAD_START_ROUTINE start, void* parameter);
+    bool WaitForThread(HANDLE thread);  // false for a handle that names none
+    bool CloseThread(HANDLE thread);    // likewise; waits for its end, as nothing runs on here
+
     // --- Clipboard ---
     bool OpenTheClipboard();  // false while another program has it open
     void CloseTheClipboard();
@@ -126,6 +138,8 @@ public:
     MemoryBlock& RequireOwn(HGLOBAL memory) const;  // complains about any that is not the caller's
 
 private:
+    void WaitForThreads();
+
     // A file's table and the signs by which a change of the file is noticed.
     struct KnownIni {
         std::string bytes;
@@ -142,6 +156,8 @@ private:
     std::list<LoadedModule> loaded_;
     std::list<OpenKey> openKeys_;
     std::list<OpenFile> openFiles_;
+    HandleTable<OpenThread> threads_{HandleKind{0x35}};
+    std::list<OpenThread> openThreads_;
 
     std::unordered_map<std::string, KnownIni> inis_;
     std::map<WideText, std::unique_ptr<RegistryKey>> registry_;  // by the folded path

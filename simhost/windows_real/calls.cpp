@@ -6,6 +6,7 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
+#include "simhost/system/clicks.h"
 #include "simhost/system/programs.h"
 #include "simhost/user/save_dialog.h"
 #include "simhost/windows_real/clipboard.h"
@@ -283,6 +284,7 @@ BOOL WINAPI Close(HANDLE handle) {
     Operation& op = Op<"CloseHandle">;
     const auto close = [&] {
         Forget(&Real().files, handle);
+        Forget(&Real().threads, handle);
         return CloseHandle(handle);
     };
     return op.CallOr(
@@ -304,6 +306,37 @@ UINT WINAPI SystemFolder(WideChar* path, UINT size) {
     Operation& op = Op<"GetSystemDirectoryW">;
     return op.CallOr([](int) { return UINT{0}; }, [&] { return GetSystemDirectoryW(path, size); },
                      "path", Out(path), "size", size);
+}
+
+// --- Threads and the mouse ---
+
+HANDLE WINAPI StartThread(SECURITY_ATTRIBUTES* security, SIZE_T stack, LPTHREAD_START_ROUTINE start,
+                          void* parameter, DWORD flags, DWORD* id) {
+    Operation& op = Op<"CreateThread">;
+    return op.CallOr([](int) { return HANDLE{}; },
+                     [&] {
+                         const HANDLE thread =
+                             CreateThread(security, stack, start, parameter, flags, id);
+                         if (thread) Real().threads.emplace_back(thread, L"");
+                         return thread;
+                     },
+                     "flags", flags);
+}
+
+// What the thread sent comes before the end of the wait in the journal. Told to fail, it has waited
+// all the same, so that no thread runs on beside the host.
+DWORD WINAPI Wait(HANDLE object, DWORD milliseconds) {
+    Operation& op = Op<"WaitForSingleObject">;
+    const DWORD ended = WaitForSingleObject(object, milliseconds);
+    TakeKeptClicks();
+    Operation::ComplainOfForeignCalls();
+    return op.CallOr([](int) { return DWORD{WAIT_FAILED}; }, [ended] { return ended; },
+                     "milliseconds", milliseconds);
+}
+
+// Never goes out: no test may click on somebody's desktop.
+void WINAPI Click(DWORD flags, DWORD, DWORD, DWORD, ULONG_PTR) {
+    SendClick(flags);
 }
 
 // --- Code pages and locale ---
@@ -376,6 +409,9 @@ void* WatcherOf(const char* name) {
         {"ReadFile",                   Address(ReadBytes)},
         {"WriteFile",                  Address(WriteBytes)},
         {"CloseHandle",                Address(Close)},
+        {"CreateThread",               Address(StartThread)},
+        {"WaitForSingleObject",        Address(Wait)},
+        {"mouse_event",                Address(Click)},
         {"SHGetSpecialFolderPathW",    Address(SpecialFolder)},
         {"GetSystemDirectoryW",        Address(SystemFolder)},
         {"MultiByteToWideChar",        Address(ToWide)},

@@ -178,6 +178,7 @@ std::vector<std::string> RealWindows::OpenHandles() const {
     std::vector<std::string> lines;
     for (const auto& [key, path] : keys) lines.push_back("key " + Utf8(path));
     for (const auto& [file, path] : files) lines.push_back("file " + Utf8(path));
+    for (std::size_t i = 0; i < threads.size(); ++i) lines.push_back("thread");
     for (const auto& [block, bytes] : memory) {
         lines.push_back("memory of " + std::to_string(bytes) + " bytes");
     }

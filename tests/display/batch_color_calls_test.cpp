@@ -295,6 +295,20 @@ TEST_F(BatchColorCalls, TheUserCanPressItForSolidsAndManufacturingOnly) {
 
 // --- Failures ----------------------------------------------------------------------------------
 
+TEST_F(BatchColorCalls, AManufacturingModelIsAskedForItsAssemblyAfterThePalettesAreFound) {
+    Model& top = Assembly("top");
+    UseAll(top, {&Part("part")});
+    Open(Manufacturing("mill", top));
+    Record();
+    Press("BatchColor");
+    Names calls = Recorded();
+    const Names beginning = Joined({{"ProModeCurrentGet", "ProMdlCurrentGet"}, kBeginning});
+    ASSERT_GT(calls.size(), beginning.size());
+    EXPECT_EQ(calls.at(beginning.size()), "ProMfgAssemGet");
+    calls.resize(beginning.size());
+    EXPECT_EQ(calls, beginning);
+}
+
 TEST_F(BatchColorCalls, AManufacturingModelWithoutItsAssemblyHasNothingToColour) {
     Model& assembly = Assembly("workpieces");
     UseAll(assembly, {&Part("part")});

@@ -25,6 +25,7 @@ const std::set<std::string> kDialogCalls = {
     "ProUICheckbuttonUnset",     "GetPrivateProfileStringW",
 };
 const std::set<std::string> kWorkCalls = {
+    "ProToolkitApplTextPathGet",
     "ProMdlCurrentGet",
     "ProUIRadiogroupSelectednamesGet",
     "ProUITextareaValueGet",
@@ -182,13 +183,21 @@ TEST_F(BatchCalls, WithoutComponentsTheTextIsReadAndTheKeywordsAreNot) {
 
 // --- Parameters --------------------------------------------------------------------------------
 
-// All values are read before the first one is written.
+// The folder of the settings is asked for at the opening and for each save. All values are read
+// before the first one is written.
 const Names kSaving = {
-    "ProUIInputpanelValueGet InputKeyWords",     "ProUICheckbuttonGetState VxOutlineOrder",
-    "ProUIOptionmenuValueGet VxOutlineNum",      "ProUIInputpanelValueGet outlinePname",
-    "ProUIInputpanelValueGet shSizePname",       "WritePrivateProfileStringW InputKeyWords",
-    "WritePrivateProfileStringW VxOutlineOrder", "WritePrivateProfileStringW VxOutlineNum",
-    "WritePrivateProfileStringW outlinePname",   "WritePrivateProfileStringW shSizePname",
+    "ProToolkitApplTextPathGet",
+    "ProToolkitApplTextPathGet",
+    "ProUIInputpanelValueGet InputKeyWords",
+    "ProUICheckbuttonGetState VxOutlineOrder",
+    "ProUIOptionmenuValueGet VxOutlineNum",
+    "ProUIInputpanelValueGet outlinePname",
+    "ProUIInputpanelValueGet shSizePname",
+    "WritePrivateProfileStringW InputKeyWords",
+    "WritePrivateProfileStringW VxOutlineOrder",
+    "WritePrivateProfileStringW VxOutlineNum",
+    "WritePrivateProfileStringW outlinePname",
+    "WritePrivateProfileStringW shSizePname",
 };
 const Names kWalk = {
     "ProArrayAlloc", "ProSolidFeatVisit",

@@ -379,6 +379,13 @@ TEST_F(OutlineAndSheets, NoSheetsGiveTheEmptyTextAndManyAreCut) {
     EXPECT_EQ(ValueOn(*top_, "SHEET"), many.substr(0, 80));
 }
 
+TEST_F(OutlineAndSheets, SheetsThatCannotBeCountedAreNone) {
+    DrawingOf("a", {WIDE("A3")});
+    Fail("ProDrawingSheetsCount");
+    Run(sheetSize_);
+    EXPECT_EQ(ValueOn(*a_, "SHEET"), "");
+}
+
 TEST_F(OutlineAndSheets, SheetSizesOfAManufacturingModelAreNotTouchedAndNothingIsSaid) {
     DrawingOf("a", {WIDE("A3")});
     Open(Manufacturing("mill", *top_));

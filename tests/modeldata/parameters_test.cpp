@@ -258,4 +258,24 @@ TEST_F(BatchParameters, ASettingThatCannotBeReadStaysOnDisk) {
     EXPECT_NE(ReadIni().find("[VxOutlineOrder]\r\ncontent=1"), std::string::npos);
 }
 
+TEST_F(BatchParameters, TheOrderOfTheOutlineIsKeptAsOneOrZero) {
+    for (const std::string state : {"0", "1"}) {
+        Run("~ Activate `VxParams` `VxOutlineOrder` " + state + "\n" + Fill("P", "1", "整数") +
+            kAdd);
+        EXPECT_NE(ReadIni().find("[VxOutlineOrder]\r\ncontent=" + state + "\r\n"),
+                  std::string::npos)
+            << ReadIni();
+    }
+}
+
+// A host that succeeds without a text hands over null, and null deletes the key.
+TEST_F(BatchParameters, ATextThatIsNullLeavesItsSettingWithoutAKey) {
+    WriteIni("[InputKeyWords]\r\ncontent=BOLT\r\n[outlinePname]\r\ncontent=SIZE\r\n");
+    Fail("ProUIInputpanelValueGet", {.status = PRO_TK_NO_ERROR});
+    Run(Fill("P", "1", "整数") + kAdd);
+    EXPECT_EQ(ReadIni().find("BOLT"), std::string::npos) << ReadIni();
+    EXPECT_EQ(ReadIni().find("[InputKeyWords]\r\ncontent="), std::string::npos) << ReadIni();
+    EXPECT_NE(ReadIni().find("[outlinePname]\r\ncontent=SIZE"), std::string::npos) << ReadIni();
+}
+
 }  // namespace

@@ -1,6 +1,8 @@
 // VxRelations, pressed as a designer presses it: which models get which lines.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/workbench.h"
 
 namespace {
@@ -185,6 +187,20 @@ TEST_F(BatchRelations, TheSetAfterRegenerationNeedsNoItemOfTheModel) {
     EXPECT_EQ(b_->relations.afterRegeneration, Lines{WIDE("x=1")});
     Run(Type("y=1") + kAfter, "CoverRels", covered_);
     EXPECT_EQ(a_->relations.afterRegeneration, Lines{WIDE("y=1")});
+}
+
+TEST_F(BatchRelations, WithoutAnItemOfTheModelNoSetIsAskedForItsLinesOrMade) {
+    Fail("ProMdlToModelitem", {.forGood = true});
+    Fail("ProRelsetPostregenerationInit", {.forGood = true});
+    for (const std::string& option : {std::string(), std::string(kAfter)}) {
+        host().journal.Start();
+        Run(Type("x=1") + option, "AddRels", added_);
+        const auto calls = host().journal.Names();
+        for (const char* unmade : {"ProModelitemToRelset", "ProRelsetRelationsGet",
+                                   "ProRelsetCreate", "ProRelsetRelationsSet"}) {
+            EXPECT_EQ(std::count(calls.begin(), calls.end(), unmade), 0) << unmade << option;
+        }
+    }
 }
 
 TEST_F(BatchRelations, WithoutAnArrayTheSetIsStillTakenOrMade) {

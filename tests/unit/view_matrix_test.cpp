@@ -74,6 +74,12 @@ TEST(NormalizeTransform, MeasuresRowZeroOnly) {
     EXPECT_EQ(matrix.Block(), (Rows{{{0, 1, 0}, {3, 0, 0}, {0, 0, 1}}}));
 }
 
+TEST(NormalizeTransform, AScaleBelowOneIsTakenOutToo) {
+    Matrix matrix({{{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}}, 0.5, 3, 4, 5);
+    NormalizeTransform(matrix.m);
+    EXPECT_EQ(matrix.Block(), (Rows{{{0, 1, 0}, {-1, 0, 0}, {0, 0, 1}}}));
+}
+
 TEST(NormalizeTransform, AMatrixOfZerosStaysOne) {
     ProMatrix zeros = {};
     NormalizeTransform(zeros);

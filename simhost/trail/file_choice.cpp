@@ -1,0 +1,68 @@
+// Chooses files by their names.
+#include "simhost/trail/file_choice.h"
+
+#include <fmt/format.h>
+
+#include "simhost/core/file_names.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/ui/near_name.h"
+#include "simhost/ui/text_frame.h"
+
+namespace simhost {
+
+namespace {
+
+constexpr std::size_t kMostLines = 40;
+
+bool IsPath(const WideText& typed) {
+    return typed.find(WIDE(":\\")) != WideText::npos;
+}
+
+// A folder without a separator at its end.
+WideText InFolder(const WideText& folder, const WideText& name) {
+    return folder + WIDE("\\") + name;
+}
+
+FileChoice Elsewhere(const FileQuestion& question, const WideText& path) {
+    const std::size_t name = path.find_last_of(WIDE("\\/")) + 1;
+    if (!FitsFilter(WideView(path).substr(name), question.filter)) {
+        return {{},
+                fmt::format("the file dialog takes {}, not {}", Utf8(question.filter), Utf8(path))};
+    }
+    const auto folder = TheHost().disk.Real(path.substr(0, name));
+    if (!NewestFileOf(folder, WideView(path).substr(name)).empty()) return {path, {}};
+    return {{}, "the file dialog has no file " + Utf8(path)};
+}
+
+}  // namespace
+
+std::vector<std::string> FileList(const FileQuestion& question) {
+    std::vector<std::string> lines{Utf8(question.folder)};
+    for (const WideText& file : question.files) {
+        if (lines.size() > kMostLines) {
+            lines.push_back(fmt::format("… {} in all", question.files.size()));
+            break;
+        }
+        lines.push_back("  " + Utf8(file));
+    }
+    if (question.files.empty()) lines.push_back(fmt::format("  (no {})", Utf8(question.filter)));
+    return Framed(Utf8(question.title), lines);
+}
+
+FileChoice ChoiceOf(const FileQuestion& question, const WideText& typed) {
+    if (question.toWrite) {
+        return {IsPath(typed) ? typed : InFolder(question.folder, typed), {}};
+    }
+    if (IsPath(typed)) return Elsewhere(question, typed);
+    std::vector<std::string> names;
+    for (const WideText& file : question.files) {
+        if (SameName(file, typed)) return {InFolder(question.folder, file), {}};
+        names.push_back(Utf8(file));
+    }
+    return {{},
+            fmt::format("the file dialog has no file {} in {}{}", Utf8(typed),
+                        Utf8(question.folder), DidYouMean(Utf8(typed), names))};
+}
+
+}  // namespace simhost

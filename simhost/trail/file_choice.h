@@ -1,0 +1,23 @@
+// A file dialog at the prompt: the list of its files, and what a typed name means.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "simhost/user/user.h"
+
+namespace simhost {
+
+// The files that the dialog lists, in a frame.
+std::vector<std::string> FileList(const FileQuestion& question);
+
+struct FileChoice {
+    WideText path;
+    std::string problem;  // why it is no choice
+};
+
+// A name of the list whatever the case of its letters, or the path of a file elsewhere that fits
+// the filter; for a file that is to be written any name.
+FileChoice ChoiceOf(const FileQuestion& question, const WideText& typed);
+
+}  // namespace simhost

@@ -252,6 +252,19 @@ TEST_F(Assembling, CsysOnCsysMakesBothFramesOne) {
         << place.origin.x << ' ' << place.origin.y << ' ' << place.origin.z;
 }
 
+// The plate's csys is one inch up, the assembly's two inches along x, which it gives in inches.
+TEST_F(Assembling, CsysOnCsysHoldsAcrossUnits) {
+    Model& top = Assembly("top");
+    Model& plate = Part("plate");
+    top.AddFeature(CsysAt({2, 0, 0}, {}));
+    plate.AddFeature(CsysAt({0, 0, 25.4}, {}));
+    const WideText inches = WIDE("inch Pound Second (IPS)");
+    SetPrincipalSystem(top, *top.units.Find(inches), Conversion::SameDimensions, false);
+    ProAsmcomp component = Assemble(top, plate);
+    ASSERT_EQ(Constrain(top, &component, plate, PRO_ASM_CSYS), PRO_TK_NO_ERROR);
+    EXPECT_TRUE(IsSamePlace(At(top, component).placement, PlacementFrom({2, 0, -1}, {})));
+}
+
 TEST_F(Assembling, AMovedCsysTakesTheComponentAlongWithTheNextRegeneration) {
     Model& top = Assembly("top");
     Model& plate = Part("plate");

@@ -12,7 +12,7 @@ namespace simhost {
 
 struct GroupDimension {
     std::string name;
-    double value = 0;
+    double value = 0;  // in a part a length in its unit
 };
 
 // What a group asks for by its prompt: a coordinate system, by its number as an item (0: not yet

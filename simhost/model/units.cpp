@@ -14,6 +14,7 @@
 #include "simhost/model/screen_view.h"
 #include "simhost/model/session.h"
 #include "simhost/model/shape.h"
+#include "simhost/model/solid_features.h"
 
 namespace simhost {
 
@@ -74,6 +75,15 @@ void ConvertScreen(Model* model, double from, double to) {
     if (!model->screen) return;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t i = 0; i < 3; ++i) model->screen->matrix[row][i] *= to / from;
+    }
+}
+
+// A part that changes its size takes what was merged into it along, and both places are in mm.
+void MoveMerges(Model* part, double factor) {
+    for (Feature& feature : part->MutableFeatures()) {
+        if (!feature.merge) continue;
+        feature.merge->from.origin = factor * feature.merge->from.origin;
+        feature.merge->to.origin = factor * feature.merge->to.origin;
     }
 }
 
@@ -182,6 +192,7 @@ void SetPrincipalSystem(Model& model, const UnitSystem& system, Conversion conve
     if (withParameters) ConvertParameters(&model.parameters, system, conversion);
     if (conversion == Conversion::SameDimensions) {
         MovePivots(model, to / from);
+        MoveMerges(&model, to / from);
     } else {
         ConvertLengths(&model, from, to);
         ConvertScreen(&model, from, to);

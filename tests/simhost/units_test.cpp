@@ -17,6 +17,7 @@
 #include "simhost/model/regeneration.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/sheet_metal.h"
+#include "simhost/model/solid_features.h"
 #include "simhost/model/units.h"
 #include "simhost/picture/isometric.h"
 #include "tests/support/workbench.h"
@@ -172,6 +173,60 @@ TEST_F(Units, TheLengthsOfASheetAndOfItsBendTableAreConverted) {
     EXPECT_NEAR(DevelopedLength(sheet), 7.65, 1e-12);
     Set(part, "in", Conversion::SameDimensions);
     EXPECT_NEAR(DevelopedLength(sheet), 7.65, 1e-12);
+}
+
+TEST_F(Units, AGroupIsMadeAnewInTheSizeThatItHad) {
+    Model& part = Part("plate", 0);
+    Feature csys;
+    csys.type = PRO_FEAT_CSYS;
+    csys.placement = PlacementFrom({5, 0, 0}, {});
+    const int frame = CsysIdOf(part.AddFeature(csys));
+    Group block = ReadGroupText(R"(
+        [group]
+        name = "block"
+        [[reference]]
+        prompt = "frame"
+        [[dimension]]
+        name = "L"
+        value = 10
+        [[solid]]
+        shape = "box"
+        size = ["L", "L", "2 * L"]
+        )",
+                                "block.gph");
+    block.references[0].csysId = frame;
+    PlaceGroup(part, block);
+    Regenerate(part);
+    ExpectNear(SizeInMm(part), {10, 10, 20});
+    Set(part, "cm", Conversion::SameSize);
+    Regenerate(part);
+    ExpectNear(SizeInMm(part), {10, 10, 20});
+    EXPECT_EQ(part.partData.solids[0].at, (Vec3{0.5, 0, 0}));
+    Set(part, "in", Conversion::SameDimensions);
+    Regenerate(part);
+    ExpectNear(SizeInMm(part), {25.4, 25.4, 50.8});
+}
+
+TEST_F(Units, AMergeIsMadeAnewWhereItWas) {
+    Model& target = Part("target");
+    Model& source = Part("source");
+    PlaceMerge(target, WIDE("merge"),
+               {"source.prt", &source, PlacementFrom({100, 0, 0}, {}), PlacementFrom({}, {})});
+    const auto size = [&] {
+        Regenerate(target);
+        return SizeInMm(target);
+    };
+    ExpectNear(size(), {110, 20, 30});
+    Set(target, "cm", Conversion::SameSize);
+    ExpectNear(size(), {110, 20, 30});
+    Set(source, "in", Conversion::SameSize);
+    ExpectNear(size(), {110, 20, 30});
+    // Both ten times as large: what was merged is ten times as far away, too.
+    Set(target, "mm", Conversion::SameSize);
+    Set(source, "mm", Conversion::SameSize);
+    Set(target, "cm", Conversion::SameDimensions);
+    Set(source, "cm", Conversion::SameDimensions);
+    ExpectNear(size(), {1100, 200, 300});
 }
 
 TEST_F(Units, TheSystemInForceChangesNothingEitherWay) {

@@ -1,3 +1,4 @@
+// A constraint and the array that hands it over, made and freed together.
 #include "construct/single_constraint.h"
 
 SingleConstraint::SingleConstraint(ProAsmcompConstrType type) {

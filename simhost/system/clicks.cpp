@@ -1,3 +1,4 @@
+// Clicks of other threads wait under a lock until the host's thread makes operations of them.
 #include "simhost/system/clicks.h"
 
 #include <mutex>

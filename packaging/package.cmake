@@ -34,11 +34,11 @@ set(package "${FOLDER}/${name}")
 file(REMOVE_RECURSE "${package}")
 configure_file("${MODULE}" "${package}/vorlatix5.1.dll" COPYONLY)
 
-# Settings and palettes, the group file, texts and dialogs. The drawing template in tp/ is a file of
-# the simulated host, and no other could read it.
-set(folders VXconfig vxudf text)
+# Settings and palettes, texts and dialogs. The drawing template in tp/ and the group in vxudf/ are
+# files of the simulated host, and no other could read them.
+set(folders VXconfig text)
 if(simulated)
-    list(APPEND folders tp)
+    list(APPEND folders tp vxudf)
 endif()
 foreach(each IN LISTS folders)
     file(GLOB_RECURSE files RELATIVE "${root}" "${root}/${each}/*")

@@ -20,11 +20,12 @@ enum class HandleKind : std::uint8_t {
     SimprepData = 0x28,
     Csys = 0x29,
     Constraint = 0x2a,
-    UdfData = 0x31,
-    UdfReference = 0x32,
-    UdfDimension = 0x33,
-    Element = 0x34,
-    Value = 0x35,
+    // From 0x31 on: those of the simulated Windows.
+    UdfData = 0x41,
+    UdfReference = 0x42,
+    UdfDimension = 0x43,
+    Element = 0x44,
+    Value = 0x45,
 };
 
 inline HandleKind KindOf(const void* handle) {

@@ -5,8 +5,8 @@
 
 namespace simhost {
 
-// What follows from other values of a model follows them: of sheet metal the developed length, of an
-// assembly the places of its components. What lies below comes along, each model once.
+// What follows from other values of a model follows them: of sheet metal the developed length, of
+// an assembly the places of its components. What lies below comes along, each model once.
 void Regenerate(Model& model);
 
 }  // namespace simhost

@@ -21,7 +21,8 @@ public:
     // False while it has the bytes with which it was prepared.
     bool IsFilled() const {
         const auto* bytes = reinterpret_cast<const unsigned char*>(&record_);
-        return std::any_of(bytes, bytes + sizeof record_, [](unsigned char byte) { return byte; });
+        return std::any_of(bytes, bytes + sizeof record_,
+                           [](unsigned char each) { return each != 0; });
     }
 
 private:

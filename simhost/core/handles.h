@@ -20,12 +20,12 @@ enum class HandleKind : std::uint8_t {
     SimprepData = 0x28,
     Csys = 0x29,
     Constraint = 0x2a,
-    // From 0x31 on: those of the simulated Windows.
-    UdfData = 0x41,
-    UdfReference = 0x42,
-    UdfDimension = 0x43,
-    Element = 0x44,
-    Value = 0x45,
+    UdfData = 0x2b,
+    UdfReference = 0x2c,
+    UdfDimension = 0x2d,
+    Element = 0x2e,
+    Value = 0x2f,
+    // From 0x31 on: those of the simulated Windows; from 0x41 on: those of the spreadsheets.
 };
 
 inline HandleKind KindOf(const void* handle) {

@@ -224,7 +224,7 @@ TEST_F(SheetMetalParts, WordsExpectAndShowBends) {
     RunScript("@ show bends", [&](const std::string& line) { told += line + "\n"; });
     EXPECT_NE(
         told.find(
-            "thickness 2, 1 bends, table t, developed length 35.000, brought up to date 1 times"),
+            "thickness 2, 1 bends, table t, developed length 35.000 mm, brought up to date 1 times"),
         std::string::npos)
         << told;
     EXPECT_NE(told.find("radius 2, 90 degrees: 5.000"), std::string::npos) << told;

@@ -43,7 +43,9 @@ template <class Record, class Rows>
 void AddList(std::string* text, const char* key, const Rows& rows,
              const std::vector<Record>& list) {
     for (const Record& record : list) {
-        *text += std::string("\n[[feature.") + key + "]]\n";
+        *text += "\n[[feature.";
+        *text += key;
+        *text += "]]\n";
         AddFields(text, rows, record);
     }
 }
@@ -162,7 +164,9 @@ void ReadSolidFeature(const toml::table& table, Feature* feature) {
 void AddSolidFeature(std::string* text, const Feature& feature) {
     if (feature.group) AddGroup(text, *feature.group);
     if (!feature.merge) return;
-    *text += std::string("\n[feature.") + kMergeKey + "]\n";
+    *text += "\n[feature.";
+    *text += kMergeKey;
+    *text += "]\n";
     AddFields(text, kMergeFields, *feature.merge);
 }
 

@@ -291,7 +291,7 @@ BOOL WINAPI Close(HANDLE handle) {
     Operation& op = Op<"CloseHandle">;
     const auto close = [&] {
         Forget(&Real().files, handle);
-        Forget(&Real().threads, handle);
+        std::erase(Real().threads, handle);
         return CloseHandle(handle);
     };
     return op.CallOr(
@@ -324,7 +324,7 @@ HANDLE WINAPI StartThread(SECURITY_ATTRIBUTES* security, SIZE_T stack, LPTHREAD_
                      [&] {
                          const HANDLE thread =
                              CreateThread(security, stack, start, parameter, flags, id);
-                         if (thread) Real().threads.emplace_back(thread, L"");
+                         if (thread) Real().threads.push_back(thread);
                          return thread;
                      },
                      "flags", flags);

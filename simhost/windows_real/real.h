@@ -52,7 +52,7 @@ public:
     std::vector<UINT> boxFlags;  // of the boxes that are open
     std::vector<std::pair<HKEY, WideText>> keys;
     std::vector<std::pair<HANDLE, WideText>> files;
-    std::vector<std::pair<HANDLE, WideText>> threads;  // without a name
+    std::vector<HANDLE> threads;
     std::vector<std::pair<HGLOBAL, std::size_t>> memory;
     bool clipboardOpen = false;
 

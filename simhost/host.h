@@ -37,8 +37,8 @@ public:
     Messages messages{desk, disk, textFolder};
     ConfigOptions configOptions;
     ProArray optionValues = nullptr;  // of the last question for an option, until the next call
-    ProArray picked = nullptr;       // of the last pick; the plug-in is lent it until the next
-    std::deque<WideText> lentTexts;  // texts that operations handed out for good
+    ProArray picked = nullptr;        // of the last pick; the plug-in is lent it until the next
+    std::deque<WideText> lentTexts;   // texts that operations handed out for good
 
     // Short ways to what is asked for most.
     User*& user = desk.user;

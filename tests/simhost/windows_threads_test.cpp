@@ -58,8 +58,7 @@ TEST_F(SimulatedThreads, AClickThatNoDialogTakesIsAComplaintWhenTheCommandEnds) 
 
 TEST_F(SimulatedThreads, OnlyTheMiddleButtonIsKnown) {
     mouse_event(MOUSEEVENTF_MIDDLEDOWN, 0, 0, 0, 0);
-    EXPECT_EQ(Complaints(),
-              Names{"mouse_event: only a click of the middle button is known here"});
+    EXPECT_EQ(Complaints(), Names{"mouse_event: only a click of the middle button is known here"});
     EXPECT_FALSE(host().desk.TakeClick());
 }
 
@@ -69,8 +68,7 @@ TEST_F(SimulatedThreads, AnOperationOnAThreadIsNotAnsweredAndComplainedOf) {
     WaitForSingleObject(thread, INFINITE);
     CloseHandle(thread);
     EXPECT_EQ(answer, PRO_TK_GENERAL_ERROR);
-    EXPECT_EQ(Complaints(),
-              Names{"ProMdlCurrentGet: called on a thread that is not the host's"});
+    EXPECT_EQ(Complaints(), Names{"ProMdlCurrentGet: called on a thread that is not the host's"});
 }
 
 TEST_F(SimulatedThreads, AThreadWhoseHandleIsNotClosedIsLeftOpen) {

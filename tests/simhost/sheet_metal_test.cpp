@@ -222,10 +222,9 @@ TEST_F(SheetMetalParts, WordsExpectAndShowBends) {
     EXPECT_EQ(failures("@ expect bend table s.prt t\n@ expect developed length s.prt 35"), 0u);
     std::string told;
     RunScript("@ show bends", [&](const std::string& line) { told += line + "\n"; });
-    EXPECT_NE(
-        told.find(
-            "thickness 2, 1 bends, table t, developed length 35.000 mm, brought up to date 1 times"),
-        std::string::npos)
+    EXPECT_NE(told.find("thickness 2, 1 bends, table t, developed length 35.000 mm, "
+                        "brought up to date 1 times"),
+              std::string::npos)
         << told;
     EXPECT_NE(told.find("radius 2, 90 degrees: 5.000"), std::string::npos) << told;
 }

@@ -67,6 +67,7 @@ std::vector<NamedFile> FilesIn(const fs::path& folder) {
         if (!isNew && known->second.version < version) known->second = found;
     }
     std::vector<NamedFile> files;
+    files.reserve(byName.size());
     for (auto& [folded, found] : byName) files.push_back(std::move(found.file));
     return files;
 }

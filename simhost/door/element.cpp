@@ -100,6 +100,7 @@ Feature& MakeMerge(Model& target, const MergeRequest& request) {
 void Report(const std::vector<ProElemId>& faulty, ProErrorlist* errors) {
     if (!errors) return;
     std::vector<ProErrorItem> list;
+    list.reserve(faulty.size());
     for (const ProElemId id : faulty) list.push_back({id, PRO_TK_BAD_INPUTS});
     errors->list = list.empty() ? nullptr : TheHost().arrays.Make(list, "ProFeatureCreate");
     errors->count = int(list.size());

@@ -12,8 +12,8 @@ inline constexpr const char* kBendTableMessage =
     "Wether change the bend table while assigning a material to a sheetmetal part";
 
 // The first of an option's values; empty for an option that is not set. Unlike FirstOptionValue it
-// does not look at the status: values that come with a refusal count. A copy, for what the host hands
-// out is good until the next call about an option.
+// does not look at the status: values that come with a refusal count. A copy, for what the host
+// hands out is good until the next call about an option.
 WideText FirstValueOf(const WideChar* option);
 
 struct ChosenFile {

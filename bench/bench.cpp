@@ -14,6 +14,7 @@
 
 #include "bench/bom_export.h"
 #include "bench/growth.h"
+#include "bench/preparations.h"
 #include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
@@ -115,6 +116,9 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Input `VxParams` `InputKeyWords2` `unit`\n"
      "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
     {"VxMdlCount", "~ Command `VxMdlCount`\n@ ok"},
+    {"VxRemoveCons",
+     "~ Command `VxRemoveCons`\n~ Activate `VxRemoveCons` `OK`\n@ ok\n"
+     "~ Activate `VxRemoveCons` `Cancel`"},
     {"SetUnit",
      "~ Command `SetUnit`\n~ Select `SetUnit` `UnitRadio` 1 `IPS`\n"
      "~ Activate `SetUnit` `ApplyBt`\n@ ok\n~ Activate `SetUnit` `Close`"},
@@ -188,38 +192,27 @@ void OpenSomePart(Session* session) {
     }
 }
 
-// Selects parts before VxIsolate: the first of the tree, or the first one again and again.
-void SelectParts(Session* session, std::size_t count, bool same) {
-    Model& top = *session->CurrentModel();
-    std::vector<Selection> picks;
-    VisitShown(top, Sight::Screen, [&](const ShownPart& shown) {
-        if (picks.size() == (same ? 1 : count)) return;
-        picks.push_back({{PRO_PART, -1, shown.part->handle}, &top, *shown.path});
-    });
-    if (same) picks.resize(count, picks.at(0));
-    session->selections.SetBuffer(std::move(picks));
+int Run(const std::string& job, int occurrences, const fs::path& modules) {
+    WorkplaceOptions options;
+    options.installed = VX_SOURCE_DIR;
+    options.module = modules / "vorlatix5.1.so";
+    Workplace workplace(options);
+    constexpr int kLevels = 5;
+    const bench::Preparation* const needs = bench::PreparationOf(job);
+    const int components = needs && needs->components ? needs->components : occurrences;
+    const int models = walk(&components);
+    std::printf("%d components, %d models; ", components, models);
 }
 
-// Parts in memory whose names are in the way of NewPart, and its template.
-void TakeNames(Session* session, int count) {
-    for (int i = 1; i <= count; ++i) {
-        session->Create(Wide("LARGE-" + std::to_string(i)), PRO_MDL_PART);
-    }
-    Feature csys;
-    csys.type = PRO_FEAT_CSYS;
-    session->Create(WIDE("TEMPLATE"), PRO_MDL_PART).AddFeature(csys);
-    TheHost().configOptions[WIDE("template_solidpart")] = {WIDE("C:\\Work\\template.prt")};
-}
+// The size that means one part: there is no assembly of fewer components to measure.
+constexpr int kPartAlone = 50;
 
-// A folder with what SetMat and SetBendTable ask for; all parts are of sheet metal.
-void PrepareFiles(const Workplace& workplace, Session* session) {
-    const fs::path folder = workplace.Real(WIDE("C:\\Files"));
-    fs::create_directories(folder);
-    WriteFile(folder / "steel.mtl", "[material]\ndensity = 7850\ndensity_unit = \"kg/m^3\"\n");
-    WriteFile(folder / "soft.bnd",
-              "[bend_table]\nthickness = [2]\nradius = [2]\nlength = [[4.42]]\n");
+void OpenSomePart(Session* session) {
     for (Model* model : session->All()) {
-        if (model->type == PRO_MDL_PART) model->subtype = PROMDLSTYPE_PART_SHEETMETAL;
+        if (model->type == PRO_MDL_PART) {
+            session->Open(*model);
+            return;
+        }
     }
 }
 
@@ -238,12 +231,8 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     if (workplace.StartPlugin() != 0) return 1;
     Session& session = TheHost().session;
     session.Open(*session.Retrieve("large.asm"));
-    if (job == "SetMat" || job == "SetBendTable") PrepareFiles(workplace, &session);
     if (job == "TweViews" && occurrences == kPartAlone) OpenSomePart(&session);
-    constexpr std::size_t kPicks = 100;
-    if (job == "VxIsolate") SelectParts(&session, kPicks, /*same=*/false);
-    if (picksOnly) SelectParts(&session, std::size_t(occurrences), /*same=*/true);
-    if (namesOnly) TakeNames(&session, occurrences);
+    if (needs) needs->prepare(workplace, occurrences);
     Figures figures;
     if (job == "BomFlat" || job == "BomLevels") {
         figures = LoadBom(job == "BomFlat" ? "SumBom" : "LevelBom");
@@ -252,7 +241,7 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
             if (job == "walk") {
                 Walk(modules / "walk_module.so");
             } else {
-                Do(picksOnly ? "VxIsolate" : namesOnly ? "NewPart" : job);
+                Do(needs && needs->command ? needs->command : job);
             }
         });
     }

@@ -17,9 +17,17 @@ void CloneComp();
 // command has returned.
 void CloneAndReplace();
 
+// Makes a new part from the template under a name that the user types, puts it into the active
+// assembly and merges every selected part into it.
+void VxMerge();
+
+// Merges the parts that the user picks into the part that is active in an assembly.
+void VxMergeTo();
+
 // Fixes every component of the current assembly, at every depth, where it is: one fixed constraint
 // in the place of all that it has.
 void VxRemoveCons();
+
 // Puts a block around a part, into that part; or around the parts that the user picks in an
 // assembly, into a new part that is assembled there. The block is the group of vxbox.gph.
 void VxBox();

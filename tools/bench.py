@@ -15,6 +15,7 @@ import tempfile
 
 JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount",
         "SetMat", "SetBendTable", "SetUnit", "VxIsolate", "IsolatePicks", "FreeNames",
+        "VxRemoveCons", "VxBox", "VxMergeTo",
         "VxHideReverse", "VxShowAllComp",
         "BomFlat", "BomLevels", "TweViews", "BomExport", "SaveModels", "LookForModels",
         "OpenParameters", "InsertRows"]
@@ -22,8 +23,9 @@ EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
            "IsolatePicks", "SetMat", "SetBendTable", "SetUnit",
-           "FreeNames"]  # without the largest size
-COUNTED_SIZES = SIZES[:2]
+           "FreeNames", "VxRemoveCons", "VxMergeTo"]  # without the largest size
+OTHER_SIZES = {"VxBox": [1_000, 10_000]}  # picks of parts with 102 surfaces
+COUNTED_SIZES = [1_000, *SIZES[:2]]
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.
 FIXED = {"TweViews": [50, 1_000, 10_000]}
@@ -134,7 +136,7 @@ def main():
         if job in FIXED or job in GROWTH or job == "BomExport":
             continue
         previous = None
-        for size in SIZES[:2] if job in SMALLER else SIZES:
+        for size in OTHER_SIZES.get(job, SIZES[:2] if job in SMALLER else SIZES):
             plain = run_once(options.bench, job, size)
             row = (f"{job:<12}{size:>12}{plain['calls']:>12}{plain['calls'] / size:>11.2f}"
                    f"{plain['seconds']:>9.3f}{plain['bytes'] / size:>11.1f}"

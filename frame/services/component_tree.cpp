@@ -99,7 +99,8 @@ bool TakeTreeLine(WideView* listing, TreeLine* line) {
         const std::size_t first = text.find(WideChar{':'});
         const std::size_t last = text.rfind(WideChar{':'});
         if (first == WideView::npos || first == last) continue;
-        *line = {WholeNumber(text.substr(first + 1)), WholeNumber(text.substr(last + 1))};
+        *line = {text.substr(0, first), WholeNumber(text.substr(first + 1)),
+                 WholeNumber(text.substr(last + 1))};
         return true;
     }
     return false;

@@ -18,8 +18,9 @@ ProError ComponentTreeVisitor(ProFeature* feature, ProError status, ProAppData d
 // the host has no array for it.
 std::optional<WideText> ListComponents(ProMdl assembly);
 
-// A line of the listing, as far as paths need it.
+// A line of the listing.
 struct TreeLine {
+    WideView model;  // "HOUSING.PRT"; a part of the listing
     int id = 0;
     int depth = 0;
 };

@@ -8,6 +8,8 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
      "the access rules of popup buttons leave the array of selections to the host"},
     {"command VxBom", "ProArrayAlloc", sizeof(char*),
      "the drawing area is left the list of its picture"},
+    {"command VxMergeTo", "ProElementAlloc", 0, "of several trees only the last is freed"},
+    {"command VxMergeTo", "ProSelectionAlloc", 0, "so it is with what they were made in"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {

@@ -152,18 +152,6 @@ bool ArrayLedger::WasTakenBack(const void* address) const {
                        [&](const Range& range) { return range.Holds(address); });
 }
 
-std::vector<std::string> ArrayLedger::LoansHeld() const {
-    std::vector<std::string> held;
-    for (const auto& [address, loan] : loans_) {
-        held.push_back(
-            fmt::format("{}, {}: a record of {} bytes", loan.holder, loan.origin, loan.size));
-    }
-    for (const auto& [address, handle] : handles_) {
-        held.push_back(fmt::format("{}, {}: a handle", handle.holder, handle.origin));
-    }
-    return held;
-}
-
 // --- What is held ---
 
 std::string ArrayLedger::Line(const Header& header) {
@@ -171,27 +159,40 @@ std::string ArrayLedger::Line(const Header& header) {
                        header.objectSize);
 }
 
-std::vector<std::string> ArrayLedger::Held() const {
-    std::vector<std::string> held = LoansHeld();
+bool ArrayLedger::IsOnPurpose(const std::string& by, const std::string& origin,
+                              std::size_t size) const {
+    return std::any_of(heldOnPurpose_.begin(), heldOnPurpose_.end(), [&](const HeldOnPurpose& row) {
+        return by == row.holder && origin == row.origin &&
+               (row.objectSize == 0 || row.objectSize == size);
+    });
+}
+
+std::vector<std::string> ArrayLedger::Listed(bool onPurposeToo) const {
+    const auto counts = [&](const auto& each, std::size_t size) {
+        return onPurposeToo || !IsOnPurpose(each.holder, each.origin, size);
+    };
+    std::vector<std::string> held;
+    for (const auto& [address, loan] : loans_) {
+        held.push_back(
+            fmt::format("{}, {}: a record of {} bytes", loan.holder, loan.origin, loan.size));
+    }
+    for (const auto& [address, handle] : handles_) {
+        if (!counts(handle, 0)) continue;
+        held.push_back(fmt::format("{}, {}: a handle", handle.holder, handle.origin));
+    }
     for (const auto& [address, header] : live_) {
-        if (header->holder != kTheHost) held.push_back(Line(*header));
+        if (header->holder == kTheHost || !counts(*header, header->objectSize)) continue;
+        held.push_back(Line(*header));
     }
     return held;
 }
 
+std::vector<std::string> ArrayLedger::Held() const {
+    return Listed(/*onPurposeToo=*/true);
+}
+
 std::vector<std::string> ArrayLedger::HeldByMistake() const {
-    std::vector<std::string> held = LoansHeld();
-    for (const auto& [address, header] : live_) {
-        const auto known = [&header = *header](const HeldOnPurpose& row) {
-            return header.holder == row.holder && header.origin == row.origin &&
-                   (row.objectSize == 0 || row.objectSize == header.objectSize);
-        };
-        if (header->holder == kTheHost) continue;
-        if (std::none_of(heldOnPurpose_.begin(), heldOnPurpose_.end(), known)) {
-            held.push_back(Line(*header));
-        }
-    }
-    return held;
+    return Listed(/*onPurposeToo=*/false);
 }
 
 std::size_t ArrayLedger::BytesHeld() const {

@@ -16,11 +16,11 @@
 
 namespace simhost {
 
-// An array that a caller leaves to the host for ever.
+// What a caller leaves to the host for ever: arrays of this origin, or handles.
 struct HeldOnPurpose {
     const char* holder;
     const char* origin;
-    std::size_t objectSize;  // 0: of any size
+    std::size_t objectSize;  // of an array's; 0: of any size, or a handle
     const char* why;
 };
 
@@ -107,7 +107,8 @@ private:
         }
     };
     void NoteLoan(std::shared_ptr<void> memory, std::size_t size, std::string origin);
-    std::vector<std::string> LoansHeld() const;
+    bool IsOnPurpose(const std::string& by, const std::string& origin, std::size_t size) const;
+    std::vector<std::string> Listed(bool onPurposeToo) const;
     struct HeldHandle {
         std::string holder, origin;
     };

@@ -183,8 +183,12 @@ TEST_F(FileDialog, ANameOf32CharactersFillsItsRecordAndALongerOneIsAStatus) {
     ProName extension = {};
     int version = 0;
     EXPECT_EQ(ProFilenameParse(path.data(), folder, name, extension, &version), PRO_TK_NO_ERROR);
-    EXPECT_EQ(WideText(name), WideText(32, 'n') + WIDE("x"));
-    EXPECT_EQ(Parsed(WideText(33, 'n') + WIDE(".mtl")), std::to_string(PRO_TK_LINE_TOO_LONG));
+    WideText expected(32, 'n');
+    expected += 'x';
+    EXPECT_EQ(WideText(name), expected);
+    WideText longer(33, 'n');
+    longer += WIDE(".mtl");
+    EXPECT_EQ(Parsed(longer), std::to_string(PRO_TK_LINE_TOO_LONG));
 }
 
 // --- Options -----------------------------------------------------------------------------------

@@ -147,11 +147,10 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     CheckComplaints(world, operation, run + ", then the end");
     // An array or a record that could not be freed is nobody's any more.
     std::vector<std::string> left = workbench::LeftOpen();
-    const bool freed = operation == "ProArrayFree" || operation == "ProStringarrayFree" ||
-                       operation == "ProGeomitemdataFree" || operation == "ProSimprepdataFree" ||
-                       operation == "ProSelectionFree" || operation == "ProAsmcompconstraintFree" ||
-                       operation == "ProUdfdataFree";
-    if (freed && left.size() <= fired) left.clear();
+    static const std::set<std::string> kFrees = {
+        "ProArrayFree",     "ProStringarrayFree",       "ProGeomitemdataFree", "ProSimprepdataFree",
+        "ProSelectionFree", "ProAsmcompconstraintFree", "ProUdfdataFree",      "ProElementFree"};
+    if (kFrees.count(operation) && left.size() <= fired) left.clear();
     EXPECT_EQ(left, std::vector<std::string>{}) << run;
     EndNote();
     return calls;

@@ -1,0 +1,166 @@
+// The preparations as a table, each from what the simulated host offers a test.
+#include "bench/preparations.h"
+
+#include <filesystem>
+#include <utility>
+#include <vector>
+
+#include "simhost/app/workplace.h"
+#include "simhost/core/disk.h"
+#include "simhost/core/text.h"
+#include "simhost/host.h"
+#include "simhost/model/constraints.h"
+#include "simhost/model/selections.h"
+#include "simhost/model/shown.h"
+#include "simhost/system/picking.h"
+
+namespace bench {
+
+namespace {
+
+using namespace simhost;
+namespace fs = std::filesystem;
+
+constexpr int kFew = 1'000;
+
+// So many parts on the screen, from the first in the order of the tree; from the start again where
+// there are fewer.
+std::vector<Selection> Parts(std::size_t count) {
+    Model& top = *TheHost().session.CurrentModel();
+    std::vector<Selection> shown;
+    VisitShown(top, Sight::Screen, [&](const ShownPart& part) {
+        if (shown.size() < count) {
+            shown.push_back({{PRO_PART, -1, part.part->handle}, &top, *part.path});
+        }
+    });
+    std::vector<Selection> parts;
+    parts.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) parts.push_back(shown.at(i % shown.size()));
+    return parts;
+}
+
+void SelectAHundred(const Workplace&, int) {
+    TheHost().session.selections.SetBuffer(Parts(100));
+}
+
+void SelectOneAgainAndAgain(const Workplace&, int size) {
+    std::vector<Selection> picks(std::size_t(size), Parts(1).at(0));
+    TheHost().session.selections.SetBuffer(std::move(picks));
+}
+
+void AddCsys(Model& model) {
+    Feature csys;
+    csys.type = PRO_FEAT_CSYS;
+    model.AddFeature(csys);
+}
+
+void MakeTemplate(Session& session) {
+    AddCsys(session.Create(WIDE("TEMPLATE"), PRO_MDL_PART));
+    TheHost().configOptions[WIDE("template_solidpart")] = {WIDE("C:\\Work\\template.prt")};
+}
+
+// Parts in memory whose names are in the way of NewPart, and its template.
+void TakeNames(const Workplace&, int size) {
+    Session& session = TheHost().session;
+    for (int i = 1; i <= size; ++i) {
+        session.Create(Wide("LARGE-" + std::to_string(i)), PRO_MDL_PART);
+    }
+    MakeTemplate(session);
+}
+
+// A folder with what SetMat and SetBendTable ask for; all parts are of sheet metal.
+void WriteMaterials(const Workplace& workplace, int) {
+    const fs::path folder = workplace.Real(WIDE("C:\\Files"));
+    fs::create_directories(folder);
+    WriteFile(folder / "steel.mtl", "[material]\ndensity = 7850\ndensity_unit = \"kg/m^3\"\n");
+    WriteFile(folder / "soft.bnd",
+              "[bend_table]\nthickness = [2]\nradius = [2]\nlength = [[4.42]]\n");
+    for (Model* model : TheHost().session.All()) {
+        if (model->type == PRO_MDL_PART) model->subtype = PROMDLSTYPE_PART_SHEETMETAL;
+    }
+}
+
+// Each component has one constraint.
+void ConstrainAll(const Workplace&, int) {
+    Constraint fixed;
+    fixed.type = PRO_ASM_FIX;
+    for (Model* model : TheHost().session.All()) {
+        std::vector<int> components;
+        for (const Feature& feature : model->features()) {
+            if (feature.model) components.push_back(feature.id);
+        }
+        for (const int id : components) model->FindFeature(id)->constraints = {{fixed}};
+    }
+}
+
+// Whoever picks these parts, and confirms boxes.
+class Picker : public User {
+public:
+    std::vector<Selection> picks;
+
+    int AnswerBox(const Box&) override { return 1; }
+    std::optional<WideText> AnswerPrompt(const WideText&, const WideText&) override {
+        return std::nullopt;
+    }
+    void UseDialog(Dialog&) override {}
+    void Pick(Picking& picking) override { picking.Take(picks); }
+};
+
+void WillPick(std::vector<Selection> picks) {
+    static Picker picker;
+    picker.picks = std::move(picks);
+    TheHost().user = &picker;
+}
+
+// Parts of 17 boxes, so of 102 surfaces.
+void PickPartsOfManySurfaces(const Workplace&, int size) {
+    constexpr int kBoxes = 17;
+    Session& session = TheHost().session;
+    for (Model* model : session.All()) {
+        if (model->type != PRO_MDL_PART) continue;
+        const Solid first = model->partData.solids.at(0);
+        while (model->partData.solids.size() < kBoxes) {
+            Solid next = first;
+            next.id = first.id + 10 * int(model->partData.solids.size());
+            next.at.x += 100.0 * double(model->partData.solids.size());
+            model->partData.solids.push_back(next);
+        }
+    }
+    MakeTemplate(session);
+    AddCsys(*session.CurrentModel());
+    WillPick(Parts(std::size_t(size)));
+}
+
+// The active part is the last of the tree, so that all lines of the listing are read.
+void ActivateTheLastPart(const Workplace&, int) {
+    Session& session = TheHost().session;
+    Model& top = *session.CurrentModel();
+    Model& last = session.Create(WIDE("LAST"), PRO_MDL_PART);
+    Feature component;
+    component.type = PRO_FEAT_COMPONENT;
+    component.model = &last;
+    session.current->activated = {top.AddFeature(component).id};
+    WillPick(Parts(1));
+}
+
+constexpr Preparation kPreparations[] = {
+    {"SetMat", WriteMaterials},
+    {"SetBendTable", WriteMaterials},
+    {"VxIsolate", SelectAHundred},
+    {"IsolatePicks", SelectOneAgainAndAgain, kFew, "VxIsolate"},
+    {"FreeNames", TakeNames, kFew, "NewPart"},
+    {"VxRemoveCons", ConstrainAll},
+    {"VxBox", PickPartsOfManySurfaces, kFew},
+    {"VxMergeTo", ActivateTheLastPart},
+};
+
+}  // namespace
+
+const Preparation* PreparationOf(const std::string& job) {
+    for (const Preparation& row : kPreparations) {
+        if (job == row.job) return &row;
+    }
+    return nullptr;
+}
+
+}  // namespace bench

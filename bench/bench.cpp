@@ -19,7 +19,6 @@
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
-#include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
 
 namespace {
@@ -200,32 +199,6 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     constexpr int kLevels = 5;
     const bench::Preparation* const needs = bench::PreparationOf(job);
     const int components = needs && needs->components ? needs->components : occurrences;
-    const int models = walk(&components);
-    std::printf("%d components, %d models; ", components, models);
-}
-
-// The size that means one part: there is no assembly of fewer components to measure.
-constexpr int kPartAlone = 50;
-
-void OpenSomePart(Session* session) {
-    for (Model* model : session->All()) {
-        if (model->type == PRO_MDL_PART) {
-            session->Open(*model);
-            return;
-        }
-    }
-}
-
-int Run(const std::string& job, int occurrences, const fs::path& modules) {
-    WorkplaceOptions options;
-    options.installed = VX_SOURCE_DIR;
-    options.module = modules / "vorlatix5.1.so";
-    Workplace workplace(options);
-    constexpr int kLevels = 5;
-    constexpr int kFew = 1'000;
-    const bool picksOnly = job == "IsolatePicks";  // it is they that grow, not the assembly
-    const bool namesOnly = job == "FreeNames";
-    const int components = picksOnly || namesOnly ? kFew : occurrences;
     const int models = std::max(components / 50, 2 * kLevels);
     GenerateAssembly(workplace.Real(WIDE("C:\\Work")), components, models, kLevels, 1);
     if (workplace.StartPlugin() != 0) return 1;

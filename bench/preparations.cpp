@@ -10,9 +10,9 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/model/constraints.h"
+#include "simhost/model/picking.h"
 #include "simhost/model/selections.h"
 #include "simhost/model/shown.h"
-#include "simhost/system/picking.h"
 
 namespace bench {
 
@@ -118,12 +118,12 @@ void PickPartsOfManySurfaces(const Workplace&, int size) {
     Session& session = TheHost().session;
     for (Model* model : session.All()) {
         if (model->type != PRO_MDL_PART) continue;
-        const Solid first = model->partData.solids.at(0);
-        while (model->partData.solids.size() < kBoxes) {
-            Solid next = first;
-            next.id = first.id + 10 * int(model->partData.solids.size());
-            next.at.x += 100.0 * double(model->partData.solids.size());
-            model->partData.solids.push_back(next);
+        std::vector<Solid>& solids = model->partData.solids;
+        solids.assign(kBoxes, {});
+        for (std::size_t i = 0; i < solids.size(); ++i) {
+            solids[i].id = 10 * int(i + 1);
+            solids[i].size = {10, 20, 30};
+            solids[i].at.x = 100.0 * double(i);
         }
     }
     MakeTemplate(session);

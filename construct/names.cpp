@@ -3,12 +3,12 @@
 
 #include "frame/services.h"
 
-WideText WithDash(const WideText& base, int number) {
-    return base + WIDE("-") + Digits(number);
+void WithDash(int number, WideText* base) {
+    base->append(WIDE("-")).append(Digits(number));
 }
 
-WideText WithTwoDigits(const WideText& base, int number) {
-    return base + (number < 10 ? WIDE("_0") : WIDE("_")) + Digits(number);
+void WithTwoDigits(int number, WideText* base) {
+    base->append(number < 10 ? WIDE("_0") : WIDE("_")).append(Digits(number));
 }
 
 WideText BaseOf(const WideText& assemblyName) {
@@ -19,8 +19,10 @@ WideText BaseOf(const WideText& assemblyName) {
 
 std::optional<WideText> FirstFreeName(const WideText& base, NumberedName name, ProMdlType type,
                                       std::size_t longest) {
+    WideText candidate;
     for (int number = 1;; ++number) {
-        WideText candidate = name(base, number);
+        candidate = base;
+        name(number, &candidate);
         if (candidate.size() > longest) return std::nullopt;
         ProMdl taken = nullptr;
         if (ProMdlRetrieve(HostText(candidate), type, &taken) != PRO_TK_NO_ERROR) return candidate;

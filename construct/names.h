@@ -5,10 +5,10 @@
 
 #include "hostapi/host.h"
 
-// How a number is set behind a base.
-using NumberedName = WideText (*)(const WideText& base, int number);
-WideText WithDash(const WideText& base, int number);       // "TOP-7"
-WideText WithTwoDigits(const WideText& base, int number);  // "TOP_07", "TOP_70"
+// How a number is set after a base.
+using NumberedName = void (*)(int number, WideText* base);
+void WithDash(int number, WideText* base);       // "TOP-7"
+void WithTwoDigits(int number, WideText* base);  // "TOP_07", "TOP_70"
 
 // The base that an assembly's name gives: without an ending that is exactly "_00".
 WideText BaseOf(const WideText& assemblyName);

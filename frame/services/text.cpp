@@ -1,6 +1,7 @@
 // Text between the plug-in and the host.
 #include "frame/services/text.h"
 
+#include <charconv>
 #include <cstring>
 
 #include "hostapi/host.h"
@@ -42,6 +43,7 @@ WideText FoldCase(WideView text) {
 }
 
 WideText Digits(int number) {
-    const std::string text = std::to_string(number);
-    return WideText(text.begin(), text.end());
+    char narrow[12];
+    const char* const end = std::to_chars(narrow, narrow + sizeof narrow, number).ptr;
+    return WideText(static_cast<const char*>(narrow), end);
 }

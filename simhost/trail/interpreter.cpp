@@ -345,10 +345,18 @@ void Trail::PerformTrail(const Step& step) {
 
 void Trail::TellWhatWasShown() {
     Host& host = TheHost();
-    for (; shownSeen_ < host.shown.size(); ++shownSeen_) {
+    while (shownSeen_ < host.shown.size()) {
         const Shown& shown = host.shown[shownSeen_];
-        if (shown.kind == Shown::Kind::Message) Say("message: " + Utf8(shown.text));
+        const std::size_t first = shownSeen_++;
         if (shown.kind == Shown::Kind::Program) Say("program: " + Utf8(shown.text));
+        if (shown.kind != Shown::Kind::Message) continue;
+        // A message that comes once for each component is one line.
+        while (shownSeen_ < host.shown.size() && host.shown[shownSeen_].kind == shown.kind &&
+               host.shown[shownSeen_].text == shown.text) {
+            ++shownSeen_;
+        }
+        const std::size_t times = shownSeen_ - first;
+        Say("message: " + Utf8(shown.text) + (times > 1 ? fmt::format(" (x{})", times) : ""));
     }
     while (complaintsSeen_ < host.complaints.size()) {
         const std::string complaint = "the host complains: " + host.complaints[complaintsSeen_++];

@@ -117,6 +117,8 @@ void ExpectConstraints(Trail& trail, const std::string& rest);
 void ExpectPlace(Trail& trail, const std::string& rest);
 void ExpectFile(Trail& trail, const std::string& rest);
 void ExpectNoFile(Trail& trail, const std::string& rest);
+// The components below the current model: their newest files in the working folder, constraints.
+void ShowComponents(Trail& trail);
 void ShowConstraints(Trail& trail);
 void ShowUnits(Trail& trail, const std::string& rest);    // of a model, or of all in memory
 void ShowOutline(Trail& trail, const std::string& rest);  // of a model, or of the current one

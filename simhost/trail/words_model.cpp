@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "simhost/core/file_names.h"
 #include "simhost/core/text.h"
 #include "simhost/model/constraints.h"
 #include "simhost/model/regeneration.h"
@@ -86,6 +87,30 @@ bool HasNewest(const std::string& name) {
     return std::filesystem::is_regular_file(TheHost().disk.Real(path), error);
 }
 
+// "housing.prt.3", or what is to be said in its place.
+std::string NewestFileText(const Model& model) {
+    const Host& host = TheHost();
+    const std::filesystem::path file =
+        NewestFileOf(host.disk.Real(host.session.workingDirectory), Wide(model.FileName()));
+    if (file.empty()) return "not in the working folder";
+    const auto name = file.filename().u8string();
+    return std::string(name.begin(), name.end()) + (model.modified ? ", changed since" : "");
+}
+
+// One line a component below this model, in the order of the tree. Counts down what may be shown
+// still.
+void ShowComponentsBelow(Trail& trail, const Model& model, const std::string& path, int* left) {
+    for (const auto& [step, feature] : ComponentSteps(model)) {
+        if (--*left < 0) return;
+        const std::string here = path.empty() ? step : path + "/" + step;
+        trail.Say(fmt::format(
+            "{} {} {}", Padded(here, 44),
+            Padded(feature->model ? NewestFileText(*feature->model) : "not in memory", 36),
+            feature->constraints ? ConstraintsText(*feature) : "-"));
+        if (feature->model) ShowComponentsBelow(trail, *feature->model, here, left);
+    }
+}
+
 }  // namespace
 
 void ActivateComponent(Trail& trail, const std::string& rest) {
@@ -149,6 +174,14 @@ void ExpectNoFile(Trail& trail, const std::string& rest) {
     const std::string name = ParseText(rest).text;
     if (name.empty()) return trail.Fail("a file's name belongs after expect no file");
     if (HasNewest(name)) trail.Fail(fmt::format("the file {} is there", name));
+}
+
+void ShowComponents(Trail& trail) {
+    const Model* model = ModelAt("");
+    if (!model) return trail.Fail("no model is open");
+    int left = kMostLines;
+    ShowComponentsBelow(trail, *model, "", &left);
+    if (left < 0) trail.Say("… and more");
 }
 
 void ShowConstraints(Trail& trail) {

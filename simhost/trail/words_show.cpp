@@ -209,6 +209,7 @@ constexpr Topic kTopics[] = {
     {"dialog", ShowDialog},
     {"popup", ShowPopup},
     {"selection", ShowSelection},
+    {"components", ShowComponents},
     {"constraints", ShowConstraints},
     {"colours", ShowColours},
     {"parameters", ShowParameters},

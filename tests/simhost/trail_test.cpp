@@ -160,6 +160,14 @@ TEST_F(Scripts, AMessageIsTold) {
     EXPECT_EQ(Failure("@ expect message gone"), "line 1: the message line says \"done\"");
 }
 
+TEST_F(Scripts, AMessageThatComesAgainAndAgainIsToldOnceWithItsNumber) {
+    for (const WideView each : {WIDE("one"), WIDE("two"), WIDE("two"), WIDE("two"), WIDE("one")}) {
+        host().messages.Display(WideText(each));
+    }
+    Run("! looks");
+    EXPECT_TRUE(Told("message: one\n    message: two (x3)\n    message: one\n")) << transcript_;
+}
+
 // --- Dialogs
 
 TEST_F(Scripts, ADialogIsUsedByTheNextLinesAndABoxInItByThoseBehind) {

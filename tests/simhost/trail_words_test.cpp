@@ -63,6 +63,30 @@ TEST_F(ModelScripts, TheTreeIsShownWithThePathsThatSelectTakes) {
     EXPECT_EQ(Failure("@ show tree 箱"), "line 1: there is no component 箱");
 }
 
+TEST_F(ModelScripts, ComponentsAreShownWithTheirNewestFilesAndTheirConstraints) {
+    Constraint fixed;
+    fixed.type = PRO_ASM_FIX;
+    Feature& shaft = *unit_->FindFeature(unit_->features()[0].id);
+    shaft.constraints = {{fixed}};
+    host().session.Save(*shaft_);
+    host().session.Save(*shaft_);
+    const std::size_t told = 44 + 1 + 36 + 1;
+    EXPECT_EQ(Run("@ show components"), Failures{});
+    EXPECT_TRUE(Told("not in the working folder"));
+    EXPECT_FALSE(Told("changed since"));
+    const std::size_t line = transcript_.find("    shaft  ");
+    ASSERT_NE(line, std::string::npos) << transcript_;
+    EXPECT_EQ(transcript_.substr(line + 4 + 45, 12), "shaft.prt.2 ");
+    EXPECT_EQ(transcript_.substr(line + 4 + told, 2), "-\n") << "it has none";
+    EXPECT_TRUE(Told(" fix\n"));
+    host().session.Save(*unit_);
+    unit_->modified = true;
+    EXPECT_EQ(Run("@ show components"), Failures{});
+    EXPECT_TRUE(Told("箱体.asm.1, changed since"));
+    host().session.CloseCurrent();
+    EXPECT_EQ(Failure("@ show components"), "line 1: no model is open");
+}
+
 TEST_F(ModelScripts, APartAndAnAssemblyOfOneNameAreToldApartByTheirType) {
     Use(*top_, Assembly("SHAFT"));
     EXPECT_EQ(Run("@ show tree\n@ select shaft.asm"), Failures{});

@@ -237,6 +237,7 @@ const std::vector<Unreached> kUnreached = {
     {"GlobalFree", "memory is freed where the clipboard did not take it, which only a fault does"},
     {"ProUdfreferenceFree", "a reference is freed where the group did not take it"},
     {"ProUdfvardimFree", "a dimension is freed where the group did not take it"},
+    {"ProValueFree", "a value is freed where its element did not take it"},
 };
 
 TEST_F(FrameSweep, EveryOperationOfTheModuleIsReachedByAStory) {

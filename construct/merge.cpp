@@ -84,7 +84,7 @@ WideText ListedAs(ProMdl model) {
 bool FindFirst(WideView model, WideView listing, ProMdl top, ProAsmcomppath* path) {
     int ids[PRO_MAX_ASSEM_LEVEL + 1] = {};
     for (TreeLine line; TakeTreeLine(&listing, &line);) {
-        if (line.depth < 0 || line.depth >= PRO_MAX_ASSEM_LEVEL) continue;
+        if (line.depth >= PRO_MAX_ASSEM_LEVEL) continue;  // no path is so deep
         ids[line.depth] = line.id;
         if (line.model != model) continue;
         ids[line.depth + 1] = -1;

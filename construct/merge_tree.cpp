@@ -57,17 +57,16 @@ void GiveValue(ProElement element, ProValueData data) {
 }
 
 ProElement ElementOf(ProElemId id, const ProElement* made) {
-    for (std::size_t i = 0; i < std::size(kRows); ++i) {
-        if (kRows[i].id == id) return made[i];
+    for (const Row& row : kRows) {
+        if (row.id == id) return made[&row - kRows];
     }
     return nullptr;
 }
 
-// Frees the element where it cannot be added.
+// Where the element cannot be added it is freed, and the variable is null.
 void AddBelow(ProElement parent, ProElement* element) {
     if (parent && ProElemtreeElementAdd(parent, nullptr, *element) == PRO_TK_NO_ERROR) return;
     ProElementFree(element);
-    *element = nullptr;
 }
 
 }  // namespace

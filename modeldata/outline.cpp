@@ -45,7 +45,7 @@ Outcome MeasureAssembly(ProMdl assembly, SurfaceBoxes* measure) {
     int ids[PRO_MAX_ASSEM_LEVEL + 1] = {};
     WideView rest = *listing;
     for (TreeLine line; TakeTreeLine(&rest, &line);) {
-        if (line.depth < 0 || line.depth >= PRO_MAX_ASSEM_LEVEL) continue;  // no path is so deep
+        if (line.depth >= PRO_MAX_ASSEM_LEVEL) continue;  // no path is so deep
         ids[line.depth] = line.id;
         ids[line.depth + 1] = -1;
         ProAsmcomppath path = {};

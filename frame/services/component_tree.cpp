@@ -101,7 +101,7 @@ bool TakeTreeLine(WideView* listing, TreeLine* line) {
         if (first == WideView::npos || first == last) continue;
         *line = {text.substr(0, first), WholeNumber(text.substr(first + 1)),
                  WholeNumber(text.substr(last + 1))};
-        return true;
+        if (line->depth >= 0) return true;
     }
     return false;
 }

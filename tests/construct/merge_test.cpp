@@ -226,31 +226,56 @@ TEST_F(Merging, ThePartIsMadeSavedAssembledAndRegeneratedAfterEachMerge) {
                      "ProFeatureCreate", "ProElementFree", "ProSolidRegenerate"}));
 }
 
-TEST_F(Merging, EachElementHasItsValueBeforeItIsAdded) {
+TEST_F(Merging, EachElementHasItsValueBeforeItIsAddedAndTheTargetIsSelectedAfterThem) {
     Top();
+    Play("@ activate plate");
     Record();
-    Play(Press("plate", "unit"));
+    Play("~ Command `VxMergeTo`\n@ pick sub/bolt");
     Names made;
     for (const std::string& line : Recorded()) {
-        for (const char* each : {"ProElement", "ProValue", "ProElemtree"}) {
-            if (line.find(each) == 0) made.push_back(line.substr(0, line.find('(')));
+        const std::string operation = line.substr(0, line.find('('));
+        for (const char* each : {"ProElem", "ProValue", "ProSelectionAlloc", "ProFeatureCreate"}) {
+            if (operation.find(each) == 0) made.push_back(operation);
         }
     }
     const Names plain{"ProElementAlloc", "ProElemtreeElementAdd"};
     const Names valued{"ProElementAlloc", "ProValueAlloc", "ProValueDataSet", "ProElementValueSet",
                        "ProElemtreeElementAdd"};
-    EXPECT_EQ(made, workbench::Joined({{"ProElementAlloc"},
-                                       valued,  // the type of the feature
-                                       valued,  // its name
-                                       valued,  //
-                                       plain,   //
-                                       valued,  //
-                                       valued,  // the part
-                                       plain,   //
-                                       plain,   //
-                                       plain,   //
-                                       valued,  //
-                                       {"ProElementFree"}}));
+    EXPECT_EQ(made,
+              workbench::Joined({{"ProElementAlloc"},
+                                 valued,  // the type of the feature
+                                 valued,  // its name
+                                 valued,
+                                 plain,
+                                 valued,
+                                 valued,  // the part
+                                 plain,
+                                 plain,
+                                 plain,
+                                 valued,
+                                 {"ProSelectionAlloc", "ProFeatureCreate", "ProElementFree"}}));
+}
+
+TEST_F(Merging, WithoutATreeOrASelectedTargetNoFeatureIsAskedFor) {
+    Top();
+    for (const char* operation : {"ProElementAlloc", "ProSelectionAlloc"}) {
+        Play("@ activate plate");
+        Fail(operation);
+        Record();
+        Play("~ Command `VxMergeTo`\n@ pick sub/bolt");
+        EXPECT_EQ(Lines("ProFeatureCreate"), Names{}) << operation;
+    }
+}
+
+TEST_F(Merging, RegeneratesAsAUserWouldAndAsksNobodyAboutTheTemplate) {
+    Top();
+    Record();
+    Play(Press("plate", "unit") + "\n@ activate plate\n~ Command `VxMergeTo`\n@ pick sub/bolt");
+    EXPECT_EQ(Lines("ProSolidRegenerate"),
+              (Names{"ProSolidRegenerate(solid=unit.prt, flags=0) = 0",
+                     "ProSolidRegenerate(solid=plate.prt, flags=0) = 0"}));
+    ASSERT_EQ(Lines("ProMdlLoad").size(), 1u);
+    EXPECT_NE(Lines("ProMdlLoad")[0].find("askUser=0"), std::string::npos);
 }
 
 // A tree that lacks something makes no feature, and nothing of it is left behind.
@@ -309,6 +334,7 @@ TEST_F(Merging, APartInAWindowOfItsOwnIsNotInAnAssembly) {
     Start();
     Record();
     EXPECT_EQ(NoticesOf("@ mapped key VxMergeTo\n@ ok"), Names{kNotFound});
+    EXPECT_EQ(Lines("ProAsmcomppath*"), Names{});
     EXPECT_EQ(Lines("ProSelect"), Names{});
     EXPECT_EQ(Lines("ProWindow*"), Names{});
 }
@@ -337,6 +363,30 @@ TEST_F(Merging, APartThatIsUsedTwiceIsFoundAtItsFirstPlace) {
     ASSERT_EQ(Lines("ProAsmcomppathInit").size(), 1u);
     EXPECT_NE(Lines("ProAsmcomppathInit")[0].find("[2, 1]"), std::string::npos)
         << Lines("ProAsmcomppathInit")[0];
+}
+
+// A path has room for 25 ids.
+TEST_F(Merging, APartThatIsDeeperThanAPathCanTellIsNotFound) {
+    Model& top = MakeModels("top: lid");
+    Model* above = &top;
+    for (int depth = 0; depth < 25; ++depth) {
+        if (depth == 24) Use(*above, MakeModels("bolt"));
+        Model& next = Assembly("level" + std::to_string(depth));
+        Use(*above, next);
+        above = &next;
+    }
+    Use(*above, MakeModels("plate"));
+    Open(top);
+    Start();
+    std::vector<int> path(25, 1);
+    path.front() = 2;
+    host().session.current->activated = path;
+    Play("~ Command `VxMergeTo`\n@ pick lid");
+    EXPECT_EQ(Merges(ModelNamed("bolt")), Names{"合并"});
+    path.back() = 2;
+    path.push_back(1);
+    host().session.current->activated = path;
+    EXPECT_EQ(NoticesOf("~ Command `VxMergeTo`\n@ ok"), Names{kNotFound});
 }
 
 TEST_F(Merging, AnAssemblyOfThePartsNameIsNotTakenForIt) {
@@ -393,13 +443,15 @@ TEST_F(Merging, OfSeveralMergesOnlyTheLastTreeAndSelectionAreFreedAfterThem) {
     Play("~ Command `VxMergeTo`\n@ pick lid, sub/bolt");
     Names operations;
     for (const std::string& call : workbench::CallOrder(
-             Recorded(), {"ProFeatureCreate", "ProSolidRegenerate", "ProElementFree",
-                          "ProSelectionFree", "ProWindowCurrentGet"})) {
+             Recorded(),
+             {"ProMdlToModelitem", "ProMessageDisplay", "ProSelect", "ProFeatureCreate",
+              "ProSolidRegenerate", "ProElementFree", "ProSelectionFree", "ProWindowCurrentGet"})) {
         operations.push_back(call.substr(0, call.find(' ')));
     }
-    EXPECT_EQ(operations, (Names{"ProFeatureCreate", "ProSolidRegenerate", "ProFeatureCreate",
-                                 "ProSolidRegenerate", "ProElementFree", "ProSelectionFree",
-                                 "ProWindowCurrentGet"}));
+    EXPECT_EQ(operations,
+              (Names{"ProMdlToModelitem", "ProMessageDisplay", "ProSelect", "ProFeatureCreate",
+                     "ProSolidRegenerate", "ProFeatureCreate", "ProSolidRegenerate",
+                     "ProElementFree", "ProSelectionFree", "ProWindowCurrentGet"}));
 }
 
 TEST_F(Merging, ThePartItselfIsRefusedAndTheOthersComeIn) {

@@ -62,6 +62,12 @@ int OpensADialog(uiCmdCmdId, uiCmdValue*, void*) {
     seen += "dialog " + std::to_string(status) + " ";
     return 0;
 }
+int Tells(uiCmdCmdId, uiCmdValue*, void*) {
+    for (const WideView each : {WIDE("one"), WIDE("two"), WIDE("two"), WIDE("two"), WIDE("one")}) {
+        TheHost().messages.Display(WideText(each));
+    }
+    return 0;
+}
 int Runs(uiCmdCmdId, uiCmdValue*, void*) {
     seen += "ran ";
     return 0;
@@ -116,6 +122,7 @@ void Scripts::SetUp() {
     Add("Asks", Asks);
     Add("OpensADialog", OpensADialog);
     Add("Runs", Runs);
+    Add("Tells", Tells);
     Add("Changes", ChangesModels);
     Add("Complains", Complains);
     Add("NotHere", Runs, NotHere);

@@ -24,8 +24,8 @@ ProError FillsPopup(char* popup);
 
 // Runs scripts at a host that has these commands. ShowsABox, ShowsAPlainBox and ShowsTwoBoxes open
 // boxes, Asks waits at a prompt, OpensADialog uses a dialog with the buttons Apply (opens a box)
-// and OK (ends it), Runs only runs, Changes changes models, Complains makes the host complain,
-// NotHere cannot be pressed.
+// and OK (ends it), Runs only runs, Tells displays messages, Changes changes models, Complains
+// makes the host complain, NotHere cannot be pressed.
 class Scripts : public workbench::Workbench {
 protected:
     void SetUp() override;

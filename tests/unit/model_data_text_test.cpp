@@ -61,13 +61,15 @@ TEST(SheetSizeText, JoinsByCommasWithoutOneAtTheEnd) {
     EXPECT_EQ(SheetSizeText({WIDE("")}), WIDE(""));
 }
 
-TEST(TakeTreeLine, TakesTheIdBehindTheFirstColonAndTheDepthBehindTheLast) {
-    WideView listing = WIDE("TOP.ASM:41:0\n\nno line\nA.PRT:7:1");
+TEST(TakeTreeLine, TakesTheModelTheIdAfterTheFirstColonAndTheDepthAfterTheLast) {
+    WideView listing = WIDE("TOP.ASM:41:0\n\nno line\nC.PRT:9\nB.PRT:3:-1\nA.PRT:7:1");
     TreeLine line;
     ASSERT_TRUE(TakeTreeLine(&listing, &line));
+    EXPECT_EQ(line.model, WIDE("TOP.ASM"));
     EXPECT_EQ(line.id, 41);
     EXPECT_EQ(line.depth, 0);
-    ASSERT_TRUE(TakeTreeLine(&listing, &line));
+    ASSERT_TRUE(TakeTreeLine(&listing, &line)) << "what no component can have is passed over";
+    EXPECT_EQ(line.model, WIDE("A.PRT"));
     EXPECT_EQ(line.id, 7);
     EXPECT_EQ(line.depth, 1);
     EXPECT_FALSE(TakeTreeLine(&listing, &line));

@@ -221,6 +221,8 @@ constexpr Topic kTopics[] = {
     {"materials", ShowMaterials},
     {"masses", ShowMasses},
     {"bends", ShowBends},
+    {"files", ShowFiles},
+    {"references", [](Trail& trail) { ShowReferences(trail, ""); }},
     {"messages", ShowMessages},
 };
 
@@ -233,6 +235,7 @@ constexpr TopicOf kTopicsOf[] = {
     {"tree ", [](Trail& trail, const std::string& rest) { ShowTree(trail, ParseText(rest).text); }},
     {"units ", ShowUnits},
     {"outline ", ShowOutline},
+    {"references ", ShowReferences},
 };
 
 }  // namespace

@@ -88,6 +88,8 @@ constexpr ChineseWord kChineseWords[] = {
     {"table",              "把记下的内容并排列出"},
     {"erase",              "从内存中拭除模型；未保存的改动会丢失"},
     {"hand out",           "把 C 盘的文件复制到结果文件夹"},
+    {"remember files",     "记下工作目录中的全部文件，逐字节"},
+    {"expect same files",  "工作目录中的文件与记下的完全相同"},
     {"script",             "演示中：让另一个程序（与脚本放在一起的 Python 程序）处理 C 盘上的文件"},
     {"start",              "载入插件；可写主程序版本，如 5.0、Creo 2.0"},
     {"stop",               "卸载插件"},

@@ -116,6 +116,8 @@ const std::vector<Word>& Words() {
         {"show",             "TOPIC",             kAny,  kKeeps,  Show,            "models, tree [PATH] (with what is hidden, invisible, excluded, suppressed), menu, commands, dialog, popup, selection, constraints, colours, parameters, relations, units [MODEL], outline [MODEL] (its size in its own unit), views, tables, options, materials, masses, bends, files, references [FILE] (the names of others in the newest model files) or messages"},
         {"title",            "TEXT",              kAny,  kKeeps,  ShowTitle,       "begin a part of the report"},
         {"remember",         "LABEL [of MODELS]: FACTS", kAny, kKeeps, RememberFacts, "take facts of all models, or of those named, for a table: colour, relations, units, size, placement (of the first component that is not at the origin), material, density, mass, bend table, developed length, or the names of parameters"},
+        {"remember files",   "",                  kAny,  kKeeps,  RememberFiles,   "take every file of the working folder, byte for byte"},
+        {"expect same files", "",                 kAny,  kKeeps,  ExpectSameFiles, "the working folder holds the remembered files and no others"},
         {"table",            "",                  kAny,  kKeeps,  ShowFactTable,   "show side by side what was remembered"},
         {"erase",            "FILE",              kMain, kLeaves, EraseModel,      "drop a model from memory; what was not saved is lost"},
         {"hand out",         "FILE",              kAny,  kKeeps,  HandOut,         "copy a file of drive C to the folder of results"},

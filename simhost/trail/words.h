@@ -133,6 +133,8 @@ void EraseModel(Trail& trail, const std::string& rest);
 void HandOut(Trail& trail, const std::string& rest);
 void RunScriptFile(Trail& trail, const std::string& rest);
 
+void RememberFiles(Trail& trail, const std::string& rest);
+void ExpectSameFiles(Trail& trail, const std::string& rest);
 void ShowFiles(Trail& trail);
 void ShowReferences(Trail& trail, const std::string& rest);  // of a file, or of all files
 

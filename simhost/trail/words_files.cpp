@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
 
 #include "simhost/core/disk.h"
 #include "simhost/core/file_names.h"
@@ -33,6 +34,20 @@ void AddNew(const std::string& name, std::vector<std::string>* names) {
     if (!name.empty() && isNew) names->push_back(name);
 }
 
+// Every file of the folder with its bytes.
+using FolderBytes = std::map<std::string, std::string>;
+FolderBytes BytesOf(const fs::path& folder) {
+    FolderBytes bytes;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (entry.is_regular_file()) bytes[NameOf(entry.path())] = ReadFile(entry.path());
+    }
+    return bytes;
+}
+FolderBytes& Remembered() {
+    static FolderBytes files;
+    return files;
+}
+
 // The files that a model's file names, each once.
 std::vector<std::string> NamedIn(const fs::path& file) {
     Model model;
@@ -62,6 +77,25 @@ void SayReferences(Trail& trail, const fs::path& file) {
 }
 
 }  // namespace
+
+void RememberFiles(Trail& trail, const std::string&) {
+    Remembered() = BytesOf(WorkingFolder());
+    trail.Say(fmt::format("{} files", Remembered().size()));
+}
+
+void ExpectSameFiles(Trail& trail, const std::string&) {
+    const FolderBytes now = BytesOf(WorkingFolder());
+    std::string differs;
+    const auto compare = [&](const FolderBytes& files, const FolderBytes& others) {
+        for (const auto& [name, bytes] : files) {
+            const auto other = others.find(name);
+            if (other == others.end() || other->second != bytes) differs = name;
+        }
+    };
+    compare(now, Remembered());
+    compare(Remembered(), now);
+    if (!differs.empty()) trail.Fail(differs + " is not as it was remembered");
+}
 
 void ShowFiles(Trail& trail) {
     std::vector<std::string> lines;

@@ -47,7 +47,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxExIgs">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxExSat">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxBom">                  (Command<VxBom>,           AccessAssemblyOrMfg),
-    Row<"VxRename">               (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxRename">               (Command<VxRename>,        AccessAssemblyOrMfg),
     Row<"VxRemoveCons">           (Command<VxRemoveCons>,    AccessAssemblyOrMfg),
     Row<"VxExport">               (NotBuilt,                 AccessAlways),
     Row<"VxMdlCount">             (Command<VxMdlCount>,      AccessAssemblyOrMfg),

@@ -231,6 +231,9 @@ HOST_API HWND GetActiveWindow();
 // not be shown.
 HOST_API BOOL GetSaveFileNameW(OPENFILENAMEW* dialog);
 
+// Asks the user for the name of a file to be read, which need not be there. FALSE: as above.
+HOST_API BOOL GetOpenFileNameW(OPENFILENAMEW* dialog);
+
 // --- Folders ----------------------------------------------------------------------------------
 
 #define CSIDL_DESKTOPDIRECTORY 0x10

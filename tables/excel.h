@@ -23,17 +23,23 @@ enum Member {
     kNumberFormat = 193,
     kRange = 197,
     kAutoFit = 237,
+    kCells = 238,
     kColumns = 241,
     kEntireColumn = 246,
     kRows = 258,
+    kClose = 277,
     kSaved = 298,
     kQuit = 302,
+    kActiveSheet = 307,
+    kUsedRange = 412,
     kSheets = 485,
+    kWorksheets = 494,
     kVisible = 558,
     kMerge = 564,
     kWorkbooks = 572,
     kUserControl = 1210,
     kValue2 = 1388,
+    kOpen = 1923,
 };
 
 // Values of the application's own enumerations.
@@ -78,6 +84,12 @@ public:
     }
     Object Call(Member member, std::initializer_list<ExcelArgument> arguments = {}) const {
         return Object(ExcelCall(object_, member, arguments.begin(), int(arguments.size())));
+    }
+    // A property that is a value; of no kind if it cannot be read.
+    ExcelResult Read(Member member) const {
+        ExcelResult value{EXCEL_OTHER, {}, 0, 0};
+        ExcelRead(object_, member, nullptr, 0, &value);
+        return value;
     }
     void Put(Member member, ExcelArgument value) const { ExcelPut(object_, member, &value); }
 

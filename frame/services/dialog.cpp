@@ -39,6 +39,10 @@ void Dialog::OnManaged(const char* drawingArea, ProUIAction action, const void* 
                                               const_cast<void*>(data));
 }
 
+void Dialog::OnFocus(const char* inputPanel, ProUIAction action) const {
+    ProUIInputpanelFocusinActionSet(HostText(name_), HostText(inputPanel), action, nullptr);
+}
+
 void Dialog::OnClose(ProUIAction action) const {
     ProUIDialogCloseActionSet(HostText(name_), action, nullptr);
 }
@@ -78,6 +82,16 @@ WideText Dialog::AreaText(const char* textArea) const {
 
 std::optional<DialogText> Dialog::InputValue(const char* inputPanel) const {
     return Value(ProUIInputpanelValueGet, name_, inputPanel);
+}
+
+ProError Dialog::ReadInput(const char* inputPanel, WideText* text) const {
+    text->clear();
+    WideChar* value = nullptr;
+    const ProError status = ProUIInputpanelValueGet(HostText(name_), HostText(inputPanel), &value);
+    if (status != PRO_TK_NO_ERROR) return status;
+    if (value) *text = value;
+    LeaveText(value);
+    return status;
 }
 
 std::optional<DialogText> Dialog::MenuValue(const char* optionMenu) const {

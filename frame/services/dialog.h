@@ -28,7 +28,8 @@ public:
     void OnPress(const char* pushButton, ProUIAction action, const void* data = nullptr) const;
     void OnSelect(const char* radioGroup, ProUIAction action) const;
     void OnManaged(const char* drawingArea, ProUIAction action, const void* data) const;
-    void OnClose(ProUIAction action) const;  // of its window
+    void OnFocus(const char* inputPanel, ProUIAction action) const;  // it gets the focus
+    void OnClose(ProUIAction action) const;                          // of its window
 
     // --- Radio groups ---
     // The first selected name; empty if none is selected or the call failed.
@@ -43,6 +44,8 @@ public:
     // deletes the key.
     std::optional<DialogText> InputValue(const char* inputPanel) const;
     std::optional<DialogText> MenuValue(const char* optionMenu) const;
+    // The same with the host's status; `text` is emptied first.
+    ProError ReadInput(const char* inputPanel, WideText* text) const;
     void SetInputText(const char* inputPanel, const WideChar* text) const;
     void SetMenuText(const char* optionMenu, const WideChar* text) const;
 
@@ -91,6 +94,8 @@ public:
     ProError Status() const { return status_; }  // of the creation
     // Shows it until it is ended, and destroys it.
     ProError Show();
+    // Leaves it with the host as it is, neither shown nor destroyed.
+    void Leave() { destroys_ = false; }
 
 private:
     Dialog dialog_;

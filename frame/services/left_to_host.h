@@ -17,6 +17,9 @@ inline void LeaveNames(char** /*names*/, int /*count*/) {}
 inline void LeaveLabels(WideChar** /*labels*/, int /*count*/) {}
 inline void LeaveLabel(WideChar* /*label*/) {}
 
+// The names of the cell that the user works in: see ProUITableFocusCellGet.
+inline void LeaveFocusCell(char* /*row*/, char* /*column*/) {}
+
 // The selections in the array of ProSelbufferSelectionsGet; the array is another matter.
 inline void LeaveSelections(ProSelection* /*selections*/) {}
 

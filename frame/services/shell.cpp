@@ -25,6 +25,36 @@ std::string SystemFolder() {
     return std::string(narrow, std::size_t(bytes));
 }
 
+// What the system's file dialogs are told; the twins differ in where they begin.
+struct FileQuestion {
+    FileQuestion(WideView filter, const WideChar* defaultExtension) : pairs(filter) {
+        std::replace(pairs.begin(), pairs.end(), WideChar{'|'}, WideChar{});
+        // The end of the list is an empty label, after a last pattern that may be empty too.
+        pairs.append(2, WideChar{});
+        dialog.lStructSize = sizeof dialog;
+        // The host's dialog could be closed and its rows lost while nobody owns this one.
+        dialog.hwndOwner = GetActiveWindow();
+        dialog.lpstrFilter = pairs.c_str();
+        dialog.nFilterIndex = 1;
+        dialog.lpstrFile = path;
+        dialog.nMaxFile = MAX_PATH;
+        dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
+        dialog.lpstrDefExt = defaultExtension;
+    }
+    FileQuestion(const FileQuestion&) = delete;
+    FileQuestion& operator=(const FileQuestion&) = delete;
+
+    template <class Show>
+    std::optional<WideText> Ask(Show show) {
+        if (!show(&dialog) || !path[0]) return std::nullopt;
+        return path;
+    }
+
+    WideText pairs;
+    WideChar path[MAX_PATH] = {};
+    OPENFILENAMEW dialog = {};
+};
+
 }  // namespace
 
 WideText DesktopFolder() {
@@ -35,22 +65,16 @@ WideText DesktopFolder() {
 
 std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExtension,
                                     const WideText& folder) {
-    WideText pairs(filter);
-    std::replace(pairs.begin(), pairs.end(), WideChar{'|'}, WideChar{});
-    WideChar path[MAX_PATH] = {};
-    OPENFILENAMEW dialog = {};
-    dialog.lStructSize = sizeof dialog;
-    // The host's dialog could be closed and its rows lost while nobody owns this one.
-    dialog.hwndOwner = GetActiveWindow();
-    dialog.lpstrFilter = pairs.c_str();
-    dialog.nFilterIndex = 1;
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = MAX_PATH;
-    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY;
-    dialog.lpstrDefExt = defaultExtension;
-    if (!GetSaveFileNameW(&dialog) || !path[0]) return std::nullopt;
-    return path;
+    FileQuestion question(filter, defaultExtension);
+    question.dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    return question.Ask(GetSaveFileNameW);
+}
+
+std::optional<WideText> AskOpenPath(WideView filter, const WideChar* defaultExtension,
+                                    const WideChar* title) {
+    FileQuestion question(filter, defaultExtension);
+    question.dialog.lpstrTitle = title;
+    return question.Ask(GetOpenFileNameW);
 }
 
 bool IsHeldOpen(const WideText& path) {

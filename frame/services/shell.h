@@ -15,6 +15,11 @@ WideText DesktopFolder();
 std::optional<WideText> AskSavePath(WideView filter, const WideChar* defaultExtension,
                                     const WideText& folder);
 
+// The path that the user chooses for a file to be read, nothing if there is none. The file need not
+// be there. `filter` as above, but the last label may be without a pattern.
+std::optional<WideText> AskOpenPath(WideView filter, const WideChar* defaultExtension,
+                                    const WideChar* title);
+
 // Whether another program has the file open, so that it cannot be written. False for a file that is
 // not there.
 bool IsHeldOpen(const WideText& path);

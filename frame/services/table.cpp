@@ -45,6 +45,14 @@ void Table::OnActivate(ProUIAction action) const {
     ProUITableActivateActionSet(HostText(dialog_), HostText(name_), action, nullptr);
 }
 
+void Table::OnPick(ProUIAction action) const {
+    ProUITableArmActionSet(HostText(dialog_), HostText(name_), action, nullptr);
+}
+
+void Table::SetSelectionPolicy(ProUISelectionpolicy policy) const {
+    ProUITableSelectionpolicySet(HostText(dialog_), HostText(name_), policy);
+}
+
 // --- Columns ---
 
 std::vector<WideText> Table::ColumnLabels() const {
@@ -98,6 +106,23 @@ int Table::RowCount() const {
     return count;
 }
 
+std::vector<std::string> Table::RowNames() const {
+    const NameArray rows(ProUITableRownamesGet, dialog_, name_);
+    return {rows.names(), rows.names() + rows.count()};
+}
+
+std::string Table::FocusedRow() const {
+    char* row = nullptr;
+    char* column = nullptr;
+    if (ProUITableFocusCellGet(HostText(dialog_), HostText(name_), &row, &column) !=
+        PRO_TK_NO_ERROR) {
+        return {};
+    }
+    const std::string name = row ? row : "";
+    LeaveFocusCell(row, column);
+    return name;
+}
+
 std::string Table::FirstSelectedRow() const {
     const NameArray rows(ProUITableSelectednamesGet, dialog_, name_);
     return rows.count() > 0 && rows.names()[0] ? rows.names()[0] : std::string();
@@ -132,6 +157,18 @@ void Table::SetCellText(const std::string& row, const std::string& column,
                         const WideText& text) const {
     ProUITableCellLabelSet(HostText(dialog_), HostText(name_), HostText(row.c_str()),
                            HostText(column.c_str()), HostText(text));
+}
+
+void Table::CopyIntoCell(const std::string& row, const std::string& column, const char* component,
+                         const std::string& copyName) const {
+    ProUITableCellComponentCopy(HostText(dialog_), HostText(name_), HostText(row.c_str()),
+                                HostText(column.c_str()), HostText(dialog_), HostText(component),
+                                HostText(copyName.c_str()));
+}
+
+void Table::DeleteFromCell(const std::string& row, const std::string& column) const {
+    ProUITableCellComponentDelete(HostText(dialog_), HostText(name_), HostText(row.c_str()),
+                                  HostText(column.c_str()));
 }
 
 ProUIColorType Table::CellColour(const std::string& row, const std::string& column) const {

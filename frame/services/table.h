@@ -13,8 +13,9 @@ class Table {
 public:
     constexpr Table(const char* dialog, const char* name) : dialog_(dialog), name_(name) {}
 
-    // A double click on a cell.
-    void OnActivate(ProUIAction action) const;
+    void OnActivate(ProUIAction action) const;  // a double click on a cell
+    void OnPick(ProUIAction action) const;      // the picking of a cell, which gets the focus
+    void SetSelectionPolicy(ProUISelectionpolicy policy) const;  // of rows
 
     // --- Columns ---
     std::vector<WideText> ColumnLabels() const;
@@ -26,6 +27,9 @@ public:
 
     // --- Rows ---
     int RowCount() const;
+    std::vector<std::string> RowNames() const;
+    // The row of the cell that has the focus; empty if none has.
+    std::string FocusedRow() const;
     // The first of the selected rows; empty if none is selected.
     std::string FirstSelectedRow() const;
     // Inserts a row after another; an empty `after` makes it the first. False if that failed.
@@ -36,6 +40,10 @@ public:
     // --- Cells ---
     WideText CellText(const std::string& row, const std::string& column) const;
     void SetCellText(const std::string& row, const std::string& column, const WideText& text) const;
+    // Puts a copy of a component of the same dialog, under a name of its own, into an empty cell.
+    void CopyIntoCell(const std::string& row, const std::string& column, const char* component,
+                      const std::string& copyName) const;
+    void DeleteFromCell(const std::string& row, const std::string& column) const;
     // The background colour; the first of the palette after a failed call.
     ProUIColorType CellColour(const std::string& row, const std::string& column) const;
     void SetCellColour(const std::string& row, const std::string& column,

@@ -73,3 +73,29 @@ HOST_API ProError ProUITableColumnselectionpolicySet(char* dialog, char* table,
 // Assumed (behaviour, 80 %): runs for what the user does, not for what the plug-in sets
 HOST_API ProError ProUITableActivateActionSet(char* dialog, char* table, ProUIAction action,
                                               ProAppData data);
+// Called when the user picks a cell, which has the focus by then.
+// Assumed (behaviour, 60 %): runs for a pick on the cell itself; a component in the cell takes the
+//   pick and has an action of its own
+HOST_API ProError ProUITableArmActionSet(char* dialog, char* table, ProUIAction action,
+                                         ProAppData data);
+
+// Receives the names of the row and column of the cell that the user works in; they stay the
+// host's. PRO_TK_E_NOT_FOUND: there is none.
+// Assumed (frees, 40 %): the two names stay the host's. If the caller frees them, each pick leaves
+//   a few bytes
+// Assumed (behaviour, 60 %): a component in a cell that gets the focus makes its cell this one
+HOST_API ProError ProUITableFocusCellGet(char* dialog, char* table, char** row, char** column);
+
+// Makes a copy of a component, which may be one of another dialog, with all that it shows and
+// holds, in an empty cell; `name` is the copy's own, by which the dialog knows it from then on. It
+// has none of the component's actions, and goes with its row or column.
+// PRO_TK_E_FOUND: the cell holds a component, or the dialog knows one of that name.
+// PRO_TK_E_NOT_FOUND: no such cell or component.
+// Assumed (parameters, 70 %): in the order dialog, table, row, column, the dialog and the component
+//   that is copied, name of the copy; all narrow
+HOST_API ProError ProUITableCellComponentCopy(char* dialog, char* table, char* row, char* column,
+                                              char* fromDialog, char* fromComponent, char* name);
+
+// Takes the component out of a cell. PRO_TK_E_NOT_FOUND: no such cell, or nothing is in it.
+// Assumed (parameters, 60 %): takes dialog, table, row and column, not the component's own name
+HOST_API ProError ProUITableCellComponentDelete(char* dialog, char* table, char* row, char* column);

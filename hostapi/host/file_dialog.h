@@ -13,6 +13,16 @@ HOST_API ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath* shortc
                               ProName* shortcutNames, ProPath folder, ProFileName proposed,
                               ProPath path);
 
+// Asks the user for the name of a file to be written; receives its full path, just as it was typed:
+// no extension is added, and nothing is asked about a file that is there. The parameters are those
+// of ProFileOpen. PRO_TK_USER_ABORT: the user left the dialog.
+// Assumed (parameters, 70 %): as ProFileOpen
+// Assumed (behaviour, 50 %): the path comes as it was typed; if the host asks before a file is
+//   replaced, it does so before it answers
+HOST_API ProError ProFileSave(WideChar* title, WideChar* filter, ProPath* shortcutPaths,
+                              ProName* shortcutNames, ProPath folder, ProFileName proposed,
+                              ProPath path);
+
 // Splits a full path: receives the folder with a separator at its end, the file's name without
 // extension and version, the extension without its dot, and the version (0: none). A name of 32
 // characters fills its record to the end, without a terminator.

@@ -74,6 +74,11 @@ HOST_API ProError ProMdlCopy(ProMdl model, WideChar* name, ProMdl* copy);
 // Assumed (length, 40 %): as ProMdlNameGet
 HOST_API ProError ProMdlRename(ProMdl model, WideChar* name);
 
+// Takes a model out of memory; its files stay. PRO_TK_E_FOUND: something in memory needs it, or a
+// window shows it; then it stays.
+// Assumed (behaviour, 70 %): refused while something in memory needs the model
+HOST_API ProError ProMdlErase(ProMdl model);
+
 // Writes the next version of this one model into the folder that it came from, or into the working
 // folder if the option override_store_back is "yes". PRO_TK_CANT_WRITE: that cannot be done.
 HOST_API ProError ProMdlSave(ProMdl model);

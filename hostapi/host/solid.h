@@ -31,3 +31,11 @@ HOST_API ProError ProSurfaceToGeomitem(ProSolid part, ProSurface surface, ProGeo
 
 // Shows a part or an assembly in the current window, as its active representation has it.
 HOST_API ProError ProSolidDisplay(ProSolid solid);
+
+// Makes a new, empty solid (PRO_PART or PRO_ASSEMBLY) in memory under a name of 1 to 32 characters.
+// It is in no window and belongs to the working folder.
+// PRO_TK_E_FOUND: a model of its type has the name, in memory or in the working folder.
+// PRO_TK_BAD_INPUTS: a name that no model can have, or another type.
+// Assumed (behaviour, 50 %): a name that lies in the working folder is refused as well
+// Assumed (length, 40 %): as ProMdlNameGet
+HOST_API ProError ProSolidCreate(WideChar* name, ProType type, ProSolid* solid);

@@ -1,6 +1,7 @@
 // The demonstration: a script at a workplace of its own, told as a page.
 #include "simhost/app/demo.h"
 
+#include <cstdlib>
 #include <set>
 #include <stdexcept>
 
@@ -39,6 +40,20 @@ std::string CopyTo(const fs::path& out, const fs::path& file, Report* report) {
     return {};
 }
 
+// A person would do this in another program. Quoted for the shell; the system's own Python, which
+// has the libraries.
+std::string WorkOn(const fs::path& script, const fs::path& file) {
+    if (!fs::is_regular_file(script)) return "there is no script " + script.string();
+    std::string command = "/usr/bin/python3";
+    for (const fs::path& argument : {script, file}) {
+        command += " '";
+        for (const char c : argument.string())
+            command += c == '\'' ? std::string("'\\''") : std::string(1, c);
+        command += '\'';
+    }
+    return std::system(command.c_str()) == 0 ? "" : script.filename().string() + " has failed";
+}
+
 // Where there is no drawing library there are no pictures of dialogs.
 std::set<std::string> DrawDialogsInto(const fs::path& folder, const fs::path& resources) {
     std::set<std::string> names;
@@ -74,6 +89,9 @@ int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& ou
         return Draw(file, asOnScreen, whole, &report);
     };
     TheHooks().handOut = [&](const fs::path& file) { return CopyTo(whole, file, &report); };
+    TheHooks().script = [&](const std::string& name, const fs::path& file) {
+        return WorkOn(script.parent_path() / name, file);
+    };
     TheHooks().title = [&](const std::string& title) { report.Begin(title); };
     const auto failures = RunScript(kStart + lines, [&](const std::string& line) {
         print(line);

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "simhost/core/journal.h"
+#include "simhost/core/meanwhile.h"
 #include "simhost/core/text.h"
 
 namespace simhost {
@@ -26,6 +27,17 @@ struct ArmedFault {
 std::vector<ArmedFault>& Faults() {
     static std::vector<ArmedFault> faults;
     return faults;
+}
+
+// See DoMeanwhile.
+struct Change {
+    std::string operation;
+    std::uint64_t n;
+    std::function<void()> perform;
+};
+std::vector<Change>& Changes() {
+    static std::vector<Change> changes;
+    return changes;
 }
 
 std::uint64_t firedFaults = 0;
@@ -104,6 +116,7 @@ void Operation::Fail(Fault fault) {
 
 void Operation::ForgetFaults() {
     Faults().clear();
+    Changes().clear();
     faultsArmed = false;
     firedFaults = 0;
 }
@@ -130,7 +143,16 @@ std::vector<Fault> Operation::UnreachedFaults() {
     return unreached;
 }
 
+void DoMeanwhile(const std::string& operation, std::uint64_t n, std::function<void()> change) {
+    Changes().push_back({operation, n, std::move(change)});
+    Operation::faultsArmed = true;
+}
+
 Operation::Injected Operation::Strike() {
+    for (Change& change : Changes()) {
+        if (change.operation != name_ || change.n == 0) continue;
+        if (--change.n == 0) change.perform();
+    }
     for (ArmedFault& armed : Faults()) {
         Fault& fault = armed.fault;
         if (fault.operation != name_ || fault.n == 0) continue;

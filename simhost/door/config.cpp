@@ -45,6 +45,19 @@ ProError ProConfigoptArrayGet(WideChar* option, ProPath** values) {
         GIVEN(option), OUT_ARRAY(values));
 }
 
+ProError ProConfigoptGet(WideChar* option, ProPath value) {
+    return Op<"ProConfigoptGet">.Call(
+        [&] {
+            Host& host = TheHost();
+            EndHandedOutValues();
+            const auto found = host.configOptions.find(Lower(WideView(option)));
+            if (found == host.configOptions.end()) Refuse(PRO_TK_E_NOT_FOUND);
+            CopyCut(found->second.empty() ? WideText() : found->second.front(), value,
+                    PRO_PATH_SIZE);
+        },
+        GIVEN(option), OUT(value));
+}
+
 ProError ProConfigoptSet(WideChar* option, WideChar* value) {
     return Op<"ProConfigoptSet">.Call(
         [&] {

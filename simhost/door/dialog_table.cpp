@@ -157,7 +157,7 @@ ProError ProUITableCellLabelGet(char* dialog, char* table, char* row, char* colu
     return Op<"ProUITableCellLabelGet">.Call(
         [&] {
             TableCell& cell = RequireCell(dialog, table, row, column);
-            *label = cell.label.data();
+            *label = Required<Table>(dialog, table).LabelForCaller(cell);
         },
         ARG(dialog), ARG(table), ARG(row), ARG(column), OUT(label));
 }
@@ -216,4 +216,47 @@ ProError ProUITableActivateActionSet(char* dialog, char* table, ProUIAction acti
             Required<Table>(dialog, table).activateAction = {action, data};
         },
         ARG(dialog), ARG(table), ARG(action), ARG(data));
+}
+
+ProError ProUITableArmActionSet(char* dialog, char* table, ProUIAction action, ProAppData data) {
+    return Op<"ProUITableArmActionSet">.Call(
+        [&] {
+            Required<Table>(dialog, table).armAction = {action, data};
+        },
+        ARG(dialog), ARG(table), ARG(action), ARG(data));
+}
+
+ProError ProUITableFocusCellGet(char* dialog, char* table, char** row, char** column) {
+    return Op<"ProUITableFocusCellGet">.Call(
+        [&] {
+            Table& found = Required<Table>(dialog, table);
+            const Table::FocusedCell& focus = found.RequireFocus();
+            *row = found.NameForCaller(focus.row);
+            *column = found.NameForCaller(focus.column);
+        },
+        ARG(dialog), ARG(table), OUT(row), OUT(column));
+}
+
+ProError ProUITableCellComponentCopy(char* dialog, char* table, char* row, char* column,
+                                     char* fromDialog, char* fromComponent, char* name) {
+    return Op<"ProUITableCellComponentCopy">.Call(
+        [&] {
+            Table& found = Required<Table>(dialog, table);
+            Need(fromDialog, "the dialog of the component");
+            Need(fromComponent, "the component");
+            const Component& from = TheHost().dialogs.Require(fromDialog).Require(fromComponent);
+            found.PutComponent(Name(row, "the row's name"), Name(column, "the column's name"), from,
+                               Name(name, "the copy's name"));
+        },
+        ARG(dialog), ARG(table), ARG(row), ARG(column), ARG(fromDialog), ARG(fromComponent),
+        ARG(name));
+}
+
+ProError ProUITableCellComponentDelete(char* dialog, char* table, char* row, char* column) {
+    return Op<"ProUITableCellComponentDelete">.Call(
+        [&] {
+            Required<Table>(dialog, table)
+                .DeleteComponent(Name(row, "the row's name"), Name(column, "the column's name"));
+        },
+        ARG(dialog), ARG(table), ARG(row), ARG(column));
 }

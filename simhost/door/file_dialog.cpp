@@ -53,6 +53,22 @@ ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProP
         GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
 }
 
+ProError ProFileSave(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
+                     ProFileName proposed, ProPath path) {
+    return Op<"ProFileSave">.Call(
+        [&] {
+            Host& host = TheHost();
+            FileQuestion question{title, filter, StartFolder(folder), {}, {}, true};
+            if (proposed) question.proposed = proposed;
+            host.shown.push_back({Shown::Kind::Prompt, title, {}});
+            const OpenFileDialog open(host.desk, question);
+            const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
+            if (!answer) Refuse(PRO_TK_USER_ABORT);
+            CopyCut(*answer, path, PRO_PATH_SIZE);
+        },
+        GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
+}
+
 ProError ProFilenameParse(ProPath path, ProPath folder, ProName name, ProName extension,
                           int* version) {
     return Op<"ProFilenameParse">.Call(

@@ -134,6 +134,19 @@ ProError ProMdlRename(ProMdl model, WideChar* name) {
         ARG(model), GIVEN(name));
 }
 
+ProError ProMdlErase(ProMdl model) {
+    // Afterwards nobody knows it any more.
+    const std::string name = Operation::journalling ? Describe(model) : "";
+    return Op<"ProMdlErase">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            Model& found = session.Require(model);
+            if (session.IsInUse(found)) Refuse(PRO_TK_E_FOUND);
+            session.Erase(found);
+        },
+        "model", name.c_str());
+}
+
 ProError ProMdlSave(ProMdl model) {
     return Op<"ProMdlSave">.Call(
         [&] {

@@ -1,4 +1,4 @@
-// Visits to features, surfaces and coordinate systems at the door, and regeneration.
+// New solids, visits to features, surfaces and coordinate systems at the door, and regeneration.
 #include "hostapi/host/solid.h"
 
 #include "hostapi/host/csys.h"
@@ -33,6 +33,16 @@ const Feature& RequireCsys(ProCsys handle) {
 }
 
 }  // namespace
+
+ProError ProSolidCreate(WideChar* name, ProType type, ProSolid* solid) {
+    return Op<"ProSolidCreate">.Call(
+        [&] {
+            if (type != PRO_PART && type != PRO_ASSEMBLY) Refuse(PRO_TK_BAD_INPUTS);
+            const Model& made = TheHost().session.CreateSolid(name, ProMdlType(type));
+            *solid = static_cast<ProSolid>(made.handle);
+        },
+        GIVEN(name), ARG(type), OUT(solid));
+}
 
 ProError ProSolidFeatVisit(ProSolid solid, ProFeatureVisitAction action,
                            ProFeatureFilterAction filter, ProAppData data) {

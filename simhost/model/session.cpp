@@ -7,6 +7,7 @@
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
+#include "simhost/model/drawing.h"
 #include "simhost/model/solid_features.h"
 
 namespace simhost {
@@ -85,6 +86,27 @@ std::vector<Model*> Session::All() const {
     std::vector<Model*> all;
     for (const auto& model : owned_) all.push_back(model.get());
     return all;
+}
+
+bool Session::IsInUse(const Model& model) const {
+    const std::string file = model.FileName();
+    const auto shows = [&](const auto& view) { return Lower(view->file) == file; };
+    const auto uses = [&](const Feature& feature) {
+        return feature.model == &model || (feature.merge && feature.merge->source == &model);
+    };
+    const auto needs = [&](const std::unique_ptr<Model>& other) {
+        if (other.get() == &model) return false;
+        if (other->manufacturingData.assembly == &model) return true;
+        if (other->family.generic == &model) return true;
+        const auto& drawing = other->drawingData.views;
+        if (drawing && std::any_of(drawing->views().begin(), drawing->views().end(), shows)) {
+            return true;
+        }
+        return std::any_of(other->features().begin(), other->features().end(), uses);
+    };
+    const auto isShown = [&](const Window& window) { return window.model == &model; };
+    return std::any_of(windows_.begin(), windows_.end(), isShown) ||
+           std::any_of(owned_.begin(), owned_.end(), needs);
 }
 
 void Session::Erase(Model& model) {

@@ -51,6 +51,9 @@ public:
     Model* FindByName(WideView name, ProMdlType type) const;
     Model* FindByFile(const std::string& fileName) const;  // "gearbox.asm"
     std::vector<Model*> All() const;                       // in the order they came into memory
+    // Whether a window shows it, or another model in memory needs it: as a component, a merged or
+    // manufactured model, a generic, or in a view.
+    bool IsInUse(const Model& model) const;
     void Erase(Model& model);  // components and windows that show it lose it
 
     // --- Disk ---
@@ -71,6 +74,8 @@ public:
     // the same components, and is no instance of a family. Refused for a name that is none or that
     // is taken in memory or in the working folder.
     Model& Copy(const Model& source, WideView name);
+    // An empty part or assembly, which is not on disk and in no window. Refused as a copy is.
+    Model& CreateSolid(WideView name, ProMdlType type);
     // Writes the next version into the folder that the model came from, or another; the real path
     // of the file. Throws ModelFileError, and then the folder is as before.
     std::string Save(Model& model);
@@ -133,6 +138,7 @@ private:
     Model* Load(const WideText& folder, const std::string& fileName, int wanted);
     Model& ReadVersion(const WideText& folder, const std::string& fileName, ProMdlType type,
                        const ModelVersion& version);
+    void RequireFreeName(WideView name, ProMdlType type);
     ModelFolder& FolderOf(const std::filesystem::path& folder);
     // What there is of a file in a folder of a Windows path, "gearbox.asm.1", as it lies there.
     std::vector<std::string> FilesOf(const WideText& folder, const std::string& fileName);

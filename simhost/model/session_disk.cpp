@@ -188,15 +188,26 @@ Model* Session::RetrievePath(const WideText& path) {
     return RetrieveFrom(folder, fileName, wanted, {});
 }
 
-Model& Session::Copy(const Model& source, WideView name) {
+void Session::RequireFreeName(WideView name, ProMdlType type) {
     if (!IsModelName(name)) Refuse(PRO_TK_BAD_INPUTS);
-    const std::string fileName = Utf8(Lower(name)) + '.' + SuffixOf(source.type);
+    const std::string fileName = Utf8(Lower(name)) + '.' + SuffixOf(type);
     if (FindByFile(fileName) || !FilesOf(workingDirectory, fileName).empty()) {
         Refuse(PRO_TK_E_FOUND);
     }
+}
+
+Model& Session::CreateSolid(WideView name, ProMdlType type) {
+    RequireFreeName(name, type);
+    Model& made = Create(name, type);
+    made.modified = true;
+    return made;
+}
+
+Model& Session::Copy(const Model& source, WideView name) {
+    RequireFreeName(name, source.type);
     Model& copy = Create(name, source.type);
     try {
-        ReadModelText(ModelText(source), fileName, &copy);
+        ReadModelText(ModelText(source), copy.FileName(), &copy);
     } catch (...) {
         copy.type = source.type;
         Erase(copy);

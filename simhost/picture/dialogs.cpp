@@ -273,6 +273,17 @@ private:
         brush_.Line(x + 4, y + 5, x + 8, y);
     }
 
+    double WidthOf(const TableCell& cell) const {
+        if (!cell.component) return brush_.Width(Utf8(cell.label));
+        return MeasureComponent(cell.component->name()).width - 2 * kPad;
+    }
+
+    // What is in the cell fills it.
+    void DrawCell(const TableCell& cell, Area place) {
+        if (cell.component) return DrawComponent(cell.component->name(), place);
+        brush_.Text(place.x + kPad, Baseline(place), Utf8(cell.label));
+    }
+
     // Columns are as wide as their longest text; the lines below the last row are empty.
     void DrawTable(const Table& table, Area area) {
         brush_.Fill(area, 1);
@@ -284,7 +295,7 @@ private:
         for (std::size_t i = 0; i < table.columns().size(); ++i) {
             double width = brush_.Width(Utf8(table.columns()[i].label));
             for (auto row = rows.begin(); row != end; ++row) {
-                width = std::max(width, brush_.Width(Utf8(row->cells[i].label)));
+                width = std::max(width, WidthOf(row->cells[i]));
             }
             width += 2 * kPad;
             double y = area.y;
@@ -292,7 +303,7 @@ private:
                 const TableCell& cell = row->cells[i];
                 const Area place{x, y += kLine, width, kLine};
                 if (cell.colour) brush_.Fill(place, 0.8);
-                brush_.Text(x + kPad, Baseline(place), Utf8(cell.label));
+                DrawCell(cell, place);
             }
             brush_.Text(x + kPad, Baseline({x, area.y, width, kLine}),
                         Utf8(table.columns()[i].label), 0.3);

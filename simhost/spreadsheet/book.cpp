@@ -2,6 +2,10 @@
 #include "simhost/spreadsheet/book.h"
 
 #include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <chrono>
+#include <cmath>
 
 namespace simhost {
 
@@ -58,6 +62,66 @@ Area BookSheet::Used() const {
     }
     if (used.r1 == 0) used.r1 = used.c1 = 1;
     return used;
+}
+
+std::optional<double> DayNumber(int year, int month, int day) {
+    using namespace std::chrono;
+    const year_month_day date{std::chrono::year(year), std::chrono::month(unsigned(month)),
+                              std::chrono::day(unsigned(day))};
+    // Before March 1900 the days are counted in another way.
+    const sys_days first = std::chrono::year(1900) / March / 1;
+    const sys_days begin = std::chrono::year(1899) / December / 30;
+    if (!date.ok() || sys_days(date) < first) return std::nullopt;
+    return double((sys_days(date) - begin).count());
+}
+
+namespace {
+
+// "10-20" and "10/20" as the day of a year, "2026-10-20" with its own.
+std::optional<double> TypedDay(const std::string& text, int year) {
+    int numbers[3];
+    std::size_t count = 0;
+    const char* at = text.data();
+    const char* end = at + text.size();
+    while (count < 3) {
+        const auto [parsed, error] = std::from_chars(at, end, numbers[count]);
+        if (error != std::errc() || numbers[count] < 0) return std::nullopt;
+        ++count;
+        at = parsed;
+        if (at == end) break;
+        if (*at != '-' && *at != '/') return std::nullopt;
+        ++at;
+    }
+    if (at != end || count < 2) return std::nullopt;
+    if (count == 2) return DayNumber(year, numbers[0], numbers[1]);
+    return DayNumber(numbers[0], numbers[1], numbers[2]);
+}
+
+bool SaysFlag(std::string text, const char* word) {
+    for (char& c : text) c = char(std::toupper(static_cast<unsigned char>(c)));
+    return text == word;
+}
+
+}  // namespace
+
+void PutTyped(BookCell* cell, const std::string& text, int year) {
+    cell->text = text;
+    cell->kind = text.empty() ? BookCell::Kind::Empty : BookCell::Kind::Text;
+    if (cell->style.asText || text.empty()) return;
+    const auto become = [&](BookCell::Kind kind, double number) {
+        cell->kind = kind;
+        cell->number = number;
+        cell->text.clear();
+    };
+    if (SaysFlag(text, "TRUE")) return become(BookCell::Kind::Flag, 1);
+    if (SaysFlag(text, "FALSE")) return become(BookCell::Kind::Flag, 0);
+    if (const auto day = TypedDay(text, year)) return become(BookCell::Kind::Number, *day);
+    double number = 0;
+    const char* end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    // INF and NAN are words here.
+    if (error != std::errc() || parsed != end || !std::isfinite(number)) return;
+    become(BookCell::Kind::Number, number);
 }
 
 bool ParseCellName(const std::string& name, int* row, int* column) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -26,11 +27,11 @@ struct CellStyle {
 };
 
 struct BookCell {
-    enum class Kind : std::uint8_t { Empty, Text, Number, Flag } kind = Kind::Empty;
+    enum class Kind : std::uint8_t { Empty, Text, Number, Flag, Error } kind = Kind::Empty;
     bool styled = false;
     CellStyle style;
-    double number = 0;  // numbers, and flags as 0 or 1
-    std::string text;   // UTF-8
+    double number = 0;  // numbers, dates as days, and flags as 0 or 1
+    std::string text;   // UTF-8; of errors "#N/A"
 };
 
 // Cells from row r1 and column c1 to r2 and c2, both counted from 1 and included.
@@ -39,6 +40,9 @@ struct Area {
 };
 inline constexpr int kLastSheetRow = 1048576;
 inline constexpr int kLastSheetColumn = 16384;
+inline bool IsSheetCell(long long row, long long column) {
+    return row >= 1 && row <= kLastSheetRow && column >= 1 && column <= kLastSheetColumn;
+}
 
 inline bool IsWholeColumns(const Area& area) {
     return area.r1 == 1 && area.r2 == kLastSheetRow;
@@ -76,8 +80,16 @@ struct Book {
     std::vector<std::unique_ptr<BookSheet>> sheets;
     std::size_t active = 0;
     WideText path;  // the file it came from, a Windows path; empty for a new one
+    std::vector<std::string> notCalculated;  // cells whose formulas were saved without a value
     bool saved = true;
 };
+
+// What the general format makes of a text that is put into a cell: a number, a flag, a date (within
+// `year` where it names none), or the text itself.
+void PutTyped(BookCell* cell, const std::string& text, int year);
+
+// The number that a day is in a cell, counted from the end of 1899; nothing for a day that is none.
+std::optional<double> DayNumber(int year, int month, int day);
 
 // "B12" as row and column; false for any other text.
 bool ParseCellName(const std::string& name, int* row, int* column);
@@ -88,9 +100,12 @@ struct BookFileError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// An .xlsx file of this system. Both throw BookFileError; on Windows always, where the libraries
-// behind them are missing.
+// Files of this system. All throw BookFileError; on Windows always, where the libraries beneath
+// them are missing.
 void WriteXlsx(const Book& book, const std::string& path);
 Book ReadXlsx(const std::string& path);
+Book ReadOldXls(const std::string& path);  // the format from before .xlsx
+// Either, by what is in the file and not by its name.
+Book ReadBook(const std::string& path);
 
 }  // namespace simhost

@@ -4,7 +4,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
+#include <chrono>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
@@ -60,18 +60,13 @@ void RequireCells(const SheetObject& range) {
     }
 }
 
+int ThisYear() {
+    const auto now = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+    return int(std::chrono::year_month_day(now).year());
+}
+
 void SetText(BookCell* cell, const WideChar* wide) {
-    cell->text = Utf8(wide);
-    cell->kind = cell->text.empty() ? BookCell::Kind::Empty : BookCell::Kind::Text;
-    if (cell->style.asText || cell->text.empty()) return;
-    // In a cell of the general format a text that is a number becomes one.
-    double number = 0;
-    const char* end = cell->text.data() + cell->text.size();
-    const auto [parsed, error] = std::from_chars(cell->text.data(), end, number);
-    if (error != std::errc() || parsed != end) return;
-    cell->kind = BookCell::Kind::Number;
-    cell->number = number;
-    cell->text.clear();
+    PutTyped(cell, Utf8(wide), ThisYear());
 }
 
 ExcelResult ValueOf(const BookCell* cell) {
@@ -147,9 +142,14 @@ struct SheetMembers {
         const std::string real = ReadablePath(path);
         if (real.empty()) Refuse(-1);
         try {
-            self.book = &self.application->books.emplace_back(ReadXlsx(real));
-        } catch (const BookFileError&) {
+            self.book = &self.application->books.emplace_back(ReadBook(real));
+        } catch (const std::exception& error) {
+            TheWindows().host().desk.Tell(path + WIDE(" is not opened: ") + Wide(error.what()));
             Refuse(-1);
+        }
+        for (const std::string& cell : self.book->notCalculated) {
+            TheWindows().host().desk.Tell(WIDE("the formula in ") + Wide(cell) +
+                                          WIDE(" was saved without its value"));
         }
         self.book->path = path;
         HoldFile(path);
@@ -223,9 +223,10 @@ struct SheetMembers {
     }
     static SheetAnswer Font(Self self, const Arguments&) { return Child(self, SheetClass::Font); }
     static SheetAnswer CellItem(Self self, const Arguments& arguments) {
-        const int row = self.area.r1 + arguments[0].whole - 1;
-        const int column = self.area.c1 + arguments[1].whole - 1;
-        if (row < 1 || row > kLastSheetRow || column < 1 || column > kLastSheetColumn) Refuse(-1);
+        const long long wantedRow = arguments[0].whole + self.area.r1 - 1LL;
+        const long long wantedColumn = arguments[1].whole + self.area.c1 - 1LL;
+        if (!IsSheetCell(wantedRow, wantedColumn)) Refuse(-1);
+        const int row = int(wantedRow), column = int(wantedColumn);
         return Child(self, SheetClass::Range, {row, column, row, column});
     }
     static SheetAnswer PutValue(Self self, const Arguments& value) {
@@ -332,42 +333,42 @@ const std::vector<MemberRow>& Members() {
     using M = SheetMembers;
     // clang-format off
     static const std::vector<MemberRow> rows = {
-        {C::Range,       1388, "Value2",              U::Put,  {kText | kWhole | kFlag}, false, M::PutValue},
-        {C::Range,       1388, "Value2",              U::Read, {},                       false, M::ReadValue},
-        {C::Range,       193,  "NumberFormat",        U::Put,  {kText},                  false, M::NumberFormat},
-        {C::Range,       129,  "Interior",            U::Get,  {},                       false, M::Interior},
-        {C::Range,       146,  "Font",                U::Get,  {},                       false, M::Font},
-        {C::Range,       246,  "EntireColumn",        U::Get,  {},                       false, M::EntireColumn},
-        {C::Range,       136,  "HorizontalAlignment", U::Put,  {kWhole},                 false, M::Alignment},
-        {C::Range,       564,  "Merge",               U::Call, {kWhole | kFlag | kNone}, false, M::Merge},
-        {C::Range,       237,  "AutoFit",             U::Call, {},                       false, M::AutoFit},
-        {C::Range,       241,  "Columns",             U::Get,  {},                       false, M::Columns},
-        {C::Range,       258,  "Rows",                U::Get,  {},                       false, M::Rows},
-        {C::Range,       118,  "Count",               U::Read, {},                       false, M::Count},
-        {C::Range,       170,  "Item",                U::Get,  {kWhole, kWhole},         false, M::CellItem},
-        {C::Interior,    97,   "ColorIndex",          U::Put,  {kWhole},                 false, M::ColorIndex},
-        {C::Interior,    99,   "Color",               U::Put,  {kWhole},                 false, M::Color},
-        {C::Font,        96,   "Bold",                U::Put,  {kWhole | kFlag},         false, M::Bold},
-        {C::Font,        104,  "Size",                U::Put,  {kWhole},                 false, M::Size},
-        {C::Worksheet,   197,  "Range",               U::Get,  {kText, kText},           false, M::Range},
-        {C::Worksheet,   238,  "Cells",               U::Get,  {},                       false, M::AllCells},
-        {C::Worksheet,   241,  "Columns",             U::Get,  {},                       false, M::Columns},
-        {C::Worksheet,   258,  "Rows",                U::Get,  {},                       false, M::Rows},
-        {C::Worksheet,   412,  "UsedRange",           U::Get,  {},                       false, M::UsedRange},
-        {C::Sheets,      170,  "Item",                U::Get,  {kWhole},                 false, M::SheetItem},
-        {C::Sheets,      118,  "Count",               U::Read, {},                       false, M::SheetCount},
-        {C::Workbook,    485,  "Sheets",              U::Get,  {},                       false, M::Sheets},
-        {C::Workbook,    494,  "Worksheets",          U::Get,  {},                       false, M::Sheets},
-        {C::Workbook,    307,  "ActiveSheet",         U::Get,  {},                       false, M::ActiveSheet},
-        {C::Workbook,    175,  "SaveCopyAs",          U::Call, {kText},                  false, M::SaveCopyAs},
-        {C::Workbook,    298,  "Saved",               U::Put,  {kFlag},                  false, M::Saved},
-        {C::Workbook,    277,  "Close",               U::Call, {},                       true,  M::Close},
-        {C::Workbooks,   181,  "Add",                 U::Call, {kNone},                  false, M::Add},
-        {C::Workbooks,   1923, "Open",                U::Call, {kText},                  true,  M::Open},
-        {C::Application, 572,  "Workbooks",           U::Get,  {},                       false, M::Workbooks},
-        {C::Application, 558,  "Visible",             U::Put,  {kFlag},                  false, M::Visible},
-        {C::Application, 1210, "UserControl",         U::Put,  {kFlag},                  false, M::UserControl},
-        {C::Application, 302,  "Quit",                U::Call, {},                       false, M::Quit},
+        {C::Range,       1388, "Value2",              U::Put,  {kText | kWhole | kFlag}, 0,     M::PutValue},
+        {C::Range,       1388, "Value2",              U::Read, {},                       0,     M::ReadValue},
+        {C::Range,       193,  "NumberFormat",        U::Put,  {kText},                  0,     M::NumberFormat},
+        {C::Range,       129,  "Interior",            U::Get,  {},                       0,     M::Interior},
+        {C::Range,       146,  "Font",                U::Get,  {},                       0,     M::Font},
+        {C::Range,       246,  "EntireColumn",        U::Get,  {},                       0,     M::EntireColumn},
+        {C::Range,       136,  "HorizontalAlignment", U::Put,  {kWhole},                 0,     M::Alignment},
+        {C::Range,       564,  "Merge",               U::Call, {kWhole | kFlag | kNone}, 0,     M::Merge},
+        {C::Range,       237,  "AutoFit",             U::Call, {},                       0,     M::AutoFit},
+        {C::Range,       241,  "Columns",             U::Get,  {},                       0,     M::Columns},
+        {C::Range,       258,  "Rows",                U::Get,  {},                       0,     M::Rows},
+        {C::Range,       118,  "Count",               U::Read, {},                       0,     M::Count},
+        {C::Range,       170,  "Item",                U::Get,  {kWhole, kWhole},         0,     M::CellItem},
+        {C::Interior,    97,   "ColorIndex",          U::Put,  {kWhole},                 0,     M::ColorIndex},
+        {C::Interior,    99,   "Color",               U::Put,  {kWhole},                 0,     M::Color},
+        {C::Font,        96,   "Bold",                U::Put,  {kWhole | kFlag},         0,     M::Bold},
+        {C::Font,        104,  "Size",                U::Put,  {kWhole},                 0,     M::Size},
+        {C::Worksheet,   197,  "Range",               U::Get,  {kText, kText},           0,     M::Range},
+        {C::Worksheet,   238,  "Cells",               U::Get,  {},                       0,     M::AllCells},
+        {C::Worksheet,   241,  "Columns",             U::Get,  {},                       0,     M::Columns},
+        {C::Worksheet,   258,  "Rows",                U::Get,  {},                       0,     M::Rows},
+        {C::Worksheet,   412,  "UsedRange",           U::Get,  {},                       0,     M::UsedRange},
+        {C::Sheets,      170,  "Item",                U::Get,  {kWhole},                 0,     M::SheetItem},
+        {C::Sheets,      118,  "Count",               U::Read, {},                       0,     M::SheetCount},
+        {C::Workbook,    485,  "Sheets",              U::Get,  {},                       0,     M::Sheets},
+        {C::Workbook,    494,  "Worksheets",          U::Get,  {},                       0,     M::Sheets},
+        {C::Workbook,    307,  "ActiveSheet",         U::Get,  {},                       0,     M::ActiveSheet},
+        {C::Workbook,    175,  "SaveCopyAs",          U::Call, {kText},                  0,     M::SaveCopyAs},
+        {C::Workbook,    298,  "Saved",               U::Put,  {kFlag},                  0,     M::Saved},
+        {C::Workbook,    277,  "Close",               U::Call, {},                       3,     M::Close},
+        {C::Workbooks,   181,  "Add",                 U::Call, {kNone},                  0,     M::Add},
+        {C::Workbooks,   1923, "Open",                U::Call, {kText},                  14,    M::Open},
+        {C::Application, 572,  "Workbooks",           U::Get,  {},                       0,     M::Workbooks},
+        {C::Application, 558,  "Visible",             U::Put,  {kFlag},                  0,     M::Visible},
+        {C::Application, 1210, "UserControl",         U::Put,  {kFlag},                  0,     M::UserControl},
+        {C::Application, 302,  "Quit",                U::Call, {},                       0,     M::Quit},
     };
     // clang-format on
     return rows;
@@ -401,9 +402,8 @@ void ComplainOfMember(SheetClass of, int id) {
 }
 
 void CheckArguments(const MemberRow& row, const Arguments& arguments) {
-    const bool fits = row.mayHaveMore ? arguments.size() >= row.arguments.size()
-                                      : arguments.size() == row.arguments.size();
-    if (!fits) {
+    const std::size_t least = row.arguments.size();
+    if (arguments.size() < least || arguments.size() > least + row.optional) {
         Complain(-1, fmt::format("{}.{} takes {} arguments, not {}", ClassName(row.of), row.name,
                                  row.arguments.size(), arguments.size()));
     }

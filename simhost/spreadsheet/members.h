@@ -16,7 +16,7 @@ struct MemberRow {
     const char* name;
     SheetUse use;
     std::vector<unsigned> arguments;  // those that must be there
-    bool mayHaveMore;                 // any number of missing-argument markers
+    std::size_t optional;             // how many missing-argument markers may follow
     SheetAnswer (*run)(SheetObject&, const SheetArguments&);
 };
 

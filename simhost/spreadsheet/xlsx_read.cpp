@@ -8,6 +8,9 @@ namespace simhost {
 Book ReadXlsx(const std::string& path) {
     throw BookFileError("spreadsheets are not read on Windows: " + path);
 }
+Book ReadBook(const std::string& path) {
+    return ReadXlsx(path);
+}
 
 }  // namespace simhost
 
@@ -17,22 +20,31 @@ Book ReadXlsx(const std::string& path) {
 #include <pugixml.hpp>
 
 #include <algorithm>
-#include <cstdlib>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <string_view>
+#include <utility>
 #include <zip.h>
+
+#include "simhost/core/text.h"
 
 namespace simhost {
 namespace {
 
-// More than any part that a person works with; keeps a broken file from filling the memory.
-constexpr zip_uint64_t kLargestPart = 1u << 30;
+// More than any part and any sheet that a person works with; they keep a broken file from filling
+// the memory.
+constexpr zip_uint64_t kLargestPart = 1u << 28;
+constexpr std::size_t kMostCells = 20'000'000;
 
 class Package {
 public:
-    explicit Package(const std::string& path) : path_(path) {
+    explicit Package(const std::string& path) {
         int error = 0;
         zip_ = zip_open(path.c_str(), ZIP_RDONLY, &error);
-        if (!zip_) throw BookFileError(path + " is no .xlsx file");
+        if (!zip_) throw BookFileError("it is no spreadsheet");
     }
     ~Package() { zip_discard(zip_); }
     Package(const Package&) = delete;
@@ -43,7 +55,7 @@ public:
     pugi::xml_document Part(const std::string& name) const {
         zip_stat_t about;
         if (zip_stat(zip_, name.c_str(), 0, &about) != 0 || about.size > kLargestPart) {
-            throw BookFileError(path_ + " has no part " + name);
+            throw BookFileError("it has no part " + name);
         }
         std::string bytes(about.size, '\0');
         zip_file_t* file = zip_fopen(zip_, name.c_str(), 0);
@@ -53,13 +65,12 @@ public:
         if (read != zip_int64_t(about.size) ||
             !document.load_buffer(bytes.data(), bytes.size(),
                                   pugi::parse_default | pugi::parse_ws_pcdata)) {
-            throw BookFileError(fmt::format("{}: the part {} cannot be read", path_, name));
+            throw BookFileError(fmt::format("its part {} cannot be read", name));
         }
         return document;
     }
 
 private:
-    std::string path_;
     zip_t* zip_ = nullptr;
 };
 
@@ -76,6 +87,26 @@ pugi::xml_node Child(const pugi::xml_node& node, const char* name) {
     return {};
 }
 
+// "_x000D_" is a character that a file's text cannot hold itself.
+std::string Unescaped(std::string text) {
+    constexpr std::size_t kLength = 7;
+    for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at)) {
+        unsigned code = 0;
+        const char* digits = text.data() + at + 2;
+        const bool isWhole = at + kLength <= text.size() && text[at + kLength - 1] == '_';
+        const auto [parsed, error] = isWhole ? std::from_chars(digits, digits + 4, code, 16)
+                                             : std::from_chars_result{digits, std::errc()};
+        if (error != std::errc() || parsed != digits + 4) {
+            at += 2;
+            continue;
+        }
+        const std::string character = Utf8(WideText(1, WideChar(code)));
+        text.replace(at, kLength, character);
+        at += character.size();
+    }
+    return text;
+}
+
 // The text of <t> and of the runs <r><t>, without the readings of Asian scripts.
 std::string RichText(const pugi::xml_node& item) {
     std::string text;
@@ -83,7 +114,7 @@ std::string RichText(const pugi::xml_node& item) {
         if (Is(child, "t")) text += child.text().get();
         if (Is(child, "r")) text += Child(child, "t").text().get();
     }
-    return text;
+    return Unescaped(std::move(text));
 }
 
 std::vector<std::string> SharedTexts(const Package& package, const std::string& part) {
@@ -96,47 +127,101 @@ std::vector<std::string> SharedTexts(const Package& package, const std::string& 
     return texts;
 }
 
+double NumberIn(const std::string& text) {
+    double number = 0;
+    const char* end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || parsed != end || !std::isfinite(number)) {
+        throw BookFileError("a cell holds the number " + text);
+    }
+    return number;
+}
+
+// "2026-10-20" or "2026-10-20T06:30:00".
+double DateIn(const std::string& text) {
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+    const int read = std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d", &year, &month, &day,
+                                 &hour, &minute, &second);
+    const auto number = read >= 3 ? DayNumber(year, month, day) : std::nullopt;
+    if (!number) throw BookFileError("a cell holds the date " + text);
+    return *number + (hour * 3600 + minute * 60 + second) / 86400.0;
+}
+
+// The kinds of values by their names in the file; without one it is a number.
 void ReadCell(const pugi::xml_node& node, const std::vector<std::string>& shared, BookCell* cell) {
     const std::string type = node.attribute("t").value();
     const std::string value = Child(node, "v").text().get();
+    const auto become = [&](BookCell::Kind kind, double number) {
+        cell->kind = kind;
+        cell->number = number;
+    };
+    // A cell that only looks like something counts as used.
+    cell->styled = node.attribute("s").as_int(0) > 0;
     if (type == "inlineStr") {
         cell->kind = BookCell::Kind::Text;
         cell->text = RichText(Child(node, "is"));
     } else if (value.empty() && type != "str") {
         return;
     } else if (type == "s") {
-        const auto index = std::size_t(std::strtoull(value.c_str(), nullptr, 10));
+        std::size_t index = shared.size();
+        std::from_chars(value.data(), value.data() + value.size(), index);
         if (index >= shared.size()) throw BookFileError("a cell names a text that is not there");
         cell->kind = BookCell::Kind::Text;
         cell->text = shared[index];
-    } else if (type == "str" || type == "e" || type == "d") {
-        cell->kind = BookCell::Kind::Text;
-        cell->text = value;
+    } else if (type == "str" || type == "e") {
+        cell->kind = type == "e" ? BookCell::Kind::Error : BookCell::Kind::Text;
+        cell->text = Unescaped(value);
+    } else if (type == "d") {
+        become(BookCell::Kind::Number, DateIn(value));
+    } else if (type == "b") {
+        become(BookCell::Kind::Flag, NumberIn(value) != 0);
     } else {
-        cell->kind = type == "b" ? BookCell::Kind::Flag : BookCell::Kind::Number;
-        cell->number = std::strtod(value.c_str(), nullptr);
+        become(BookCell::Kind::Number, NumberIn(value));
     }
 }
 
-void ReadSheet(const pugi::xml_document& document, const std::vector<std::string>& shared,
-               BookSheet* sheet) {
-    int row = 0;
-    for (const pugi::xml_node line : Child(document.document_element(), "sheetData").children()) {
-        if (!Is(line, "row")) continue;
-        row = line.attribute("r").as_int(row + 1);
+class SheetReader {
+public:
+    SheetReader(const std::vector<std::string>& shared, Book* book, BookSheet* sheet)
+        : shared_(shared), book_(*book), sheet_(*sheet) {}
+
+    void Read(const pugi::xml_document& document) {
+        int row = 0;
+        const pugi::xml_node data = Child(document.document_element(), "sheetData");
+        for (const pugi::xml_node line : data.children()) {
+            if (!Is(line, "row")) continue;
+            row = line.attribute("r").as_int(row + 1);
+            ReadRow(line, row);
+        }
+    }
+
+private:
+    void ReadRow(const pugi::xml_node& line, int row) {
+        if (!IsSheetCell(row, 1)) throw BookFileError(fmt::format("there is a row {}", row));
         int column = 0;
         for (const pugi::xml_node node : line.children()) {
             if (!Is(node, "c")) continue;
             int cellRow = row;
             ++column;
             const char* name = node.attribute("r").value();
-            if (*name && !ParseCellName(name, &cellRow, &column)) {
-                throw BookFileError(fmt::format("a cell of the name {}", name));
+            const bool isKnown =
+                *name ? ParseCellName(name, &cellRow, &column) : IsSheetCell(row, column);
+            if (!isKnown) throw BookFileError(fmt::format("there is a cell {}", name));
+            // The row is filled up to its last cell.
+            cells_ += std::size_t(column);
+            if (cells_ > kMostCells) throw BookFileError("there are too many cells");
+            ReadCell(node, shared_, &sheet_.At(cellRow, column));
+            if (Child(node, "f") && !Child(node, "v")) {
+                book_.notCalculated.push_back(CellNameOf(cellRow, column));
             }
-            ReadCell(node, shared, &sheet->At(cellRow, column));
         }
     }
-}
+
+    const std::vector<std::string>& shared_;
+    Book& book_;
+    BookSheet& sheet_;
+    std::size_t cells_ = 0;
+};
 
 // Where a relation of the workbook leads, by its id or, without one, by the end of its kind.
 std::string Target(const pugi::xml_document& relations, const std::string& id, const char* kind) {
@@ -167,14 +252,23 @@ Book ReadXlsx(const std::string& path) {
         auto sheet = std::make_unique<BookSheet>();
         sheet->name = node.attribute("name").value();
         const std::string part = Target(relations, node.attribute("r:id").value(), "");
-        ReadSheet(package.Part(part), shared, sheet.get());
+        SheetReader(shared, &book, sheet.get()).Read(package.Part(part));
         book.sheets.push_back(std::move(sheet));
     }
-    if (book.sheets.empty()) throw BookFileError(path + " has no sheets");
+    if (book.sheets.empty()) throw BookFileError("it has no sheets");
     const pugi::xml_node views = Child(workbook.document_element(), "bookViews");
     const int active = Child(views, "workbookView").attribute("activeTab").as_int(0);
     book.active = std::min(std::size_t(std::max(active, 0)), book.sheets.size() - 1);
     return book;
+}
+
+Book ReadBook(const std::string& path) {
+    // How a container of Microsoft's older formats begins.
+    constexpr std::string_view kOld = "\xD0\xCF\x11\xE0";
+    std::ifstream file(path, std::ios::binary);
+    std::string begin(kOld.size(), '\0');
+    file.read(begin.data(), std::streamsize(begin.size()));
+    return begin == kOld ? ReadOldXls(path) : ReadXlsx(path);
 }
 
 }  // namespace simhost

@@ -52,7 +52,7 @@ std::vector<std::string> FileList(const FileQuestion& question) {
 
 FileChoice ChoiceOf(const FileQuestion& question, const WideText& answer) {
     const WideText& typed = answer.empty() ? question.proposed : answer;
-    if (question.toWrite) {
+    if (question.toWrite || question.mayBeMissing) {
         return {IsPath(typed) ? typed : InFolder(question.folder, typed), {}};
     }
     if (IsPath(typed)) return Elsewhere(question, typed);

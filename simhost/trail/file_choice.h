@@ -17,7 +17,7 @@ struct FileChoice {
 };
 
 // A name of the list whatever the case of its letters, or the path of a file elsewhere that fits
-// the filter; for a file that is to be written any name. No text is the name that the dialog
+// the filter; any name for a file that need not be there. No text is the name that the dialog
 // proposes.
 FileChoice ChoiceOf(const FileQuestion& question, const WideText& answer);
 

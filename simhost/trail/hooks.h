@@ -17,6 +17,8 @@ struct Hooks {
     std::function<std::string(const std::string& file, bool asOnScreen)> picture;
     // Copy a file of drive C to where people look for results.
     std::function<std::string(const std::filesystem::path& file)> handOut;
+    // Let a Python script that lies beside the trail work on a file.
+    std::function<std::string(const std::string& script, const std::filesystem::path& file)> script;
     std::function<void(const std::string& title)> title;  // what follows belongs under this title
     std::function<std::string()> lost;  // a line about what leaving would lose; empty: nothing
 };

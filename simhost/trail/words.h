@@ -133,6 +133,12 @@ void RememberFacts(Trail& trail, const std::string& rest);
 void ShowFactTable(Trail& trail, const std::string& rest);
 void EraseModel(Trail& trail, const std::string& rest);
 void HandOut(Trail& trail, const std::string& rest);
+void RunScriptFile(Trail& trail, const std::string& rest);
+
+void RememberFiles(Trail& trail, const std::string& rest);
+void ExpectSameFiles(Trail& trail, const std::string& rest);
+void ShowFiles(Trail& trail);
+void ShowReferences(Trail& trail, const std::string& rest);  // of a file, or of all files
 
 void HoldFile(Trail& trail, const std::string& rest);
 void LetGoFile(Trail& trail, const std::string& rest);
@@ -145,6 +151,8 @@ void ExpectRows(Trail& trail, const std::string& rest);
 void ExpectColumns(Trail& trail, const std::string& rest);
 void ExpectRow(Trail& trail, const std::string& rest);
 void ExpectRowColours(Trail& trail, const std::string& rest);
+void ExpectCell(Trail& trail, const std::string& rest);
+void ExpectFocus(Trail& trail, const std::string& rest);
 void ShowTables(Trail& trail);
 
 void Show(Trail& trail, const std::string& rest);

@@ -72,4 +72,15 @@ void HandOut(Trail& trail, const std::string& rest) {
     }
 }
 
+void RunScriptFile(Trail& trail, const std::string& rest) {
+    if (!TheHooks().script) return trail.Fail("nothing here runs scripts");
+    std::string file = rest;
+    const std::string script = TakeWord(&file);
+    const auto real = TheHost().disk.Real(Wide(ParseText(file).text));
+    if (real.empty()) return trail.Fail(fmt::format("{} is no file of drive C", file));
+    if (const std::string problem = TheHooks().script(script, real); !problem.empty()) {
+        trail.Fail(problem);
+    }
+}
+
 }  // namespace simhost

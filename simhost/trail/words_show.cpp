@@ -222,6 +222,8 @@ constexpr Topic kTopics[] = {
     {"materials", ShowMaterials},
     {"masses", ShowMasses},
     {"bends", ShowBends},
+    {"files", ShowFiles},
+    {"references", [](Trail& trail) { ShowReferences(trail, ""); }},
     {"messages", ShowMessages},
 };
 
@@ -234,6 +236,7 @@ constexpr TopicOf kTopicsOf[] = {
     {"tree ", [](Trail& trail, const std::string& rest) { ShowTree(trail, ParseText(rest).text); }},
     {"units ", ShowUnits},
     {"outline ", ShowOutline},
+    {"references ", ShowReferences},
 };
 
 }  // namespace

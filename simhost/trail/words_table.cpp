@@ -5,6 +5,7 @@
 #include "simhost/trail/interpreter.h"
 #include "simhost/trail/words.h"
 #include "simhost/ui/table.h"
+#include "simhost/ui/textfield.h"
 
 namespace simhost {
 namespace {
@@ -73,6 +74,28 @@ void ExpectRowColours(Trail& trail, const std::string& rest) {
         colours += cell.colour ? std::to_string(*cell.colour) : "-";
     }
     if (colours != left) trail.Fail(fmt::format("the colours of row {} are {}", name, colours));
+}
+
+void ExpectCell(Trail& trail, const std::string& rest) {
+    std::string left = rest;
+    const Table* table = OpenTable(trail, &left);
+    if (!table) return;
+    const std::string row = TakeWord(&left);
+    const std::string column = TakeWord(&left);
+    const TableCell* cell = table->FindCell(row, column);
+    if (!cell) return trail.Fail(fmt::format("{} has no cell {} {}", table->name(), row, column));
+    const auto* field = dynamic_cast<const TextField*>(cell->component.get());
+    const std::string text = Utf8(field ? field->value : cell->label);
+    if (text != ParseText(left).text) trail.Fail(fmt::format("in the cell is \"{}\"", text));
+}
+
+void ExpectFocus(Trail& trail, const std::string& rest) {
+    std::string left = rest;
+    const Table* table = OpenTable(trail, &left);
+    if (!table) return;
+    const auto& focus = table->focus();
+    const std::string now = focus ? focus->row + ' ' + focus->column : "none";
+    if (now != left) trail.Fail(fmt::format("the focus of {} is {}", table->name(), now));
 }
 
 void ShowTables(Trail& trail) {

@@ -12,6 +12,11 @@ CheckButton::CheckButton(Dialog& dialog, const ResourceComponent& declared,
     set = value && !value->empty() && Lower((*value)[0]) == "true";
 }
 
+void CheckButton::Resemble(const Component& other) {
+    Component::Resemble(other);
+    if (const auto* button = dynamic_cast<const CheckButton*>(&other)) set = button->set;
+}
+
 std::vector<std::string> CheckButton::Picture() const {
     return {(set ? "[x] " : "[ ] ") + Utf8(label)};
 }

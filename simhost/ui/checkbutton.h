@@ -17,6 +17,7 @@ public:
 protected:
     // ~ Activate `VxParams` `VxOutlineOrder` 1 (or 0); without a number the state changes.
     std::string Act(Verb verb, const std::vector<std::string>& arguments) override;
+    void Resemble(const Component& other) override;
 };
 
 }  // namespace simhost

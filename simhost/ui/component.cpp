@@ -1,6 +1,8 @@
 // What all components have in common, and the table of the kinds.
 #include "simhost/ui/component.h"
 
+#include <algorithm>
+
 #include "simhost/core/text.h"
 #include "simhost/ui/checkbutton.h"
 #include "simhost/ui/dialogs.h"
@@ -15,8 +17,8 @@
 namespace simhost {
 namespace {
 
-constexpr const char* kVerbNames[] = {"Activate", "Select", "Input", "FocusIn",
-                                      "FocusOut", "Open",   "Close", "Update"};
+constexpr const char* kVerbNames[] = {"Activate", "Select", "Input",  "FocusIn", "FocusOut",
+                                      "Open",     "Close",  "Update", "Arm"};
 
 bool Says(const std::vector<std::string>* values, std::string_view word) {
     return values && values->size() == 1 && Lower((*values)[0]) == word;
@@ -60,7 +62,7 @@ std::vector<std::string> VerbNames() {
 
 Component::Component(Dialog& dialog, const ResourceComponent& declared,
                      const DialogResource& resource)
-    : dialog_(dialog), kind_(declared.kind), name_(declared.name) {
+    : dialog_(dialog), kind_(declared.kind), name_(declared.name), declared_(declared.name) {
     const std::vector<std::string>* text = resource.Find(name_, "Label");
     if (text && !text->empty()) label = Wide((*text)[0]);
     enabled = !Says(resource.Find(name_, "Sensitive"), "false");
@@ -70,8 +72,19 @@ Component::Component(Dialog& dialog, const ResourceComponent& declared,
 std::string Component::Use(Verb verb, const std::vector<std::string>& arguments) {
     if (!visible) return fmt::format("{} is not shown in dialog {}", name_, dialog_.name());
     if (!enabled) return fmt::format("{} is greyed in dialog {}", name_, dialog_.name());
-    if (verb == Verb::FocusIn || verb == Verb::FocusOut) return {};
+    if (verb == Verb::FocusIn) {
+        if (place_) place_->table->FocusCell(place_->row, place_->column);
+        ReceiveFocus();
+        return {};
+    }
+    if (verb == Verb::FocusOut) return {};
     return Act(verb, arguments);
+}
+
+void Component::Resemble(const Component& other) {
+    label = other.label;
+    enabled = other.enabled;
+    visible = other.visible;
 }
 
 std::string Component::Act(Verb verb, const std::vector<std::string>&) {
@@ -110,6 +123,20 @@ std::unique_ptr<Component> MakeComponent(Dialog& dialog, const ResourceComponent
         if (declared.kind == row.kind) return row.make(dialog, declared, resource);
     }
     return std::make_unique<Component>(dialog, declared, resource);
+}
+
+std::unique_ptr<Component> CopyForCell(const Component& from, std::string name, CellPlace place) {
+    // What takes one line.
+    constexpr std::string_view kKindsInCells[] = {
+        CheckButton::kKind, InputPanel::kKind, Label::kKind, OptionMenu::kKind, PushButton::kKind};
+    const auto* fits = std::find(std::begin(kKindsInCells), std::end(kKindsInCells), from.kind());
+    if (fits == std::end(kKindsInCells)) return nullptr;
+    auto copy = MakeComponent(place.table->dialog(), {from.kind_, from.declared_, 0},
+                              from.dialog().resource());
+    copy->Resemble(from);
+    copy->name_ = std::move(name);
+    copy->place_ = std::move(place);
+    return copy;
 }
 
 }  // namespace simhost

@@ -17,9 +17,10 @@
 namespace simhost {
 
 class Dialog;
+class Table;
 
 // What a user does to a component, by the words of trail files.
-enum class Verb { Activate, Select, Input, FocusIn, FocusOut, Open, Close, Update };
+enum class Verb { Activate, Select, Input, FocusIn, FocusOut, Open, Close, Update, Arm };
 const char* VerbName(Verb verb);
 std::optional<Verb> ParseVerb(std::string_view word);
 std::vector<std::string> VerbNames();
@@ -28,6 +29,12 @@ std::vector<std::string> VerbNames();
 struct DialogAction {
     ProUIAction function = nullptr;
     ProAppData data = nullptr;
+};
+
+// The cell of a table that a component is in.
+struct CellPlace {
+    Table* table = nullptr;
+    std::string row, column;
 };
 
 class Component {
@@ -40,6 +47,9 @@ public:
     const std::string& kind() const { return kind_; }
     const std::string& name() const { return name_; }
     Dialog& dialog() const { return dialog_; }
+
+    // The cell that it is in; none: it is in the dialog itself.
+    const std::optional<CellPlace>& place() const { return place_; }
 
     WideText label;
     bool enabled = true;
@@ -56,12 +66,19 @@ public:
 protected:
     // For the kinds: everything but the focus. The component is shown and not greyed.
     virtual std::string Act(Verb verb, const std::vector<std::string>& arguments);
+    // The focus comes, to the cell first if it is in one.
+    virtual void ReceiveFocus() {}
+    // Takes over what another of its kind holds.
+    virtual void Resemble(const Component& other);
     // The answer to a step that this kind does not know.
     std::string NothingTo(Verb verb) const;
 
 private:
+    friend std::unique_ptr<Component> CopyForCell(const Component&, std::string, CellPlace);
     Dialog& dialog_;
     std::string kind_, name_;
+    std::string declared_;  // the name whose attributes the resource has
+    std::optional<CellPlace> place_;
 };
 
 class PushButton : public Component {
@@ -78,6 +95,10 @@ protected:
 // The component that a resource declares; a kind unknown here is only there to be seen.
 std::unique_ptr<Component> MakeComponent(Dialog& dialog, const ResourceComponent& declared,
                                          const DialogResource& resource);
+
+// A copy for a cell, with all that the component shows and holds but without its actions; null for
+// a kind that no cell can hold.
+std::unique_ptr<Component> CopyForCell(const Component& from, std::string name, CellPlace place);
 
 // The component as one of its kind. An operation for another kind is a misuse: a complaint.
 template <class Kind>

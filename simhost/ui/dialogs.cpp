@@ -42,12 +42,14 @@ Component* Dialog::Find(std::string_view component) const {
     for (const auto& each : components_) {
         if (each->name() == component) return each.get();
     }
-    return nullptr;
+    const auto inCell = inCells_.find(std::string(component));
+    return inCell == inCells_.end() ? nullptr : inCell->second;
 }
 
 std::vector<std::string> Dialog::ComponentNames() const {
     std::vector<std::string> names;
     for (const auto& each : components_) names.push_back(each->name());
+    for (const auto& [name, component] : inCells_) names.push_back(name);
     return names;
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "simhost/model/session.h"
@@ -23,8 +24,12 @@ public:
     WideText title() const;
     const DialogResource& resource() const { return resource_; }
     const std::vector<std::unique_ptr<Component>>& components() const { return components_; }
+    // Those that the resource declares, and those in the cells of its tables.
     Component* Find(std::string_view component) const;
     std::vector<std::string> ComponentNames() const;
+    // For tables: a component in a cell comes, with a name that is new, and goes.
+    void AddInCell(Component& component) { inCells_[component.name()] = &component; }
+    void ForgetInCell(const Component& component) { inCells_.erase(component.name()); }
 
     // --- The plug-in's side ---
     Component& Require(const char* component) const;  // refused if the resource declares none
@@ -50,6 +55,7 @@ private:
     friend class Dialogs;
     std::string name_;
     DialogResource resource_;
+    std::unordered_map<std::string, Component*> inCells_;
     std::vector<std::unique_ptr<Component>> components_;
     Desk* desk_;
     bool active_ = false;

@@ -73,7 +73,17 @@ void Table::InsertColumns(std::string_view after, const std::vector<std::string>
         added.push_back({column, Wide(column)});
     }
     columns_.insert(columns_.begin() + place, added.begin(), added.end());
-    for (TableRow& row : rows_) row.cells.insert(row.cells.begin() + place, names.size(), {});
+    for (TableRow& row : rows_) {
+        row.cells.resize(row.cells.size() + names.size());
+        std::rotate(row.cells.begin() + place, row.cells.end() - std::ptrdiff_t(names.size()),
+                    row.cells.end());
+    }
+}
+
+void Table::Forget(TableCell& cell) {
+    if (!cell.component) return;
+    dialog().ForgetInCell(*cell.component);
+    cell.component.reset();
 }
 
 void Table::DeleteRows(const std::vector<std::string>& names) {
@@ -81,6 +91,8 @@ void Table::DeleteRows(const std::vector<std::string>& names) {
     for (const std::string& row : names) {
         const auto found = rowAt_.find(row);
         if (found == rowAt_.end()) continue;  // named twice
+        for (TableCell& cell : found->second->cells) Forget(cell);
+        if (focus_ && focus_->row == row) focus_.reset();
         rows_.erase(found->second);
         rowAt_.erase(found);
     }
@@ -91,7 +103,11 @@ void Table::DeleteColumns(const std::vector<std::string>& names) {
     for (const std::string& column : names) {
         const auto place = std::ptrdiff_t(ColumnIndex(column));
         columns_.erase(columns_.begin() + place);
-        for (TableRow& row : rows_) row.cells.erase(row.cells.begin() + place);
+        if (focus_ && focus_->column == column) focus_.reset();
+        for (TableRow& row : rows_) {
+            Forget(row.cells[std::size_t(place)]);
+            row.cells.erase(row.cells.begin() + place);
+        }
     }
 }
 
@@ -109,6 +125,49 @@ TableRow& Table::RequireRow(const std::string& row) {
 
 TableCell& Table::RequireCell(const std::string& row, const std::string& column) {
     return RowNamed(row)->cells[ColumnIndex(column)];
+}
+
+// --- Components in cells ---
+
+void Table::PutComponent(const std::string& row, const std::string& column, const Component& from,
+                         const std::string& copyName) {
+    TableCell& cell = RequireCell(row, column);
+    if (copyName.empty()) Complain(PRO_TK_BAD_INPUTS, "a component without a name");
+    if (cell.component || dialog().Find(copyName)) Refuse(PRO_TK_E_FOUND);
+    cell.component = CopyForCell(from, copyName, {this, row, column});
+    if (!cell.component) {
+        Complain(PRO_TK_BAD_INPUTS,
+                 fmt::format("{} is a {}, which no cell holds", from.name(), from.kind()));
+    }
+    dialog().AddInCell(*cell.component);
+}
+
+void Table::DeleteComponent(const std::string& row, const std::string& column) {
+    TableCell& cell = RequireCell(row, column);
+    if (!cell.component) Refuse(PRO_TK_E_NOT_FOUND);
+    Forget(cell);
+}
+
+const Table::FocusedCell& Table::RequireFocus() const {
+    if (!focus_) Refuse(PRO_TK_E_NOT_FOUND);
+    return *focus_;
+}
+
+std::string TableCell::Shown() const {
+    if (!component) return Utf8(label);
+    const std::vector<std::string> lines =
+        component->visible ? component->Picture() : std::vector<std::string>();
+    return lines.empty() ? std::string() : lines.front();
+}
+
+// --- Lent to the caller ---
+
+WideChar* Table::LabelForCaller(const TableCell& cell) {
+    return lentLabels_.emplace_back(cell.label).data();
+}
+
+char* Table::NameForCaller(const std::string& name) {
+    return lentNames_.emplace_back(ToSystemCodePage(Wide(name))).data();
 }
 
 WideChar** Table::Lend(std::vector<WideText> labels) {
@@ -161,7 +220,7 @@ std::vector<std::string> Table::Lines(std::size_t most) const {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         std::size_t width = DisplayWidth(Utf8(columns_[i].label));
         for (auto row = rows_.begin(); row != end; ++row) {
-            width = std::max(width, DisplayWidth(Utf8(row->cells[i].label)));
+            width = std::max(width, DisplayWidth(row->cells[i].Shown()));
         }
         widths.push_back(width);
     }
@@ -180,7 +239,7 @@ std::vector<std::string> Table::Lines(std::size_t most) const {
         const bool coloured = std::any_of(row->cells.begin(), row->cells.end(),
                                           [](const TableCell& cell) { return !!cell.colour; });
         const char* mark = row->selected ? (coloured ? ">*" : "> ") : (coloured ? " *" : "  ");
-        lines.push_back(line(mark, [&](auto i) { return Utf8(row->cells[i].label); }));
+        lines.push_back(line(mark, [&](auto i) { return row->cells[i].Shown(); }));
     }
     return lines;
 }
@@ -202,30 +261,69 @@ std::string Table::State() const {
     return fmt::format("{} rows of {} columns{}", rows_.size(), columns_.size(), selected);
 }
 
-std::string Table::SelectRow(const std::vector<std::string>& cell) {
-    const auto row = rowAt_.find(cell[0]);
-    if (row == rowAt_.end()) return fmt::format("{} has no row {}", name(), cell[0]);
-    if (cell.size() > 1 && !FindColumn(cell[1])) {
-        std::vector<std::string> names;
-        for (const TableColumn& column : columns_) names.push_back(column.name);
-        return fmt::format("{} has no column {}{}", name(), cell[1], DidYouMean(cell[1], names));
+std::string Table::CellProblem(const std::string& row, const std::string& column) const {
+    if (rowAt_.find(row) == rowAt_.end()) return fmt::format("{} has no row {}", name(), row);
+    if (column.empty() || FindColumn(column)) return {};
+    std::vector<std::string> names;
+    for (const TableColumn& each : columns_) names.push_back(each.name);
+    return fmt::format("{} has no column {}{}", name(), column, DidYouMean(column, names));
+}
+
+// Rows and columns by turns; a row alone is the row.
+std::string Table::SelectRows(const std::vector<std::string>& cells) {
+    std::vector<Row> wanted;
+    for (std::size_t i = 0; i < cells.size(); i += 2) {
+        const std::string problem = CellProblem(cells[i], i + 1 < cells.size() ? cells[i + 1] : "");
+        if (!problem.empty()) return problem;
+        const Row row = rowAt_.at(cells[i]);
+        if (std::find(wanted.begin(), wanted.end(), row) == wanted.end()) wanted.push_back(row);
+    }
+    const bool several =
+        rowPolicy == PROUISELPOLICY_MULTIPLE || rowPolicy == PROUISELPOLICY_EXTENDED;
+    if (wanted.size() > 1 && !several) {
+        return fmt::format("only one row of {} can be selected", name());
+    }
+    if (wanted.empty() && rowPolicy == PROUISELPOLICY_BROWSE) {
+        return fmt::format("one row of {} stays selected", name());
     }
     for (TableRow& each : rows_) each.selected = false;
-    row->second->selected = true;
+    for (const Row& row : wanted) row->selected = true;
+    return {};
+}
+
+std::string Table::ArmCell(const std::string& row, const std::string& column) {
+    const std::string problem = CellProblem(row, column);
+    if (!problem.empty()) return problem;
+    const TableCell* cell = FindCell(row, column);
+    if (cell->component) {
+        return fmt::format("the cell holds {}, which takes the pick: ~ FocusIn",
+                           cell->component->name());
+    }
+    FocusCell(row, FindColumn(column)->name);
+    dialog().RunAction(armAction, name());
     return {};
 }
 
 std::string Table::Act(Verb verb, const std::vector<std::string>& arguments) {
-    if (verb != Verb::Select && verb != Verb::Activate) return Component::Act(verb, arguments);
-    std::vector<std::string> cell = arguments;
+    if (verb != Verb::Select && verb != Verb::Activate && verb != Verb::Arm) {
+        return Component::Act(verb, arguments);
+    }
+    std::vector<std::string> cells = arguments;
     // The count that the host writes before the names may be left out.
-    if (cell.size() > 2 && cell[0] == "2") cell.erase(cell.begin());
-    if (cell.empty() || cell.size() > 2) {
+    const bool counted = cells.size() % 2 == 1 && cells[0] == std::to_string(cells.size() - 1);
+    if (counted) cells.erase(cells.begin());
+    if (verb == Verb::Select && (counted || cells.size() == 1 || cells.size() % 2 == 0) &&
+        (counted || !cells.empty())) {
+        return SelectRows(cells);
+    }
+    const bool isOne = cells.size() == 2 || (cells.size() == 1 && verb == Verb::Activate);
+    if (!isOne) {
         return fmt::format("a row and a column of {} belong after {}", name(), VerbName(verb));
     }
-    const std::string problem = SelectRow(cell);
+    if (verb == Verb::Arm) return ArmCell(cells[0], cells[1]);
+    const std::string problem = SelectRows(cells);
     if (!problem.empty()) return problem;
-    if (verb == Verb::Activate) dialog().RunAction(activateAction, name());
+    dialog().RunAction(activateAction, name());
     return {};
 }
 

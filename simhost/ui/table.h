@@ -5,13 +5,21 @@
 //     (List.VisibleRows     12)               ! lines that are seen at once
 //     (List.Columns         60)               ! width in characters at least
 //
-// A user selects and double-clicks cells by the names of row and column:
+// A user selects, double-clicks and picks cells by the names of row and column; several cells are
+// selected together where the plug-in lets several rows be selected, and none takes the selection
+// away:
 //
 //     ~ Select `VxBom` `bom_list` 2 `3` `num`
 //     ~ Activate `VxBom` `bom_list` 2 `3` `num`
+//     ~ Arm `VxRename` `mdl_list` 2 `3` `num`
+//     ~ Select `VxExport` `drw_list` 4 `3` `num` `5` `num`
+//
+// A component in a cell is used by its own name.
 #pragma once
 
+#include <deque>
 #include <list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -29,6 +37,10 @@ struct TableColumn {
 struct TableCell {
     WideText label;
     std::optional<int> colour;  // the background; none: the usual one
+    std::unique_ptr<Component> component = {};
+
+    // What is seen in the cell.
+    std::string Shown() const;
 };
 
 struct TableRow {
@@ -48,6 +60,7 @@ public:
     int visibleRows() const { return visibleRows_; }
     int widthInCharacters() const { return width_; }
     DialogAction activateAction;
+    DialogAction armAction;
     int rowPolicy = 0;
     int columnPolicy = 0;
 
@@ -59,11 +72,25 @@ public:
     void SetColumnLabels(const std::vector<WideText>& labels);
     TableRow& RequireRow(const std::string& row);
     TableCell& RequireCell(const std::string& row, const std::string& column);
+    // A copy of a component in an empty cell.
+    void PutComponent(const std::string& row, const std::string& column, const Component& from,
+                      const std::string& copyName);
+    void DeleteComponent(const std::string& row, const std::string& column);
+    // The cell that the user works in; refused if there is none.
+    struct FocusedCell {
+        std::string row, column;
+    };
+    const FocusedCell& RequireFocus() const;
+    const std::optional<FocusedCell>& focus() const { return focus_; }
+    // A cell's label, and the names of the focused cell, at places that live as long as the dialog.
+    WideChar* LabelForCaller(const TableCell& cell);
+    char* NameForCaller(const std::string& name);
     // The labels as an array that lives as long as the dialog; null for none.
     WideChar** RowLabelsForCaller();
     WideChar** ColumnLabelsForCaller();
 
     // --- The user's side; null if there is none of this name ---
+    void FocusCell(const std::string& row, const std::string& column) { focus_ = {row, column}; }
     const TableRow* FindRow(const std::string& row) const;
     const TableColumn* FindColumn(const std::string& nameOrLabel) const;
     const TableCell* FindCell(const std::string& row, const std::string& nameOrLabel) const;
@@ -73,14 +100,18 @@ public:
     std::string State() const override;
 
 protected:
-    // ~ Select, ~ Activate
+    // ~ Select, ~ Activate, ~ Arm
     std::string Act(Verb verb, const std::vector<std::string>& arguments) override;
 
 private:
     using Row = std::list<TableRow>::iterator;
     Row RowNamed(const std::string& row) const;                // refuses
     std::size_t ColumnIndex(const std::string& column) const;  // refuses
-    std::string SelectRow(const std::vector<std::string>& cell);
+    void Forget(TableCell& cell);
+    // Empty, or why there is no such cell.
+    std::string CellProblem(const std::string& row, const std::string& column) const;
+    std::string SelectRows(const std::vector<std::string>& cells);
+    std::string ArmCell(const std::string& row, const std::string& column);
     WideChar** Lend(std::vector<WideText> labels);
 
     std::vector<TableColumn> columns_;
@@ -94,6 +125,9 @@ private:
         std::vector<WideChar*> array;
     };
     std::vector<Lent> lent_;
+    std::deque<WideText> lentLabels_;
+    std::deque<std::string> lentNames_;
+    std::optional<FocusedCell> focus_;
 };
 
 }  // namespace simhost

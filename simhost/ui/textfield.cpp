@@ -69,6 +69,15 @@ std::string TextField::Act(Verb verb, const std::vector<std::string>& arguments)
     return {};
 }
 
+void TextField::Resemble(const Component& other) {
+    Component::Resemble(other);
+    if (const auto* field = dynamic_cast<const TextField*>(&other)) value = field->value;
+}
+
+void InputPanel::ReceiveFocus() {
+    dialog().RunAction(focusInAction, name());
+}
+
 std::vector<std::string> InputPanel::Picture() const {
     std::string text = Utf8(value);
     const auto width = std::size_t(std::max(columns(), 1));

@@ -27,6 +27,7 @@ public:
 protected:
     // ~ Input and ~ Update: the text as a whole.
     std::string Act(Verb verb, const std::vector<std::string>& arguments) override;
+    void Resemble(const Component& other) override;
 
 private:
     int columns_ = 20;
@@ -37,7 +38,11 @@ class InputPanel : public TextField {
 public:
     static constexpr const char* kKind = "InputPanel";
     using TextField::TextField;
+    DialogAction focusInAction;
     std::vector<std::string> Picture() const override;
+
+protected:
+    void ReceiveFocus() override;
 };
 
 class TextArea : public TextField {

@@ -29,6 +29,7 @@ struct FileQuestion {
     WideText proposed;
     std::vector<WideText> files;  // of the folder, that fit the filter, without their versions
     bool toWrite = false;         // the name of a file that is to be written, and need not be there
+    bool mayBeMissing = false;    // of a file that is to be read: the same
 };
 
 class User {

@@ -16,6 +16,25 @@ WideText VisibleFilter(const WideChar* pairs) {
     return text;
 }
 
+using Asked = BOOL (*)(const HostSide& host, OPENFILENAMEW* dialog);
+
+BOOL Ask(Operation& op, Asked ask, OPENFILENAMEW* dialog) {
+    WideText filter, path;
+    return op.CallOr([](int) { return BOOL{FALSE}; },
+                     [&] {
+                         Need(dialog, "the record");
+                         const BOOL chosen = ask(Simulated().host(), dialog);
+                         filter = VisibleFilter(dialog->lpstrFilter);
+                         path = chosen ? dialog->lpstrFile : WIDE("");
+                         return chosen;
+                     },
+                     "owner", dialog ? static_cast<const void*>(dialog->hwndOwner) : nullptr,
+                     "filter", TextThen{&filter}, "extension",
+                     dialog ? dialog->lpstrDefExt : nullptr, "folder",
+                     dialog ? dialog->lpstrInitialDir : nullptr, "flags",
+                     dialog ? dialog->Flags : DWORD{0}, "path", TextThen{&path});
+}
+
 }  // namespace
 
 HWND GetActiveWindow() {
@@ -26,19 +45,9 @@ HWND GetActiveWindow() {
 }
 
 BOOL GetSaveFileNameW(OPENFILENAMEW* dialog) {
-    Operation& op = Op<"GetSaveFileNameW">;
-    WideText filter, path;
-    return op.CallOr([](int) { return BOOL{FALSE}; },
-                     [&] {
-                         Need(dialog, "the record");
-                         const BOOL chosen = AskForSaveName(Simulated().host(), dialog);
-                         filter = VisibleFilter(dialog->lpstrFilter);
-                         path = chosen ? dialog->lpstrFile : WIDE("");
-                         return chosen;
-                     },
-                     "owner", dialog ? static_cast<const void*>(dialog->hwndOwner) : nullptr,
-                     "filter", TextThen{&filter}, "extension",
-                     dialog ? dialog->lpstrDefExt : nullptr, "folder",
-                     dialog ? dialog->lpstrInitialDir : nullptr, "flags",
-                     dialog ? dialog->Flags : DWORD{0}, "path", TextThen{&path});
+    return Ask(Op<"GetSaveFileNameW">, AskForSaveName, dialog);
+}
+
+BOOL GetOpenFileNameW(OPENFILENAMEW* dialog) {
+    return Ask(Op<"GetOpenFileNameW">, AskForOpenName, dialog);
 }

@@ -207,16 +207,24 @@ HWND WINAPI ActiveWindow() {
     return op.CallOr([](int) { return HWND{}; }, [] { return GetActiveWindow(); });
 }
 
-BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
-    Operation& op = Op<"GetSaveFileNameW">;
+template <class Ask>
+BOOL AskForName(Operation& op, Ask ask, OPENFILENAMEW* dialog) {
     return op.CallOr(
         False,
         [&] {
             Need(dialog, "the record");
-            return AskForSaveName(Real().host(), dialog);
+            return ask(Real().host(), dialog);
         },
         "owner", static_cast<const void*>(dialog->hwndOwner), "extension", dialog->lpstrDefExt,
         "folder", dialog->lpstrInitialDir, "flags", dialog->Flags, "path", Out(dialog->lpstrFile));
+}
+
+BOOL WINAPI SaveName(OPENFILENAMEW* dialog) {
+    return AskForName(Op<"GetSaveFileNameW">, AskForSaveName, dialog);
+}
+
+BOOL WINAPI OpenName(OPENFILENAMEW* dialog) {
+    return AskForName(Op<"GetOpenFileNameW">, AskForOpenName, dialog);
 }
 
 BOOL WINAPI FileExists(const WideChar* path) {
@@ -408,6 +416,7 @@ void* WatcherOf(const char* name) {
         {"ShellExecuteW",              Address(OpenByProgram)},
         {"GetActiveWindow",            Address(ActiveWindow)},
         {"GetSaveFileNameW",           Address(SaveName)},
+        {"GetOpenFileNameW",           Address(OpenName)},
         {"PathFileExistsW",            Address(FileExists)},
         {"DeleteFileW",                Address(RemoveFile)},
         {"CopyFileW",                  Address(CopyOfFile)},

@@ -159,7 +159,8 @@ TEST_F(SaveDialogs, ComplainAboutAFilterThatEndsBehindALabel) {
     WideChar path[MAX_PATH] = {};
     OPENFILENAMEW dialog = {};
     dialog.lStructSize = sizeof dialog;
-    dialog.lpstrFilter = WIDE("Sheets\0*.xlsx\0All\0\0");
+    // A pattern that is empty ends the list; here something follows.
+    dialog.lpstrFilter = WIDE("Sheets\0*.xlsx\0All\0\0*.*\0");
     dialog.lpstrFile = path;
     dialog.nMaxFile = MAX_PATH;
     EXPECT_FALSE(GetSaveFileNameW(&dialog));

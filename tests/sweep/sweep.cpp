@@ -5,10 +5,14 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <utility>
 
+#include "simhost/core/disk.h"
+#include "simhost/core/file_names.h"
 #include "simhost/core/operation.h"
+#include "simhost/model/model.h"
 #include "tests/support/desk.h"
 #include "tests/sweep/crash_note.h"
 
@@ -53,6 +57,32 @@ void CheckUnloaded(World& world, const std::string& run) {
 
 bool StartsWith(const std::string& text, const std::string& beginning) {
     return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+// What the model files of a folder hold; under which names is another matter.
+std::multiset<std::string> ModelFiles(const std::filesystem::path& folder) {
+    std::multiset<std::string> contents;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+        const auto name = entry.path().filename().u8string();
+        std::string file;
+        SplitVersion(std::string(name.begin(), name.end()), &file);
+        const std::size_t dot = file.rfind('.');
+        const bool isModel =
+            dot != std::string::npos && TypeOfSuffix(file.substr(dot + 1)) != PRO_MDL_UNUSED;
+        if (isModel) contents.insert(ReadFile(entry.path()));
+    }
+    return contents;
+}
+
+// No command deletes or overwrites a version of a model, whatever fails.
+void DoAndKeepModels(const std::function<void(World&)>& act, World& world, const std::string& run) {
+    const auto folder = world.host().disk.Real(world.host().session.workingDirectory);
+    const std::multiset<std::string> before = ModelFiles(folder);
+    Do(act, world, run);
+    const std::multiset<std::string> after = ModelFiles(folder);
+    EXPECT_TRUE(std::includes(after.begin(), after.end(), before.begin(), before.end()))
+        << run << ": a model file is gone";
 }
 
 // The record without the command's name.
@@ -133,7 +163,7 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     Do(story.prepare, world, run);
     Operation::ResetCounts();
     workbench::Fail(operation, {.n = unsigned(n), .forGood = forGood});
-    Do(story.act, world, run);
+    DoAndKeepModels(story.act, world, run);
     const auto fired = Operation::FiredFaults();
     Operation::ForgetFaults();
     const int calls = int(Operation::All().at(operation)->calls());
@@ -141,7 +171,7 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     CheckComplaints(world, operation, run);
 
     // The session goes on.
-    Do(story.after ? story.after : story.act, world, run);
+    DoAndKeepModels(story.after ? story.after : story.act, world, run);
     CheckComplaints(world, operation, run + ", then without faults");
     CheckUnloaded(world, run);
     CheckComplaints(world, operation, run + ", then the end");

@@ -22,12 +22,13 @@ SIMULATED = "vorlatix-5.1-simulated-host"
 # As they lie in the repository, byte for byte.
 COPIES = {
     "VXconfig/VxBom.ini", "VXconfig/VxConfig.ini", "VXconfig/VxOptiColor.ini",
-    "VXconfig/VxParams.ini", "VXconfig/VxUGColor.ini",
+    "VXconfig/VxParams.ini", "VXconfig/VxRename.ini", "VXconfig/VxUGColor.ini",
     "text/resource/AboutVx.png", "text/resource/AboutVx.res", "text/resource/Relations.res",
     "text/resource/SetUnit.res", "text/resource/TweViews.res", "text/resource/VxBom.res",
     "text/resource/VxConfig.res", "text/resource/VxInit.res", "text/resource/VxParams.res",
     "text/resource/VxQQ2.gif", "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res",
-    "text/resource/VxRemoveCons.res", "text/vxMenu.txt", "text/vxmsg_display.txt",
+    "text/resource/VxRemoveCons.res", "text/resource/VxRename.res", "text/vxMenu.txt",
+    "text/vxmsg_display.txt",
 }
 MADE = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt"}
 SIMULATED_ONLY = {"tp/vx.drw", "vxudf/vxbox.gph"}

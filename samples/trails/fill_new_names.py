@@ -9,7 +9,12 @@ import sys
 
 import openpyxl
 
-NEW = {"HOUSING": "箱座", "OUTPUT_SHAFT": "输出轴组件", "WASHER_12": "垫圈_12", "BREATHER": "通气器"}
+NEW = {
+    "HOUSING": "箱座",
+    "OUTPUT_SHAFT": "输出轴组件",
+    "WASHER_12": "垫圈_12",
+    "BREATHER": "通气器",
+}
 
 
 def main(path):

@@ -82,7 +82,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"picture",            "把窗口的内容画到文件中"},
     {"picture screen",     "按屏幕上当前的视角画出，带标尺，供 pick box 使用"},
     {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、components（磁盘上的最新版本与约束）、constraints、"
-                           "colours、parameters、relations、units [模型]、outline [模型]、views、tables、options、materials、masses、bends、messages"},
+                           "colours、parameters、relations、units [模型]、outline [模型]、views、tables、options、materials、masses、bends、files、references [文件]、messages"},
     {"title",              "开始报告的一节"},
     {"remember",           "记下所有或所列模型的颜色、关系、单位制、大小、首个不在原点的元件的位置、材料、密度、质量、折弯表、展开长度或参数，供列表用"},
     {"table",              "把记下的内容并排列出"},

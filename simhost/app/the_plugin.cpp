@@ -1,6 +1,8 @@
 // Arrays that the plug-in leaves to the host, and null arrays that it frees, each with its reason.
 #include "simhost/app/the_plugin.h"
 
+#include "hostapi/host/dimension.h"
+
 namespace simhost::the_plugin {
 
 const std::vector<HeldOnPurpose> kHeldOnPurpose = {
@@ -8,6 +10,12 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
      "the access rules of popup buttons leave the array of selections to the host"},
     {"command VxBom", "ProArrayAlloc", sizeof(char*),
      "the drawing area is left the list of its picture"},
+    {"command VxSingleDim", "ProArrayAlloc", sizeof(ProSelection),
+     "each pass leaves its picks to the host"},
+    {"command VxSingleDim", "ProArrayAlloc", sizeof(ProDimSense),
+     "each pass leaves its senses to the host"},
+    {"command VxSingleDim", "ProSelectionCopy", 0, "they lie in the arrays that are left"},
+    {"command VxSingleDim", "ProSelectionAlloc", 0, "likewise"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {

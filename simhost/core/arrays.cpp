@@ -152,13 +152,22 @@ bool ArrayLedger::WasTakenBack(const void* address) const {
                        [&](const Range& range) { return range.Holds(address); });
 }
 
-std::vector<std::string> ArrayLedger::LoansHeld() const {
+bool ArrayLedger::IsOnPurpose(const std::string& by, const std::string& origin,
+                              std::size_t objectSize) const {
+    return std::any_of(heldOnPurpose_.begin(), heldOnPurpose_.end(), [&](const auto& row) {
+        return by == row.holder && origin == row.origin &&
+               (row.objectSize == 0 || row.objectSize == objectSize);
+    });
+}
+
+std::vector<std::string> ArrayLedger::LoansHeld(bool byMistake) const {
     std::vector<std::string> held;
     for (const auto& [address, loan] : loans_) {
         held.push_back(
             fmt::format("{}, {}: a record of {} bytes", loan.holder, loan.origin, loan.size));
     }
     for (const auto& [address, handle] : handles_) {
+        if (byMistake && IsOnPurpose(handle.holder, handle.origin, 0)) continue;
         held.push_back(fmt::format("{}, {}: a handle", handle.holder, handle.origin));
     }
     return held;
@@ -172,7 +181,7 @@ std::string ArrayLedger::Line(const Header& header) {
 }
 
 std::vector<std::string> ArrayLedger::Held() const {
-    std::vector<std::string> held = LoansHeld();
+    std::vector<std::string> held = LoansHeld(/*byMistake=*/false);
     for (const auto& [address, header] : live_) {
         if (header->holder != kTheHost) held.push_back(Line(*header));
     }
@@ -180,14 +189,10 @@ std::vector<std::string> ArrayLedger::Held() const {
 }
 
 std::vector<std::string> ArrayLedger::HeldByMistake() const {
-    std::vector<std::string> held = LoansHeld();
+    std::vector<std::string> held = LoansHeld(/*byMistake=*/true);
     for (const auto& [address, header] : live_) {
-        const auto known = [&header = *header](const HeldOnPurpose& row) {
-            return header.holder == row.holder && header.origin == row.origin &&
-                   (row.objectSize == 0 || row.objectSize == header.objectSize);
-        };
         if (header->holder == kTheHost) continue;
-        if (std::none_of(heldOnPurpose_.begin(), heldOnPurpose_.end(), known)) {
+        if (!IsOnPurpose(header->holder, header->origin, header->objectSize)) {
             held.push_back(Line(*header));
         }
     }

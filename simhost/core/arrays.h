@@ -16,7 +16,7 @@
 
 namespace simhost {
 
-// An array that a caller leaves to the host for ever.
+// An array or a handle that a caller leaves to the host for ever.
 struct HeldOnPurpose {
     const char* holder;
     const char* origin;
@@ -107,7 +107,9 @@ private:
         }
     };
     void NoteLoan(std::shared_ptr<void> memory, std::size_t size, std::string origin);
-    std::vector<std::string> LoansHeld() const;
+    std::vector<std::string> LoansHeld(bool byMistake) const;
+    bool IsOnPurpose(const std::string& by, const std::string& origin,
+                     std::size_t objectSize) const;
     struct HeldHandle {
         std::string holder, origin;
     };

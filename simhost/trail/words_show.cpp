@@ -216,6 +216,7 @@ constexpr Topic kTopics[] = {
     {"units", [](Trail& trail) { ShowUnits(trail, ""); }},
     {"outline", [](Trail& trail) { ShowOutline(trail, ""); }},
     {"views", ShowViews},
+    {"dimensions", ShowDimensions},
     {"tables", ShowTables},
     {"options", ShowOptions},
     {"materials", ShowMaterials},
@@ -233,6 +234,7 @@ constexpr TopicOf kTopicsOf[] = {
     {"tree ", [](Trail& trail, const std::string& rest) { ShowTree(trail, ParseText(rest).text); }},
     {"units ", ShowUnits},
     {"outline ", ShowOutline},
+    {"edges ", ShowEdges},
 };
 
 }  // namespace

@@ -152,8 +152,7 @@ void AddFrame(const Model& drawing, SheetSize size, Writer* out) {
 
 // Signs that readers of the format know by codes of their own.
 std::string Coded(std::string text) {
-    constexpr std::pair<const char*, const char*> kCodes[] = {
-        {"⌀", "%%c"}, {"±", "%%p"}, {"°", "%%d"}};
+    constexpr std::pair<const char*, const char*> kCodes[] = {{"±", "%%p"}, {"°", "%%d"}};
     for (const auto& [sign, code] : kCodes) {
         for (std::size_t at = text.find(sign); at != std::string::npos; at = text.find(sign)) {
             text.replace(at, std::strlen(sign), code);

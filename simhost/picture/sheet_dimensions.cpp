@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "simhost/core/text.h"
 #include "simhost/model/dimension_measure.h"
@@ -19,6 +20,7 @@ constexpr double kHeight = 3.5;  // of letters
 constexpr double kSmall = 0.6;   // of deviations, as a part of that
 constexpr double kAbove = 0.8;   // between a line and the text over it
 constexpr double kBeyond = 2;    // of an extension line, after the dimension line
+constexpr double kGap = 0.6;     // before deviations
 constexpr double kRowHeight = 1.6 * kHeight;
 constexpr double kSame = 1e-6;
 const double kDegree = std::acos(-1.0) / 180;
@@ -27,8 +29,64 @@ constexpr const char* kColour = "#1d3f72";
 constexpr const char* kLostColour = "#c23b22";
 constexpr double kLineWidth = 0.18;
 
+// --- Drawing symbols. Hardly a font has them, so they are drawn: a square of the height of
+// letters,
+// --- x to the right, y up, the foot at 0 ---
+
+struct Stroke {
+    double x0, y0, x1, y1;
+};
+struct Symbol {
+    const char* sign;
+    bool circle;
+    std::vector<Stroke> strokes;
+};
+const std::vector<Symbol>& Symbols() {
+    static const std::vector<Symbol> symbols = {
+        {"⌀", true, {{0.1, -0.1, 0.7, 0.9}}},
+        {"□",
+         false,
+         {{0.1, 0, 0.8, 0}, {0.8, 0, 0.8, 0.7}, {0.8, 0.7, 0.1, 0.7}, {0.1, 0.7, 0.1, 0}}},
+        {"⌴", false, {{0.1, 0.6, 0.1, 0}, {0.1, 0, 0.9, 0}, {0.9, 0, 0.9, 0.6}}},
+        {"⌵", false, {{0.1, 0.7, 0.5, 0}, {0.5, 0, 0.9, 0.7}}},
+        {"↧",
+         false,
+         {{0.1, 0.8, 0.9, 0.8}, {0.5, 0.8, 0.5, 0}, {0.3, 0.3, 0.5, 0}, {0.7, 0.3, 0.5, 0}}},
+    };
+    return symbols;
+}
+constexpr double kSymbolWidth = 1.0;  // in heights
+
+// A text in pieces: symbols, and what is between them.
+struct Run {
+    std::string text;
+    const Symbol* symbol = nullptr;
+};
+std::vector<Run> RunsOf(const std::string& text) {
+    std::vector<Run> runs;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto found =
+            std::find_if(Symbols().begin(), Symbols().end(), [&](const Symbol& symbol) {
+                return text.compare(at, std::strlen(symbol.sign), symbol.sign) == 0;
+            });
+        if (found != Symbols().end()) {
+            runs.push_back({{}, &*found});
+            at += std::strlen(found->sign);
+            continue;
+        }
+        if (runs.empty() || runs.back().symbol) runs.emplace_back();
+        runs.back().text += text[at++];
+    }
+    return runs;
+}
+
 double WidthOf(const std::string& text, double height) {
-    return 0.62 * height * double(DisplayWidth(text));
+    double width = 0;
+    for (const Run& run : RunsOf(text)) {
+        width +=
+            run.symbol ? kSymbolWidth * height : 0.62 * height * double(DisplayWidth(run.text));
+    }
+    return width;
 }
 
 Vec3 Upright(Vec3 way) {
@@ -50,7 +108,8 @@ double DegreesOf(Vec3 way) {
 double WidthOf(const DimensionLine& line) {
     const double small = kSmall * kHeight;
     const double stack = std::max(WidthOf(line.upper, small), WidthOf(line.lower, small));
-    return WidthOf(line.before, kHeight) + stack + WidthOf(line.after, kHeight);
+    const double gap = line.upper.empty() ? 0 : kGap;
+    return WidthOf(line.before, kHeight) + gap + stack + WidthOf(line.after, kHeight);
 }
 
 double WidthOf(const std::vector<DimensionLine>& lines) {
@@ -75,20 +134,52 @@ public:
         }
     }
 
+    // A text along a direction.
+    void Piece(const std::string& text, double height, Vec3 at, Vec3 way) {
+        for (const Run& run : RunsOf(text)) {
+            if (run.symbol) {
+                Sign(*run.symbol, height, at, way);
+                at = at + kSymbolWidth * height * way;
+            } else {
+                drawn_.texts.push_back({at, DegreesOf(way), height, run.text});
+                at = at + WidthOf(run.text, height) * way;
+            }
+        }
+    }
+
 private:
     // Deviations stand one over the other, the lower one level with the foot of the size.
     void Row(const DimensionLine& line, Vec3 at, Vec3 way) {
         const double small = kSmall * kHeight;
         const Vec3 up = Upright(way);
         const auto put = [&](Vec3 where, double height, const std::string& text) {
-            if (!text.empty()) drawn_.texts.push_back({where, DegreesOf(way), height, text});
+            Piece(text, height, where, way);
         };
         put(at, kHeight, line.before);
-        at = at + WidthOf(line.before, kHeight) * way;
+        const double gap = line.upper.empty() ? 0 : kGap;
+        at = at + (WidthOf(line.before, kHeight) + gap) * way;
         put(at + 1.1 * small * up, small, line.upper);
         put(at - 0.1 * small * up, small, line.lower);
         at = at + std::max(WidthOf(line.upper, small), WidthOf(line.lower, small)) * way;
         put(at, kHeight, line.after);
+    }
+
+    void Sign(const Symbol& symbol, double height, Vec3 at, Vec3 way) {
+        const Vec3 up = Upright(way);
+        const auto point = [&](double x, double y) {
+            return at + height * x * way + height * y * up;
+        };
+        for (const Stroke& each : symbol.strokes) {
+            Line(point(each.x0, each.y0), point(each.x1, each.y1));
+        }
+        if (!symbol.circle) return;
+        constexpr int kSides = 20;
+        constexpr double kRadius = 0.33, kMiddle = 0.4;
+        const auto rim = [&](int i) {
+            const double angle = 360.0 / kSides * i * kDegree;
+            return point(kMiddle + kRadius * std::cos(angle), kMiddle + kRadius * std::sin(angle));
+        };
+        for (int i = 0; i < kSides; ++i) Line(rim(i), rim(i + 1));
     }
 
     DrawnAnnotation& drawn_;
@@ -204,7 +295,7 @@ DrawnAnnotation DrawnNote(const SheetNote& note) {
     drawn.id = note.id;
     for (std::size_t i = 0; i < note.text.size(); ++i) {
         const Vec3 at = note.at - Vec3{0, double(i) * kRowHeight, 0};
-        drawn.texts.push_back({at, 0, kHeight, WithSigns(note.text[i])});
+        Sketch(&drawn).Piece(WithSigns(note.text[i]), kHeight, at, {1, 0, 0});
     }
     return drawn;
 }

@@ -1,4 +1,4 @@
-// Edges of solids.
+// Edges of solids: the edge that an item is, and what its curve is like.
 #pragma once
 
 #include "hostapi/host/geometry.h"

@@ -141,15 +141,19 @@ TEST_F(SingleDim, APointAloneGivesNoDimensionAndTheNextPassBegins) {
 
 TEST_F(SingleDim, OnePickMakesItsCallsInThisOrder) {
     Record(kCommand + PickBlockEdge({0, 0, 10}, {40, 0, 10}) + kNoSecond + Click(100, 75) + kEnd);
-    EXPECT_EQ(NamesOfCalls(),
-              (Names{"ProModeCurrentGet", "ProMdlCurrentGet",  "ProArrayAlloc",       "ProArrayAlloc",
-                     "ProMessageDisplay", "ProSelect",           "ProSelectionCopy",
-                     "ProMessageDisplay", "ProSelect",           "ProSelectionModelitemGet",
-                     "ProGeomitemToEdge", "ProEdgeTypeGet",      "ProArrayAlloc",
-                     "ProArrayAlloc",     "ProSelectionCopy",    "ProSelectionViewGet",
-                     "ProMousePickGet",   "ProDrawingDimCreate", "ProAnnotationShow",
-                     "ProArrayFree",      "ProMdlCurrentGet",    "ProArrayAlloc",
-                     "ProArrayAlloc",     "ProMessageDisplay",   "ProSelect"}));
+    EXPECT_EQ(NamesOfCalls(), (Names{"ProModeCurrentGet", "ProMdlCurrentGet",
+                                     "ProArrayAlloc",     "ProArrayAlloc",
+                                     "ProMessageDisplay", "ProSelect",
+                                     "ProSelectionCopy",  "ProMessageDisplay",
+                                     "ProSelect",         "ProSelectionModelitemGet",
+                                     "ProGeomitemToEdge", "ProEdgeTypeGet",
+                                     "ProArrayAlloc",     "ProArrayAlloc",
+                                     "ProSelectionCopy",  "ProSelectionViewGet",
+                                     "ProMousePickGet",   "ProDrawingDimCreate",
+                                     "ProAnnotationShow", "ProArrayFree",
+                                     "ProMdlCurrentGet",  "ProArrayAlloc",
+                                     "ProArrayAlloc",     "ProMessageDisplay",
+                                     "ProSelect"}));
     EXPECT_NE(LinesOf("ProMousePickGet")[0].find("expected=8191"), std::string::npos)
         << LinesOf("ProMousePickGet")[0];
     EXPECT_NE(LinesOf("ProAnnotationShow")[0].find("path=null, view=view 1 of sheet.drw"),

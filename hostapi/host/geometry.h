@@ -18,10 +18,18 @@ typedef struct VxSurfacedata {
     Pro3dPnt xyz_max;
 } ProSurfacedata;
 
+// An edge's curve, at which the plug-in does not look.
+typedef struct VxCurvedata {
+    int type;
+    double radius;  // of a round one
+    Pro3dPnt from, to;
+} ProCurvedata;
+
 typedef struct VxGeomitemdata {
     ProType obj_type;
     union {
         ProSurfacedata* p_surface_data;
+        ProCurvedata* p_curve_data;
     } data;
 } ProGeomitemdata;
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "hostapi/host/component_path.h"
+#include "hostapi/host/geometry.h"
 #include "hostapi/host/types.h"
+#include "hostapi/host/view.h"
 
 // A new array with the selections of the selection buffer, in the order of picking. The caller
 // frees the array. PRO_TK_E_NOT_FOUND: nothing is selected.
@@ -31,6 +33,18 @@ HOST_API ProError ProSelectionAlloc(ProAsmcomppath* path, ProModelitem* item,
 
 // Frees a selection of ProSelectionAlloc and sets the variable to null.
 HOST_API ProError ProSelectionFree(ProSelection* selection);
+
+// --- Where something was picked ---
+
+// Copies a selection. The caller frees the copy with ProSelectionFree.
+HOST_API ProError ProSelectionCopy(ProSelection from, ProSelection* copy);
+
+// The view of a drawing in which it was picked. PRO_TK_E_NOT_FOUND: in none.
+HOST_API ProError ProSelectionViewGet(ProSelection selection, ProView* view);
+
+// The point at which it was picked, on the item, in the coordinates of the item's model.
+// PRO_TK_E_NOT_FOUND: it was not picked with the mouse.
+HOST_API ProError ProSelectionPoint3dGet(ProSelection selection, Pro3dPnt point);
 
 // How a pick is to be made: pairs of an attribute and its value.
 // Assumed (codes, 60 %): which attributes the numbers name
@@ -63,3 +77,17 @@ typedef struct VxSelAppAction ProSelAppAction;  // likewise
 HOST_API ProError ProSelect(char* filter, int most, ProSelection* initial,
                             ProSelFunctions* functions, ProSelectionEnv environment,
                             ProSelAppAction* reference, ProSelection** selections, int* count);
+
+// Buttons of the mouse, as a mask.
+// Assumed (codes, 60 %): 0x1fff, which is handed over, means any button
+typedef enum : int {
+    PRO_LEFT_BUTTON = 1,
+    PRO_MIDDLE_BUTTON = 2,
+    PRO_RIGHT_BUTTON = 4,
+    PRO_ANY_BUTTON = 0x1fff
+} ProMouseButton;
+
+// Waits for a click with one of the buttons; receives that button and, in a drawing, the place on
+// the sheet. PRO_TK_USER_ABORT: the user wants none.
+HOST_API ProError ProMousePickGet(ProMouseButton expected, ProMouseButton* pressed,
+                                  Pro3dPnt position);

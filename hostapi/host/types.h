@@ -75,6 +75,7 @@ typedef enum : int {
     PRO_DRAWING = 4,
     PRO_SURFACE = 5,
     PRO_EDGE = 6,
+    PRO_DIMENSION = 8,
     PRO_CSYS = 25,
     PRO_DWGFORM = 33,
     PRO_MFG = 37,
@@ -97,6 +98,7 @@ typedef ProSolid ProPart;
 typedef ProSolid ProMfg;  // a manufacturing model
 typedef struct VxHostSurface* ProSurface;
 typedef struct VxHostCsys* ProCsys;  // a coordinate system
+typedef struct VxHostEdge* ProEdge;
 typedef struct VxHostSelection* ProSelection;
 typedef void* Prohandle;  // an object of the older database calls
 

@@ -1,6 +1,8 @@
 // Arrays that the plug-in leaves to the host, and null arrays that it frees, each with its reason.
 #include "simhost/app/the_plugin.h"
 
+#include "hostapi/host/dimension.h"
+
 namespace simhost::the_plugin {
 
 const std::vector<HeldOnPurpose> kHeldOnPurpose = {
@@ -10,6 +12,12 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
      "the drawing area is left the list of its picture"},
     {"command VxMergeTo", "ProElementAlloc", 0, "of several trees only the last is freed"},
     {"command VxMergeTo", "ProSelectionAlloc", 0, "so it is with what they were made in"},
+    {"command VxSingleDim", "ProArrayAlloc", sizeof(ProSelection),
+     "each pass leaves its picks to the host"},
+    {"command VxSingleDim", "ProArrayAlloc", sizeof(ProDimSense),
+     "each pass leaves its senses to the host"},
+    {"command VxSingleDim", "ProSelectionCopy", 0, "they lie in the arrays that are left"},
+    {"command VxSingleDim", "ProSelectionAlloc", 0, "likewise"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {

@@ -25,7 +25,8 @@ enum class HandleKind : std::uint8_t {
     UdfDimension = 0x2d,
     Element = 0x2e,
     Value = 0x2f,
-    // From 0x31 on: those of the simulated Windows; from 0x41 on: those of the spreadsheets.
+    Edge = 0x51,
+    // From 0x31 on: those of the simulated Windows; 0x41 to 0x4f: those of the spreadsheets.
 };
 
 inline HandleKind KindOf(const void* handle) {

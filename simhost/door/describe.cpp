@@ -11,6 +11,7 @@
 #include "simhost/model/constraints.h"
 #include "simhost/model/csys.h"
 #include "simhost/model/drawing.h"
+#include "simhost/model/edge_handles.h"
 
 namespace simhost {
 
@@ -114,6 +115,7 @@ std::string DescribeHandle(const void* handle) {
                 return DescribeValue(*value);
             }
             return "a value";
+        case HandleKind::Edge: return DescribeEdge(session, handle);
         case HandleKind::Csys:
             if (const Csys* csys = session.csyses.Find(handle)) {
                 return fmt::format("csys {} of {}",
@@ -200,9 +202,19 @@ std::string TextOf(const ProAsmcomppath& path) {
 }
 
 std::string TextOf(const ProGeomitemdata& data) {
+    if (data.obj_type == PRO_EDGE) {
+        const ProCurvedata& curve = *data.data.p_curve_data;
+        return fmt::format("curve {} of radius {} from {} to {}", curve.type, curve.radius,
+                           Numbers(curve.from, 3), Numbers(curve.to, 3));
+    }
     const ProSurfacedata& surface = *data.data.p_surface_data;
     return fmt::format("type {} from {} to {}", surface.type, Numbers(surface.xyz_min, 3),
                        Numbers(surface.xyz_max, 3));
+}
+
+std::string TextOf(const ProDimSense& sense) {
+    return fmt::format("sense {} value {} angle [{}, {}, {}] hint {}", sense.type, sense.sense,
+                       sense.angle[0], sense.angle[1], sense.angle[2], sense.orient_hint);
 }
 
 std::string TextOf(const ProDrawingViewDisplay& display) {

@@ -8,6 +8,7 @@
 #include "hostapi/host/appearance.h"
 #include "hostapi/host/component_path.h"
 #include "hostapi/host/dialog_drawingarea.h"
+#include "hostapi/host/dimension.h"
 #include "hostapi/host/drawing_template.h"
 #include "hostapi/host/drawing_view.h"
 #include "hostapi/host/element.h"
@@ -35,6 +36,7 @@ std::string TextOf(const ProRelset& set);
 std::string TextOf(const ProFamtableItem& item);
 std::string TextOf(const ProAsmcomppath& path);
 std::string TextOf(const ProGeomitemdata& data);
+std::string TextOf(const ProDimSense& sense);
 std::string TextOf(const ProDrawingViewDisplay& display);
 std::string TextOf(const ProdbSurfaceProps& props);
 std::string TextOf(const ProSelectionEnvOption& option);
@@ -61,6 +63,7 @@ template <> struct JournalText<ProRelset> : RecordText<ProRelset> {};
 template <> struct JournalText<ProFamtableItem> : RecordText<ProFamtableItem> {};
 template <> struct JournalText<ProAsmcomppath> : RecordText<ProAsmcomppath> {};
 template <> struct JournalText<ProGeomitemdata> : RecordText<ProGeomitemdata> {};
+template <> struct JournalText<ProDimSense> : RecordText<ProDimSense> {};
 template <> struct JournalText<ProDrawingViewDisplay> : RecordText<ProDrawingViewDisplay> {};
 template <> struct JournalText<ProdbSurfaceProps> : RecordText<ProdbSurfaceProps> {};
 template <> struct JournalText<ProSelectionEnvOption> : RecordText<ProSelectionEnvOption> {};

@@ -7,6 +7,7 @@
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/model/picking.h"
+#include "simhost/model/view_items.h"
 
 using namespace simhost;
 
@@ -52,6 +53,20 @@ void AskForPick(Picking* picking) {
     picking->Leave();
 }
 
+// A click with another button than those that are waited for is none: the user is asked again.
+std::optional<Click> AskForClick(int buttons) {
+    Host& host = TheHost();
+    if (!host.user) {
+        host.Complain("nobody answers the wait for a click");
+        return std::nullopt;
+    }
+    for (;;) {
+        const std::optional<Click> click = host.user->AnswerClick();
+        if (!click || (click->button & buttons) != 0) return click;
+        host.Tell("this button is not waited for; click with another one");
+    }
+}
+
 }  // namespace
 
 ProError ProSelbufferSelectionsGet(ProSelection** selections) {
@@ -79,8 +94,14 @@ ProError ProSelbufferSelectionAdd(ProSelection selection) {
 }
 
 ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem* item) {
-    return Op<"ProSelectionModelitemGet">.Call([&] { *item = RequireSelection(selection).item; },
-                                               ARG(selection), OUT(item));
+    return Op<"ProSelectionModelitemGet">.Call(
+        [&] {
+            const Selection& found = RequireSelection(selection);
+            // What is seen of a round face is no item of its model.
+            if (found.item.type == kSilhouette) Refuse(PRO_TK_GENERAL_ERROR);
+            *item = found.item;
+        },
+        ARG(selection), OUT(item));
 }
 
 ProError ProSelectionAsmcomppathGet(ProSelection selection, ProAsmcomppath* path) {
@@ -133,6 +154,38 @@ ProError ProSelectionFree(ProSelection* selection) {
         GIVEN(selection));
 }
 
+ProError ProSelectionCopy(ProSelection from, ProSelection* copy) {
+    Operation& op = Op<"ProSelectionCopy">;
+    return op.Call(
+        [&] {
+            Host& host = TheHost();
+            *copy = host.session.selections.Make(RequireSelection(from));
+            host.arrays.NoteHandle(*copy, op.name());
+        },
+        ARG(from), OUT(copy));
+}
+
+ProError ProSelectionViewGet(ProSelection selection, ProView* view) {
+    return Op<"ProSelectionViewGet">.Call(
+        [&] {
+            const Selection& found = RequireSelection(selection);
+            if (!found.view) Refuse(PRO_TK_E_NOT_FOUND);
+            *view = found.view;
+        },
+        ARG(selection), OUT(view));
+}
+
+ProError ProSelectionPoint3dGet(ProSelection selection, Pro3dPnt point) {
+    return Op<"ProSelectionPoint3dGet">.Call(
+        [&] {
+            const Selection& found = RequireSelection(selection);
+            if (!found.point) Refuse(PRO_TK_E_NOT_FOUND);
+            const double values[] = {found.point->x, found.point->y, found.point->z};
+            std::copy_n(values, 3, point);
+        },
+        ARG(selection), OUT_POINT(point));
+}
+
 ProError ProSelectionEnvAlloc(ProSelectionEnvOption* options, int count,
                               ProSelectionEnv* environment) {
     return Op<"ProSelectionEnvAlloc">.Call(
@@ -174,4 +227,17 @@ ProError ProSelect(char* filter, int most, ProSelection* initial, ProSelFunction
         },
         GIVEN(filter), ARG(most), ARG(initial), ARG(functions), ARG(environment), ARG(reference),
         OUT_LIST(selections, count), OUT(count));
+}
+
+ProError ProMousePickGet(ProMouseButton expected, ProMouseButton* pressed, Pro3dPnt position) {
+    return Op<"ProMousePickGet">.Call(
+        [&] {
+            if ((int(expected) & int(PRO_ANY_BUTTON)) == 0) Refuse(PRO_TK_BAD_INPUTS);
+            const std::optional<Click> click = AskForClick(int(expected));
+            if (!click) Refuse(PRO_TK_USER_ABORT);
+            *pressed = ProMouseButton(click->button);
+            const double values[] = {click->x, click->y, 0};
+            std::copy_n(values, 3, position);
+        },
+        ARG(expected), OUT(pressed), OUT_POINT(position));
 }

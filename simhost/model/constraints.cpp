@@ -6,6 +6,7 @@
 #include <charconv>
 #include <utility>
 
+#include "simhost/model/annotations.h"
 #include "simhost/model/csys.h"
 #include "simhost/model/frames.h"
 #include "simhost/model/session.h"
@@ -196,6 +197,10 @@ bool HasItem(Model& model, ProType type, int id) {
         case PRO_CSYS: return FindCsys(model, id) != nullptr;
         case PRO_SURFACE: return model.HasSurface(id);
         case PRO_FEATURE: return model.FindFeature(id) != nullptr;
+        case PRO_DIMENSION: {
+            const auto& annotations = model.drawingData.annotations;
+            return annotations && annotations->FindDimension(id);
+        }
         default: return true;
     }
 }

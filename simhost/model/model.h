@@ -25,6 +25,7 @@ namespace simhost {
 
 class Model;
 class Session;
+class Annotations;
 class Drawing;
 struct Group;
 struct Merge;
@@ -87,8 +88,9 @@ struct AssemblyData {
 
 // What only drawings have.
 struct DrawingData {
-    std::vector<WideText> sheetSizes;  // "A3"; one for each sheet
-    std::shared_ptr<Drawing> views;    // null before its first use; see DrawingOf
+    std::vector<WideText> sheetSizes;          // "A3"; one for each sheet
+    std::shared_ptr<Drawing> views;            // null before its first use; see DrawingOf
+    std::shared_ptr<Annotations> annotations;  // likewise; see AnnotationsOf
 };
 
 // What the host paints on what has no appearance of its own.

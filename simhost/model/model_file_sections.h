@@ -42,6 +42,8 @@ extern const Section kFamilySection;
 extern const Section kSheetsSection;
 extern const Section kDrawingSection;
 extern const Section kViewSection;
+extern const Section kDimensionSection;
+extern const Section kNoteSection;
 extern const Section kSolidSection;
 extern const Section kSurfaceSection;
 extern const Section kMaterialSection;

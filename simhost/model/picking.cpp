@@ -4,15 +4,18 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <map>
 #include <unordered_map>
 
 #include "simhost/core/text.h"
+#include "simhost/model/annotations.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/session.h"
 #include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
+#include "simhost/model/view_items.h"
 
 namespace simhost {
 
@@ -26,6 +29,18 @@ const std::map<std::string, std::vector<ProType>>& FilterWords() {
         {"surface", {PRO_SURFACE}},
         {"sldface", {PRO_SURFACE}},
         {"qltface", {}},
+        // In drawings. Parts have neither datum planes, points nor curves, and no quilts.
+        {"edge", {PRO_EDGE}},
+        {"sldedge", {PRO_EDGE}},
+        {"qltedge", {}},
+        {"edge_end", {kEdgeStart, kEdgeEnd}},
+        {"silhedge", {kSilhouette}},
+        {"dtl_axis", {kAxis}},
+        {"csys", {PRO_CSYS}},
+        {"point", {}},
+        {"datum", {}},
+        {"curve", {}},
+        {"dimension", {PRO_DIMENSION}},
     };
     return words;
 }
@@ -48,6 +63,11 @@ std::string NameOf(const Session& session, const Selection& selection) {
     const Model* model = session.Find(selection.item.owner);
     const std::string file = model ? model->FileName() : "an erased model";
     if (IsModel(selection.item.type)) return file;
+    if (const char* word = ViewItemWord(selection.item.type)) {
+        return fmt::format("{} {} of {}", word, selection.item.id, file);
+    }
+    if (selection.item.type == PRO_DIMENSION) return fmt::format("dimension {}", selection.item.id);
+    if (selection.item.type == kNote) return fmt::format("note {}", selection.item.id);
     return fmt::format("{}#{} (an item of type {})", file, selection.item.id,
                        int(selection.item.type));
 }
@@ -139,6 +159,7 @@ std::vector<Selection> Picking::OnScreen(const ScreenBox* box, std::size_t most)
     std::vector<Selection> found;
     Model* current = session_.CurrentModel();
     if (!current) return found;
+    if (current->type == PRO_MDL_DRAWING) return box ? found : OnSheet(*current, most);
     Model& top = ContentsOf(*current);
     const ScreenView& view = ScreenOf(top);
     std::unordered_map<const Model*, Corners> known;
@@ -164,6 +185,54 @@ std::vector<Selection> Picking::OnScreen(const ScreenBox* box, std::size_t most)
         }
     });
     return found;
+}
+
+std::vector<Selection> Picking::OnSheet(Model& drawing, std::size_t most) const {
+    std::vector<Selection> found;
+    const auto isFull = [&] { return found.size() >= most; };
+    if (Allows(PRO_DIMENSION)) {
+        for (const auto& [id, dimension] : AnnotationsOf(drawing).dimensions()) {
+            if (isFull()) return found;
+            found.push_back({{PRO_DIMENSION, id, drawing.handle}, &drawing, {}});
+        }
+    }
+    const Drawing& all = DrawingOf(drawing);
+    for (const auto& view : all.views()) {
+        if (view->sheet != all.currentSheet) continue;
+        for (const ItemWay& way : ItemsOfView(*view, types_)) {
+            if (isFull()) return found;
+            found.push_back(SelectionOf(*view, way, UsualPointOf(*SeenIn(*view, way))));
+        }
+    }
+    return found;
+}
+
+std::string Picking::TakeAt(double x, double y) {
+    constexpr double kReach = 5;         // on the sheet
+    constexpr double kPointReach = 1.5;  // of what has no length
+    const Vec3 at{x, y, 0};
+    Model* drawing = session_.CurrentModel();
+    if (!drawing || drawing->type != PRO_MDL_DRAWING) return "a point can be picked on sheets only";
+    double nearest = kReach;
+    std::optional<Selection> best;
+    const Drawing& all = DrawingOf(*drawing);
+    for (const auto& view : all.views()) {
+        if (view->sheet != all.currentSheet) continue;
+        for (const ItemWay& way : ItemsOfView(*view, types_)) {
+            const SeenItem item = *SeenIn(*view, way);
+            const Vec3 point = NearestOf(item, *view, at), off = OntoSheet(*view, point) - at;
+            const double distance = std::hypot(off.x, off.y);
+            // A corner is taken before the edges that end there.
+            const bool corner = item.kind == SeenItem::Kind::Point;
+            if (corner && distance > kPointReach) continue;
+            const double counted = corner ? distance - kReach : distance;
+            if (counted >= nearest) continue;
+            nearest = counted;
+            best = SelectionOf(*view, way, point);
+        }
+    }
+    if (!best) return fmt::format("nothing that can be picked is near {} {}", x, y);
+    return Take({*best});
 }
 
 }  // namespace simhost

@@ -35,6 +35,8 @@ public:
     // All that is shown and lies wholly in the box, in the order of the tree; what is covered by
     // something else, too. Of "prt_or_asm" the parts, not the assemblies that they are in.
     std::string TakeBox(const ScreenBox& box);
+    // In a drawing: what is nearest to a point of the sheet, within 5 of it.
+    std::string TakeAt(double x, double y);
     void TakeNothing() { answered_ = true; }
     void Leave() { answered_ = left_ = true; }
 
@@ -47,8 +49,10 @@ public:
 
 private:
     bool Allows(ProType type) const;
-    // At most so many of the items on the screen that may be picked; those in a box, or all.
+    // At most so many of the items on the screen that may be picked; those in a box, or all. And of
+    // those on the current sheet of a drawing.
     std::vector<Selection> OnScreen(const ScreenBox* box, std::size_t most) const;
+    std::vector<Selection> OnSheet(Model& drawing, std::size_t most) const;
 
     Session& session_;
     std::string filter_;

@@ -3,22 +3,28 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "hostapi/host/types.h"
+#include "hostapi/host/view.h"
 #include "simhost/core/handles.h"
+#include "simhost/model/geometry.h"
 
 namespace simhost {
 
 class Model;
 
-// A selected item: the item itself and the way to it from the top (component ids).
+// A selected item: the item itself and the way to it from the top (component ids). What is picked
+// in a view of a drawing has that model as its top which the view shows.
 struct Selection {
     ProModelitem item{};
     Model* top = nullptr;
     std::vector<int> path;
+    ProView view = nullptr;
+    std::optional<Vec3> point{};  // where it was picked: on the item, in its owner's coordinates
 };
 
 // How picks are made.

@@ -16,6 +16,7 @@ using Surface = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
 using Context = std::unique_ptr<cairo_t, void (*)(cairo_t*)>;
 
 // The first of these that has Chinese characters is used.
+const double kDegree = std::acos(-1.0) / 180;
 constexpr const char* kFamilies[] = {"WenQuanYi Zen Hei", "Noto Sans CJK SC", "SimSun"};
 
 bool HasChinese(cairo_t* cairo) {
@@ -97,10 +98,15 @@ public:
         SetColour(letters.colour, 1);
         cairo_text_extents_t extents;
         cairo_text_extents(cairo_, text.c_str(), &extents);
-        if (letters.anchor == Letters::Anchor::Middle) x -= extents.x_advance / 2;
-        if (letters.anchor == Letters::Anchor::End) x -= extents.x_advance;
-        cairo_move_to(cairo_, x, y);
+        double back = 0;
+        if (letters.anchor == Letters::Anchor::Middle) back = extents.x_advance / 2;
+        if (letters.anchor == Letters::Anchor::End) back = extents.x_advance;
+        cairo_save(cairo_);
+        cairo_translate(cairo_, x, y);
+        cairo_rotate(cairo_, -letters.turn * kDegree);
+        cairo_move_to(cairo_, -back, 0);
         cairo_show_text(cairo_, text.c_str());
+        cairo_restore(cairo_);
     }
 
 private:

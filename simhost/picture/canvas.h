@@ -50,6 +50,7 @@ struct Letters {
     std::string colour;
     Anchor anchor = Anchor::Start;
     bool bold = false;
+    double turn = 0;  // degrees, counter-clockwise, about the point that they are written at
 };
 
 class Canvas {

@@ -5,9 +5,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 #include <vector>
 
 #include "simhost/core/text.h"
+#include "simhost/picture/sheet_dimensions.h"
 #include "simhost/picture/sheet_lines.h"
 
 namespace simhost {
@@ -24,7 +27,7 @@ struct Layer {
 };
 constexpr Layer kLayers[] = {
     {"0", kWhite, "CONTINUOUS"}, {"FRAME", kCyan, "CONTINUOUS"}, {"VISIBLE", kWhite, "CONTINUOUS"},
-    {"HIDDEN", kGrey, "HIDDEN"}, {"TEXT", kWhite, "CONTINUOUS"},
+    {"HIDDEN", kGrey, "HIDDEN"}, {"TEXT", kWhite, "CONTINUOUS"}, {"DIMENSION", kCyan, "CONTINUOUS"},
 };
 
 class Writer {
@@ -147,6 +150,41 @@ void AddFrame(const Model& drawing, SheetSize size, Writer* out) {
     out->Text(drawing.name);
 }
 
+// Signs that readers of the format know by codes of their own.
+std::string Coded(std::string text) {
+    constexpr std::pair<const char*, const char*> kCodes[] = {{"±", "%%p"}, {"°", "%%d"}};
+    for (const auto& [sign, code] : kCodes) {
+        for (std::size_t at = text.find(sign); at != std::string::npos; at = text.find(sign)) {
+            text.replace(at, std::strlen(sign), code);
+        }
+    }
+    return text;
+}
+
+void AddAnnotation(const DrawnAnnotation& drawn, Writer* out) {
+    constexpr const char* kLayer = "DIMENSION";
+    for (const auto& [from, to] : drawn.lines) out->Line(kLayer, from.x, from.y, to.x, to.y);
+    for (const DrawnArrow& arrow : drawn.arrows) {
+        const Vec3 back = arrow.tip - kArrowLength * arrow.way;
+        const Vec3 half = kArrowWidth / 2 * Vec3{-arrow.way.y, arrow.way.x, 0};
+        const Vec3 left = back + half, right = back - half;
+        out->Pair(0, "SOLID");
+        out->Pair(8, kLayer);
+        out->Point(10, arrow.tip.x, arrow.tip.y);
+        out->Point(11, left.x, left.y);
+        out->Point(12, right.x, right.y);
+        out->Point(13, right.x, right.y);
+    }
+    for (const DrawnText& text : drawn.texts) {
+        out->Pair(0, "TEXT");
+        out->Pair(8, kLayer);
+        out->Point(10, text.at.x, text.at.y);
+        out->Pair(40, text.height);
+        out->Text(Wide(Coded(text.text)));
+        if (text.turn != 0) out->Pair(50, text.turn);
+    }
+}
+
 }  // namespace
 
 std::string SheetDxf(Model& drawing, int sheet) {
@@ -172,6 +210,9 @@ std::string SheetDxf(Model& drawing, int sheet) {
         for (const DrawnLine& line : view.lines) {
             out.Line(line.hidden ? "HIDDEN" : "VISIBLE", line.x0, line.y0, line.x1, line.y1);
         }
+    }
+    for (const DrawnAnnotation& each : AnnotationsOnSheet(drawing, sheet)) {
+        AddAnnotation(each, &out);
     }
     out.Pair(0, "ENDSEC");
     out.Pair(0, "EOF");

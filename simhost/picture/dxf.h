@@ -8,7 +8,8 @@
 namespace simhost {
 
 // The sheet (from 1) of a drawing at full size in the exchange format of release 12: the frame, and
-// each view's edges on the layers VISIBLE and HIDDEN. In code page 936, lines ended as on Windows.
+// each view's edges on the layers VISIBLE and HIDDEN, dimensions and notes on DIMENSION. In code
+// page 936, lines ended as on Windows.
 std::string SheetDxf(Model& drawing, int sheet);
 
 }  // namespace simhost

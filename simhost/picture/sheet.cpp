@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "simhost/core/text.h"
+#include "simhost/picture/sheet_dimensions.h"
 #include "simhost/picture/sheet_lines.h"
 #include "simhost/picture/svg_canvas.h"
 
@@ -47,7 +48,10 @@ struct Measured {
 class SheetPainter {
 public:
     SheetPainter(Model& drawing, int sheet)
-        : model_(drawing), drawing_(DrawingOf(drawing)), views_(ViewsOnSheet(drawing, sheet)) {
+        : model_(drawing),
+          drawing_(DrawingOf(drawing)),
+          sheet_(sheet),
+          views_(ViewsOnSheet(drawing, sheet)) {
         const auto& sizes = drawing.drawingData.sheetSizes;
         const bool there = sheet >= 1 && std::size_t(sheet) <= sizes.size();
         sizeName_ = there ? sizes[std::size_t(sheet - 1)] : WideText();
@@ -77,6 +81,7 @@ public:
         // Dimensions have one place; names and the sign move out of their way.
         for (const ViewOnSheet& view : views_) PaintGap(view);
         for (const Measured& one : measured_) PaintMeasuredText(one);
+        PaintAnnotations(model_, sheet_, {all_.low.x, all_.high.y, 0}, canvas_);
         PaintProjectionSign();
         for (const ViewOnSheet& view : views_) PaintName(view);
         PaintCaption();
@@ -303,6 +308,7 @@ private:
 
     Model& model_;
     Drawing& drawing_;
+    int sheet_;
     std::vector<ViewOnSheet> views_;
     WideText sizeName_;
     SheetSize size_{};

@@ -127,6 +127,10 @@ public:
         if (letters.anchor == Letters::Anchor::Middle) svg_ += Attribute("text-anchor", "middle");
         if (letters.anchor == Letters::Anchor::End) svg_ += Attribute("text-anchor", "end");
         if (letters.bold) svg_ += Attribute("font-weight", "bold");
+        if (letters.turn != 0) {
+            svg_ += Attribute("transform", fmt::format("rotate({} {} {})", SvgNumber(-letters.turn),
+                                                       SvgNumber(x), SvgNumber(y)));
+        }
         svg_ += '>' + SvgText(text) + "</text>\n";
     }
 

@@ -20,7 +20,7 @@ KeptClicks& Kept() {
     return kept;
 }
 
-void Click(DWORD flags) {
+void ClickWith(DWORD flags) {
     Operation& op = Op<"mouse_event">;
     op.Call(
         [&] {
@@ -37,7 +37,7 @@ void Click(DWORD flags) {
 
 void SendClick(DWORD flags) {
     if (Operation::OnHostThread()) {
-        Click(flags);
+        ClickWith(flags);
         return;
     }
     const std::lock_guard lock(Kept().mutex);
@@ -50,7 +50,7 @@ void TakeKeptClicks() {
         const std::lock_guard lock(Kept().mutex);
         taken.swap(Kept().flags);
     }
-    for (const DWORD flags : taken) Click(flags);
+    for (const DWORD flags : taken) ClickWith(flags);
 }
 
 }  // namespace simhost

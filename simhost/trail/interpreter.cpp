@@ -36,6 +36,7 @@ std::string Describe(const Wait& wait) {
         case Wait::Kind::Prompt: return fmt::format("the prompt {} waits", Quoted(wait.prompt));
         case Wait::Kind::Pick:
             return fmt::format("the host waits for a pick ({})", wait.picking->Question());
+        case Wait::Kind::Click: return "the host waits for a click";
         default: return fmt::format("the dialog {} is open", wait.dialog->name());
     }
 }
@@ -45,6 +46,7 @@ const char* WayOut(const Wait& wait) {
         case Wait::Kind::Box: return "@ ok answers it";
         case Wait::Kind::Prompt: return "@ answer TEXT or @ quit answers it";
         case Wait::Kind::Pick: return "@ pick PATH, @ pick nothing or @ quit answers it";
+        case Wait::Kind::Click: return "@ click X Y or @ quit answers it";
         default: return "its buttons or ~ Close end it";
     }
 }
@@ -123,6 +125,7 @@ std::string Trail::WaitingFor() const {
         case Wait::Kind::Box: return "box";
         case Wait::Kind::Prompt: return "answer";
         case Wait::Kind::Pick: return "pick";
+        case Wait::Kind::Click: return "click";
         default: return "dialog " + waits_.back()->dialog->name();
     }
 }
@@ -277,6 +280,15 @@ void Trail::TrailUser::Pick(Picking& picking) {
     if (trail_.Serve(wait)) return;
     trail_.Say("(the pick is left)");
     picking.Leave();
+}
+
+std::optional<Click> Trail::TrailUser::AnswerClick() {
+    trail_.TellWhatWasShown();
+    trail_.Say("click: where on the sheet?");
+    Wait wait;
+    wait.kind = Wait::Kind::Click;
+    if (!trail_.Serve(wait)) trail_.Say("(no click)");
+    return wait.click;
 }
 
 std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {

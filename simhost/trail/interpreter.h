@@ -18,13 +18,14 @@ namespace simhost {
 
 // Something that waits for the user: lines go to it until it is answered.
 struct Wait {
-    enum class Kind { Box, Prompt, Pick, Dialog } kind = Kind::Box;
+    enum class Kind { Box, Prompt, Pick, Click, Dialog } kind = Kind::Box;
     const Box* box = nullptr;
     Dialog* dialog = nullptr;
     Picking* picking = nullptr;
     WideText prompt;
     const FileQuestion* file = nullptr;  // prompts: of a file dialog, whose answer is a path
-    bool answered = false;               // boxes and prompts
+    std::optional<Click> click;          // likewise
+    bool answered = false;               // all but dialogs and picks
     std::optional<WideText> answer;      // prompts; nothing: the user left it
 };
 
@@ -71,6 +72,7 @@ private:
         std::optional<WideText> AnswerPrompt(const WideText& prompt,
                                              const WideText& byDefault) override;
         void Pick(Picking& picking) override;
+        std::optional<Click> AnswerClick() override;
         std::optional<WideText> AnswerFile(const FileQuestion& question) override;
         bool AnswerReplace(const WideText& path) override;
 

@@ -38,6 +38,11 @@ public:
     void Pick(Picking& picking) override {
         if (person_) person_->Pick(picking);
     }
+    std::optional<Click> AnswerClick() override {
+        if (person_) return person_->AnswerClick();
+        TheHost().Complain("a click is waited for and nobody clicks");
+        return std::nullopt;
+    }
     std::optional<WideText> AnswerFile(const FileQuestion& question) override {
         if (person_) return person_->AnswerFile(question);
         TheHost().Complain("a file dialog is open and nobody answers it");

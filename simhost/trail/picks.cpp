@@ -11,6 +11,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/annotations.h"
 #include "simhost/model/csys.h"
 #include "simhost/trail/lexer.h"
 #include "simhost/ui/near_name.h"
@@ -31,6 +32,8 @@ constexpr ItemKind kItemKinds[] = {
     {"curve", PRO_CURVE},
     {"composite", PRO_COMP_CURVE},
     {"body", PRO_BODY},
+    {"dimension", PRO_DIMENSION},
+    {"note", kNote},
 };
 
 std::optional<ProType> KindOfWord(const std::string& word) {
@@ -124,7 +127,9 @@ std::optional<ProModelitem> FindItem(Model& model, const std::string& kind, cons
         return ProModelitem{surface ? PRO_SURFACE : PRO_FEATURE, *number, model.handle};
     }
     if (plain || (type == PRO_SURFACE && !surface) || (type == PRO_FEATURE && !feature) ||
-        (type == PRO_CSYS && !FindCsys(model, *number))) {
+        (type == PRO_CSYS && !FindCsys(model, *number)) ||
+        (type == PRO_DIMENSION && !AnnotationsOf(model).FindDimension(*number)) ||
+        (type == kNote && !AnnotationsOf(model).FindNote(*number))) {
         *problem = fmt::format("{} has no {} {}", model.FileName(),
                                kind.empty() ? "surface or feature" : kind, *number);
         return std::nullopt;

@@ -38,8 +38,15 @@ std::optional<WideText> RobotUser::AnswerPrompt(const WideText&, const WideText&
 }
 
 void RobotUser::Pick(Picking& picking) {
+    // A command may ask for one pick after the other until the user wants no more.
+    constexpr int kPatience = 9;
+    if (++picks_ % kPatience == 0) return picking.Leave();
     std::vector<Selection> first = picking.First();
     if (first.empty() || !picking.Take(std::move(first)).empty()) picking.Leave();
+}
+
+std::optional<Click> RobotUser::AnswerClick() {
+    return Click{210, 148};
 }
 
 std::optional<WideText> RobotUser::AnswerFile(const FileQuestion& question) {

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "simhost/host.h"
+#include "simhost/ui/dimension_menu.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/ui/replace_dialog.h"
 
@@ -35,7 +36,8 @@ std::string OpenPopup(const Step& step) {
 }  // namespace
 
 bool IsCommand(const std::string& name) {
-    return IsReplaceCommand(name) || TheHost().commands.Newest(name) != nullptr;
+    return IsReplaceCommand(name) || IsDimensionCommand(name) ||
+           TheHost().commands.Newest(name) != nullptr;
 }
 
 std::string PerformTrailStep(const Step& step) {
@@ -43,6 +45,12 @@ std::string PerformTrailStep(const Step& step) {
         if (step.arguments.empty()) return "a command's name belongs after ~ Command";
         const std::string& command = step.arguments[0];
         if (IsReplaceCommand(command)) return PressReplace(command);
+        if (IsDimensionCommand(command)) {
+            const bool chosen = step.arguments.size() > 1;
+            OrientDimension(TheHost().desk, TheHost().session,
+                            chosen ? step.arguments[1] : std::string());
+            return {};
+        }
         return TheHost().commands.Press(command).reason;
     }
     if (step.verb == "Trail") return {};  // only records
@@ -61,6 +69,7 @@ std::string PerformTrailStep(const Step& step) {
         return fmt::format("a component's name belongs after ~ {} `{}`", step.verb,
                            step.arguments[0]);
     }
+    if (!wholeDialog && IsDimensionWindow(step.arguments[0], step.arguments[1])) return {};
     return TheHost().dialogs.Use(
         *verb, step.arguments[0], wholeDialog ? std::string() : step.arguments[1],
         {step.arguments.begin() + (wholeDialog ? 1 : 2), step.arguments.end()});

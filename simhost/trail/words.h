@@ -100,6 +100,16 @@ void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
 void ShowViews(Trail& trail);
 
+void PickInView(Trail& trail, const std::string& rest);
+void PickAt(Trail& trail, const std::string& rest);
+void ClickSheet(Trail& trail, const std::string& rest);
+void ExpectDimension(Trail& trail, const std::string& rest);
+void ExpectDimensions(Trail& trail, const std::string& rest);
+void EraseDimension(Trail& trail, const std::string& rest);
+void AddNote(Trail& trail, const std::string& rest);
+void ShowEdges(Trail& trail, const std::string& rest);
+void ShowDimensions(Trail& trail);
+
 void SetOption(Trail& trail, const std::string& rest);
 void ExpectOption(Trail& trail, const std::string& rest);
 void ShowOptions(Trail& trail);

@@ -138,7 +138,7 @@ void PickNothing(Trail& trail, const std::string&) {
 
 void Quit(Trail& trail, const std::string&) {
     Wait* wait = trail.waiting();
-    if (IsOpen(wait, Wait::Kind::Prompt)) {
+    if (IsOpen(wait, Wait::Kind::Prompt) || IsOpen(wait, Wait::Kind::Click)) {
         wait->answered = true;
     } else if (IsOpen(wait, Wait::Kind::Pick)) {
         wait->picking->Leave();
@@ -152,7 +152,7 @@ void Quit(Trail& trail, const std::string&) {
     } else if (trail.typed()) {
         trail.Leave();
     } else {
-        trail.Fail("neither a prompt nor a pick nor a popup is there to be left");
+        trail.Fail("neither a prompt nor a pick nor a click nor a popup is there to be left");
     }
 }
 

@@ -154,7 +154,20 @@ void ChangeDirectory(Trail& trail, const std::string& rest) {
     TheHost().session.workingDirectory = folder;
 }
 
+namespace {
+
+// While a dialog is open the user can select, too: palettes stay open for that.
+bool MaySelect(Trail& trail) {
+    const Wait* wait = trail.waiting();
+    if (!wait || wait->kind == Wait::Kind::Dialog) return true;
+    trail.Fail("nothing can be selected before the host has its answer");
+    return false;
+}
+
+}  // namespace
+
 void SelectItems(Trail& trail, const std::string& rest) {
+    if (!MaySelect(trail)) return;
     Selections& selections = TheHost().session.selections;
     std::string problem;
     std::vector<Selection> picked = PickAll(ParseText(rest).text, &problem);
@@ -163,8 +176,8 @@ void SelectItems(Trail& trail, const std::string& rest) {
     selections.SetBuffer(std::move(picked));
 }
 
-void ClearSelection(Trail&, const std::string&) {
-    TheHost().session.selections.ClearBuffer();
+void ClearSelection(Trail& trail, const std::string&) {
+    if (MaySelect(trail)) TheHost().session.selections.ClearBuffer();
 }
 
 void SelectNothing(Trail&, const std::string&) {

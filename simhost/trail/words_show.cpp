@@ -217,6 +217,7 @@ constexpr Topic kTopics[] = {
     {"units", [](Trail& trail) { ShowUnits(trail, ""); }},
     {"outline", [](Trail& trail) { ShowOutline(trail, ""); }},
     {"views", ShowViews},
+    {"dimensions", ShowDimensions},
     {"tables", ShowTables},
     {"options", ShowOptions},
     {"materials", ShowMaterials},
@@ -237,6 +238,7 @@ constexpr TopicOf kTopicsOf[] = {
     {"units ", ShowUnits},
     {"outline ", ShowOutline},
     {"references ", ShowReferences},
+    {"edges ", ShowEdges},
 };
 
 }  // namespace

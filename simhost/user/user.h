@@ -21,6 +21,12 @@ struct Box {
     unsigned flags = 0;
 };
 
+// A click on the sheet of a drawing, in its coordinates. Buttons are 1 left, 2 middle, 4 right.
+struct Click {
+    double x = 0, y = 0;
+    int button = 1;
+};
+
 // What a file dialog asks.
 struct FileQuestion {
     WideText title;
@@ -49,6 +55,9 @@ public:
     // The host waits for a pick: use it until picking.answered() is true. Nobody picking is a
     // complaint.
     virtual void Pick(Picking&) {}
+
+    // The host waits for a click; nothing is "the user wants none".
+    virtual std::optional<Click> AnswerClick() { return std::nullopt; }
 
     // A file dialog is open: the full path of a file that is there, or any name for one that is to
     // be written; nothing leaves the dialog.

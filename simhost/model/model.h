@@ -18,6 +18,7 @@
 #include "simhost/model/parameters.h"
 #include "simhost/model/relations.h"
 #include "simhost/model/sheet_metal.h"
+#include "simhost/model/sheets.h"
 #include "simhost/model/simprep.h"
 #include "simhost/model/units.h"
 
@@ -85,10 +86,9 @@ struct AssemblyData {
     int activeSimprep = 0;  // its id; 0: the master, which has all components
 };
 
-// What only drawings have.
-struct DrawingData {
-    std::vector<WideText> sheetSizes;  // "A3"; one for each sheet
-    std::shared_ptr<Drawing> views;    // null before its first use; see DrawingOf
+// What drawings and formats have.
+struct DrawingData : SheetSet {
+    std::shared_ptr<Drawing> views;  // null before its first use; see DrawingOf
 };
 
 // What the host paints on what has no appearance of its own.

@@ -8,17 +8,14 @@ using namespace simhost;
 
 ProError ProDrawingSheetsCount(ProDrawing drawing, int* count) {
     return Op<"ProDrawingSheetsCount">.Call(
-        [&] {
-            *count = int(TheHost().session.RequireDrawing(drawing).drawingData.sheets.size());
-        },
+        [&] { *count = int(TheHost().session.RequireDrawing(drawing).drawingData.sheets.size()); },
         ARG(drawing), OUT(count));
 }
 
 ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProMatrix transform) {
     return Op<"ProDrawingSheetTrfGet">.Call(
         [&] {
-            const Sheet* found =
-                TheHost().session.RequireDrawing(drawing).drawingData.Find(sheet);
+            const Sheet* found = TheHost().session.RequireDrawing(drawing).drawingData.Find(sheet);
             if (!found) Refuse(PRO_TK_E_NOT_FOUND);
             CopyCut(found->size, size, PRO_NAME_SIZE);
             for (std::size_t row = 0; row < 4; ++row) {

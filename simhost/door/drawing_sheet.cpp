@@ -84,7 +84,7 @@ ProError ProDrawingScaleGet(ProDrawing drawing, ProSolid solid, int sheet, doubl
             const Sheet& of = RequireSheet(model, sheet);
             *scale = of.ScaleOf(RequireShown(model, solid));
         },
-        ARG(drawing), ARG(solid), ARG(sheet), OUT(scale));
+        ARG(drawing), ARG(solid), ARG(sheet), OUT_NUMBER(scale));
 }
 
 ProError ProDrawingScaleSet(ProDrawing drawing, ProSolid solid, int sheet, double scale) {

@@ -233,7 +233,7 @@ ProError ProDrawingViewScaleGet(ProDrawing drawing, ProView view, double* scale)
             const Model& model = TheHost().session.RequireDrawing(drawing);
             *scale = Drawing::ScaleOf(RequireView(model, view));
         },
-        ARG(drawing), ARG(view), OUT(scale));
+        ARG(drawing), ARG(view), OUT_NUMBER(scale));
 }
 
 ProError ProDrawingViewScaleSet(ProDrawing drawing, ProView view, double scale) {

@@ -96,7 +96,7 @@ ProError ProMessageDoubleRead(double range[2], double* value) {
                 TheHost().Tell(fmt::format("{} is no number that is asked for", Utf8(*answer)));
             }
         },
-        "range", within.c_str(), OUT(value));
+        "range", within.c_str(), OUT_NUMBER(value));
 }
 
 WideChar* ProStringToWstring(WideChar* wide, char* narrow) {

@@ -62,6 +62,31 @@ Model SheetBench::Saved(const std::string& fileName) {
     return model;
 }
 
+std::vector<std::string> SheetBench::CallsOf(const std::string& lines) {
+    host().journal.Clear();
+    host().journal.Start();
+    Play(lines);
+    host().journal.Stop();
+    std::vector<std::string> names;
+    for (const std::string& call : Calls()) {
+        const std::size_t from = call.find_first_not_of(' ');
+        const std::string name = call.substr(from, call.find('(') - from);
+        const bool counts = name != "ProModeCurrentGet" && name != "ProStringToWstring" &&
+                            name != "ProWstringToString";
+        if (name.starts_with("Pro") && counts) names.push_back(name);
+    }
+    return names;
+}
+
+std::vector<std::string> SheetBench::LinesOf(const std::string& operation) const {
+    std::vector<std::string> found;
+    for (const std::string& line : Calls()) {
+        const std::string call = line.substr(line.find_first_not_of(' '));
+        if (call.starts_with(operation + "(")) found.push_back(call);
+    }
+    return found;
+}
+
 Model& SheetBench::Drawn(const std::string& name) {
     Model* drawing = FindDrawing(name);
     if (!drawing) throw std::runtime_error("no drawing " + name);

@@ -26,6 +26,11 @@ protected:
     // session.
     simhost::Model Saved(const std::string& fileName);
     simhost::Model& Drawn(const std::string& name);  // in memory; a failure if it is not there
+
+    // Plays the lines; what the plug-in called in the meantime, without what access rules ask and
+    // conversions of text, as names of operations; and the whole lines of one of them.
+    std::vector<std::string> CallsOf(const std::string& lines);
+    std::vector<std::string> LinesOf(const std::string& operation) const;
 };
 
 // A [[view]] of a box on a sheet; with no scale of its own if that is empty.

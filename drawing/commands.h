@@ -5,6 +5,29 @@
 // how it should look and makes it.
 void TweViews();
 
+// Opens the drawing that bears the selected or current model's name or, if there is none yet, asks
+// for a size of sheet and makes it from the template that the settings have for it.
+void VxNewDrw();
+
+// The same from the plug-in's own template, with a format that the user chooses.
+void NewDraw();
+
+// Opens the drawing that bears the selected model's name.
+void VxOpenDrw();
+
+// Puts another format onto every sheet of the drawings in the working directory, and saves them.
+void VxFrmReplace();
+
+// Lists the sheets of the drawings in the working directory on which the scale of a general view is
+// not the sheet's.
+void VxDrwScaleCheck();
+
+// Gives the current drawing's first sheet, and all its views that have a scale of their own, one
+// scale: a typed one, that of the current sheet, that of the main view.
+void SameScale();
+void VxUpdateSheetScale();
+void VxUpdateMainViewScale();
+
 // Turns what is on the screen to the nearest view straight along the axes. Without a model on the
 // screen nothing happens.
 void VxNormalView();

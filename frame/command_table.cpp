@@ -29,7 +29,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"BoxSel">                 (Command<BoxSel>,          AccessAssemblyOrMfg),
     Row<"SetMat">                 (Command<SetMat>,          AccessSolid),
     Row<"SetBendTable">           (Command<SetBendTable>,   AccessSolid),
-    Row<"SameScale">              (NotBuilt,                 AccessDrawing),
+    Row<"SameScale">              (Command<SameScale>,       AccessDrawing),
     Row<"VxIsolate">              (Command<VxIsolate>,       AccessAssemblyOrMfg),
     Row<"VxHideReverse">          (Command<VxHideReverse>,   AccessAssemblyOrMfg),
     Row<"VxShowAllComp">          (Command<VxShowAllComp>,   AccessAssemblyOrMfg),
@@ -42,7 +42,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxMerge">                (Command<VxMerge>,         AccessAssemblyOrMfg),
     Row<"VxMergeTo">              (Command<VxMergeTo>,       AccessAssemblyOrMfg),
     Row<"TweViews">               (Command<TweViews>,        AccessSolidOrMfg),
-    Row<"NewDraw">                (NotBuilt,                 AccessSolidOrMfg),
+    Row<"NewDraw">                (Command<NewDraw>,         AccessSolidOrMfg),
     Row<"VxExStp">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxExIgs">                (NotBuilt,                 AccessAssemblyOrMfg),
     Row<"VxExSat">                (NotBuilt,                 AccessAssemblyOrMfg),
@@ -51,10 +51,10 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxRemoveCons">           (Command<VxRemoveCons>,    AccessAssemblyOrMfg),
     Row<"VxExport">               (NotBuilt,                 AccessAlways),
     Row<"VxMdlCount">             (Command<VxMdlCount>,      AccessAssemblyOrMfg),
-    Row<"VxNewDrw">               (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxNewDrw">               (Command<VxNewDrw>,        AccessAssemblyOrMfg),
     Row<"VxDimModify">            (Command<VxDimModify>,     AccessDrawing),
-    Row<"VxFrmReplace">           (NotBuilt,                 AccessAlways),
-    Row<"VxDrwScaleCheck">        (NotBuilt,                 AccessAlways),
+    Row<"VxFrmReplace">           (Command<VxFrmReplace>,    AccessAlways),
+    Row<"VxDrwScaleCheck">        (Command<VxDrwScaleCheck>, AccessAlways),
     Row<"VxSimRep">               (Command<VxSimRep>,        AccessAssemblyOrMfg),
     Row<"VxBox">                  (Command<VxBox>,           AccessAssemblyOrMfg),
     Row<"VxExportDwg">            (NotBuilt,                 AccessDrawing),
@@ -62,8 +62,8 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxMdlNameCopy">          (Command<VxMdlNameCopy>,   AccessAssemblyOrMfg),
     Row<"VxMdlRename">            (Command<VxMdlRename>,     AccessAssemblyOrMfg),
     Row<"VxExportStp">            (NotBuilt,                 AccessSolidOrMfg),
-    Row<"VxUpdateSheetScale">     (NotBuilt,                 AccessDrawing),
-    Row<"VxUpdateMainViewScale">  (NotBuilt,                 AccessDrawing),
+    Row<"VxUpdateSheetScale">     (Command<VxUpdateSheetScale>, AccessDrawing),
+    Row<"VxUpdateMainViewScale">  (Command<VxUpdateMainViewScale>, AccessDrawing),
     Row<"VxSingleDim">            (Command<VxSingleDim>,     AccessDrawing),
     Row<"VxSetDirectory">         (Command<VxSetDirectory>,  AccessAlways),
     Row<"VxConfig">               (Command<VxConfig>,        AccessAlways),
@@ -91,7 +91,7 @@ constexpr std::array<PopupRow, 5> kPopupTable = {{
 }};
 
 constexpr CommandRow kOpenDrawingRow =
-    Row<"VxOpenDrw">(NotBuilt, AccessSolid).MenuOnly().NoIcon();
+    Row<"VxOpenDrw">(Command<VxOpenDrw>, AccessSolid).MenuOnly().NoIcon();
 const ProPopupmenuAccessFn kOpenDrawingPopupAccess = PopupAccessSingleItem;
 
 // clang-format on

@@ -7,6 +7,7 @@
 #include "frame/services/column_list.h"
 #include "frame/services/component_tree.h"
 #include "frame/services/dialog.h"
+#include "frame/services/file_choice.h"
 #include "frame/services/fixed_text.h"
 #include "frame/services/guard.h"
 #include "frame/services/host_array.h"

@@ -9,20 +9,6 @@ WideText FirstValueOf(const WideChar* option) {
     return array.Size() > 0 ? TextIn(array.data()[0]) : WideText();
 }
 
-std::optional<ChosenFile> ChooseFile(const WideChar* title, const WideChar* filter,
-                                     const WideText& startFolder) {
-    ProPath path = {};
-    if (ProFileOpen(HostText(title), HostText(filter), nullptr, nullptr, HostText(startFolder),
-                    nullptr, path) != PRO_TK_NO_ERROR) {
-        return std::nullopt;
-    }
-    ProPath folder = {};
-    ProName name = {}, extension = {};
-    int version = 0;
-    ProFilenameParse(path, folder, name, extension, &version);
-    return ChosenFile{TextIn(folder), TextIn(name)};
-}
-
 int CollectOrTell(ProMdl assembly, ProFeatureVisitAction visitor, const WalkTexts& texts,
                   ComponentArray* components) {
     if (components->Allocate() != PRO_TK_NO_ERROR) {

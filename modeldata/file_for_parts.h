@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 
 #include "frame/services.h"
 
@@ -15,15 +14,6 @@ inline constexpr const char* kBendTableMessage =
 // does not look at the status: values that come with a refusal count. A copy, for what the host
 // hands out is good until the next call about an option.
 WideText FirstValueOf(const WideChar* option);
-
-struct ChosenFile {
-    WideText folder;
-    WideText name;  // without extension
-};
-
-// Lets the user choose a file that fits the filter. Nothing: the dialog was left.
-std::optional<ChosenFile> ChooseFile(const WideChar* title, const WideChar* filter,
-                                     const WideText& startFolder);
 
 // What the user is told where a walk fails and where it finds nothing.
 struct WalkTexts {

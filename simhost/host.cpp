@@ -36,6 +36,11 @@ Host::Host() {
         return option != configOptions.end() && !option->second.empty() &&
                Lower(WideView(option->second.back())) == WIDE("yes");
     };
+    session.formatFolder = [this] {
+        const auto option = configOptions.find(WIDE("pro_format_dir"));
+        const bool there = option != configOptions.end() && !option->second.empty();
+        return there ? option->second.front() : WideText();
+    };
     session.mayWrite = [](const std::filesystem::path& file) {
         return TheWindows().MayOpen(file, /*toWrite=*/true);
     };

@@ -75,6 +75,35 @@ HOST_API ProError ProDrawingViewTransformGet(ProDrawing drawing, ProView view, P
 // PRO_TK_E_NOT_FOUND: the drawing has none.
 HOST_API ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views);
 
+// What a view is made from.
+typedef enum : int {
+    PRO_VIEW_GENERAL = 0,    // it stands for itself
+    PRO_VIEW_PROJECTION = 1  // it hangs on another one
+} ProViewType;
+
+HOST_API ProError ProDrawingViewTypeGet(ProDrawing drawing, ProView view, ProViewType* type);
+
+// Receives the sheet that the view is on; sheets count from 1.
+HOST_API ProError ProDrawingViewSheetGet(ProDrawing drawing, ProView view, int* sheet);
+
+// Receives the model that the view shows. PRO_TK_E_NOT_FOUND: it is gone.
+HOST_API ProError ProDrawingViewSolidGet(ProDrawing drawing, ProView view, ProSolid* solid);
+
+// A new array with the views that hang on this one. The caller frees it.
+// PRO_TK_E_NOT_FOUND: none does.
+// Assumed (behaviour, 55 %): a view without children is a failure, no empty array
+HOST_API ProError ProDrawingViewChildrenGet(ProDrawing drawing, ProView view, ProView** children);
+
+// Whether the view has a scale of its own; if not, its scale is the sheet's for what it shows, and
+// a projection's is its parent's.
+HOST_API ProError ProDrawingViewScaleIsUserdefined(ProDrawing drawing, ProView view,
+                                                   ProBoolean* own);
+HOST_API ProError ProDrawingViewScaleGet(ProDrawing drawing, ProView view, double* scale);
+
+// Changes the view's own scale. PRO_TK_BAD_CONTEXT: it has none. PRO_TK_BAD_INPUTS: a scale that is
+// not more than 0. The outline follows when the view or its sheet is regenerated.
+HOST_API ProError ProDrawingViewScaleSet(ProDrawing drawing, ProView view, double scale);
+
 // Turns a general view by an angle in degrees: "Normal" about the direction to the viewer,
 // "Vertical" and "Horizontal" about those of the sheet, "Edge/Axis" about `axis` (else null).
 // The outline follows when the view is regenerated.

@@ -19,6 +19,11 @@ HOST_API ProError ProMessageDisplay(WideChar* messageFile, char* key, ...);
 //   one character less
 HOST_API ProError ProMessageStringRead(int size, WideChar* text);
 
+// Waits for a number typed at the message line; what is none, or lies outside the range (null: any
+// number), is asked for again. PRO_TK_MSG_USER_QUIT: the user left the prompt.
+// PRO_TK_GENERAL_ERROR: an empty line, and the prompt has no default.
+HOST_API ProError ProMessageDoubleRead(double range[2], double* value);
+
 // Widen and narrow with the system code page. Receive into the first argument and return it. The
 // caller provides room for the whole text and its terminator.
 // Assumed (narrow, 35 %): narrow texts are in the system's code page, which protk.dat asks for

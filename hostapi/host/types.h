@@ -84,6 +84,8 @@ typedef enum : int {
     PRO_SIMP_REP = 77,
     PRO_CURVE = 71,
     PRO_COMP_CURVE = 72,
+    // Assumed (codes, 40 %): the host alone fills it in and reads it
+    PRO_DRAW_TABLE = 84,
     // Assumed (names, 70 %): the kit knows bodies; one older than those has no such name, and
     //   frame/access.cpp needs the number
     PRO_BODY = 176

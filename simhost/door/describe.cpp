@@ -296,6 +296,10 @@ std::string Describe(const NameOut& out) {
     return simhost::Describe(WideText(out.place, std::size_t(end - out.place)).c_str());
 }
 
+std::string Describe(const NumberOut& out) {
+    return Describe(*out.place);
+}
+
 std::string Describe(const PointOut& out) {
     return Numbers(out.place, 3);
 }

@@ -152,6 +152,14 @@ struct NameOut {
 };
 std::string Describe(const NameOut& out);
 
+// A place for one number; places for points have three.
+struct NumberOut {
+    static constexpr bool kOutput = true;
+    double* place;
+    bool Missing() const { return place == nullptr; }
+};
+std::string Describe(const NumberOut& out);
+
 // A place for a point.
 struct PointOut {
     static constexpr bool kOutput = true;

@@ -35,6 +35,7 @@ inline void RefuseEndedOptionValue(const WideChar* value) {
 #define GIVEN(argument) #argument, ::simhost::Given(argument)    // must not be null
 #define OUT(argument) #argument, ::simhost::NeededOut(argument)  // a place for a result, not null
 #define OUT_NAME(argument) #argument, ::simhost::NameOut{argument}
+#define OUT_NUMBER(argument) #argument, ::simhost::NumberOut{argument}
 #define OUT_POINT(argument) #argument, ::simhost::PointOut{argument}
 // Lists with their length: handed in; handed out; handed in and out as a host array, which knows
 // its own.

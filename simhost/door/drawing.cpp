@@ -8,18 +8,16 @@ using namespace simhost;
 
 ProError ProDrawingSheetsCount(ProDrawing drawing, int* count) {
     return Op<"ProDrawingSheetsCount">.Call(
-        [&] {
-            *count = int(TheHost().session.RequireDrawing(drawing).drawingData.sheetSizes.size());
-        },
+        [&] { *count = int(TheHost().session.RequireDrawing(drawing).drawingData.sheets.size()); },
         ARG(drawing), OUT(count));
 }
 
 ProError ProDrawingSheetTrfGet(ProDrawing drawing, int sheet, ProName size, ProMatrix transform) {
     return Op<"ProDrawingSheetTrfGet">.Call(
         [&] {
-            const auto& sizes = TheHost().session.RequireDrawing(drawing).drawingData.sheetSizes;
-            if (sheet < 1 || std::size_t(sheet) > sizes.size()) Refuse(PRO_TK_E_NOT_FOUND);
-            CopyCut(sizes[std::size_t(sheet - 1)], size, PRO_NAME_SIZE);
+            const Sheet* found = TheHost().session.RequireDrawing(drawing).drawingData.Find(sheet);
+            if (!found) Refuse(PRO_TK_E_NOT_FOUND);
+            CopyCut(found->size, size, PRO_NAME_SIZE);
             for (std::size_t row = 0; row < 4; ++row) {
                 for (std::size_t column = 0; column < 4; ++column) {
                     transform[row][column] = row == column ? 1 : 0;

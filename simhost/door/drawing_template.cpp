@@ -2,12 +2,12 @@
 #include "hostapi/host/drawing_template.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
+#include "simhost/core/file_names.h"
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
-#include "simhost/model/drawing.h"
+#include "simhost/model/drawing_template.h"
 #include "simhost/model/model_file.h"
 
 using namespace simhost;
@@ -16,45 +16,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string FileNameOf(const fs::path& path) {
-    const auto utf8 = path.filename().u8string();
-    return std::string(utf8.begin(), utf8.end());
+// "a3_prt", "vx.drw" and "VX.DRW.2" as the name of a file, "vx.drw".
+std::string FileOfTemplate(WideView name) {
+    std::string file;
+    SplitVersion(Utf8(WideText(name)), &file);
+    return file.ends_with(".drw") ? file : file + ".drw";
 }
 
-// The file of this name in the working folder: its highest version, or the one without a version.
-// Empty if there is none.
-fs::path NewestFile(const std::string& fileName) {
-    const fs::path folder = TheHost().disk.Real(TheHost().session.workingDirectory);
-    fs::path newest;
-    long best = -1;
+bool MayRead(const fs::path& path) {
     std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        const std::string name = Lower(FileNameOf(entry.path()));
-        if (name.compare(0, fileName.size(), fileName) != 0) continue;
-        const std::string rest = name.substr(fileName.size());
-        const bool versioned = rest.size() > 1 && rest[0] == '.' &&
-                               rest.find_first_not_of("0123456789", 1) == std::string::npos;
-        if (!rest.empty() && !versioned) continue;
-        const long version = rest.empty() ? 0 : std::strtol(rest.c_str() + 1, nullptr, 10);
-        if (version > best) {
-            best = version;
-            newest = entry.path();
-        }
-    }
-    return newest;
+    return (fs::status(path, error).permissions() & fs::perms::owner_read) != fs::perms::none;
 }
 
-// What a template says, in a model of no session.
-void ReadTemplate(const fs::path& path, Model* model) {
+// What a template in the working folder says, in a model of no session.
+void ReadTemplate(const std::string& file, Model* model) {
+    const fs::path folder = TheHost().disk.Real(TheHost().session.workingDirectory);
+    const fs::path path = NewestFileOf(folder, Wide(file));
+    if (path.empty()) Refuse(PRO_TK_E_NOT_FOUND);
+    if (!MayRead(path)) Refuse(PRO_TK_NO_PERMISSION);
     try {
-        ReadModelText(ReadFile(path), FileNameOf(path), model);
+        ReadModelText(ReadFile(path), file, model);
     } catch (const ModelFileError& error) {
         TheHost().Tell(error.what());
         Refuse(PRO_TK_DWGCREATE_ERRORS);
     }
-    if (model->type != PRO_MDL_DRAWING || model->drawingData.sheetSizes.empty()) {
-        Refuse(PRO_TK_DWGCREATE_ERRORS);
-    }
+    if (model->type != PRO_MDL_DRAWING) Refuse(PRO_TK_DWGCREATE_ERRORS);
 }
 
 WideText TextIn(const WideChar* buffer, std::size_t size) {
@@ -66,6 +52,21 @@ Model* ShownModel(const ProModel& shown) {
     const ProMdlType kind = TypeOfSuffix(type);
     if (kind != PRO_MDL_PART && kind != PRO_MDL_ASSEMBLY) return nullptr;
     return TheHost().session.FindByName(TextIn(shown.name, PRO_NAME_SIZE), kind);
+}
+
+bool IsInWorkingFolder(const std::string& file) {
+    const fs::path folder = TheHost().disk.Real(TheHost().session.workingDirectory);
+    return !NewestFileOf(folder, Wide(file)).empty();
+}
+
+// The new drawing; none is left where the template has not what it needs.
+Model& Made(const WideText& name, const Model& pattern, Model& shown) {
+    if (pattern.drawingData.sheets.empty()) Refuse(PRO_TK_DWGCREATE_ERRORS);
+    Session& session = TheHost().session;
+    Model& made = session.Create(name, PRO_MDL_DRAWING);
+    if (FillFromTemplate(pattern, shown, &made)) return made;
+    session.Erase(made);
+    Refuse(PRO_TK_DWGCREATE_ERRORS);
 }
 
 // A window of its own; the user's attention stays where it is.
@@ -87,18 +88,19 @@ ProError ProDrawingFromTmpltCreate(ProName name, ProName drawingTemplate, ProMod
             if (!model->name[0]) Refuse(PRO_TK_BAD_INPUTS);
             Session& session = TheHost().session;
             const WideText wanted = name;
-            if (wanted.empty() || wanted.size() >= PRO_NAME_SIZE) {
-                Complain(PRO_TK_BAD_INPUTS, "a drawing's name has 1 to 31 characters");
-            }
+            if (!IsModelName(wanted)) Refuse(PRO_TK_BAD_INPUTS);
             const std::string file = Utf8(Lower(WideView(wanted))) + ".drw";
-            if (session.FindByFile(file) || !NewestFile(file).empty()) Refuse(PRO_TK_E_FOUND);
-            const fs::path path = NewestFile(Utf8(Lower(WideView(drawingTemplate))));
-            if (path.empty() || !ShownModel(*model)) Refuse(PRO_TK_E_NOT_FOUND);
-            Model pattern;
-            ReadTemplate(path, &pattern);
-            Model& made = session.Create(wanted, PRO_MDL_DRAWING);
-            made.drawingData.sheetSizes = pattern.drawingData.sheetSizes;
-            DrawingOf(made).rule = DrawingOf(pattern).rule;
+            if (session.FindByFile(file) || IsInWorkingFolder(file)) Refuse(PRO_TK_E_FOUND);
+            Model* shown = ShownModel(*model);
+            if (!shown) Refuse(PRO_TK_E_NOT_FOUND);
+            const std::string templateFile = FileOfTemplate(drawingTemplate);
+            Model read;
+            const Model* pattern = session.FindByFile(templateFile);
+            if (!pattern) {
+                ReadTemplate(templateFile, &read);
+                pattern = &read;
+            }
+            Model& made = Made(wanted, *pattern, *shown);
             made.modified = true;
             if (options & PRODWGCREATE_DISPLAY_DRAWING) ShowInWindow(made);
             *errors = nullptr;

@@ -60,9 +60,7 @@ ProError ProDrawingGeneralviewCreate(ProDrawing drawing, ProSolid solid, int she
             if (shown.type != PRO_MDL_PART && shown.type != PRO_MDL_ASSEMBLY) {
                 Refuse(PRO_TK_CRE_VIEW_BAD_MODEL);
             }
-            if (sheet < 1 || std::size_t(sheet) > model.drawingData.sheetSizes.size()) {
-                Refuse(PRO_TK_CRE_VIEW_BAD_SHEET);
-            }
+            if (!model.drawingData.Find(sheet)) Refuse(PRO_TK_CRE_VIEW_BAD_SHEET);
             // Exploded states are not known here.
             if (exploded) Refuse(PRO_TK_CRE_VIEW_BAD_EXPLODE);
             Placement frame;
@@ -173,6 +171,82 @@ ProError ProDrawingViewsCollect(ProDrawing drawing, ProView** views) {
             *views = TheHost().arrays.Make(handles, op.name());
         },
         ARG(drawing), OUT_ARRAY(views));
+}
+
+ProError ProDrawingViewTypeGet(ProDrawing drawing, ProView view, ProViewType* type) {
+    return Op<"ProDrawingViewTypeGet">.Call(
+        [&] {
+            const Model& model = TheHost().session.RequireDrawing(drawing);
+            *type = RequireView(model, view).IsGeneral() ? PRO_VIEW_GENERAL : PRO_VIEW_PROJECTION;
+        },
+        ARG(drawing), ARG(view), OUT(type));
+}
+
+ProError ProDrawingViewSheetGet(ProDrawing drawing, ProView view, int* sheet) {
+    return Op<"ProDrawingViewSheetGet">.Call(
+        [&] {
+            const Model& model = TheHost().session.RequireDrawing(drawing);
+            *sheet = RequireView(model, view).sheet;
+        },
+        ARG(drawing), ARG(view), OUT(sheet));
+}
+
+ProError ProDrawingViewSolidGet(ProDrawing drawing, ProView view, ProSolid* solid) {
+    return Op<"ProDrawingViewSolidGet">.Call(
+        [&] {
+            const Model& model = TheHost().session.RequireDrawing(drawing);
+            const Model* shown = ModelOf(RequireView(model, view));
+            if (!shown) Refuse(PRO_TK_E_NOT_FOUND);
+            *solid = static_cast<ProSolid>(shown->handle);
+        },
+        ARG(drawing), ARG(view), OUT(solid));
+}
+
+ProError ProDrawingViewChildrenGet(ProDrawing drawing, ProView view, ProView** children) {
+    Operation& op = Op<"ProDrawingViewChildrenGet">;
+    return op.Call(
+        [&] {
+            Model& model = TheHost().session.RequireDrawing(drawing);
+            const DrawingView& parent = RequireView(model, view);
+            std::vector<ProView> handles;
+            for (const auto& one : DrawingOf(model).views()) {
+                if (one->parent == &parent) handles.push_back(one->handle);
+            }
+            if (handles.empty()) Refuse(PRO_TK_E_NOT_FOUND);
+            *children = TheHost().arrays.Make(handles, op.name());
+        },
+        ARG(drawing), ARG(view), OUT_ARRAY(children));
+}
+
+ProError ProDrawingViewScaleIsUserdefined(ProDrawing drawing, ProView view, ProBoolean* own) {
+    return Op<"ProDrawingViewScaleIsUserdefined">.Call(
+        [&] {
+            const Model& model = TheHost().session.RequireDrawing(drawing);
+            *own = RequireView(model, view).ownScale ? PRO_B_TRUE : PRO_B_FALSE;
+        },
+        ARG(drawing), ARG(view), OUT(own));
+}
+
+ProError ProDrawingViewScaleGet(ProDrawing drawing, ProView view, double* scale) {
+    return Op<"ProDrawingViewScaleGet">.Call(
+        [&] {
+            const Model& model = TheHost().session.RequireDrawing(drawing);
+            *scale = Drawing::ScaleOf(RequireView(model, view));
+        },
+        ARG(drawing), ARG(view), OUT_NUMBER(scale));
+}
+
+ProError ProDrawingViewScaleSet(ProDrawing drawing, ProView view, double scale) {
+    return Op<"ProDrawingViewScaleSet">.Call(
+        [&] {
+            Model& model = TheHost().session.RequireDrawing(drawing);
+            DrawingView& changed = RequireView(model, view);
+            if (!(scale > 0) || !std::isfinite(scale)) Refuse(PRO_TK_BAD_INPUTS);
+            if (!changed.ownScale) Refuse(PRO_TK_BAD_CONTEXT);
+            changed.scale = scale;
+            model.modified = true;
+        },
+        ARG(drawing), ARG(view), ARG(scale));
 }
 
 ProError ProDrawingViewOrientationFromAngleSet(ProDrawing drawing, ProView view, char* reference,

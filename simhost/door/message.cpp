@@ -2,6 +2,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstdarg>
 #include <cstring>
 #include <string>
@@ -23,6 +25,18 @@ WideText Filled(WideChar* file, char* key, std::va_list arguments) {
     const auto filled = Messages::Fill(*text, arguments);
     if (!filled) Refuse(PRO_TK_MSG_FMT_ERROR);
     return *filled;
+}
+
+// A number as a user types it: blanks around it do not matter, and nothing else may be there.
+std::optional<double> NumberIn(std::string text) {
+    const std::size_t from = text.find_first_not_of(' ');
+    if (from == std::string::npos) return std::nullopt;
+    text = text.substr(from, text.find_last_not_of(' ') + 1 - from);
+    double value = 0;
+    const char* end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || parsed != end || !std::isfinite(value)) return std::nullopt;
+    return value;
 }
 
 }  // namespace
@@ -62,6 +76,27 @@ ProError ProMessageStringRead(int size, WideChar* text) {
             CopyCut(*answer, text, most + 1);
         },
         ARG(size), OUT(text));
+}
+
+ProError ProMessageDoubleRead(double range[2], double* value) {
+    const std::string within = range ? fmt::format("{} to {}", range[0], range[1]) : "any";
+    return Op<"ProMessageDoubleRead">.Call(
+        [&] {
+            for (;;) {
+                const auto answer = TheHost().messages.Read();
+                if (!answer) Refuse(PRO_TK_MSG_USER_QUIT);
+                if (answer->empty()) Refuse(PRO_TK_GENERAL_ERROR);
+                const auto number = NumberIn(Utf8(*answer));
+                const bool fits =
+                    number && (!range || (*number >= range[0] && *number <= range[1]));
+                if (fits) {
+                    *value = *number;
+                    return;
+                }
+                TheHost().Tell(fmt::format("{} is no number that is asked for", Utf8(*answer)));
+            }
+        },
+        "range", within.c_str(), OUT_NUMBER(value));
 }
 
 WideChar* ProStringToWstring(WideChar* wide, char* narrow) {

@@ -94,6 +94,7 @@ DrawingView& Drawing::Add(DrawingView view) {
     DrawingView& added = *views_.back();
     added.drawing = &model_;
     added.handle = static_cast<ProView>(Views().Add(&added));
+    if (!added.file.empty()) model_.drawingData.AddSolid(added.file);
     return added;
 }
 
@@ -166,13 +167,22 @@ void Drawing::Regenerate(DrawingView& view) {
     }
 }
 
+void Drawing::RegenerateSheet(int sheet) {
+    for (const auto& view : views_) {
+        if (view->IsGeneral() && view->sheet == sheet) Regenerate(*view);
+    }
+}
+
 Placement Drawing::OrientationOf(const DrawingView& view) const {
     if (!view.parent) return view.orientation;
     return TurnedTo(view.side, rule, OrientationOf(*view.parent));
 }
 
 double Drawing::ScaleOf(const DrawingView& view) {
-    return view.parent ? ScaleOf(*view.parent) : view.scale;
+    if (view.parent) return ScaleOf(*view.parent);
+    if (view.ownScale) return view.scale;
+    const Sheet* sheet = view.drawing->drawingData.Find(view.sheet);
+    return sheet ? sheet->ScaleOf(view.file) : 1;
 }
 
 Placement Drawing::FrameOf(const DrawingView& view) const {
@@ -198,7 +208,7 @@ Drawing& DrawingOf(Model& model) {
 
 Model* ModelOf(const DrawingView& view) {
     Session* session = view.drawing->session;
-    if (!session) return nullptr;
+    if (!session || view.file.empty()) return nullptr;
     if (Model* model = session->Find(view.model)) return model;
     return session->RetrieveOrTell(view.file);
 }

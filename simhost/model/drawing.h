@@ -1,5 +1,5 @@
-// What a drawing holds: views, which are projections of models onto its sheets. The sheets' sizes
-// are in DrawingData.
+// What a drawing holds: views, which are projections of models onto its sheets. The sheets are in
+// DrawingData.
 #pragma once
 
 #include <memory>
@@ -26,16 +26,17 @@ struct DrawingView {
     ProView handle = nullptr;
     Model* drawing = nullptr;
     ProMdl model = nullptr;  // what it shows; see ModelOf
-    std::string file;        // the same, "housing.prt"
+    std::string file;        // the same, "housing.prt"; empty in templates
     int sheet = 1;
     DrawingView* parent = nullptr;  // general views have none
     Side side = Side::None;
     Vec3 pivot;             // the middle of the model when the view was made, in the model, in mm
     Vec3 at;                // where the pivot is on the sheet
-    double scale = 1;       // general views
+    double scale = 1;       // general views with a scale of their own; see ScaleOf
     bool ownScale = false;  // general views: their scale is not the sheet's
     Placement orientation;  // general views; its axes say where the model's axes point
     bool exploded = false;
+    Vec3 room;              // in templates: how large it may become; 0: as large as it is
     ProDrawingViewDisplay display{};
     std::optional<Extents> outline;  // on the sheet, as last regenerated
 
@@ -70,8 +71,10 @@ public:
     // Moves a view and the projections that hang on it. Outlines stay until regenerated.
     void Move(DrawingView& view, Vec3 by);
     void Regenerate(DrawingView& view);  // and the projections that hang on it
+    void RegenerateSheet(int sheet);
 
-    // The view turned as it is drawn, and its scale: a projection's follow from its parent's.
+    // The view turned as it is drawn, and its scale, which is its own or its sheet's for what it
+    // shows; a projection's follow from its parent's.
     Placement OrientationOf(const DrawingView& view) const;
     static double ScaleOf(const DrawingView& view);
     // Takes points of the model, in mm, to the sheet, but for the scale about `at`: see ToSheet.

@@ -18,6 +18,7 @@
 #include "simhost/model/parameters.h"
 #include "simhost/model/relations.h"
 #include "simhost/model/sheet_metal.h"
+#include "simhost/model/sheets.h"
 #include "simhost/model/simprep.h"
 #include "simhost/model/units.h"
 
@@ -86,9 +87,8 @@ struct AssemblyData {
     int activeSimprep = 0;  // its id; 0: the master, which has all components
 };
 
-// What only drawings have.
-struct DrawingData {
-    std::vector<WideText> sheetSizes;          // "A3"; one for each sheet
+// What drawings and formats have.
+struct DrawingData : SheetSet {
     std::shared_ptr<Drawing> views;            // null before its first use; see DrawingOf
     std::shared_ptr<Annotations> annotations;  // likewise; see AnnotationsOf
 };

@@ -75,10 +75,11 @@ constexpr Section kManufacturingSection =
 
 constexpr const Section* kSections[] = {
     &kUnitSystemSection, &kManufacturingSection, &kAppearanceSection, &kParameterSection,
-    &kRelationsSection,  &kFamilySection,        &kSheetsSection,     &kDrawingSection,
-    &kViewSection,       &kDimensionSection,     &kNoteSection,       &kSolidSection,
-    &kSurfaceSection,    &kMaterialSection,      &kSheetMetalSection, &kBendTableSection,
-    &kBendSection,       &kFeatureSection,       &kSimprepSection,
+    &kRelationsSection,  &kFamilySection,        &kSheetsSection,     &kSheetSection,
+    &kTableSection,      &kDrawingSection,       &kViewSection,       &kDimensionSection,
+    &kNoteSection,       &kSolidSection,         &kSurfaceSection,    &kMaterialSection,
+    &kSheetMetalSection, &kBendTableSection,     &kBendSection,       &kFeatureSection,
+    &kSimprepSection,
 };
 
 void ReadRoot(const toml::table& root, const std::string& fileName, Model* model) {

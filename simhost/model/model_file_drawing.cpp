@@ -1,5 +1,7 @@
-// The part of a drawing's file that says which sheets and views it has and where the views stand.
+// The part of a drawing's file that says which models and views it has and where the views stand.
 #include <climits>
+#include <string>
+#include <vector>
 
 #include "simhost/core/text.h"
 #include "simhost/model/drawing.h"
@@ -12,11 +14,10 @@ using namespace model_text;
 
 // What is there:
 //
-//     [sheets]
-//     sizes = ["A3", "A4"]                # one for each sheet
-//
 //     [drawing]
 //     projection = "first-angle"          # or "third-angle"
+//     models = ["housing.prt"]            # where it has others than its views say
+//     current_model = "housing.prt"
 //
 //     [[view]]                            # a general view
 //     id = 1
@@ -27,6 +28,8 @@ using namespace model_text;
 //     scale = 0.5
 //     turn = [90, 0, 0]
 //     style = "no_hidden"
+//     room = [180, 120]                   # in a template, whose views have no model: how large
+//                                         # the view may become
 //
 //     [[view]]                            # a projection
 //     id = 2
@@ -39,10 +42,41 @@ namespace {
 constexpr const char* kStyles[] = {"default", "wireframe", "hidden_line", "no_hidden"};
 constexpr const char* kRules[] = {"first-angle", "third-angle"};
 
-constexpr Field<DrawingData> kSheetsFields[] = {Of<&DrawingData::sheetSizes>("sizes")};
-
 constexpr Field<Drawing> kDrawingFields[] = {
     Required(OneOf<kRules, &Drawing::rule>("projection")),
+};
+
+// The models in the order in which the views bring them.
+std::vector<std::string> ModelsOfViews(const Model& drawing) {
+    SheetSet brought;
+    for (const auto& view : drawing.drawingData.views->views()) {
+        if (!view->file.empty()) brought.AddSolid(view->file);
+    }
+    return brought.solids;
+}
+
+void ReadModels(const toml::node& node, const char* key, Model* drawing) {
+    std::vector<WideText> files;
+    ReadValue(node, key, &files);
+    for (const WideText& file : files) drawing->drawingData.AddSolid(Lower(Utf8(file)));
+}
+
+std::string ModelsText(const Model& drawing) {
+    std::vector<WideText> files;
+    for (const std::string& file : drawing.drawingData.solids) files.push_back(Wide(file));
+    return TextOf(files);
+}
+
+void ReadCurrentModel(const toml::node& node, const char* key, Model* drawing) {
+    drawing->drawingData.currentSolid = Lower(Text(node, key));
+}
+
+constexpr Field<Model> kModelsFields[] = {
+    {"models", ReadModels, ModelsText,
+     [](const Model& drawing) { return ModelsOfViews(drawing) == drawing.drawingData.solids; }},
+    {"current_model", ReadCurrentModel,
+     [](const Model& drawing) { return TextText(drawing.drawingData.currentSolid); },
+     [](const Model& drawing) { return drawing.drawingData.currentSolid.empty(); }},
 };
 
 // --- Views ---
@@ -84,6 +118,12 @@ void ReadScale(const toml::node& node, const char* key, DrawingView* view) {
     if (!(view->scale > 0)) Fail(node.source(), Quoted(key) + " must be more than 0");
 }
 
+void ReadRoom(const toml::node& node, const char* key, DrawingView* view) {
+    double room[2] = {};
+    Numbers(node, key, room, 2);
+    view->room = {room[0], room[1], 0};
+}
+
 constexpr bool Never(const DrawingView&) {
     return false;
 }
@@ -100,9 +140,15 @@ constexpr Field<DrawingView> kStyle =
 constexpr Field<DrawingView> kTangentEdges =
     Whole<0, &DrawingView::display, &ProDrawingViewDisplay::tangent_edge_display>("tangent_edges");
 
+constexpr Field<DrawingView> kRoom{"room", ReadRoom,
+                                   [](const DrawingView& view) {
+                                       return ListText({view.room.x, view.room.y});
+                                   },
+                                   [](const DrawingView& view) { return view.room == Vec3{}; }};
+
 constexpr Field<DrawingView> kGeneralFields[] = {
     kId,
-    Required(Field<DrawingView>{"model", ReadShown, ShownText, Never}),
+    {"model", ReadShown, ShownText, [](const DrawingView& view) { return view.file.empty(); }},
     Always(Whole<1, &DrawingView::sheet>("sheet")),
     kPlace,
     Of<&DrawingView::pivot>("pivot"),
@@ -112,6 +158,7 @@ constexpr Field<DrawingView> kGeneralFields[] = {
     Of<&DrawingView::exploded>("exploded"),
     kStyle,
     kTangentEdges,
+    kRoom,
 };
 
 constexpr Field<DrawingView> kProjectedFields[] = {
@@ -125,6 +172,7 @@ constexpr Field<DrawingView> kProjectedFields[] = {
     kPlace,
     kStyle,
     kTangentEdges,
+    kRoom,
 };
 
 void ReadView(const toml::table& table, Model* model) {
@@ -134,7 +182,7 @@ void ReadView(const toml::table& table, Model* model) {
         ReadRecord(table, kProjectedFields, &view);
     } else {
         ReadRecord(table, kGeneralFields, &view);
-        if (std::size_t(view.sheet) > model->drawingData.sheetSizes.size()) {
+        if (!model->drawingData.Find(view.sheet)) {
             Fail(table.source(), "there is no sheet " + std::to_string(view.sheet));
         }
     }
@@ -161,7 +209,9 @@ void AddViews(std::string* text, const char* key, const Model& model) {
 
 void ReadDrawing(const toml::table& root, const char* key, Model* model) {
     if (const toml::table* table = Table(root, key)) {
-        ReadRecord(*table, kDrawingFields, &DrawingOf(*model));
+        Allow(*table, KeysOf(kDrawingFields, kModelsFields));
+        ReadFields(*table, kDrawingFields, &DrawingOf(*model));
+        ReadFields(*table, kModelsFields, model);
     }
 }
 
@@ -169,12 +219,11 @@ void AddDrawing(std::string* text, const char* key, const Model& model) {
     if (!model.drawingData.views) return;
     *text += std::string("\n[") + key + "]\n";
     AddFields(text, kDrawingFields, *model.drawingData.views);
+    AddFields(text, kModelsFields, model);
 }
 
 }  // namespace
 
-constinit const Section kSheetsSection =
-    SectionOf<kSheetsFields, &Model::drawingData>("sheets", PRO_MDL_DRAWING);
 constinit const Section kDrawingSection{"drawing", PRO_MDL_DRAWING, ReadDrawing, AddDrawing};
 constinit const Section kViewSection{"view", PRO_MDL_DRAWING, ReadViews, AddViews};
 

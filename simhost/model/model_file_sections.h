@@ -40,6 +40,8 @@ extern const Section kParameterSection;
 extern const Section kRelationsSection;
 extern const Section kFamilySection;
 extern const Section kSheetsSection;
+extern const Section kSheetSection;
+extern const Section kTableSection;
 extern const Section kDrawingSection;
 extern const Section kViewSection;
 extern const Section kDimensionSection;

@@ -59,7 +59,8 @@ public:
     // --- Disk ---
     // The model of this file name from memory or the working folder, with all that lies below it;
     // a component whose file is missing stays without a model. "gearbox.asm" is its newest version,
-    // "gearbox.asm.3" this one and no other. Null if there is no such file.
+    // "gearbox.asm.3" this one and no other. Null if there is no such file. A format is also looked
+    // for in the folder of formats.
     // Throws ModelFileError, and then memory is as before. `step` is told after each model how many
     // have been looked through, of how many that are known; what it throws ends the work likewise.
     using Step = std::function<void(std::size_t done, std::size_t all)>;
@@ -90,6 +91,9 @@ public:
     // Whether everything is saved in the working folder, wherever it came from; unset: no. The
     // host sets it.
     std::function<bool()> savesInWorkingFolder;
+    // Where formats are that do not lie in the working folder; unset or empty: nowhere. The host
+    // sets it.
+    std::function<WideText()> formatFolder;
     // Whether no other program keeps this real file; unset: none does. The host sets it.
     std::function<bool(const std::filesystem::path& file)> mayWrite;
     // What Retrieve did not find, since the last question, each once.

@@ -175,7 +175,10 @@ Model* Session::RetrieveFrom(const WideText& folder, const std::string& fileName
 Model* Session::Retrieve(const std::string& name, const Step& step) {
     std::string fileName;
     const int wanted = SplitVersion(name, &fileName);
-    return RetrieveFrom(workingDirectory, fileName, wanted, step);
+    Model* found = RetrieveFrom(workingDirectory, fileName, wanted, step);
+    if (found || !fileName.ends_with(".frm") || !formatFolder) return found;
+    const WideText elsewhere = formatFolder();
+    return elsewhere.empty() ? nullptr : RetrieveFrom(elsewhere, fileName, wanted, step);
 }
 
 Model* Session::RetrievePath(const WideText& path) {

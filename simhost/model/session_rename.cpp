@@ -93,6 +93,7 @@ void Session::LetReferencesFollow(const Model& model, const std::string& oldFile
         follow(&other->family.genericFile);
         refers = refers || other->manufacturingData.assembly == &model ||
                  other->family.generic == &model;
+        other->drawingData.EachFile(follow);
         if (other->drawingData.views) {
             for (const auto& view : other->drawingData.views->views()) follow(&view->file);
         }

@@ -188,9 +188,8 @@ void AddAnnotation(const DrawnAnnotation& drawn, Writer* out) {
 }  // namespace
 
 std::string SheetDxf(Model& drawing, int sheet) {
-    const auto& sizes = drawing.drawingData.sheetSizes;
-    const bool there = sheet >= 1 && std::size_t(sheet) <= sizes.size();
-    const SheetSize size = SizeOfSheet(there ? sizes[std::size_t(sheet - 1)] : WideText());
+    const Sheet* present = drawing.drawingData.Find(sheet);
+    const SheetSize size = SizeOfSheet(present ? present->size : WideText());
     const std::vector<ViewOnSheet> views = ViewsOnSheet(drawing, sheet);
     Extents all;
     all.Add({});

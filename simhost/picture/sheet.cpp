@@ -52,9 +52,8 @@ public:
           drawing_(DrawingOf(drawing)),
           sheet_(sheet),
           views_(ViewsOnSheet(drawing, sheet)) {
-        const auto& sizes = drawing.drawingData.sheetSizes;
-        const bool there = sheet >= 1 && std::size_t(sheet) <= sizes.size();
-        sizeName_ = there ? sizes[std::size_t(sheet - 1)] : WideText();
+        const Sheet* present = drawing.drawingData.Find(sheet);
+        sizeName_ = present ? present->size : WideText();
         size_ = SizeOfSheet(sizeName_);
         all_.Add({});
         all_.Add({size_.width, size_.height, 0});

@@ -3,6 +3,8 @@
 
 #include <fmt/format.h>
 
+#include <filesystem>
+
 #include "simhost/core/file_names.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
@@ -26,9 +28,16 @@ WideText InFolder(const WideText& folder, const WideText& name) {
 
 FileChoice Elsewhere(const FileQuestion& question, const WideText& path) {
     const std::size_t name = path.find_last_of(WIDE("\\/")) + 1;
-    if (!FitsFilter(WideView(path).substr(name), question.filter)) {
+    // A file of a certain version is another choice than the newest.
+    std::string file;
+    const int version = SplitVersion(Utf8(path.substr(name)), &file);
+    if (!FitsFilter(Wide(file), question.filter)) {
         return {{},
                 fmt::format("the file dialog takes {}, not {}", Utf8(question.filter), Utf8(path))};
+    }
+    std::error_code error;
+    if (version > 0 && std::filesystem::is_regular_file(TheHost().disk.Real(path), error)) {
+        return {path, {}};
     }
     const auto folder = TheHost().disk.Real(path.substr(0, name));
     if (!NewestFileOf(folder, WideView(path).substr(name)).empty()) return {path, {}};

@@ -267,7 +267,7 @@ TEST_F(BatchCalls, TheOutlineReadsItsFormAnewForEachModel) {
 }
 
 TEST_F(BatchCalls, TheSheetSizesAreToldBeforeTheTreeIsShownAfresh) {
-    host().session.Create(WIDE("a"), PRO_MDL_DRAWING).drawingData.sheetSizes = {WIDE("A3")};
+    host().session.Create(WIDE("a"), PRO_MDL_DRAWING).drawingData.sheets = {WIDE("A3")};
     EXPECT_EQ(PressingParams("VxSheetSize", "@ ok\n"),
               Joined({kSaving,
                       {"ProMdlCurrentGet top.asm", "ProUIRadiogroupSelectednamesGet TypeRadio2",

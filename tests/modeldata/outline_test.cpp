@@ -37,7 +37,7 @@ protected:
     }
     Model& DrawingOf(const std::string& name, const std::vector<WideText>& sizes) {
         Model& drawing = host().session.Create(Wide(name), PRO_MDL_DRAWING);
-        drawing.drawingData.sheetSizes = sizes;
+        drawing.drawingData.sheets.assign(sizes.begin(), sizes.end());
         return drawing;
     }
 

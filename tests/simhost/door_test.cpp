@@ -167,7 +167,7 @@ TEST_F(Door, AFaultWhoseCallWasNeverMadeIsTold) {
 TEST_F(Door, TheJournalShowsPlacesScalesAndOrientations) {
     Model& part = Part("part");
     Model& drawing = host().session.Create(WIDE("SHEET"), PRO_MDL_DRAWING);
-    drawing.drawingData.sheetSizes = {WIDE("A3")};
+    drawing.drawingData.sheets = {WIDE("A3")};
     Pro3dPnt at = {100.5, 0.1, 0};
     ProMatrix turned = {{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
     ProView view = nullptr;

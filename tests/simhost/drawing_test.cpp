@@ -38,7 +38,7 @@ protected:
     }
     Model& NewDrawing() {
         Model& drawing = TheHost().session.Create(WIDE("SHEET"), PRO_MDL_DRAWING);
-        drawing.drawingData.sheetSizes = {WIDE("A3")};
+        drawing.drawingData.sheets = {WIDE("A3")};
         return drawing;
     }
 };

@@ -74,8 +74,10 @@ TEST_F(ModelsByText, AnInstanceKnowsItsGeneric) {
 TEST_F(ModelsByText, ManufacturingModelsAndDrawingsNameTheirType) {
     const Model& mill = MakeModels("mill.mfg: top(a)");
     EXPECT_EQ(mill.manufacturingData.assembly, &ModelNamed("top"));
-    EXPECT_EQ(MakeModels("plate.drw: A3, A4").drawingData.sheetSizes,
-              (std::vector<WideText>{WIDE("A3"), WIDE("A4")}));
+    const auto& sheets = MakeModels("plate.drw: A3, A4").drawingData.sheets;
+    ASSERT_EQ(sheets.size(), 2u);
+    EXPECT_EQ(sheets[0].size, WIDE("A3"));
+    EXPECT_EQ(sheets[1].size, WIDE("A4"));
 }
 
 TEST_F(ModelsByText, AMistakeIsToldWithItsPlace) {

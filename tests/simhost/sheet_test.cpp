@@ -29,7 +29,7 @@ protected:
         box.size = {30, 20, 10};
         part.partData.solids.push_back(box);
         sheet_ = &TheHost().session.Create(WIDE("箱体-12"), PRO_MDL_DRAWING);
-        sheet_->drawingData.sheetSizes = {WIDE("A3")};
+        sheet_->drawingData.sheets = {WIDE("A3")};
         Drawing& drawing = DrawingOf(*sheet_);
         main_ = &drawing.AddGeneral(part, 1, {100, 100, 0}, 1, Placement());
         main_->display.style = PRO_DISPSTYLE_NO_HIDDEN;

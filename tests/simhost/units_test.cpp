@@ -441,7 +441,7 @@ protected:
     void SetUp() override {
         part_ = &Part("plate");
         sheet_ = &host().session.Create(WIDE("plate"), PRO_MDL_DRAWING);
-        sheet_->drawingData.sheetSizes = {WIDE("A3")};
+        sheet_->drawingData.sheets = {WIDE("A3")};
         // From above, at 1:2: 5 wide and 10 high on the sheet.
         view_ = &DrawingOf(*sheet_).AddGeneral(*part_, 1, {100, 80, 0}, 0.5, Placement());
     }

@@ -179,7 +179,7 @@ Model& Made(const Mention& mention);
 void Fill(Model& model, const std::vector<Mention>& list) {
     for (const Mention& each : list) {
         if (model.type == PRO_MDL_DRAWING) {
-            model.drawingData.sheetSizes.push_back(Wide(each.name));
+            model.drawingData.sheets.emplace_back(Wide(each.name));
             continue;
         }
         if (each.marks.count("missing")) {

@@ -238,7 +238,7 @@ TEST_F(Dimensions, AnErasedOneIsGoneAndItsNumberIsNotGivenAgain) {
 
 TEST_F(Dimensions, ARegeneratedSheetMeasuresOnlyItsOwn) {
     Length();
-    drawing_->drawingData.sheetSizes.push_back(WIDE("A3"));
+    drawing_->drawingData.sheets.emplace_back(WIDE("A3"));
     block_->partData.solids[0].size.x = 50;
     ProDwgSheetRegenerate(static_cast<ProDrawing>(drawing_->handle), 2);
     EXPECT_EQ(DimensionOf(1).value, 40);

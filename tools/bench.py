@@ -16,14 +16,17 @@ import tempfile
 JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount",
         "SetMat", "SetBendTable", "SetUnit", "VxIsolate", "IsolatePicks", "FreeNames",
         "VxHideReverse", "VxShowAllComp",
-        "BomFlat", "BomLevels", "TweViews", "BomExport", "SaveModels", "LookForModels",
+        "BomFlat", "BomLevels", "RenameOpen", "RenameLoad", "RenameCheck", "TweViews",
+        "BomExport", "SaveModels", "LookForModels",
         "OpenParameters", "InsertRows"]
 EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
            "IsolatePicks", "SetMat", "SetBendTable", "SetUnit",
-           "FreeNames"]  # without the largest size
+           "FreeNames", "RenameOpen"]  # without the largest size
 COUNTED_SIZES = SIZES[:2]
+# Jobs of so many rows of a table, whatever the model.
+ROWS = {"RenameLoad": [1_000, 10_000], "RenameCheck": [1_000, 10_000]}
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.
 FIXED = {"TweViews": [50, 1_000, 10_000]}
@@ -134,12 +137,12 @@ def main():
         if job in FIXED or job in GROWTH or job == "BomExport":
             continue
         previous = None
-        for size in SIZES[:2] if job in SMALLER else SIZES:
+        for size in ROWS.get(job) or (SIZES[:2] if job in SMALLER else SIZES):
             plain = run_once(options.bench, job, size)
             row = (f"{job:<12}{size:>12}{plain['calls']:>12}{plain['calls'] / size:>11.2f}"
                    f"{plain['seconds']:>9.3f}{plain['bytes'] / size:>11.1f}"
                    f"{plain['peak'] / 1024:>10.0f}")
-            if size in COUNTED_SIZES:
+            if job in ROWS or size in COUNTED_SIZES:
                 plugin, total = count_instructions(options.bench, job, size)
                 each = plugin / size
                 row += f"{each:>19.1f}{plugin / total:>8.1%}"

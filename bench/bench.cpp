@@ -19,6 +19,7 @@
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/spreadsheet/book.h"
 #include "simhost/trail/interpreter.h"
 
 namespace {
@@ -123,6 +124,7 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Activate `SetUnit` `ApplyBt`\n@ ok\n~ Activate `SetUnit` `Close`"},
     {"SetMat", "~ Command `SetMat`\n@ answer C:\\Files\\steel.mtl\n@ ok"},
     {"SetBendTable", "~ Command `SetBendTable`\n@ answer C:\\Files\\soft.bnd\n@ ok"},
+    {"RenameOpen", "~ Command `VxRename`\n~ Close `VxRename`"},
     {"TweViews",
      "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"
      "~ Activate `TweViews` `ApplyBt`"},
@@ -155,6 +157,62 @@ Figures LoadBom(const char* mode) {
     TheHost().commands.Press("VxBom");
     TheHost().user = nullptr;
     return reader.figures;
+}
+
+// Opens VxRename and measures the loading of a table, or the checking of its names, of which the
+// last cannot be had, so that nothing is renamed.
+class Renamer : public User {
+public:
+    Renamer(int rows, bool checks) : rows_(rows), checks_(checks) {}
+    Figures figures;
+
+    int AnswerBox(const Box&) override { return 1; }
+    std::optional<WideText> AnswerPrompt(const WideText&, const WideText&) override {
+        return std::nullopt;
+    }
+    std::optional<WideText> AnswerFile(const FileQuestion&) override { return kNames; }
+    void UseDialog(Dialog& dialog) override {
+        WriteSheet();
+        const auto load = [&] { dialog.Press("VxLoadTab"); };
+        if (checks_) {
+            load();
+            figures = Measure([&] { dialog.Press("StartRename"); });
+        } else {
+            figures = Measure(load);
+        }
+        std::printf("%s; ", dialog.Find("mdl_list")->State().c_str());
+        dialog.CloseWindow();
+    }
+
+private:
+    void WriteSheet() const {
+        Book book;
+        book.sheets.push_back(std::make_unique<BookSheet>());
+        const auto put = [&](int row, int column, const std::string& text) {
+            PutTyped(&book.sheets[0]->At(row, column), text, 2026);
+        };
+        for (int i = 1; i <= rows_; ++i) {
+            const std::string number = std::to_string(i);
+            const std::string name = i < rows_ ? "NEW_" + number : "NEW*";
+            const std::string cells[] = {number, "OLD_" + number, "prt", name};
+            for (int column = 1; column <= 4; ++column) put(i + 2, column, cells[column - 1]);
+        }
+        // The count of used rows begins with the first one that is used.
+        put(1, 1, "names");
+        WriteXlsx(book, TheHost().disk.Real(kNames).string());
+    }
+
+    const WideText kNames = WIDE("C:\\Work\\names.xlsx");
+    int rows_;
+    bool checks_;
+};
+
+Figures LoadNames(int rows, bool checks) {
+    Renamer renamer(rows, checks);
+    TheHost().user = &renamer;
+    TheHost().commands.Press("VxRename");
+    TheHost().user = nullptr;
+    return renamer.figures;
 }
 
 // The steps of a job; a command that has no entry is just pressed.
@@ -209,6 +267,8 @@ int Run(const std::string& job, int occurrences, const fs::path& modules) {
     Figures figures;
     if (job == "BomFlat" || job == "BomLevels") {
         figures = LoadBom(job == "BomFlat" ? "SumBom" : "LevelBom");
+    } else if (job == "RenameLoad" || job == "RenameCheck") {
+        figures = LoadNames(occurrences, job == "RenameCheck");
     } else {
         figures = Measure([&] {
             if (job == "walk") {

@@ -80,6 +80,9 @@ void WriteMaterials(const Workplace& workplace, int) {
     }
 }
 
+// The model is of no matter.
+void Nothing(const Workplace&, int) {}
+
 // Each component has one constraint.
 void ConstrainAll(const Workplace&, int) {
     Constraint fixed;
@@ -152,6 +155,8 @@ constexpr Preparation kPreparations[] = {
     {"VxRemoveCons", ConstrainAll},
     {"VxBox", PickPartsOfManySurfaces, kFew},
     {"VxMergeTo", ActivateTheLastPart},
+    {"RenameLoad", Nothing, kFew},
+    {"RenameCheck", Nothing, kFew},
 };
 
 }  // namespace

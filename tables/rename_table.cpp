@@ -2,6 +2,7 @@
 #include "tables/rename_table.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -90,7 +91,7 @@ void OnPickRow(char*, char*, ProAppData) {
     kRenameDialog.StayAboveWindow();
     const std::vector<std::string> columns = kRenameTable.ColumnNames();
     const std::string row = kRenameTable.FocusedRow();
-    if (row.empty() || columns.size() < 3) return;
+    if (row.empty() || columns.size() < std::size(kRenameColumns)) return;
     const WideText name = kRenameTable.CellText(row, columns[1]);
     const bool isAssembly = FoldCase(kRenameTable.CellText(row, columns[2])) == WIDE("ASM");
     ProMdl model = nullptr;

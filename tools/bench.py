@@ -17,14 +17,17 @@ JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", 
         "SetMat", "SetBendTable", "SetUnit", "VxIsolate", "IsolatePicks", "FreeNames",
         "VxRemoveCons", "VxBox", "VxMergeTo",
         "VxHideReverse", "VxShowAllComp",
-        "BomFlat", "BomLevels", "TweViews", "BomExport", "SaveModels", "LookForModels",
+        "BomFlat", "BomLevels", "RenameOpen", "RenameLoad", "RenameCheck", "TweViews",
+        "BomExport", "SaveModels", "LookForModels",
         "OpenParameters", "InsertRows"]
 EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
            "IsolatePicks", "SetMat", "SetBendTable", "SetUnit",
-           "FreeNames", "VxRemoveCons", "VxMergeTo"]  # without the largest size
-OTHER_SIZES = {"VxBox": [1_000, 10_000]}  # picks of parts with 102 surfaces
+           "FreeNames", "VxRemoveCons", "VxMergeTo", "RenameOpen"]  # without the largest size
+# Picks of parts with 102 surfaces; rows of a table, whatever the model.
+OTHER_SIZES = {"VxBox": [1_000, 10_000], "RenameLoad": [1_000, 10_000],
+               "RenameCheck": [1_000, 10_000]}
 COUNTED_SIZES = [1_000, *SIZES[:2]]
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.
@@ -141,7 +144,7 @@ def main():
             row = (f"{job:<12}{size:>12}{plain['calls']:>12}{plain['calls'] / size:>11.2f}"
                    f"{plain['seconds']:>9.3f}{plain['bytes'] / size:>11.1f}"
                    f"{plain['peak'] / 1024:>10.0f}")
-            if size in COUNTED_SIZES:
+            if job in ROWS or size in COUNTED_SIZES:
                 plugin, total = count_instructions(options.bench, job, size)
                 each = plugin / size
                 row += f"{each:>19.1f}{plugin / total:>8.1%}"

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Fills in the new names of an exported table, as a designer would in a spreadsheet program: some
-models get a number before their names, all others keep theirs.
+models get Chinese names, all others keep theirs.
 
     fill_new_names.py FILE.xlsx
 """
@@ -9,12 +9,8 @@ import sys
 
 import openpyxl
 
-NEW = {
-    "HOUSING": "箱座",
-    "OUTPUT_SHAFT": "输出轴组件",
-    "WASHER_12": "垫圈_12",
-    "BREATHER": "通气器",
-}
+NEW = {"HOUSING": "箱座", "OUTPUT_SHAFT": "输出轴组件", "WASHER_12": "垫圈_12",
+       "BREATHER": "通气器"}
 
 
 def main(path):

@@ -137,12 +137,16 @@ struct SheetMembers {
         self.book = &book;
         return Child(self, SheetClass::Workbook);
     }
+    static Book BookOf(const WideText& path) {
+        if (const auto& reader = TheSpreadsheets().reader) return reader(path);
+        const std::string real = ReadablePath(path);
+        if (real.empty()) throw BookFileError("it is not there, or is held by another");
+        return ReadBook(real);
+    }
     static SheetAnswer Open(Self self, const Arguments& arguments) {
         const WideText path = arguments[0].text;
-        const std::string real = ReadablePath(path);
-        if (real.empty()) Refuse(-1);
         try {
-            self.book = &self.application->books.emplace_back(ReadBook(real));
+            self.book = &self.application->books.emplace_back(BookOf(path));
         } catch (const std::exception& error) {
             TheWindows().host().desk.Tell(path + WIDE(" is not opened: ") + Wide(error.what()));
             Refuse(-1);

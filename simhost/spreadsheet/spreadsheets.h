@@ -4,6 +4,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <list>
 #include <memory>
 #include <string>
@@ -62,6 +63,9 @@ public:
     void Release(ExcelObject object);
     void Forget(ExcelObject object);  // the same without a complaint
     bool installed = true;            // false: the program id is not known to the system
+    // Gives the workbook of a Windows path in the place of its file; unset: files are read. For
+    // systems without the libraries that read them. Throws BookFileError.
+    std::function<Book(const WideText& path)> reader;
 
     // --- For whoever looks on ---
     // "Range B2", "Range A1:D1", "Application 1"; "null".

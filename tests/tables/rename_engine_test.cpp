@@ -439,12 +439,27 @@ TEST_F(RenameBatch, ANameThatGrewTooLongMeanwhileEndsTheRenaming) {
     EXPECT_EQ(Option(), "yes");
 }
 
-TEST_F(RenameBatch, AFieldThatFailsToBeReadIsLeftUntouched) {
-    // inputImport2 is asked for third; any other failure than "not there" ends the search.
-    Fail("ProUIInputpanelValueGet", {.n = 3, .forGood = false, .status = PRO_TK_BAD_INPUTS});
-    const auto before = Folder();
-    Start("");
-    EXPECT_EQ(Folder(), before);
+TEST_F(RenameBatch, AFieldThatFailsToBeReadIsEmpty) {
+    // inputImport2 is asked for third. Any answer but "not there" ends the search, so that the name
+    // is not tried; the second pass reads it.
+    for (const ProError status : {PRO_TK_BAD_INPUTS, PRO_TK_NO_ERROR}) {
+        Fail("ProUIInputpanelValueGet", {.n = 3, .forGood = false, .status = status});
+        Record();
+        const std::string name = status == PRO_TK_NO_ERROR ? "lid" : "cover";
+        Start(Named(2, name));
+        Recorded();
+        EXPECT_EQ(Lines("ProSolidCreate"), Names{});
+        EXPECT_EQ(plate_->FileName(), name + ".prt");
+    }
+}
+
+TEST_F(RenameBatch, WhatWasNotMadeIsNeitherSavedNorErased) {
+    Fail("ProSolidCreate", {.status = PRO_TK_NO_ERROR});
+    Record();
+    Start(Named(4, "screw"), Illegal("screw"));
+    Recorded();
+    EXPECT_EQ(Lines("ProMdlSave"), Names{});
+    EXPECT_EQ(Lines("ProMdlErase"), Names{});
 }
 
 }  // namespace

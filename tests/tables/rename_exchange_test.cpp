@@ -5,8 +5,10 @@
 
 #include "simhost/core/disk.h"
 #include "simhost/core/meanwhile.h"
+#include "simhost/core/operation.h"
 #include "simhost/spreadsheet/spreadsheets.h"
 #include "simhost/system/windows.h"
+#include "simhost/ui/table.h"
 #include "tests/support/places.h"
 #include "tests/tables/rename_bench.h"
 
@@ -153,6 +155,42 @@ TEST_F(RenameExchange, AnUnknownPathEndsTheExportToo) {
     Check("~ Activate `VxRename` `VxExportTab`\n");
     Recorded();
     EXPECT_EQ(Lines("ExcelCreate"), Names{});
+}
+
+TEST_F(RenameExchange, WhoLeavesTheDialogExportsNothingEvenIfAPathWasTyped) {
+    Operation::Fail({"ProFileSave", 1, false, PRO_TK_USER_ABORT, /*afterWork=*/true});
+    Record();
+    Check(kExport);
+    Recorded();
+    EXPECT_EQ(Lines("ExcelCreate"), Names{});
+}
+
+TEST_F(RenameExchange, WithoutACurrentModelTheTitleHasNoName) {
+    // The second question; the first one opened the dialog.
+    Fail("ProMdlCurrentGet", {.n = 2});
+    Record();
+    Check(kExport);
+    Recorded();
+    EXPECT_EQ(At(Written(), 1, 1), " 重命名");
+}
+
+TEST_F(RenameExchange, TwentySixColumnsGoOutAndNotTwentySeven) {
+    const auto widen = [&](int columns) {
+        auto* table = dynamic_cast<Table*>(host().dialogs.Active()->Find("mdl_list"));
+        Names names;
+        for (int i = 0; i < columns; ++i) names.push_back("more" + std::to_string(i));
+        table->InsertColumns("new_name", names);
+    };
+    DoMeanwhile("ProUITableColumnlabelsGet", 1, [&] { widen(22); });
+    Check(kExport);
+    EXPECT_EQ(At(Written(), 2, 26), "more21");
+    std::filesystem::remove(host().disk.Real(kFile));
+    leavesSpreadsheets_ = true;
+    DoMeanwhile("ProUITableColumnlabelsGet", 1, [&] { widen(23); });
+    Check(std::string(kExport) + "@ expect box \"bom表格列数不得大于26列\"\n@ ok\n");
+    EXPECT_EQ(AllBoxes()[0].flags, 0u);
+    EXPECT_FALSE(Exists(kFile));
+    EXPECT_EQ(TheSpreadsheets().NotQuit(), Names{"Application 2 with 1 workbooks"});
 }
 
 TEST_F(RenameExchange, AFileThatIsHeldIsNamedAndLeftAlone) {

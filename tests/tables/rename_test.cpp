@@ -204,6 +204,15 @@ TEST_F(Renaming, APickShowsNothingWhereTheRowIsNotTold) {
     }
 }
 
+TEST_F(Renaming, APickShowsNothingWhereTheRowHasNoName) {
+    Record();
+    Fail("ProUITableFocusCellGet", {.status = PRO_TK_NO_ERROR});
+    Check("~ Arm `VxRename` `mdl_list` 2 `2` `num`\n");
+    Recorded();
+    EXPECT_EQ(Lines("ProMdlDisplay").size(), 1u);
+    EXPECT_EQ(Lines("ProMdlRetrieve"), Names{});
+}
+
 TEST_F(Renaming, APickOfARowWhoseTypeIsNotToldShowsAPart) {
     Record();
     Fail("ProUITableCellLabelGet", {.n = 2});
@@ -233,6 +242,15 @@ TEST_F(Renaming, TheFilterKnowsNoLettersBecauseNamesAreInCapitals) {
     bolt_->name = WIDE("bolt");
     Check("@ expect rows mdl_list 4\n@ expect row mdl_list 4 \"4|SKEL|prt|\"\n");
     bolt_->name = WIDE("BOLT");
+}
+
+TEST_F(Renaming, TheFilterMakesLettersSmallAndNothingElse) {
+    Use(*top_, Part("other")).model->name = WIDE("az@[`{");
+    Filter("AZ@[`{");
+    Check("@ expect rows mdl_list 5\n");
+    Filter("AZ@{`[");
+    Check("@ expect rows mdl_list 6\n");
+    host().session.All().back()->name = WIDE("OTHER");
 }
 
 TEST_F(Renaming, TheFilterMayLeaveOutTheAssemblyAndEverything) {

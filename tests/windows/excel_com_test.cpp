@@ -155,6 +155,40 @@ TEST_F(SpreadsheetsByCom, EachStepThatIsRefusedLeavesOutWhatHangsOnItAndNothingE
     }
 }
 
+// A sheet of a title, labels and two rows, the second of which has a number, a flag, nothing and an
+// error in the place of texts.
+Book NewNames(const WideText&) {
+    Book book;
+    book.sheets.push_back(std::make_unique<BookSheet>());
+    BookSheet& sheet = *book.sheets[0];
+    const char* texts[] = {"1", "PLATE", "prt", "cover"};
+    PutTyped(&sheet.At(1, 1), "title", 2026);
+    for (int column = 1; column <= 4; ++column) {
+        sheet.At(3, column).style.asText = true;
+        PutTyped(&sheet.At(3, column), texts[column - 1], 2026);
+    }
+    PutTyped(&sheet.At(4, 1), "12.75", 2026);
+    PutTyped(&sheet.At(4, 2), "TRUE", 2026);
+    sheet.At(4, 4).kind = BookCell::Kind::Error;
+    return book;
+}
+
+TEST_F(SpreadsheetsByCom, NewNamesComeBackFromThere) {
+    Offer();
+    Start();
+    Open(workbench::MakeModels("top: plate"));
+    TheSpreadsheets().reader = NewNames;
+    Play(
+        "~ Command `VxRename`\n~ Activate `VxRename` `VxLoadTab`\n@ answer C:\\Nowhere\\new.xls\n"
+        "@ expect rows mdl_list 2\n"
+        "@ expect row mdl_list 1 \"1|PLATE|prt|cover\"\n"
+        "@ expect row mdl_list 2 \"12|12|12|12\"\n"
+        "~ Close `VxRename`\n");
+    EXPECT_EQ(calls.back().substr(0, 9), "ExcelCall");
+    EXPECT_EQ(TheSpreadsheets().NotQuit(), Names{});
+    EXPECT_EQ(TheSpreadsheets().NotReleased(), Names{});
+}
+
 TEST_F(SpreadsheetsByCom, EveryTextOfAnArgumentIsReleased) {
     Offer();
     OpenEmptyAssembly();

@@ -9,12 +9,15 @@
 
 #include <ProToolkit.h>  // before all others
 
+#include <ProAnnotation.h>
 #include <ProArray.h>
 #include <ProAsmcomp.h>
 #include <ProAsmcomppath.h>
 #include <ProCsys.h>
+#include <ProDimension.h>
 #include <ProDrawing.h>
 #include <ProDrawingView.h>
+#include <ProEdge.h>
 #include <ProElement.h>
 #include <ProElempath.h>
 #include <ProFaminstance.h>

@@ -66,6 +66,7 @@ def data_lines(model):
         lines += ["", "[family]", f"generic = {toml(model['generic'])}"]
     if "sizes" in model:
         lines += ["", "[sheets]", f"sizes = {toml(model['sizes'])}"]
+    lines += model.get("sheets", [])
     return lines
 
 
@@ -167,7 +168,7 @@ Below `gearbox.asm` are {places} components in {levels} levels, the top included
   `housing.prt` and 数量 of `washer_12.prt`, so nobody else can change these two.
 - Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it is in no assembly.
 - Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
-  more yet than the sizes of their sheets.
+  more yet than the sizes of their sheets. That of `输入轴.prt` has two views and no dimensions.
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.
 - Names are partly Chinese, partly English, as they are in real projects.
 - Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there) and

@@ -50,8 +50,36 @@ def set_by_relation(name, parameter, value=None):
     models[name]["relations"] = [f"{parameter} = {rows[parameter]:g}"]
 
 
-def drawing(name, note, sizes):
-    models[name + ".drw"] = {"note": note, "title": "工程图", "sizes": sizes, "features": []}
+def drawing(name, note, sizes, lines=None):
+    """A drawing of sheets that have nothing but a size, or of what the lines say."""
+    sheets = {"sizes": sizes} if lines is None else {"sheets": lines}
+    models[name + ".drw"] = {"note": note, "title": "工程图", "features": [], **sheets}
+
+
+SHAFT_SHEETS = """
+[sheets]
+sizes = ["A3"]
+
+[drawing]
+projection = "first-angle"
+
+[[view]]
+id = 1
+model = "输入轴.prt"
+sheet = 1
+at = [240, 195]
+scale = 0.75
+turn = [0, 90, 0]
+style = "no_hidden"
+
+[[view]]
+id = 2
+model = "输入轴.prt"
+sheet = 1
+at = [95, 85]
+scale = 1
+style = "no_hidden"
+""".rstrip().splitlines()
 
 
 def add_model_data():
@@ -71,3 +99,5 @@ def add_model_data():
     drawing("housing", "Housing: castings and machining.", ["A1", "A3"])
     drawing("output_shaft", "Output shaft with its gear.", ["A2"])
     drawing("gear_z60", "Wheel of the second stage.", ["A3"])
+    drawing("输入轴", "Input shaft from its side and from its end, without dimensions yet.", [],
+            SHAFT_SHEETS)

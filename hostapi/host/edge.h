@@ -6,7 +6,11 @@
 
 // Kinds of curves, as far as edges have them.
 // Assumed (codes, 60 %): 2 straight, 3 and 10 round
-typedef enum : int { PRO_ENT_LINE = 2, PRO_ENT_ARC = 3, PRO_ENT_CIRCLE = 10 } ProEnttype;
+typedef enum : int {
+    PRO_ENT_LINE = 2,
+    PRO_ENT_ARC = 3,
+    PRO_ENT_CIRCLE = 10,
+} ProEnttype;
 
 // The edge that an item is. PRO_TK_BAD_INPUTS: the item is no edge.
 HOST_API ProError ProGeomitemToEdge(ProGeomitem* item, ProEdge* edge);

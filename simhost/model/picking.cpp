@@ -225,7 +225,9 @@ std::string Picking::TakeAt(double x, double y) {
             // A corner is taken before the edges that end there.
             const bool corner = item.kind == SeenItem::Kind::Point;
             if (corner && distance > kPointReach) continue;
-            const double counted = corner ? distance - kReach : distance;
+            // Of what lies behind one another the foremost.
+            constexpr double kForward = 1e-7;
+            const double counted = (corner ? distance - kReach : distance) - kForward * point.z;
             if (counted >= nearest) continue;
             nearest = counted;
             best = SelectionOf(*view, way, point);

@@ -220,19 +220,19 @@ void SketchRound(const MeasuredDimension& measured, bool diameter,
     const Vec3 centre = measured.from, off = place - centre;
     const double distance = std::hypot(off.x, off.y);
     const Vec3 way = distance < kSame ? Vec3{1, 0, 0} : 1 / distance * off;
-    const Vec3 near = centre + measured.radius * way, far = centre - measured.radius * way;
-    if (diameter) sketch->Arrow(far, -1 * way);
+    const Vec3 front = centre + measured.radius * way, back = centre - measured.radius * way;
+    if (diameter) sketch->Arrow(back, -1 * way);
     if (distance <= measured.radius) {
-        sketch->Line(diameter ? far : centre, near);
-        sketch->Arrow(near, way);
+        sketch->Line(diameter ? back : centre, front);
+        sketch->Arrow(front, way);
         return sketch->Lines(lines, place, Readable(way));
     }
     const double half = WidthOf(lines) / 2, side = way.x < 0 ? -1 : 1;
     const Vec3 level{side, 0, 0}, knee = place - half * level;
-    sketch->Line(diameter ? far : near, near);
-    sketch->Line(near, knee);
+    if (diameter) sketch->Line(back, front);
+    sketch->Line(front, knee);
     sketch->Line(knee, place + half * level);
-    sketch->Arrow(near, diameter ? way : -1 * way);
+    sketch->Arrow(front, diameter ? way : -1 * way);
     sketch->Lines(lines, place, {1, 0, 0});
 }
 

@@ -150,7 +150,7 @@ TEST_F(Scripts, APromptThatNoLineAnswersFailsAndIsLeft) {
 TEST_F(Scripts, AnAnswerWithoutAPromptFails) {
     EXPECT_EQ(Failure("@ answer x"), "line 1: no prompt waits for an answer");
     EXPECT_EQ(Failure("@ quit"),
-              "line 1: neither a prompt nor a pick nor a popup is there to be left");
+              "line 1: neither a prompt nor a pick nor a click nor a popup is there to be left");
     EXPECT_EQ(Failure("~ Command `Asks`\n@ ok\n@ quit"), "line 2: no box is open");
 }
 

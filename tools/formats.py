@@ -98,14 +98,16 @@ def view(number_, size, place, rest):
 
 
 def template_text(size, kind):
-    """Shafts lie along y and are drawn lying; assemblies are seen from the front."""
+    """Turned parts have their axis along z and are drawn lying; assemblies are seen from the
+    front."""
     main, left, above = views(size)
     text = (f"# {'组件' if kind == 'asm' else '零件'}工程图模板 {size}\n"
-            "# Written by tools/formats.py.\n[model]\ntype = \"drawing\"\ntitle = \"工程图模板\"\n\n"
+            "# Written by tools/formats.py.\n"
+            "[model]\ntype = \"drawing\"\ntitle = \"工程图模板\"\n\n"
             f"[[sheet]]\nsize = \"{size}\"\nformat = \"{size.lower()}.frm\"\n\n"
             "[drawing]\nprojection = \"first-angle\"\n")
     text += view(1, size, main, "").replace(
-        "TURN", "[-90, -90, 0]" if kind == "prt" else "[-90, 0, 0]")
+        "TURN", "[0, 90, 0]" if kind == "prt" else "[-90, 0, 0]")
     text += view(2, size, (left[0], main[1], *left[2:]), 'parent = 1\nside = "right"\n')
     if above:
         text += view(3, size, above, 'parent = 1\nside = "below"\n')

@@ -205,11 +205,12 @@ template_sheetmetalpart .\\起始 模板\\钣金件.prt
 
 
 def settings_text():
-    lines = ["! Settings of the plug-in: section and value. A path that begins with .\\ lies below this",
-             "! folder."]
+    lines = ["! Settings of the plug-in: section and value. A path that begins with .\\ lies below",
+             "! this folder."]
     for size in ("A0", "A1", "A2", "A3", "A4", "A4H"):
         for kind in ("Asm", "Prt"):
-            lines.append(f"{size}{kind}path .\\工程图模板\\{size.lower()}_{kind.lower()}.drw")
+            file = f"{size.lower()}_{kind.lower()}.drw"
+            lines.append(f"{size}{kind}path .\\工程图模板\\{file}")
     return "\n".join(lines) + "\n"
 
 

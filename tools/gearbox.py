@@ -167,8 +167,12 @@ Below `gearbox.asm` are {places} components in {levels} levels, the top included
 - Parameters: 代号 and 名称 everywhere, 材料 and 重量 (kg) on parts. Relations decide 重量 of
   `housing.prt` and 数量 of `washer_12.prt`, so nobody else can change these two.
 - Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it is in no assembly.
-- Drawings of `gearbox.asm`, `housing.prt` (two sheets), `output_shaft.asm` and `gear_z60.prt`: no
-  more yet than the sizes of their sheets. That of `输入轴.prt` has two views and no dimensions.
+- Drawings of `gearbox.asm`, `housing.prt` (two sheets) and `output_shaft.asm`: no more yet than the
+  sizes of their sheets. That of `gear_z60.prt` has views, whose scale is not the sheet's; that of
+  `输入轴.prt` has two views and no dimensions.
+- Formats in `图框/`, with one to change to in `图框/新图框/`, and templates for drawings in
+  `工程图模板/`: six sizes for parts and for assemblies. `tools/formats.py` writes them.
+  `settings.pro` has the plug-in's settings that name the templates.
 - `gearbox.asm` ends with one feature of type 1104 and one of type 1232, which are no components.
 - Names are partly Chinese, partly English, as they are in real projects.
 - Not modelled: bolt holes, threads, keyways in bores (screws, plugs and keys overlap there) and
@@ -194,10 +198,21 @@ def readme_text():
 # The options that the host reads when it starts in the folder of the project. The templates lie in
 # a folder of their own; they are written by hand.
 CONFIG = """! Options of the host. A path that begins with .\\ lies below this folder.
+pro_format_dir .\\图框
 template_solidpart .\\起始 模板\\零件.prt
 template_designasm .\\起始 模板\\组件.asm
 template_sheetmetalpart .\\起始 模板\\钣金件.prt
 """
+
+
+def settings_text():
+    lines = ["! Settings of the plug-in: section and value. A path that begins with .\\ lies below",
+             "! this folder."]
+    for size in ("A0", "A1", "A2", "A3", "A4", "A4H"):
+        for kind in ("Asm", "Prt"):
+            file = f"{size.lower()}_{kind.lower()}.drw"
+            lines.append(f"{size}{kind}path .\\工程图模板\\{file}")
+    return "\n".join(lines) + "\n"
 
 
 def main():
@@ -211,6 +226,7 @@ def main():
     files = {f"{name}.1": model_text(name, model) for name, model in models.items()}
     files["README.md"] = readme_text()
     files["config.pro"] = CONFIG
+    files["settings.pro"] = settings_text()
     wanted = {name: text.encode("utf-8") for name, text in files.items()}
     if options.check:
         found = {p.name: p.read_bytes() for p in options.out.glob("*") if p.is_file()}

@@ -81,6 +81,37 @@ scale = 1
 style = "no_hidden"
 """.rstrip().splitlines()
 
+GEAR_SHEETS = """
+[[sheet]]
+size = "A3"
+
+[[table]]
+id = 1
+sheet = 1
+at = [355, 292]
+columns = [30, 30]
+heights = [8, 8]
+cells = [["模数", "4"], ["齿数", "60"]]
+
+[drawing]
+projection = "first-angle"
+
+[[view]]
+id = 1
+model = "gear_z60.prt"
+sheet = 1
+at = [120, 180]
+scale = 0.5
+style = "no_hidden"
+
+[[view]]
+id = 2
+parent = 1
+side = "right"
+at = [270, 180]
+style = "no_hidden"
+""".rstrip().splitlines()
+
 
 def add_model_data():
     """Adds the data to the models that are defined already."""
@@ -98,6 +129,7 @@ def add_model_data():
     drawing("gearbox", "General arrangement of the gearbox.", ["A0"])
     drawing("housing", "Housing: castings and machining.", ["A1", "A3"])
     drawing("output_shaft", "Output shaft with its gear.", ["A2"])
-    drawing("gear_z60", "Wheel of the second stage.", ["A3"])
+    drawing("gear_z60", "Wheel of the second stage; the scale of its views is not the sheet's.", [],
+            GEAR_SHEETS)
     drawing("输入轴", "Input shaft from its side and from its end, without dimensions yet.", [],
             SHAFT_SHEETS)

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "hostapi/windows.h"
 #include "simhost/app/config_file.h"
 #include "simhost/app/the_plugin.h"
 #include "simhost/core/text.h"
@@ -137,7 +138,27 @@ Workplace::Workplace(WorkplaceOptions options) : options_(std::move(options)) {
     host.session.workingDirectory = options_.workingDirectory;
     host.configOptions =
         ReadConfigOptions(ReadFile(work / "config.pro"), options_.workingDirectory);
+    WriteProjectSettings(work);
     atFirst_ = MarksBelow(options_.drive);
+}
+
+// Settings of the project, where the designer has not chosen otherwise yet.
+void Workplace::WriteProjectSettings(const fs::path& project) const {
+    if (options_.installed.empty()) return;
+    const auto settings =
+        ReadConfigOptions(ReadFile(project / "settings.pro"), options_.workingDirectory);
+    for (const auto& [section, values] : settings) {
+        const WideText key = section.ends_with(WIDE("path")) ? WIDE("path") : WIDE("value");
+        for (const WideText& folder : {options_.moduleFolder, options_.textFolder}) {
+            const WideText file = folder + WIDE("\\") + WideText(the_plugin::kSettingsFile);
+            WideChar present[2] = {};
+            GetPrivateProfileStringW(section.c_str(), key.c_str(), WIDE(""), present, 2,
+                                     file.c_str());
+            if (present[0]) continue;
+            WritePrivateProfileStringW(section.c_str(), key.c_str(), values.back().c_str(),
+                                       file.c_str());
+        }
+    }
 }
 
 Workplace::~Workplace() {

@@ -66,6 +66,8 @@ public:
     std::filesystem::path Real(const WideText& windowsPath) const;
 
 private:
+    void WriteProjectSettings(const std::filesystem::path& project) const;
+
     WorkplaceOptions options_;
     std::unique_ptr<TemporaryDrive> temporary_;
     std::map<std::filesystem::path, Mark> atFirst_;

@@ -11,6 +11,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/picture/sheet_dimensions.h"
+#include "simhost/picture/sheet_furniture.h"
 #include "simhost/picture/sheet_lines.h"
 
 namespace simhost {
@@ -185,6 +186,25 @@ void AddAnnotation(const DrawnAnnotation& drawn, Writer* out) {
     }
 }
 
+void AddFurniture(const SheetFurniture& furniture, Writer* out) {
+    for (const SheetStroke& stroke : furniture.strokes) {
+        for (std::size_t i = 1; i < stroke.points.size(); ++i) {
+            const Vec3 &from = stroke.points[i - 1], &to = stroke.points[i];
+            out->Line("FRAME", from.x, from.y, to.x, to.y);
+        }
+    }
+    for (const SheetWords& words : furniture.words) {
+        out->Pair(0, "TEXT");
+        out->Pair(8, "TEXT");
+        out->Point(10, words.at.x, words.at.y);
+        out->Pair(40, words.height);
+        out->Text(Wide(words.text));
+        if (!words.centred) continue;
+        out->Pair(72, 1);
+        out->Point(11, words.at.x, words.at.y);
+    }
+}
+
 }  // namespace
 
 std::string SheetDxf(Model& drawing, int sheet) {
@@ -204,7 +224,9 @@ std::string SheetDxf(Model& drawing, int sheet) {
     AddHeader(all, size, &out);
     AddTables(&out);
     out.Begin("ENTITIES");
-    AddFrame(drawing, size, &out);
+    const SheetFurniture furniture = FurnitureOf(drawing, sheet);
+    if (!furniture.hasFormat) AddFrame(drawing, size, &out);
+    AddFurniture(furniture, &out);
     for (const ViewOnSheet& view : views) {
         for (const DrawnLine& line : view.lines) {
             out.Line(line.hidden ? "HIDDEN" : "VISIBLE", line.x0, line.y0, line.x1, line.y1);

@@ -10,6 +10,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/picture/sheet_dimensions.h"
+#include "simhost/picture/sheet_furniture.h"
 #include "simhost/picture/sheet_lines.h"
 #include "simhost/picture/svg_canvas.h"
 
@@ -51,7 +52,8 @@ public:
         : model_(drawing),
           drawing_(DrawingOf(drawing)),
           sheet_(sheet),
-          views_(ViewsOnSheet(drawing, sheet)) {
+          views_(ViewsOnSheet(drawing, sheet)),
+          furniture_(FurnitureOf(drawing, sheet)) {
         const Sheet* present = drawing.drawingData.Find(sheet);
         sizeName_ = present ? present->size : WideText();
         size_ = SizeOfSheet(sizeName_);
@@ -76,7 +78,10 @@ public:
         measured_.clear();
         canvas.Box({0, 0, Wide(), High()}, "#e9edf0", nullptr);
         PaintFrame();
+        PaintFurniture();
         for (const ViewOnSheet& view : views_) PaintView(view);
+        // A sheet with a format is a workshop's, which tells nothing about the making of its views.
+        if (furniture_.hasFormat) return PaintCaption();
         // Dimensions have one place; names and the sign move out of their way.
         for (const ViewOnSheet& view : views_) PaintGap(view);
         for (const Measured& one : measured_) PaintMeasuredText(one);
@@ -124,8 +129,29 @@ private:
 
     void PaintFrame() {
         Box({0, 0, size_.width, size_.height}, "#ffffff", Thin("#9aa5ae", 0.15));
+        if (furniture_.hasFormat) return;
         Box({kBorder, kBorder, size_.width - kBorder, size_.height - kBorder}, "",
             Thin(kDark, 0.25));
+    }
+
+    void PaintFurniture() {
+        canvas_->BeginGroup("format", "");
+        for (const SheetStroke& stroke : furniture_.strokes) {
+            Path path;
+            for (const Vec3& point : stroke.points) {
+                if (path.empty()) {
+                    MoveTo(&path, point.x, point.y);
+                } else {
+                    LineTo(&path, point.x, point.y);
+                }
+            }
+            canvas_->Stroke(path, {kDark, stroke.width, {}, 1});
+        }
+        for (const SheetWords& words : furniture_.words) {
+            const auto anchor = words.centred ? Letters::Anchor::Middle : Letters::Anchor::Start;
+            Words(words.at.x, words.at.y, {words.height, kDark, anchor}, words.text);
+        }
+        canvas_->EndGroup();
     }
 
     // The sign of the projection rule, a cone and its end, in the first corner of the frame that is
@@ -181,9 +207,11 @@ private:
 
     void PaintView(const ViewOnSheet& view) {
         canvas_->BeginGroup(fmt::format("view{}", view.view->id), view.name);
-        Pen outline = Thin(kOutline, 0.12);
-        outline.dashes = {0.7 * unit_, 0.7 * unit_};
-        Box(PlaceOf(view.outline), "", outline);
+        if (!furniture_.hasFormat) {
+            Pen outline = Thin(kOutline, 0.12);
+            outline.dashes = {0.7 * unit_, 0.7 * unit_};
+            Box(PlaceOf(view.outline), "", outline);
+        }
         Pen dashed = Thin(kHidden, 0.07);
         dashed.dashes = {0.5 * unit_, 0.3 * unit_};
         canvas_->Stroke(LinesOf(view, /*hidden=*/true), dashed);
@@ -297,9 +325,10 @@ private:
 
     void PaintCaption() {
         const bool first = drawing_.rule == ProjectionRule::FirstAngle;
-        const std::string text =
+        std::string text =
             fmt::format("{}   图幅 {}，{} 个视图，{}", Utf8(model_.name), Utf8(sizeName_),
                         views_.size(), first ? "第一角画法" : "第三角画法");
+        if (!furniture_.missing.empty()) text += "，找不到图框 " + furniture_.missing;
         Words(all_.low.x + 3 * unit_, all_.low.y + 1.5 * unit_, {2 * unit_, kDark}, text);
     }
 
@@ -309,6 +338,7 @@ private:
     Drawing& drawing_;
     int sheet_;
     std::vector<ViewOnSheet> views_;
+    SheetFurniture furniture_;
     WideText sizeName_;
     SheetSize size_{};
     Extents all_;

@@ -15,6 +15,7 @@
 #include <ProCsys.h>
 #include <ProDrawing.h>
 #include <ProDrawingView.h>
+#include <ProDwgtable.h>
 #include <ProElement.h>
 #include <ProElempath.h>
 #include <ProFaminstance.h>

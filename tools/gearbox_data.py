@@ -57,8 +57,8 @@ def drawing(name, note, sizes, lines=None):
 
 
 GEAR_SHEETS = """
-[[sheet]]
-size = "A3"
+[sheets]
+sizes = ["A3"]
 
 [[table]]
 id = 1

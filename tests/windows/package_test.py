@@ -25,7 +25,8 @@ COPIES = {
     "VXconfig/VxParams.ini", "VXconfig/VxUGColor.ini",
     "text/resource/AboutVx.png", "text/resource/AboutVx.res", "text/resource/Relations.res",
     "text/resource/SetUnit.res", "text/resource/TweViews.res", "text/resource/VxBom.res",
-    "text/resource/VxConfig.res", "text/resource/VxInit.res", "text/resource/VxParams.res",
+    "text/resource/VxConfig.res", "text/resource/VxFrmReplace.res", "text/resource/VxInit.res",
+    "text/resource/VxNewDrw.res", "text/resource/VxParams.res",
     "text/resource/VxQQ2.gif", "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res",
     "text/resource/VxRemoveCons.res", "text/vxMenu.txt", "text/vxmsg_display.txt",
 }

@@ -18,6 +18,7 @@
 #include <ProDrawing.h>
 #include <ProDrawingView.h>
 #include <ProEdge.h>
+#include <ProDwgtable.h>
 #include <ProElement.h>
 #include <ProElempath.h>
 #include <ProFaminstance.h>

@@ -30,7 +30,8 @@ def numbers(values):
 
 
 def line(points, width):
-    return f"[[sheet.line]]\npoints = {numbers(points)}\nwidth = {number(width)}\n"
+    return (f"[[sheet.line]]\npoints = {numbers(points)}\n"
+            + ("" if width == 0.25 else f"width = {number(width)}\n"))
 
 
 def box(left, low, right, top, width):
@@ -49,7 +50,7 @@ def border(wide, high, edge):
 
 def table(number_, left, top, columns, heights, cells, text_height=3.5):
     rows = ", ".join("[" + ", ".join(f'"{cell}"' for cell in row) + "]" for row in cells)
-    return (f"\n[[table]]\nid = {number_}\nat = {numbers([left, top])}\n"
+    return (f"\n[[table]]\nid = {number_}\nsheet = 1\nat = {numbers([left, top])}\n"
             f"columns = {numbers(columns)}\nheights = {numbers(heights)}\ncells = [{rows}]\n"
             + ("" if text_height == 3.5 else f"text_height = {number(text_height)}\n"))
 
@@ -106,7 +107,7 @@ def template_text(size, kind):
             "[model]\ntype = \"drawing\"\ntitle = \"工程图模板\"\n\n"
             f"[[sheet]]\nsize = \"{size}\"\nformat = \"{size.lower()}.frm\"\n\n"
             "[drawing]\nprojection = \"first-angle\"\n")
-    text += view(1, size, main, "").replace(
+    text += view(1, size, main, 'model = ""\n').replace(
         "TURN", "[0, 90, 0]" if kind == "prt" else "[-90, 0, 0]")
     text += view(2, size, (left[0], main[1], *left[2:]), 'parent = 1\nside = "right"\n')
     if above:

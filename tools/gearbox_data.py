@@ -82,8 +82,8 @@ style = "no_hidden"
 """.rstrip().splitlines()
 
 GEAR_SHEETS = """
-[[sheet]]
-size = "A3"
+[sheets]
+sizes = ["A3"]
 
 [[table]]
 id = 1

@@ -28,8 +28,8 @@ using namespace model_text;
 //     scale = 0.5
 //     turn = [90, 0, 0]
 //     style = "no_hidden"
-//     room = [180, 120]                   # in a template, whose views have no model: how large
-//                                         # the view may become
+//     room = [180, 120]                   # in a template, whose views have the model "": how
+//                                         # large the view may become
 //
 //     [[view]]                            # a projection
 //     id = 2
@@ -148,7 +148,7 @@ constexpr Field<DrawingView> kRoom{"room", ReadRoom,
 
 constexpr Field<DrawingView> kGeneralFields[] = {
     kId,
-    {"model", ReadShown, ShownText, [](const DrawingView& view) { return view.file.empty(); }},
+    Required(Field<DrawingView>{"model", ReadShown, ShownText, Never}),
     Always(Whole<1, &DrawingView::sheet>("sheet")),
     kPlace,
     Of<&DrawingView::pivot>("pivot"),

@@ -96,6 +96,9 @@ bool Session::IsInUse(const Model& model) const {
     };
     const auto needs = [&](const std::unique_ptr<Model>& other) {
         if (other.get() == &model) return false;
+        bool onSheets = false;
+        other->drawingData.EachFile([&](std::string* each) { onSheets |= Lower(*each) == file; });
+        if (onSheets) return true;
         if (other->manufacturingData.assembly == &model) return true;
         if (other->family.generic == &model) return true;
         const auto& drawing = other->drawingData.views;

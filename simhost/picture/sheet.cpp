@@ -80,12 +80,12 @@ public:
         PaintFrame();
         PaintFurniture();
         for (const ViewOnSheet& view : views_) PaintView(view);
+        PaintAnnotations(model_, sheet_, {all_.low.x, all_.high.y, 0}, canvas_);
         // A sheet with a format is a workshop's, which tells nothing about the making of its views.
         if (furniture_.hasFormat) return PaintCaption();
-        // Dimensions have one place; names and the sign move out of their way.
+        // The sizes of gaps have one place; names and the sign move out of their way.
         for (const ViewOnSheet& view : views_) PaintGap(view);
         for (const Measured& one : measured_) PaintMeasuredText(one);
-        PaintAnnotations(model_, sheet_, {all_.low.x, all_.high.y, 0}, canvas_);
         PaintProjectionSign();
         for (const ViewOnSheet& view : views_) PaintName(view);
         PaintCaption();

@@ -61,6 +61,7 @@ std::vector<std::string> NamedIn(const fs::path& file) {
     }
     AddNew(model.manufacturingData.assemblyFile, &names);
     AddNew(model.family.genericFile, &names);
+    model.drawingData.EachFile([&](const std::string* each) { AddNew(*each, &names); });
     if (!model.drawingData.views) return names;
     for (const auto& view : model.drawingData.views->views()) AddNew(view->file, &names);
     return names;

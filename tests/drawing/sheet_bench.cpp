@@ -13,7 +13,7 @@ using namespace simhost;
 
 std::string GeneralView(int id, const std::string& model, int sheet, const std::string& scale) {
     std::string text = fmt::format("\n[[view]]\nid = {}\n", id);
-    if (!model.empty()) text += fmt::format("model = \"{}\"\n", model);
+    text += fmt::format("model = \"{}\"\n", model);
     text += fmt::format("sheet = {}\nat = [{}, 100]\npivot = [50, 30, 20]\n", sheet, 100 * id);
     if (!scale.empty()) text += fmt::format("scale = {}\n", scale);
     return text;

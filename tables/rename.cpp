@@ -13,13 +13,12 @@ namespace {
 constexpr WideView kSettings = WIDE("VXconfig\\VxRename.ini");
 constexpr const char* kFilterPanel = "RenameFilter";
 
-// The filter of the settings as it is in the file; the panel shows what stands before a blank.
+// The filter of the settings; the panel shows what stands before a terminator.
 WideText ReadFilter() {
-    WideText value =
-        ReadIniValue(FileBesideModule(kSettings), WIDE("RenameFilter"), WIDE("content"));
-    value = ReplaceAll(value, WIDE("，"), WIDE(","));
-    kRenameDialog.SetInputText(kFilterPanel, value.substr(0, value.find(' ')).c_str());
-    return value;
+    const WideText filter = StoredRenameFilter(
+        ReadIniValue(FileBesideModule(kSettings), WIDE("RenameFilter"), WIDE("content")));
+    kRenameDialog.SetInputText(kFilterPanel, filter.c_str());
+    return filter;
 }
 
 // False: the user was told that the model is none to be renamed like this.
@@ -52,8 +51,8 @@ void OnUpdateFilter(char*, char*, ProAppData) {
     if (!CanBeRenamed(current.type)) return;
     ReadFilter();
     kRenameTable.DeleteAllRows();
-    const std::vector<WideText> filter = SplitRenameFilter(kRenameDialog.InputText(kFilterPanel));
-    FillRenameTable(ModelsToRename(current), filter, NewNames::Missing);
+    const WideText filter = StoredRenameFilter(kRenameDialog.InputText(kFilterPanel));
+    FillRenameTable(ModelsToRename(current), SplitRenameFilter(filter), NewNames::Missing);
 }
 
 void OnOpenSettings(char*, char*, ProAppData) {

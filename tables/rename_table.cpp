@@ -29,10 +29,13 @@ bool IsLeftOut(const WideText& name, const std::vector<WideText>& filter) {
 
 }  // namespace
 
-std::vector<WideText> SplitRenameFilter(const WideText& value) {
+WideText StoredRenameFilter(const WideText& value) {
     WideText text = ReplaceAll(value, WIDE("，"), WIDE(","));
     std::replace(text.begin(), text.end(), WideChar{' '}, WideChar{});
-    const WideView list = text;
+    return text;
+}
+
+std::vector<WideText> SplitRenameFilter(WideView list) {
     const std::size_t end = std::min(list.find(WideChar{}), list.size());
     std::vector<WideText> items;
     std::size_t start = 0;

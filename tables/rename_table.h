@@ -24,9 +24,13 @@ inline constexpr const WideChar* kPartText = WIDE("prt");
 // The longest name that a model can be given.
 inline constexpr std::size_t kLongestName = 32;
 
-// The items of the filter, each a prefix of names that are left out. A blank becomes a terminator
-// and ends the list: what follows it makes one item of its whole length, which no name begins with.
-std::vector<WideText> SplitRenameFilter(const WideText& value);
+// The filter of a setting as it is kept: a full-width comma is a comma, and a blank is a
+// terminator, after which the text goes on.
+WideText StoredRenameFilter(const WideText& value);
+
+// The items of such a filter, each a prefix of names that are left out. A terminator ends the list:
+// what it is part of makes one item of its whole length, which no name begins with.
+std::vector<WideText> SplitRenameFilter(WideView list);
 
 // How a row gets its field for the new name.
 enum class NewNames { InPanels, Missing };

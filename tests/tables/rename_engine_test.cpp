@@ -257,6 +257,25 @@ TEST_F(RenameBatch, AnEmptyTableIsToldWithTwoTabs) {
     EXPECT_EQ(Option(), "none");
 }
 
+TEST_F(RenameBatch, ReadsAndSetsInOneOrder) {
+    Record();
+    Start("");
+    Names calls = Recorded();
+    const auto first = std::find(calls.begin(), calls.end(), "ProDirectoryCurrentGet");
+    ASSERT_GE(calls.end() - first, 9);
+    EXPECT_EQ(
+        Names(first, first + 9),
+        (Names{"ProDirectoryCurrentGet", "ProUITableRownamesGet", "ProStringarrayFree",
+               "ProConfigoptGet", "ProConfigoptSet", "ProUITableCellLabelGet",
+               "ProUITableCellLabelGet", "ProUIInputpanelValueGet", "ProUIInputpanelValueGet"}));
+    const Names cells = Lines("ProUITableCellLabelGet");
+    EXPECT_NE(cells.at(0).find("column=\"old_name\""), std::string::npos);
+    EXPECT_NE(cells.at(1).find("column=\"type\""), std::string::npos);
+    const auto box = std::find(calls.begin(), calls.end(), "MessageBoxW");
+    ASSERT_NE(box, calls.end());
+    EXPECT_EQ(*(box - 1), "ProConfigoptSet");
+}
+
 // --- The test of a name ---
 
 TEST_F(RenameBatch, TriesEachNameByAPartThatComesAndGoes) {

@@ -191,6 +191,8 @@ TEST_F(Renaming, APickAsksForTheColumnsThenForTheRow) {
               (Names{"ProUIDialogAboveactivewindowSet", "ProUITableColumnnamesGet",
                      "ProUITableFocusCellGet", "ProUITableCellLabelGet", "ProUITableCellLabelGet",
                      "ProMdlRetrieve", "ProMdlDisplay", "ProMdlDisplay"}));
+    EXPECT_NE(Lines("ProUITableCellLabelGet").at(0).find("old_name"), std::string::npos);
+    EXPECT_NE(Lines("ProUITableCellLabelGet").at(1).find("type"), std::string::npos);
 }
 
 TEST_F(Renaming, APickShowsNothingWhereTheRowIsNotTold) {
@@ -242,6 +244,31 @@ TEST_F(Renaming, TheFilterKnowsNoLettersBecauseNamesAreInCapitals) {
     bolt_->name = WIDE("bolt");
     Check("@ expect rows mdl_list 4\n@ expect row mdl_list 4 \"4|SKEL|prt|\"\n");
     bolt_->name = WIDE("BOLT");
+}
+
+TEST_F(Renaming, TheFilterMayHaveManyItems) {
+    Model& other = workbench::MakeModels("1: 2, 3, 4, 5");
+    Open(other);
+    Filter("8,2,9,4,7");
+    Check("@ expect rows mdl_list 3\n@ expect row mdl_list 2 \"2|3|prt|\"\n");
+}
+
+TEST_F(Renaming, FillsARowFromTheLeft) {
+    Record();
+    Check("");
+    Names order;
+    for (const std::string& name : Recorded()) {
+        if (name == "ProMdlNameGet" || !order.empty()) order.push_back(name);
+    }
+    EXPECT_EQ(Names(order.begin(), order.begin() + 8),
+              (Names{"ProMdlNameGet", "ProMdlTypeGet", "ProUITableRowsInsert",
+                     "ProUITableCellLabelSet", "ProUITableCellLabelSet", "ProUITableCellLabelSet",
+                     "ProUITableCellComponentCopy", "ProUIInputpanelValueSet"}));
+    const Names cells = Lines("ProUITableCellLabelSet");
+    for (std::size_t i = 0; i < 3; ++i) {
+        const char* columns[] = {"column=\"num\"", "column=\"old_name\"", "column=\"type\""};
+        EXPECT_NE(cells.at(i).find(columns[i]), std::string::npos) << cells.at(i);
+    }
 }
 
 TEST_F(Renaming, TheFilterMakesLettersSmallAndNothingElse) {

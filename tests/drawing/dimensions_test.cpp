@@ -204,7 +204,7 @@ TEST_F(Dimensions, InAnInchModelItIsInInches) {
         if (std::fabs(each.LengthInMm() - 25.4) < 1e-9) system = &each;
     }
     ASSERT_TRUE(system);
-    SetPrincipalSystem(inch, UnitSystem(*system), Conversion::SameDimensions, false);
+    SetPrincipalSystem(inch, *system, Conversion::SameDimensions, false);
     Play("@ expect dimension 1 40\n");
 }
 

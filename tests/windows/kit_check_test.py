@@ -40,7 +40,8 @@ OTHER_NAMES = {
     "type ProParamvalueValue", "field ProParamvalueValue.s_val", "type ProParamvalue",
     "field ProParamvalue.value", "operation ProParameterInit", "operation ProParameterCreate",
     "operation ProParameterDelete", "operation ProParameterValueGet",
-    "operation ProParameterValueSet",
+    "operation ProParameterValueSet", "operation ProDimensionTextGet",
+    "operation ProDimensionTextSet",
     # a parameter in place of an owner
     "type ProFamtableItem", "field ProFamtableItem.owner", "field ProFamtableItem.name",
     "operation ProParameterToFamtableItem", "operation ProFamtableItemAdd",

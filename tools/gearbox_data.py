@@ -57,8 +57,9 @@ def drawing(name, note, sizes, lines=None):
 
 
 SHAFT_SHEETS = """
-[sheets]
-sizes = ["A3"]
+[[sheet]]
+size = "A3"
+scale = 0.75
 
 [drawing]
 projection = "first-angle"
@@ -68,7 +69,6 @@ id = 1
 model = "输入轴.prt"
 sheet = 1
 at = [240, 195]
-scale = 0.75
 turn = [0, 90, 0]
 style = "no_hidden"
 
@@ -77,7 +77,6 @@ id = 2
 model = "输入轴.prt"
 sheet = 1
 at = [95, 85]
-scale = 1
 style = "no_hidden"
 """.rstrip().splitlines()
 

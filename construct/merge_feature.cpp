@@ -1,5 +1,5 @@
-// The tree of elements from which the host makes a merge, as a table.
-#include "construct/merge_tree.h"
+// Merges of parts; the tree of elements from which the host makes one is a table.
+#include "construct/merge_feature.h"
 
 #include <iterator>
 
@@ -69,8 +69,8 @@ void AddBelow(ProElement parent, ProElement* element) {
     ProElementFree(element);
 }
 
-}  // namespace
-
+// Null if the host does not give the root. What it refused of the rest is not in the tree, so that
+// no feature comes of it.
 ProElement NewMergeTree(WideView name, ProSelection part) {
     WideText featureName(name);
     ProElement made[std::size(kRows)] = {};
@@ -82,4 +82,22 @@ ProElement NewMergeTree(WideView name, ProSelection part) {
         if (row.id != kRoot) AddBelow(ElementOf(row.parent, made), &made[i]);
     }
     return made[0];
+}
+
+}  // namespace
+
+void MergeFeature::Free() {
+    if (tree) ProElementFree(&tree);
+    if (target) ProSelectionFree(&target);
+}
+
+MergeFeature MergeInto(ProModelitem* target, WideView name, ProSelection part) {
+    MergeFeature merge;
+    merge.tree = NewMergeTree(name, part);
+    ProSelectionAlloc(nullptr, target, &merge.target);
+    if (merge.tree && merge.target) {
+        HostRecord<ProFeature> feature;
+        ProFeatureCreate(merge.target, merge.tree, nullptr, 0, feature.Place(), nullptr);
+    }
+    return merge;
 }

@@ -116,6 +116,12 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Input `VxParams` `InputKeyWords2` `unit`\n"
      "~ Activate `VxParams` `VxOutline`\n@ ok\n~ Activate `VxParams` `Close`"},
     {"VxMdlCount", "~ Command `VxMdlCount`\n@ ok"},
+    {"VxDrwScaleCheck", "~ Command `VxDrwScaleCheck`\n@ ok"},
+    {"VxFrmReplace",
+     "~ Command `VxFrmReplace`\n~ Activate `VxFrmReplace` `VxFrmReplaceAct`\n"
+     "@ answer C:\\Files\\a3.frm.1\n@ ok\n~ Close `VxFrmReplace`"},
+    {"DimTolerance",
+     "~ Command `VxDimModify`\n~ Activate `VxDimModify` `upTolBt1`\n~ Close `VxDimModify`"},
     {"VxRemoveCons",
      "~ Command `VxRemoveCons`\n~ Activate `VxRemoveCons` `OK`\n@ ok\n"
      "~ Activate `VxRemoveCons` `Cancel`"},

@@ -9,10 +9,12 @@
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/annotations.h"
 #include "simhost/model/constraints.h"
 #include "simhost/model/picking.h"
 #include "simhost/model/selections.h"
 #include "simhost/model/shown.h"
+#include "simhost/model/view_items.h"
 
 namespace bench {
 
@@ -146,6 +148,100 @@ void ActivateTheLastPart(const Workplace&, int) {
     WillPick(Parts(1));
 }
 
+// --- Drawings ---
+
+constexpr int kHandful = 10;
+
+Model& SomePart() {
+    Model& part = TheHost().session.Create(WIDE("BLOCK"), PRO_MDL_PART);
+    Solid solid;
+    solid.id = 10;
+    solid.size = {10, 20, 30};
+    part.partData.solids.push_back(solid);
+    return part;
+}
+
+Model& MakeDrawing(const std::string& name, int sheets) {
+    Model& drawing = TheHost().session.Create(Wide(name), PRO_MDL_DRAWING);
+    drawing.drawingData.sheets.assign(std::size_t(sheets), Sheet(WIDE("A3")));
+    return drawing;
+}
+
+// So many drawings of 4 sheets, each with a view, and a format for them.
+void WriteDrawings(const Workplace& workplace, int size) {
+    constexpr int kSheets = 4;
+    Session& session = TheHost().session;
+    Model& part = SomePart();
+    session.Save(part);
+    for (int i = 0; i < size; ++i) {
+        Model& drawing = MakeDrawing("SHEETS_" + std::to_string(i), kSheets);
+        for (int sheet = 1; sheet <= kSheets; ++sheet) {
+            DrawingOf(drawing).AddGeneral(part, sheet, {100, 100, 0}, 1, {});
+        }
+        session.Save(drawing);
+    }
+    const fs::path folder = workplace.Real(WIDE("C:\\Files"));
+    fs::create_directories(folder);
+    WriteFile(folder / "a3.frm.1", "[model]\ntype = \"format\"\n\n[[sheet]]\nsize = \"A3\"\n");
+}
+
+// A drawing with one view, open, on its first sheet; the view is on the sheet that is named.
+DrawingView& OpenDrawing(int sheetOfView) {
+    Model& part = SomePart();
+    Model& drawing = MakeDrawing("SHEET", sheetOfView);
+    DrawingView& view = DrawingOf(drawing).AddGeneral(part, sheetOfView, {100, 100, 0}, 1, {});
+    TheHost().session.Open(drawing);
+    return view;
+}
+
+// The dimensions are on a sheet that is not looked at, so that bringing it up to date is no part of
+// the work.
+void SelectDimensions(const Workplace&, int size) {
+    const DrawingView& view = OpenDrawing(2);
+    Model& drawing = *TheHost().session.CurrentModel();
+    std::vector<Selection> picks;
+    for (int i = 0; i < size; ++i) {
+        Dimension made;
+        made.view = view.id;
+        made.to = {{ItemsOfView(view, {PRO_EDGE}).at(0)}};
+        made.at = {0, -20, 0};
+        made.shown = true;
+        const int id = AnnotationsOf(drawing).Add(made).id;
+        picks.push_back({{PRO_DIMENSION, id, drawing.handle}, &drawing, {}});
+    }
+    TheHost().session.selections.SetBuffer(std::move(picks));
+}
+
+// Whoever dimensions so many edges by one pick and a click each, and then ends.
+class Draughtsman : public Picker {
+public:
+    Selection edge;
+    int left = 0;
+
+    void Pick(Picking& picking) override {
+        second_ = !second_;
+        if (!second_) return picking.TakeNothing();
+        if (left-- > 0) {
+            picking.Take({edge});
+        } else {
+            picking.Leave();
+        }
+    }
+    std::optional<Click> AnswerClick() override { return Click{150, 40, 1}; }
+
+private:
+    bool second_ = false;
+};
+
+void PickEdges(const Workplace&, int size) {
+    const DrawingView& view = OpenDrawing(1);
+    const ItemWay way = ItemsOfView(view, {PRO_EDGE}).at(0);
+    static Draughtsman draughtsman;
+    draughtsman.edge = SelectionOf(view, way, UsualPointOf(*SeenIn(view, way)));
+    draughtsman.left = size;
+    TheHost().user = &draughtsman;
+}
+
 constexpr Preparation kPreparations[] = {
     {"SetMat", WriteMaterials},
     {"SetBendTable", WriteMaterials},
@@ -155,6 +251,10 @@ constexpr Preparation kPreparations[] = {
     {"VxRemoveCons", ConstrainAll},
     {"VxBox", PickPartsOfManySurfaces, kFew},
     {"VxMergeTo", ActivateTheLastPart},
+    {"VxDrwScaleCheck", WriteDrawings, kHandful},
+    {"VxFrmReplace", WriteDrawings, kHandful},
+    {"DimTolerance", SelectDimensions, kHandful},
+    {"VxSingleDim", PickEdges, kHandful},
     {"RenameLoad", Nothing, kFew},
     {"RenameCheck", Nothing, kFew},
 };

@@ -18,6 +18,7 @@ JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", 
         "VxRemoveCons", "VxBox", "VxMergeTo",
         "VxHideReverse", "VxShowAllComp",
         "BomFlat", "BomLevels", "RenameOpen", "RenameLoad", "RenameCheck", "TweViews",
+        "VxDrwScaleCheck", "VxFrmReplace", "DimTolerance", "VxSingleDim",
         "BomExport", "SaveModels", "LookForModels",
         "OpenParameters", "InsertRows"]
 EXPORT_ROWS = [1_000, 50_000]
@@ -25,10 +26,12 @@ SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
            "IsolatePicks", "SetMat", "SetBendTable", "SetUnit",
            "FreeNames", "VxRemoveCons", "VxMergeTo", "RenameOpen"]  # without the largest size
-# Picks of parts with 102 surfaces; rows of a table, whatever the model.
-OTHER_SIZES = {"VxBox": [1_000, 10_000], "RenameLoad": [1_000, 10_000],
+# Not occurrences: picks of parts with 102 surfaces, drawings of 4 sheets, dimensions, rows.
+OTHER_SIZES = {"VxBox": [1_000, 10_000], "VxDrwScaleCheck": [100, 1_000],
+               "VxFrmReplace": [100, 1_000], "DimTolerance": [1_000, 10_000],
+               "VxSingleDim": [100, 1_000], "RenameLoad": [1_000, 10_000],
                "RenameCheck": [1_000, 10_000]}
-COUNTED_SIZES = [1_000, *SIZES[:2]]
+COUNTED_SIZES = [100, 1_000, *SIZES[:2]]
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.
 FIXED = {"TweViews": [50, 1_000, 10_000]}

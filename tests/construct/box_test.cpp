@@ -112,6 +112,33 @@ TEST_F(Block, OfAPartHasItsExtentsByDimensionsOfWhichTwoCrossOver) {
     EXPECT_EQ(AllBoxes().size(), 0u) << "ends silently";
 }
 
+TEST_F(Block, TheDimensionsAreHandedOverInTheirOrderAndTheReferenceIsOfThePartItself) {
+    PartWithCsys({}, {});
+    Record();
+    Play("@ mapped key VxBox");
+    const Names dimensions = Lines("ProUdfvardimAlloc");
+    const Names expected = {"x", "y", "z", "x2", "yval", "zval"};
+    ASSERT_EQ(dimensions.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_NE(dimensions[i].find("name=\"" + expected[i] + "\""), std::string::npos)
+            << dimensions[i];
+    }
+    ASSERT_EQ(Lines("ProUdfreferenceAlloc").size(), 1u);
+    EXPECT_NE(Lines("ProUdfreferenceAlloc")[0].find("external=0"), std::string::npos);
+}
+
+TEST_F(Block, WhatTheGroupDoesNotTakeIsFreed) {
+    PartWithCsys({}, {});
+    for (const auto& [adds, frees] : std::vector<std::pair<std::string, std::string>>{
+             {"ProUdfdataUdfvardimAdd", "ProUdfvardimFree"},
+             {"ProUdfdataReferenceAdd", "ProUdfreferenceFree"}}) {
+        Fail(adds);
+        Record();
+        Play("@ mapped key VxBox");
+        EXPECT_EQ(Lines(frees).size(), 1u) << adds;
+    }
+}
+
 TEST_F(Block, IsBuiltInTheFrameOfTheCoordinateSystem) {
     Model& part = PartWithCsys({100, 0, 0}, {0, 0, 90});
     Play("@ mapped key VxBox");
@@ -156,8 +183,10 @@ TEST_F(Block, HangsOnTheFirstOfAllWhereEachHasParents) {
     AddCsysOn(part, {datum}, {2, 0, 0});
     Open(part);
     Start();
+    Record();
     Play("@ mapped key VxBox");
     EXPECT_EQ(CsysOfBlock(part), first);
+    EXPECT_EQ(Lines("ProCsysIdGet").size(), 2u);
 }
 
 TEST_F(Block, WhatCannotBeAskedForItsParentsCountsAsHavingSome) {
@@ -225,7 +254,11 @@ TEST_F(Block, WithoutAModelAndInADrawingItSaysSo) {
 
 TEST_F(Block, LiesAroundThePickedPartsInANewPart) {
     Model& top = Top();
+    Record();
     Play("~ Command `VxBox`\n@ pick plate");
+    ASSERT_EQ(Lines("ProMdlLoad").size(), 1u);
+    EXPECT_NE(Lines("ProMdlLoad")[0].find("askUser=0"), std::string::npos);
+    EXPECT_EQ(Lines("ProCsysIdGet"), Names{}) << "a single one is not asked for its parents";
     ASSERT_EQ(Components(top), (Names{"plate.prt", "top-1.prt"}));
     const Feature& component = top.features().back();
     ASSERT_TRUE(component.constraints);

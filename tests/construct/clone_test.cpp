@@ -2,6 +2,7 @@
 // and the two macros byte for byte.
 #include "simhost/ui/replace_dialog.h"
 #include "tests/construct/templates.h"
+#include "tests/support/call_order.h"
 
 namespace {
 
@@ -73,17 +74,21 @@ protected:
 
 TEST_F(Clone, ASelectionOfOnePartOrAssemblyIsNeeded) {
     Top();
+    Setting("CompCopyAutoNum", "byComp");
     const Names files = Files();
+    Record();
     EndsWithABox("@ clear selection", kSelectFirst);
     EndsWithABox("@ selection empty", kOnlyOne);
     EndsWithABox("@ select bolt, bolt:2", kOnlyOne);
     EndsWithABox("@ select bolt#11", kOnlyModels);
+    EXPECT_EQ(Lines("ProMdlRetrieve"), Names{}) << "no name is looked for";
     EXPECT_EQ(Files(), files);
     EXPECT_EQ(top_->features().size(), 3u);
 }
 
 TEST_F(Clone, AnAssemblyMustBeActive) {
     Top();
+    Setting("CompCopyAutoNum", "byComp");
     const Names files = Files();
     Play("@ activate sub/plate");
     EndsWithABox("@ select bolt", kNotActive);
@@ -313,6 +318,56 @@ TEST_F(Clone, TheConstraintsAreReadOfTheComponentInItsOwnAssembly) {
     const Names path = Lines("ProAsmcomppathMdlGet");
     ASSERT_EQ(path.size(), 1u);
     EXPECT_NE(path[0].find("top.asm [3]"), std::string::npos) << path[0];
+}
+
+TEST_F(Clone, ConstraintsAreReadBeforeTheFilesNameIsAskedFor) {
+    Top();
+    Setting("CompCopyAutoNum", "byComp");
+    Record();
+    MacrosOf("@ select bolt\n~ Command `CloneAndReplace`");
+    Names operations;
+    for (const std::string& call :
+         workbench::CallOrder(Recorded(), {"ProMdlSave", "ProAsmcompConstraintsGet",
+                                           "ProMdlNameGet", "ProMdlTypeGet", "ProMacroLoad"})) {
+        operations.push_back(call.substr(0, call.find(' ')));
+    }
+    const auto saved = std::find(operations.begin(), operations.end(), "ProMdlSave");
+    EXPECT_EQ(Names(saved, operations.end()),
+              (Names{"ProMdlSave", "ProAsmcompConstraintsGet", "ProMdlNameGet", "ProMdlTypeGet",
+                     "ProMacroLoad"}));
+}
+
+// A path has room for 25 ids.
+TEST_F(Clone, TheConstraintsOfTheDeepestComponentAreRead) {
+    Model& top = MakeModels("top: lid");
+    Model* above = &top;
+    for (int depth = 1; depth < 25; ++depth) {
+        Model& next = Assembly("level" + std::to_string(depth));
+        Use(*above, next);
+        above = &next;
+    }
+    Use(*above, MakeModels("plate"));
+    Open(top);
+    Start();
+    Setting("CompCopyAutoNum", "byComp");
+    std::vector<int> path(25, 1);
+    path.front() = 2;
+    host().session.selections.SetBuffer(
+        {{{PRO_PART, -1, ModelNamed("plate").handle}, &top, std::move(path)}});
+    Record();
+    MacrosOf("~ Command `CloneAndReplace`");
+    EXPECT_EQ(Lines("ProAsmcompConstraintsGet").size(), 1u);
+}
+
+TEST_F(Clone, ACopyWhoseFileCannotBeNamedIsNotPutAnywhere) {
+    Top();
+    Setting("CompCopyAutoNum", "byComp");
+    for (const char* operation : {"ProMdlNameGet", "ProMdlTypeGet"}) {
+        // The first is asked of what is copied, or of the active assembly.
+        Fail(operation, {.n = 2});
+        EXPECT_EQ(MacrosOf("@ select bolt\n~ Command `CloneAndReplace`"), Names{}) << operation;
+    }
+    EXPECT_NE(InMemory("bolt-2.prt"), nullptr) << "the copies are there";
 }
 
 TEST_F(Clone, TheTopItselfIsCopiedButItsConstraintsAreNotRead) {

@@ -226,6 +226,30 @@ TEST_F(Merging, ThePartIsMadeSavedAssembledAndRegeneratedAfterEachMerge) {
                      "ProFeatureCreate", "ProElementFree", "ProSolidRegenerate"}));
 }
 
+TEST_F(Merging, TheComponentIsConstrainedInItsPrescribedOrder) {
+    Top();
+    Record();
+    Play(Press("sub", "unit"));
+    Names operations;
+    for (const std::string& call : workbench::CallOrder(
+             Recorded(),
+             {"ProAsmcompAssemble", "ProAsmcompconstraintAlloc", "ProSolidCsysVisit",
+              "ProCsysToGeomitem", "ProSelectionAlloc", "ProArrayFree",
+              "ProAsmcompconstraintAsmreferenceSet", "ProAsmcompconstraintCompreferenceSet",
+              "ProAsmcompConstraintsSet", "ProSelectionFree", "ProTreetoolRefresh"})) {
+        operations.push_back(call.substr(0, call.find(' ')));
+    }
+    const auto from = std::find(operations.begin(), operations.end(), "ProAsmcompAssemble");
+    const auto to = std::find(from, operations.end(), "ProTreetoolRefresh");
+    EXPECT_EQ(Names(from, to),
+              (Names{"ProAsmcompAssemble", "ProAsmcompconstraintAlloc", "ProSolidCsysVisit",
+                     "ProSolidCsysVisit", "ProCsysToGeomitem", "ProSelectionAlloc",
+                     "ProCsysToGeomitem", "ProSelectionAlloc", "ProArrayFree", "ProArrayFree",
+                     "ProAsmcompconstraintAsmreferenceSet", "ProAsmcompconstraintCompreferenceSet",
+                     "ProAsmcompConstraintsSet", "ProSelectionFree", "ProSelectionFree",
+                     "ProArrayFree"}));
+}
+
 TEST_F(Merging, EachElementHasItsValueBeforeItIsAddedAndTheTargetIsSelectedAfterThem) {
     Top();
     Play("@ activate plate");

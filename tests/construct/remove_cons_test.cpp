@@ -257,6 +257,7 @@ TEST_F(RemoveCons, OtherModelsAreRefusedInAPlainBox) {
                    kOk + "@ expect box 此功能仅组件/制造环境可用！\n@ expect caption none\n@ ok\n" +
                        kCancel);
         Recorded();
+        EXPECT_EQ(Utf8(AllBoxes().back().text), "此功能仅组件/制造环境可用！");
         EXPECT_EQ(Lines("ProSolidFeatVisit"), Names{});
         EXPECT_EQ(Lines("ProSolidRegenerate"), Names{});
     }

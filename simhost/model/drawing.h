@@ -36,7 +36,7 @@ struct DrawingView {
     bool ownScale = false;  // general views: their scale is not the sheet's
     Placement orientation;  // general views; its axes say where the model's axes point
     bool exploded = false;
-    Vec3 room;              // in templates: how large it may become; 0: as large as it is
+    Vec3 room;  // in templates: how large it may become; 0: as large as it is
     ProDrawingViewDisplay display{};
     std::optional<Extents> outline;  // on the sheet, as last regenerated
 

@@ -95,7 +95,9 @@ TEST_F(Clone, AnAssemblyMustBeActive) {
     Model& mill = workbench::MakeManufacturing("mill", *top_);
     Open(mill);
     Fail("ProMfgAssemGet");
+    Record();
     Play("@ select bolt\n~ Command `CloneComp`\n@ expect box " + kNotActive + "\n@ ok");
+    EXPECT_EQ(Lines("ProMdlRetrieve"), Names{}) << "no name is looked for";
     EXPECT_EQ(Files(), files);
 }
 

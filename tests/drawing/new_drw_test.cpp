@@ -189,11 +189,10 @@ TEST_F(NewDrawings, ATemplateThatIsNotSetIsToldAndTheDialogStays) {
 TEST_F(NewDrawings, ATemplateThatIsNotThereIsToldWithItsWholeValueAndTheFolderStays) {
     SetTemplate("A3Asmpath", "C:\\No Such\\a3.drw.7");
     OpenTop();
-    Play(
-        std::string("~ Command `VxNewDrw`\n") + kCreate +
-        "@ expect box \"当前模板无法检索，请检查模板设置是否正确。\\n"
-        "C:\\\\No Such\\\\a3.drw.7\"\n" +
-        kOurs + "@ ok\n" + kCloseDialog);
+    Play(std::string("~ Command `VxNewDrw`\n") + kCreate +
+         "@ expect box \"当前模板无法检索，请检查模板设置是否正确。\\n"
+         "C:\\\\No Such\\\\a3.drw.7\"\n" +
+         kOurs + "@ ok\n" + kCloseDialog);
     EXPECT_EQ(AllBoxes().back().flags, 0x40000u);
     EXPECT_EQ(host().session.workingDirectory, WIDE("C:\\Work"));
 }

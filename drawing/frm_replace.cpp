@@ -20,7 +20,7 @@ std::optional<ProMdl> ChooseFormat() {
     if (!chosen) return std::nullopt;
     if (folder.empty()) folder = TextIn(workFolder);
     const WideText target = folder + WIDE("\\") + chosen->name + WIDE(".frm");
-    CopyFileW(chosen->path.c_str(), target.c_str(), /*failIfThere=*/TRUE);
+    CopyFileW(chosen->path.c_str(), target.c_str(), /*failIfExists=*/TRUE);
     ProMdl format = nullptr;
     ProMdlRetrieve(HostText(chosen->name), PRO_MDL_DWGFORM, &format);
     return format;

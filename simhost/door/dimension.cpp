@@ -104,6 +104,7 @@ ProError ProDimensionTextSet(ProDimension* dimension, ProLine* lines) {
             const int count = SizeOfArray(lines);
             if (count < 1) Refuse(PRO_TK_BAD_INPUTS);
             std::vector<WideText> text;
+            text.reserve(std::size_t(count));
             for (int i = 0; i < count; ++i) text.push_back(LineIn(lines[i]));
             found.text = std::move(text);
             NoteChange(dimension);

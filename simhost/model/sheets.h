@@ -51,7 +51,7 @@ struct Sheet {
     std::vector<FormatText> texts;
 
     double ScaleOf(const std::string& file) const;
-    void SetScale(const std::string& file, double scale);
+    void SetScale(const std::string& file, double value);
 };
 
 // A table. Cells are texts with fields; a row may have fewer cells than there are columns.

@@ -32,6 +32,16 @@ void PutName(WideView name, ProName record) {
     if (name.size() < PRO_NAME_SIZE) record[name.size()] = 0;
 }
 
+// Puts the file that the user names into `path`; refuses where the user leaves the dialog.
+void Ask(const FileQuestion& question, ProPath path) {
+    Host& host = TheHost();
+    host.shown.push_back({Shown::Kind::Prompt, question.title, {}});
+    const OpenFileDialog open(host.desk, question);
+    const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
+    if (!answer) Refuse(PRO_TK_USER_ABORT);
+    CopyCut(*answer, path, PRO_PATH_SIZE);
+}
+
 }  // namespace
 
 ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProPath folder,
@@ -44,11 +54,7 @@ ProError ProFileOpen(WideChar* title, WideChar* filter, ProPath*, ProName*, ProP
                 if (FitsFilter(file.name, question.filter)) question.files.push_back(file.name);
             }
             if (proposed) question.proposed = proposed;
-            host.shown.push_back({Shown::Kind::Prompt, title, {}});
-            const OpenFileDialog open(host.desk, question);
-            const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
-            if (!answer) Refuse(PRO_TK_USER_ABORT);
-            CopyCut(*answer, path, PRO_PATH_SIZE);
+            Ask(question, path);
         },
         GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
 }
@@ -57,14 +63,9 @@ ProError ProFileSave(WideChar* title, WideChar* filter, ProPath*, ProName*, ProP
                      ProFileName proposed, ProPath path) {
     return Op<"ProFileSave">.Call(
         [&] {
-            Host& host = TheHost();
             FileQuestion question{title, filter, StartFolder(folder), {}, {}, true};
             if (proposed) question.proposed = proposed;
-            host.shown.push_back({Shown::Kind::Prompt, title, {}});
-            const OpenFileDialog open(host.desk, question);
-            const auto answer = host.user ? host.user->AnswerFile(question) : std::nullopt;
-            if (!answer) Refuse(PRO_TK_USER_ABORT);
-            CopyCut(*answer, path, PRO_PATH_SIZE);
+            Ask(question, path);
         },
         GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
 }

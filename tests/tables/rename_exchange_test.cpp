@@ -123,6 +123,28 @@ TEST_F(RenameExchange, NamesThatLookLikeNumbersBecomeNumbers) {
     EXPECT_EQ(At(book, 6, 2)[0], '(');
 }
 
+TEST_F(RenameExchange, RowsGoBeforeTheFileOrTheFilterIsAskedFor) {
+    // The last ones: opening the dialog comes before.
+    const auto order = [&](const std::string& lines, std::ptrdiff_t last) {
+        Record();
+        Check(lines);
+        Names operations;
+        for (const std::string& line : Recorded()) {
+            const std::string name = line.substr(line.find_first_not_of(' '));
+            for (const char* each : {"ProUITableRowsDelete", "GetOpenFileNameW",
+                                     "ProUIInputpanelValueSet", "ProUIInputpanelValueGet"}) {
+                if (name.starts_with(each)) operations.emplace_back(each);
+            }
+        }
+        return Names(operations.end() - last, operations.end());
+    };
+    EXPECT_EQ(order("~ Activate `VxRename` `VxLoadTab`\n@ quit\n", 2),
+              (Names{"ProUITableRowsDelete", "GetOpenFileNameW"}));
+    EXPECT_EQ(
+        order("~ Activate `VxRename` `UpdateRenameIni`\n", 3),
+        (Names{"ProUIInputpanelValueSet", "ProUITableRowsDelete", "ProUIInputpanelValueGet"}));
+}
+
 TEST_F(RenameExchange, ALoadedTableGoesOutWithItsNewNames) {
     Sheet({{"1", "PLATE", "prt", "cover"}});
     Check(kLoad + std::string(kExport));

@@ -69,14 +69,9 @@ public:
         return cell.Read(excel::kValue2);
     }
 
-    void CloseAndQuit() {
+    void CloseAndQuit() const {
         workbook_.Call(excel::kClose);
-        sheet_.Release();
-        worksheets_.Release();
-        workbook_.Release();
-        workbooks_.Release();
         application_.Call(excel::kQuit);
-        application_.Release();
     }
 
 private:

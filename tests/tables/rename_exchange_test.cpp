@@ -18,14 +18,14 @@ using namespace simhost;
 using workbench::Names;
 using workbench::RenameBench;
 
-const WideText kFile = WIDE("C:\\Work\\names.xlsx");
-constexpr const char* kExport =
+const WideText kNames = WIDE("C:\\Work\\names.xlsx");
+constexpr const char* kExportNames =
     "~ Activate `VxRename` `VxExportTab`\n@ answer C:\\Work\\names.xlsx\n";
 constexpr const char* kLoad = "~ Activate `VxRename` `VxLoadTab`\n@ answer C:\\Work\\names.xlsx\n";
 
 class RenameExchange : public RenameBench {
 protected:
-    Book Written() { return ReadXlsx(host().disk.Real(kFile).string()); }
+    Book Written() { return ReadXlsx(host().disk.Real(kNames).string()); }
     static std::string At(const Book& book, int row, int column) {
         const BookCell* cell = book.sheets[0]->Find(row, column);
         if (!cell || cell->kind == BookCell::Kind::Empty) return "-";
@@ -45,7 +45,7 @@ protected:
                 Put(&sheet.At(int(row) + 3, int(column) + 1), rows[row][column]);
             }
         }
-        WriteXlsx(book, host().disk.Real(kFile).string());
+        WriteXlsx(book, host().disk.Real(kNames).string());
     }
     void ExpectLoaded(const std::string& lines) { Check(kLoad + lines); }
     // What the loading says about a text that is too long; the workbook is left as it is.
@@ -62,7 +62,7 @@ protected:
     // As a designer ends it who finds it among the tasks.
     static void EndTheApplication() {
         RestartSpreadsheets();
-        TheWindows().Release(kFile);
+        TheWindows().Release(kNames);
     }
 
 private:
@@ -80,7 +80,7 @@ private:
 // --- Writing ---
 
 TEST_F(RenameExchange, WritesTitleLabelsAndWhatTheCellsShow) {
-    Check("~ Input `VxRename` `input2` `cover`\n" + std::string(kExport));
+    Check("~ Input `VxRename` `input2` `cover`\n" + std::string(kExportNames));
     const Book book = Written();
     EXPECT_EQ(At(book, 1, 1), "TOP 重命名");
     EXPECT_EQ(At(book, 2, 1), "序号");
@@ -99,7 +99,7 @@ TEST_F(RenameExchange, WritesTitleLabelsAndWhatTheCellsShow) {
 
 TEST_F(RenameExchange, WritesNoColourAndNoFormatOfNumbers) {
     Record();
-    Check(kExport);
+    Check(kExportNames);
     Recorded();
     for (const std::string& line : Lines("ExcelPut")) {
         EXPECT_EQ(line.find("NumberFormat"), std::string::npos) << line;
@@ -116,7 +116,7 @@ TEST_F(RenameExchange, WritesNoColourAndNoFormatOfNumbers) {
 TEST_F(RenameExchange, NamesThatLookLikeNumbersBecomeNumbers) {
     Model& other = workbench::MakeModels("1: 001, inf, 10-20");
     Open(other);
-    Check(kExport);
+    Check(kExportNames);
     const Book book = Written();
     EXPECT_EQ(At(book, 4, 2), "(1.000000)");
     EXPECT_EQ(At(book, 5, 2), "INF");
@@ -145,15 +145,58 @@ TEST_F(RenameExchange, RowsGoBeforeTheFileOrTheFilterIsAskedFor) {
         (Names{"ProUIInputpanelValueSet", "ProUITableRowsDelete", "ProUIInputpanelValueGet"}));
 }
 
+TEST_F(RenameExchange, AsksForNameFileLabelsAndRowsBeforeTheApplicationAndWritesDownwards) {
+    Sheet({{"1", "PLATE", "prt", "cover"}});
+    Record();
+    Check(kLoad + std::string(kExportNames));
+    Names steps;
+    for (const std::string& line : Recorded()) {
+        for (const char* each : {"ProMdlCurrentGet", "ProFileSave", "ProUITableColumnlabelsGet",
+                                 "ProUITableRowlabelsGet", "ExcelCreate"}) {
+            if (line == each) steps.emplace_back(each);
+        }
+    }
+    // What came before the dialog was open and what the loading did is not of interest here.
+    const auto from = std::find(steps.rbegin(), steps.rend(), "ProFileSave").base() - 2;
+    EXPECT_EQ(Names(from, steps.end()),
+              (Names{"ProMdlCurrentGet", "ProFileSave", "ProUITableColumnlabelsGet",
+                     "ProUITableRowlabelsGet", "ExcelCreate"}));
+    Names values;
+    for (const std::string& line : Lines("ExcelPut")) {
+        if (line.find("member=Value2") != std::string::npos) {
+            values.push_back(
+                line.substr(line.find("value=") + 6, line.find(")) = ") - line.find("value=") - 6));
+        }
+    }
+    EXPECT_EQ(values, (Names{"(\"TOP 重命名\"", "(\"序号\"", "(\"原名称\"", "(\"类型\"",
+                             "(\"新名称\"", "(\"1\"", "(\"PLATE\"", "(\"prt\"", "(\"cover\""}));
+}
+
+TEST_F(RenameExchange, ReadsTheTextOfACellBeforeItLooksForItsPlaceInTheSheet) {
+    Sheet({{"1", "PLATE", "prt", "cover"}});
+    Record();
+    Check(kLoad + std::string(kExportNames));
+    Names steps;
+    for (const std::string& line : Recorded()) {
+        for (const char* each : {"ProUITableCellLabelGet", "ExcelGet", "ExcelPut"}) {
+            if (line == each) steps.emplace_back(each);
+        }
+    }
+    const auto first = std::find(steps.begin(), steps.end(), "ProUITableCellLabelGet");
+    ASSERT_GE(steps.end() - first, 6);
+    EXPECT_EQ(Names(first, first + 6), (Names{"ProUITableCellLabelGet", "ExcelGet", "ExcelPut",
+                                              "ProUITableCellLabelGet", "ExcelGet", "ExcelPut"}));
+}
+
 TEST_F(RenameExchange, ALoadedTableGoesOutWithItsNewNames) {
     Sheet({{"1", "PLATE", "prt", "cover"}});
-    Check(kLoad + std::string(kExport));
+    Check(kLoad + std::string(kExportNames));
     EXPECT_EQ(At(Written(), 3, 4), "cover");
 }
 
 TEST_F(RenameExchange, AnEmptyTableGivesTitleAndLabels) {
     Sheet({});
-    Check(kLoad + std::string(kExport));
+    Check(kLoad + std::string(kExportNames));
     EXPECT_EQ(Written().sheets[0]->rows(), 2);
 }
 
@@ -182,7 +225,7 @@ TEST_F(RenameExchange, AnUnknownPathEndsTheExportToo) {
 TEST_F(RenameExchange, WhoLeavesTheDialogExportsNothingEvenIfAPathWasTyped) {
     Operation::Fail({"ProFileSave", 1, false, PRO_TK_USER_ABORT, /*afterWork=*/true});
     Record();
-    Check(kExport);
+    Check(kExportNames);
     Recorded();
     EXPECT_EQ(Lines("ExcelCreate"), Names{});
 }
@@ -191,7 +234,7 @@ TEST_F(RenameExchange, WithoutACurrentModelTheTitleHasNoName) {
     // The second question; the first one opened the dialog.
     Fail("ProMdlCurrentGet", {.n = 2});
     Record();
-    Check(kExport);
+    Check(kExportNames);
     Recorded();
     EXPECT_EQ(At(Written(), 1, 1), " 重命名");
 }
@@ -204,29 +247,29 @@ TEST_F(RenameExchange, TwentySixColumnsGoOutAndNotTwentySeven) {
         table->InsertColumns("new_name", names);
     };
     DoMeanwhile("ProUITableColumnlabelsGet", 1, [&] { widen(22); });
-    Check(kExport);
+    Check(kExportNames);
     EXPECT_EQ(At(Written(), 2, 26), "more21");
-    std::filesystem::remove(host().disk.Real(kFile));
+    std::filesystem::remove(host().disk.Real(kNames));
     leavesSpreadsheets_ = true;
     DoMeanwhile("ProUITableColumnlabelsGet", 1, [&] { widen(23); });
-    Check(std::string(kExport) + "@ expect box \"bom表格列数不得大于26列\"\n@ ok\n");
+    Check(std::string(kExportNames) + "@ expect box \"bom表格列数不得大于26列\"\n@ ok\n");
     EXPECT_EQ(AllBoxes()[0].flags, 0u);
-    EXPECT_FALSE(Exists(kFile));
+    EXPECT_FALSE(Exists(kNames));
     EXPECT_EQ(TheSpreadsheets().NotQuit(), Names{"Application 2 with 1 workbooks"});
 }
 
 TEST_F(RenameExchange, AFileThatIsHeldIsNamedAndLeftAlone) {
-    Write(kFile, "old");
-    TheWindows().Hold(kFile);
-    Check(kExport + std::string("@ expect box \"C:\\\\Work\\\\names.xlsx文件已在excel打开，"
-                                "请关闭后重试\"\n@ expect caption 岚枢工具\n@ ok\n"));
-    TheWindows().Release(kFile);
-    EXPECT_EQ(Read(kFile), "old");
+    Write(kNames, "old");
+    TheWindows().Hold(kNames);
+    Check(kExportNames + std::string("@ expect box \"C:\\\\Work\\\\names.xlsx文件已在excel打开，"
+                                     "请关闭后重试\"\n@ expect caption 岚枢工具\n@ ok\n"));
+    TheWindows().Release(kNames);
+    EXPECT_EQ(Read(kNames), "old");
 }
 
 TEST_F(RenameExchange, WithoutTheApplicationTheExportSaysSoWithAWarning) {
     TheSpreadsheets().installed = false;
-    Check(kExport + std::string("@ expect box \"创建Excel失败\"\n@ ok\n"));
+    Check(kExportNames + std::string("@ expect box \"创建Excel失败\"\n@ ok\n"));
     EXPECT_EQ(AllBoxes()[0].flags, 0x30u);
 }
 
@@ -262,7 +305,7 @@ TEST_F(RenameExchange, AsksForTheFileWithAFilterWhoseLastLabelHasNoPattern) {
 
 TEST_F(RenameExchange, ANameWithoutAnEndingGetsItsOwn) {
     Sheet({{"1", "PLATE", "prt", "cover"}});
-    std::filesystem::copy_file(host().disk.Real(kFile),
+    std::filesystem::copy_file(host().disk.Real(kNames),
                                host().disk.Real(WIDE("C:\\Work\\other.xls")));
     // What lies under .xls is known by its contents.
     Check("~ Activate `VxRename` `VxLoadTab`\n@ answer other\n@ expect rows mdl_list 1\n");
@@ -312,6 +355,24 @@ TEST_F(RenameExchange, AnEmptyCellKeepsTheTextReadBefore) {
         "@ expect row mdl_list 2 \"prt|BOLT|BOLT|BOLT\"\n");
 }
 
+TEST_F(RenameExchange, EachRowGoesAfterTheOneBeforeAndARowThatFailsIsPassedOver) {
+    Sheet({{"1", "TOP", "asm", "a"}, {"2", "PLATE", "prt", "b"}, {"3", "BOLT", "prt", "c"}});
+    Record();
+    // The fifth row of the assembly comes first, as the dialog opens.
+    Fail("ProUITableRowsInsert", {.n = 5 + 2});
+    ExpectLoaded("@ expect rows mdl_list 2\n@ expect row mdl_list 3 \"3|BOLT|prt|c\"\n");
+    Recorded();
+    const Names inserted = Lines("ProUITableRowsInsert");
+    ASSERT_EQ(inserted.size(), 8u);
+    const auto previous = [&](std::size_t at) {
+        const std::size_t from = inserted[at].find("after=");
+        return inserted[at].substr(from, inserted[at].find(',', from) - from);
+    };
+    EXPECT_EQ(previous(5), "after=\"\"");
+    EXPECT_EQ(previous(6), "after=\"1\"");
+    EXPECT_EQ(previous(7), "after=\"1\"");
+}
+
 TEST_F(RenameExchange, ASecondLoadBeginsWithNothingAndTakesTheSameFields) {
     Sheet({{"1", "PLATE", "prt", "cover"}});
     Check(kLoad + std::string("~ Input `VxRename` `inputImport1` `lid`\n") + kLoad +
@@ -321,7 +382,7 @@ TEST_F(RenameExchange, ASecondLoadBeginsWithNothingAndTakesTheSameFields) {
 TEST_F(RenameExchange, KnowsErrorsDatesAndFormulasAsTheApplicationDoes) {
     std::filesystem::copy_file(
         std::filesystem::path(workbench::kSourceFolder) / "tests/simhost/data/kinds.xlsx",
-        host().disk.Real(kFile));
+        host().disk.Real(kNames));
     // One row is used, and it is the third: the count of used rows does not reach it.
     ExpectLoaded("@ expect rows mdl_list 0\n");
 }
@@ -373,14 +434,14 @@ TEST_F(RenameExchange, AFileThatIsNotReadGivesNoRowsAndQuits) {
         EXPECT_EQ(Boxes(), Names{});
     };
     load();  // there is none
-    Write(kFile, "nonsense");
+    Write(kNames, "nonsense");
     load();
-    Write(kFile, "");
+    Write(kNames, "");
     load();
     Sheet({{"1", "PLATE", "prt", "cover"}});
-    TheWindows().Hold(kFile);
+    TheWindows().Hold(kNames);
     load();
-    TheWindows().Release(kFile);
+    TheWindows().Release(kNames);
     Check(std::string(kLoad) + "@ expect rows mdl_list 1\n");
 }
 

@@ -124,6 +124,21 @@ TEST_F(Renaming, OfAnAssemblyWithoutComponentsEndsInSilence) {
     EXPECT_EQ(Lines("ProUIDialogActivate").size(), 0u);
 }
 
+TEST_F(Renaming, ReadsAndShowsTheFilterBeforeItWalksTheAssembly) {
+    Record();
+    Check("");
+    Names steps;
+    for (const std::string& name : Recorded()) {
+        for (const char* each :
+             {"GetPrivateProfileStringW", "ProUIInputpanelValueSet", "ProSolidFeatVisit"}) {
+            if (name == each && (steps.empty() || steps.back() != name)) steps.push_back(name);
+        }
+    }
+    ASSERT_GE(steps.size(), 3u);
+    EXPECT_EQ(Names(steps.begin(), steps.begin() + 3),
+              (Names{"GetPrivateProfileStringW", "ProUIInputpanelValueSet", "ProSolidFeatVisit"}));
+}
+
 TEST_F(Renaming, OfAnAssemblyWhoseComponentsHaveNoModelsEndsInSilence) {
     Model& lost = Assembly("lost");
     UseMissing(lost, "gone.prt");

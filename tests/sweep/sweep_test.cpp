@@ -166,8 +166,11 @@ void RegisterFrame() {
 class Count : public ::testing::Environment {
 public:
     void TearDown() override {
+        static constexpr const char* kExtents[] = {"the first call of one operation in four",
+                                                   "the first call of each operation",
+                                                   "every call"};
         std::printf("fault sweep: %d runs of %d stories, %s\n", Sweep::runs, Sweep::stories,
-                    Sweep::IsFull() ? "every call" : "the first call of each operation");
+                    kExtents[int(Sweep::HowMuch())]);
     }
 };
 

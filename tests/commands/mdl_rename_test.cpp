@@ -14,7 +14,7 @@ using workbench::Names;
 using workbench::ObservedBench;
 namespace fs = std::filesystem;
 
-constexpr const char* kOneOnly = "\t当前模式只能选择1个元件\t";
+constexpr const char* kOnlyOne = "\t当前模式只能选择1个元件\t";
 constexpr const char* kRefused = "\t名称已存在或输入非法，请重新输入\t";
 const Names kAsk = {"ProMessageDisplay", "ProMessageStringRead", "ProMdlRetrieve"};
 
@@ -227,13 +227,13 @@ TEST_F(Rename, ForgetsTheAnswerBefore) {
 
 TEST_F(Rename, WithTwoSelectedIsANoticeAndNoPrompt) {
     Play("@ select plate, lid\n~ Command `VxMdlRename`\n@ ok");
-    EXPECT_EQ(Boxes(), Names{kOneOnly});
+    EXPECT_EQ(Boxes(), Names{kOnlyOne});
     ExpectAllAsBefore();
 }
 
 TEST_F(Rename, WithAnEmptySelectionThatCanBeReadIsTheSameNotice) {
     Play("@ selection empty\n~ Command `VxMdlRename`\n@ ok");
-    EXPECT_EQ(Boxes(), Names{kOneOnly});
+    EXPECT_EQ(Boxes(), Names{kOnlyOne});
     ExpectAllAsBefore();
 }
 

@@ -12,10 +12,10 @@ using workbench::MakeModels;
 using workbench::ModelNamed;
 
 const std::string kNoTemplate = "零件模板加载失败，请确认template_solidpart选项是否配置正确";
-const std::string kSelectFirst = "请先选择需要合并的零件(不支持组件)";
-const std::string kAgain = "名称已存在或输入非法，请重新输入";
-const std::string kNoCsysAbove = "当前组件无坐标系,无法缺省装配新零件";
-const std::string kNoCsys = "零件模板无坐标系,无法缺省装配新零件";
+const std::string kSelectParts = "请先选择需要合并的零件(不支持组件)";
+const std::string kOtherName = "名称已存在或输入非法，请重新输入";
+const std::string kNoCsysInAssembly = "当前组件无坐标系,无法缺省装配新零件";
+const std::string kNoCsysInTemplate = "零件模板无坐标系,无法缺省装配新零件";
 const std::string kNotAPart = "当前激活的元件不是零件，无法合并";
 const std::string kNotFound = "当前组件中找不到激活的零件，无法合并";
 
@@ -134,10 +134,10 @@ TEST_F(Merging, TheTemplateIsAskedForBeforeTheSelection) {
 TEST_F(Merging, WithoutASelectionNoNameIsAsked) {
     Model& top = Top();
     Record();
-    EXPECT_EQ(NoticesOf("@ clear selection\n~ Command `VxMerge`\n@ ok"), Names{kSelectFirst});
-    EXPECT_EQ(NoticesOf("@ selection empty\n~ Command `VxMerge`\n@ ok"), Names{kSelectFirst});
+    EXPECT_EQ(NoticesOf("@ clear selection\n~ Command `VxMerge`\n@ ok"), Names{kSelectParts});
+    EXPECT_EQ(NoticesOf("@ selection empty\n~ Command `VxMerge`\n@ ok"), Names{kSelectParts});
     Fail("ProSelbufferSelectionsGet");
-    EXPECT_EQ(NoticesOf("@ select plate\n~ Command `VxMerge`\n@ ok"), Names{kSelectFirst});
+    EXPECT_EQ(NoticesOf("@ select plate\n~ Command `VxMerge`\n@ ok"), Names{kSelectParts});
     EXPECT_EQ(Lines("ProMessageStringRead"), Names{});
     EXPECT_EQ(top.features().size(), 3u);
 }
@@ -154,7 +154,7 @@ TEST_F(Merging, AsksAgainForANameThatIsTakenOrIllegal) {
     Write(WIDE("C:\\Work\\lid.prt.3"), "[model]\ntype = \"part\"\n");
     EXPECT_EQ(NoticesOf(Press("plate", "bolt") + "\n@ ok\n@ answer a.b\n@ ok\n@ answer lid\n@ ok\n"
                                                  "@ answer unit"),
-              (Names{kAgain, kAgain, kAgain}));
+              (Names{kOtherName, kOtherName, kOtherName}));
     EXPECT_EQ(Merges(ModelNamed("unit")), Names{"合并1"});
     EXPECT_EQ(Files(), (Names{"lid.prt.3", "unit.prt.1"}));
 }
@@ -174,7 +174,7 @@ TEST_F(Merging, TheQuestionIsTheOneOfTheMessageFileAndThirtyTwoLettersAreTaken) 
 TEST_F(Merging, AnAssemblyWithoutACoordinateSystemIsToldAndTheMergingGoesOn) {
     Model& top = Top();
     top.RemoveFeature(3);
-    EXPECT_EQ(NoticesOf(Press("plate, sub/bolt", "unit") + "\n@ ok"), Names{kNoCsysAbove});
+    EXPECT_EQ(NoticesOf(Press("plate, sub/bolt", "unit") + "\n@ ok"), Names{kNoCsysInAssembly});
     const Feature& component = top.features().back();
     EXPECT_FALSE(component.constraints);
     EXPECT_EQ(top.treeRefreshes, 0);
@@ -186,11 +186,11 @@ TEST_F(Merging, ATemplateWithoutACoordinateSystemIsToldAndNothingIsMerged) {
     WriteTemplate(WIDE("bare.prt.1"), "part", "");
     Option("template_solidpart", kTemplates + WIDE("bare.prt"));
     Model& top = Top();
-    EXPECT_EQ(NoticesOf(Press("plate", "unit") + "\n@ ok"), Names{kNoCsys});
+    EXPECT_EQ(NoticesOf(Press("plate", "unit") + "\n@ ok"), Names{kNoCsysInTemplate});
     EXPECT_EQ(Components(top).back(), "unit.prt");
     EXPECT_EQ(Merges(ModelNamed("unit")), Names{});
     top.RemoveFeature(3);
-    EXPECT_EQ(NoticesOf(Press("plate", "other") + "\n@ ok"), Names{kNoCsysAbove})
+    EXPECT_EQ(NoticesOf(Press("plate", "other") + "\n@ ok"), Names{kNoCsysInAssembly})
         << "the assembly comes first, and with it the merging";
     EXPECT_EQ(Merges(ModelNamed("other")), Names{"合并1"});
 }
@@ -200,7 +200,7 @@ TEST_F(Merging, AnActiveManufacturingModelGetsNoPartAndItsAssemblyNeither) {
     AddCsys(ModelNamed("asm1"));
     Open(mill);
     Start();
-    EXPECT_EQ(NoticesOf(Press("plate", "unit") + "\n@ ok"), Names{kNoCsysAbove});
+    EXPECT_EQ(NoticesOf(Press("plate", "unit") + "\n@ ok"), Names{kNoCsysInAssembly});
     EXPECT_EQ(Components(ModelNamed("asm1")), Names{"plate.prt"});
     EXPECT_EQ(Merges(ModelNamed("unit")), Names{"合并1"});
 }

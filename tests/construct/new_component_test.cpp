@@ -12,9 +12,9 @@ const std::string kPartFails = "\t零件模板加载失败，请确认template_s
 const std::string kAsmFails = "\t组件模板加载失败，请确认template_designasm选项是否配置正确\t";
 const std::string kSmtFails =
     "\t钣金件模板加载失败，请确认template_sheetmetalpart选项是否配置正确\t";
-const std::string kNotActive = "\t当前激活元件不是组件/制造,无法进行新建装配操作\t";
+const std::string kNoActiveAssembly = "\t当前激活元件不是组件/制造,无法进行新建装配操作\t";
 const std::string kTooLong = "新建模型名称长度不能超过32位";
-const std::string kNoCsysAbove = "\t当前组件无坐标系,无法缺省装配新零件\t";
+const std::string kNoCsysForNew = "\t当前组件无坐标系,无法缺省装配新零件\t";
 
 class NewComponent : public TemplateBench {
 protected:
@@ -181,7 +181,7 @@ TEST_F(NewComponent, AnActivatedPartIsNoPlace) {
     Start();
     Play("@ activate plate");
     for (const char* command : {"NewPart", "NewAsm", "NewSmt"}) {
-        EXPECT_EQ(Boxes(command, 1), Names{kNotActive}) << command;
+        EXPECT_EQ(Boxes(command, 1), Names{kNoActiveAssembly}) << command;
     }
     EXPECT_EQ(Files(), Names{});
     EXPECT_NE(InMemory("start.asm"), nullptr) << "its template was loaded before";
@@ -191,7 +191,7 @@ TEST_F(NewComponent, AnActivatedPartIsNoPlace) {
     Option("template_designasm", kTemplates + WIDE("none.asm"));
     Option("template_solidpart", kTemplates + WIDE("none.prt"));
     EXPECT_EQ(Boxes("NewAsm", 1), Names{kAsmFails});
-    EXPECT_EQ(Boxes("NewPart", 1), Names{kNotActive});
+    EXPECT_EQ(Boxes("NewPart", 1), Names{kNoActiveAssembly});
 }
 
 TEST_F(NewComponent, AManufacturingModelWithoutAnAssemblyIsNoPlace) {
@@ -199,7 +199,7 @@ TEST_F(NewComponent, AManufacturingModelWithoutAnAssemblyIsNoPlace) {
     Open(mill);
     Start();
     Fail("ProMfgAssemGet");
-    EXPECT_EQ(Boxes("NewPart", 1), Names{kNotActive});
+    EXPECT_EQ(Boxes("NewPart", 1), Names{kNoActiveAssembly});
     EXPECT_EQ(Files(), Names{});
 }
 
@@ -300,7 +300,7 @@ TEST_F(NewComponent, WithoutACoordinateSystemTheComponentStaysUnconstrained) {
     Option("template_sheetmetalpart", kTemplates + WIDE("bare.prt"));
     EXPECT_EQ(Boxes("NewSmt", 1), Names{"\t钣金件模板无坐标系,无法缺省装配新零件\t"});
     top.RemoveFeature(1);
-    EXPECT_EQ(Boxes("NewPart", 1), Names{kNoCsysAbove}) << "the assembly's comes first";
+    EXPECT_EQ(Boxes("NewPart", 1), Names{kNoCsysForNew}) << "the assembly's comes first";
     EXPECT_EQ(Components(top), (Names{"top-1.prt", "top_01.asm", "top-2.prt", "top-3.prt"}));
     EXPECT_EQ(Files(), (Names{"top-1.prt.1", "top-2.prt.1", "top-3.prt.1", "top_01.asm.1"}));
     for (const Feature& feature : top.features()) EXPECT_FALSE(feature.constraints);

@@ -14,7 +14,7 @@ using workbench::ModelNamed;
 using workbench::Names;
 using workbench::ObservedBench;
 
-const std::string kOk = "~ Activate `VxRemoveCons` `OK`\n";
+const std::string kPressOk = "~ Activate `VxRemoveCons` `OK`\n";
 const std::string kDone =
     "@ expect box \"\\t\\t所有带约束元件均已更改为固定约束！\\t\\t\"\n"
     "@ expect caption 岚枢工具By墨川听雨,QQ:100200300\n@ ok\n";
@@ -54,7 +54,7 @@ protected:
     }
     // Presses the button once; `between` answers what comes before the closing box.
     void Run(const std::string& between = {}) {
-        Play("~ Command `VxRemoveCons`\n" + kOk + between + kDone + kCancel);
+        Play("~ Command `VxRemoveCons`\n" + kPressOk + between + kDone + kCancel);
     }
     // The calls of the one button, without those of the dialog around it.
     Names Work() {
@@ -87,7 +87,7 @@ const Names kFix = {"ProAsmcompRegenerate",
                     "ProAsmcompConstraintsSet",
                     "ProArrayFree",
                     "ProAsmcompconstraintFree"};
-const Names kEnd = {"ProArrayFree", "ProSolidRegenerate", "MessageBoxW"};
+const Names kEndOfCommand = {"ProArrayFree", "ProSolidRegenerate", "MessageBoxW"};
 
 TEST_F(RemoveCons, EveryComponentAtEveryDepthEndsWithOneFixedConstraint) {
     ConstrainAll();
@@ -108,7 +108,7 @@ TEST_F(RemoveCons, NothingChangesUntilItIsConfirmed) {
 
 TEST_F(RemoveCons, TheDialogStaysOpenAfterwards) {
     ConstrainAll();
-    Play("~ Command `VxRemoveCons`\n" + kOk + kDone + kOk + kDone + kCancel);
+    Play("~ Command `VxRemoveCons`\n" + kPressOk + kDone + kPressOk + kDone + kCancel);
     EXPECT_EQ(AllConstraints(), kAllFixed);
 }
 
@@ -125,7 +125,7 @@ TEST_F(RemoveCons, ConstraintsAreRemovedAtRisingIndicesAndThenReplaced) {
                       {"ProAsmcompConstraintsGet", "ProArraySizeGet", "ProAsmcompConstrRemove",
                        "ProAsmcompConstrRemove", "ProAsmcompConstrRemove", "ProArrayFree"},
                       kFix,
-                      kEnd}));
+                      kEndOfCommand}));
     const Names removals = Lines("ProAsmcompConstrRemove");
     ASSERT_EQ(removals.size(), 3u);
     for (std::size_t i = 0; i < 3; ++i) {
@@ -156,7 +156,7 @@ TEST_F(RemoveCons, AComponentThatNeverHadAConstraintIsConfirmedByAClickSentBefor
                               {"ProAsmcompConstraintsGet", "CreateThread", "mouse_event",
                                "WaitForSingleObject", "CloseHandle", "ProAsmcompConstrRedefUI"},
                               kFix,
-                              kEnd}));
+                              kEndOfCommand}));
     EXPECT_EQ(Lines("mouse_event")[0].find("mouse_event(flags=96)"), 0u);
     EXPECT_NE(Lines("WaitForSingleObject")[0].find("milliseconds=4294967295"), std::string::npos);
     EXPECT_EQ(ConstraintsOf(one, 1), "fix");
@@ -254,7 +254,8 @@ TEST_F(RemoveCons, OtherModelsAreRefusedInAPlainBox) {
         ASSERT_NE(command, nullptr);
         Record();
         PlayDuring([&] { command->action(command->id, nullptr, nullptr); },
-                   kOk + "@ expect box 此功能仅组件/制造环境可用！\n@ expect caption none\n@ ok\n" +
+                   kPressOk +
+                       "@ expect box 此功能仅组件/制造环境可用！\n@ expect caption none\n@ ok\n" +
                        kCancel);
         Recorded();
         EXPECT_EQ(Utf8(AllBoxes().back().text), "此功能仅组件/制造环境可用！");

@@ -16,6 +16,9 @@ import sys
 import unicodedata
 from pathlib import Path
 
+sys.path.insert(0, str(Path(__file__).resolve().parent))
+import standard_headers
+
 LANGUAGES = ("cpp", "python", "cmake", "bash")
 ROOMS = ("display", "modeldata", "construct", "drawing", "export", "tables", "commands")
 PLUGIN = ("frame",) + ROOMS
@@ -102,6 +105,10 @@ class Tree:
     @functools.lru_cache(maxsize=None)
     def without_comments(self, path):
         return TOKEN.sub(lambda m: blanked(m[0]) if m["comment"] else m[0], self.text(path))
+
+    def code(self, path):
+        """The text with neither comments nor literals."""
+        return TOKEN.sub(lambda m: blanked(m[0]), self.text(path))
 
     @functools.lru_cache(maxsize=None)
     def language(self, path):
@@ -190,6 +197,17 @@ def includes_go_one_way(tree):
                 yield Finding(path, line, f"may not include {what} ({WHY_SYSTEM})")
             elif what[:1] not in ('"', "<") and path.split("/")[0] in PLUGIN:
                 yield Finding(path, line, f"includes by a macro, {what} (nobody can follow it)")
+
+
+def sources_include_what_they_use(tree):
+    """See standard_headers.py. A source that includes another one would be compiled twice."""
+    for path in tree.sources("cpp"):
+        for match in INCLUDE.finditer(tree.without_comments(path)):
+            if match[1].strip('<>"').endswith(".cpp"):
+                yield Finding(path, line_of(tree.text(path), match.start()),
+                              f"includes {match[1]} (include its header)")
+    for path, line, header in standard_headers.missing(tree):
+        yield Finding(path, line, f"uses <{header}> without including it (nobody else need)")
 
 
 # The floors of the simulated host, from the ground up: a file includes its own and those below.
@@ -568,11 +586,11 @@ def dialogs_bear_their_commands_label(tree):
                           f'"{title[1]}" is the title of what the menu calls "{label}"')
 
 
-RULES = (includes_go_one_way, simhost_has_floors, no_conditional_code, wide_literals_have_one_form,
-         sources_open_with_a_banner, lines_are_tidy, long_files_are_named, no_planning_papers,
-         commands_have_their_texts, rows_name_their_own_command,
-         commands_are_named_by_their_file, readme_tells_what_works, messages_have_their_texts,
-         dialogs_bear_their_commands_label)
+RULES = (includes_go_one_way, sources_include_what_they_use, simhost_has_floors,
+         no_conditional_code, wide_literals_have_one_form, sources_open_with_a_banner,
+         lines_are_tidy, long_files_are_named, no_planning_papers, commands_have_their_texts,
+         rows_name_their_own_command, commands_are_named_by_their_file, readme_tells_what_works,
+         messages_have_their_texts, dialogs_bear_their_commands_label)
 
 
 def check_rules(root):

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fstream>
 #include <stdexcept>
 #include <utility>
 
@@ -22,6 +23,9 @@ std::string Indent(std::size_t depth) {
 
 }  // namespace
 
+Journal::Journal() : file_(std::make_unique<std::ofstream>()) {}
+Journal::~Journal() = default;
+
 void Journal::Start() {
     running_ = true;
     Operation::journalling = true;
@@ -29,8 +33,8 @@ void Journal::Start() {
 
 void Journal::StartFile(const std::string& path) {
     errno = 0;
-    file_.open(path);
-    if (!file_) CannotWrite(path, errno);
+    file_->open(path);
+    if (!*file_) CannotWrite(path, errno);
     path_ = path;
     Start();
 }
@@ -41,7 +45,7 @@ void Journal::Stop() {
     if (path_.empty()) return;
     const std::string path = std::exchange(path_, {});
     open_.clear();
-    file_.close();
+    file_->close();
     NoteError();
     if (const int error = std::exchange(error_, 0)) CannotWrite(path, error);
 }
@@ -74,7 +78,7 @@ long Journal::Begin(const char* operation) {
     }
     if (!open_.empty() && !open_.back().announced) {
         open_.back().announced = true;
-        file_ << Indent(open_.size() - 1) << open_.back().operation << " ...\n";
+        *file_ << Indent(open_.size() - 1) << open_.back().operation << " ...\n";
     }
     open_.push_back({operation});
     return 0;
@@ -84,13 +88,13 @@ void Journal::EndInFile(const std::string& arguments, const std::string& result)
     if (open_.empty()) return;
     const OpenCall call = open_.back();
     open_.pop_back();
-    file_ << Indent(open_.size()) << (call.announced ? "... " : "") << call.operation << '('
-          << arguments << ") = " << result << '\n';
+    *file_ << Indent(open_.size()) << (call.announced ? "... " : "") << call.operation << '('
+           << arguments << ") = " << result << '\n';
     NoteError();
 }
 
 void Journal::NoteError() {
-    if (!file_ && error_ == 0) error_ = errno;
+    if (!*file_ && error_ == 0) error_ = errno;
 }
 
 void Journal::End(long line, const std::string& arguments, const std::string& result) {

@@ -3,7 +3,8 @@
 #pragma once
 
 #include <cstddef>
-#include <fstream>
+#include <iosfwd>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,9 @@ namespace simhost {
 
 class Journal {
 public:
+    Journal();
+    ~Journal();
+
     // Keeps the lines, for lines(), Text() and Names().
     void Start();
     // Writes the lines to a file as the calls end, and keeps none. A call during which others are
@@ -48,7 +52,7 @@ private:
     int depth_ = 0;
     bool running_ = false;
     std::string path_;  // empty: no file
-    std::ofstream file_;
+    std::unique_ptr<std::ofstream> file_;
     int error_ = 0;               // the first one of the file
     std::vector<OpenCall> open_;  // calls that have not ended, for the file
 };

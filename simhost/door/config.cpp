@@ -4,14 +4,11 @@
 #include "hostapi/host/treetool.h"
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
+#include "simhost/door/name_record.h"
 
 using namespace simhost;
 
 namespace {
-
-struct PathRecord {
-    ProPath text;
-};
 
 // What was handed out is not to be read after the next call: from then on it says so.
 void EndHandedOutValues() {

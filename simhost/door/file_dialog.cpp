@@ -26,7 +26,7 @@ WideText StartFolder(const WideChar* wanted) {
 }
 
 // A name of 32 characters leaves no room for a terminator in its record.
-void PutName(WideView name, ProName record) {
+void PutWholeName(WideView name, ProName record) {
     if (name.size() > PRO_NAME_SIZE) Refuse(PRO_TK_LINE_TOO_LONG);
     std::copy(name.begin(), name.end(), record);
     if (name.size() < PRO_NAME_SIZE) record[name.size()] = 0;
@@ -83,8 +83,8 @@ ProError ProFilenameParse(ProPath path, ProPath folder, ProName name, ProName ex
             const WideText bare = Wide(written.substr(0, folded.size()));
             const std::size_t dot = std::min(bare.rfind('.'), bare.size());
             ProName base = {}, ending = {};
-            PutName(WideView(bare).substr(0, dot), base);
-            PutName(WideView(bare).substr(std::min(dot + 1, bare.size())), ending);
+            PutWholeName(WideView(bare).substr(0, dot), base);
+            PutWholeName(WideView(bare).substr(std::min(dot + 1, bare.size())), ending);
             CopyCut(WideView(whole).substr(0, file), folder, PRO_PATH_SIZE);
             std::copy_n(base, PRO_NAME_SIZE, name);
             std::copy_n(ending, PRO_NAME_SIZE, extension);

@@ -7,16 +7,13 @@
 #include "simhost/core/file_names.h"
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
+#include "simhost/door/name_record.h"
 
 using namespace simhost;
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct PathRecord {
-    ProPath text;
-};
 
 WideText NameOf(const fs::path& path) {
     const auto utf8 = path.filename().u8string();

@@ -39,7 +39,7 @@ void Fill(const Placement& inMm, double from, double to, ProMatrix matrix) {
 }
 
 // A surface's data as it is handed out, in one piece.
-struct SurfaceRecord {
+struct SurfaceDataRecord {
     ProGeomitemdata about;
     ProSurfacedata box;
 };
@@ -53,7 +53,7 @@ ProError ProSurfaceDataGet(ProSurface surface, ProGeomitemdata** data) {
             if (!surface) Refuse(PRO_TK_BAD_INPUTS);
             if (!found) Complain(PRO_TK_BAD_INPUTS, "not a surface");
             auto* record =
-                TheHost().arrays.Lend(SurfaceRecord{{}, found->box}, "ProSurfaceDataGet");
+                TheHost().arrays.Lend(SurfaceDataRecord{{}, found->box}, "ProSurfaceDataGet");
             record->about.obj_type = PRO_SURFACE;
             record->about.data.p_surface_data = &record->box;
             *data = &record->about;

@@ -1,4 +1,4 @@
-// Names in the host's records.
+// Names and paths in the host's records.
 #pragma once
 
 #include <algorithm>
@@ -14,5 +14,15 @@ inline void PutName(WideView name, WideChar* record) {
     std::copy_n(name.begin(), length, record);
     if (length < PRO_NAME_SIZE) record[length] = 0;
 }
+
+// What such a record says.
+inline WideText NameIn(const WideChar* record) {
+    return {record, std::find(record, record + PRO_NAME_SIZE, WideChar{})};
+}
+
+// A path as an element of an array.
+struct PathRecord {
+    ProPath text;
+};
 
 }  // namespace simhost

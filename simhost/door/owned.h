@@ -1,8 +1,6 @@
 // Objects that the caller allocates and frees, at the door.
 #pragma once
 
-#include <fmt/format.h>
-
 #include <string>
 #include <utility>
 
@@ -17,8 +15,8 @@ T& RequireOf(const OwnedHandles<T>& handles, const void* handle, const char* wha
     if (!handle) Refuse(PRO_TK_BAD_INPUTS);
     if (T* found = handles.Find(handle)) return *found;
     const bool ended = handles.WasGiven(handle);
-    Complain(PRO_TK_BAD_INPUTS, ended ? fmt::format("{} that was freed or handed on", what)
-                                      : fmt::format("not {}", what));
+    Complain(PRO_TK_BAD_INPUTS, ended ? std::string(what).append(" that was freed or handed on")
+                                      : std::string("not ").append(what));
 }
 
 // An object that the caller holds until it frees it or hands it on.

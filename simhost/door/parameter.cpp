@@ -30,7 +30,7 @@ WideText RequireName(const WideChar* name) {
     return text;
 }
 
-Model& RequireOwner(const ProModelitem* item) {
+Model& RequireOwnerOfParameters(const ProModelitem* item) {
     Need(item, "the parameter's owner");
     Model& model = TheHost().session.Require(item->owner);
     if (int(item->type) != int(model.type)) {
@@ -59,7 +59,7 @@ struct Named {
 };
 Named RequireParameter(const ProParameter* parameter) {
     Need(parameter, "the parameter");
-    Model& model = RequireOwner(&parameter->owner);
+    Model& model = RequireOwnerOfParameters(&parameter->owner);
     return {model, RequireText(parameter->id, "the parameter's name")};
 }
 
@@ -82,7 +82,7 @@ ProError ProParameterCreate(ProModelitem* owner, ProName name, ProParamvalue* va
                             ProParameter* parameter) {
     return Op<"ProParameterCreate">.Call(
         [&] {
-            Model& model = RequireOwner(owner);
+            Model& model = RequireOwnerOfParameters(owner);
             const WideText wanted = RequireName(name);
             RequireValue(value);
             if (wanted.empty()) Refuse(PRO_TK_BAD_INPUTS);
@@ -101,7 +101,7 @@ ProError ProParameterCreate(ProModelitem* owner, ProName name, ProParamvalue* va
 ProError ProParameterInit(ProModelitem* owner, ProName name, ProParameter* parameter) {
     return Op<"ProParameterInit">.Call(
         [&] {
-            const Named named{RequireOwner(owner), RequireName(name)};
+            const Named named{RequireOwnerOfParameters(owner), RequireName(name)};
             Fill(parameter, named.model, Wanted(named).name);
         },
         ARG(owner), ARG(name), OUT(parameter));

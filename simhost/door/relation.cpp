@@ -7,7 +7,7 @@ using namespace simhost;
 
 namespace {
 
-Model& RequireOwner(const ProModelitem* item) {
+Model& RequireOwnerOfRelations(const ProModelitem* item) {
     Need(item, "the owner of the relations");
     Model& model = TheHost().session.Require(item->owner);
     if (int(item->type) != int(model.type)) {
@@ -22,7 +22,7 @@ struct Set {
 };
 Set RequireSet(const ProRelset* set) {
     Need(set, "the relation set");
-    Model& model = RequireOwner(&set->owner);
+    Model& model = RequireOwnerOfRelations(&set->owner);
     if (set->afterRegeneration) return {model, model.relations.afterRegeneration};
     if (!model.relations.initial) Refuse(PRO_TK_E_NOT_FOUND);
     return {model, *model.relations.initial};
@@ -33,7 +33,7 @@ Set RequireSet(const ProRelset* set) {
 ProError ProModelitemToRelset(ProModelitem* item, ProRelset* set) {
     return Op<"ProModelitemToRelset">.Call(
         [&] {
-            const Model& model = RequireOwner(item);
+            const Model& model = RequireOwnerOfRelations(item);
             if (!model.relations.initial) Refuse(PRO_TK_E_NOT_FOUND);
             *set = {*item, 0};
         },
@@ -52,7 +52,7 @@ ProError ProRelsetPostregenerationInit(ProMdl model, ProRelset* set) {
 ProError ProRelsetCreate(ProModelitem* item, ProRelset* set) {
     return Op<"ProRelsetCreate">.Call(
         [&] {
-            Model& model = RequireOwner(item);
+            Model& model = RequireOwnerOfRelations(item);
             if (model.relations.initial) Refuse(PRO_TK_E_FOUND);
             model.relations.initial.emplace();
             model.modified = true;

@@ -6,16 +6,11 @@
 
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
+#include "simhost/door/name_record.h"
 
 using namespace simhost;
 
 namespace {
-
-// A name, which may fill its place of 32 without a terminator.
-WideText NameIn(const WideChar* name) {
-    const WideChar* end = name + PRO_NAME_SIZE;
-    return {name, std::find(name, end, WideChar{})};
-}
 
 bool IsGoodName(const WideText& name) {
     const auto isGood = [](WideChar c) {

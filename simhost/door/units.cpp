@@ -4,21 +4,12 @@
 #include <algorithm>
 
 #include "simhost/door/door.h"
+#include "simhost/door/name_record.h"
 #include "simhost/model/units.h"
 
 using namespace simhost;
 
 namespace {
-
-// A name in its record, which it may fill without a terminator.
-WideText NameIn(const WideChar* name) {
-    return {name, std::find(name, name + PRO_NAME_SIZE, WideChar{})};
-}
-
-void PutName(WideView name, ProName record) {
-    std::fill_n(record, PRO_NAME_SIZE, WideChar{});
-    std::copy_n(name.begin(), std::min<std::size_t>(name.size(), PRO_NAME_SIZE), record);
-}
 
 Model& RequireWithUnits(ProMdl handle) {
     Model& model = TheHost().session.Require(handle);

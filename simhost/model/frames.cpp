@@ -7,7 +7,7 @@ namespace simhost {
 
 namespace {
 
-constexpr double kSame = 1e-9;
+constexpr double kSameFrame = 1e-9;
 constexpr double kSquare = 1e-6;  // a matrix that somebody has computed is not exact
 
 bool IsNear(Vec3 a, Vec3 b, double tolerance) {
@@ -28,9 +28,9 @@ Placement Inverse(const Placement& frame) {
 
 bool IsSamePlace(const Placement& a, const Placement& b) {
     for (std::size_t i = 0; i < 3; ++i) {
-        if (!IsNear(a.axes[i], b.axes[i], kSame)) return false;
+        if (!IsNear(a.axes[i], b.axes[i], kSameFrame)) return false;
     }
-    return IsNear(a.origin, b.origin, kSame);
+    return IsNear(a.origin, b.origin, kSameFrame);
 }
 
 bool IsRotation(const Placement& frame) {

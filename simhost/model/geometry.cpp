@@ -10,7 +10,6 @@ namespace simhost {
 
 namespace {
 
-using Point2 = std::array<double, 2>;
 using std::numbers::pi;
 
 // Sine and cosine of an angle in degrees, exact for quarter turns: parts stay at right angles.
@@ -82,10 +81,6 @@ std::vector<Facet> Annulus(const std::vector<Point2>& outer, const std::vector<P
 }
 
 // --- Flat outlines ---
-
-double Turn(Point2 a, Point2 b, Point2 c) {
-    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
-}
 
 bool IsConvex(const std::vector<Point2>& outline) {
     const std::size_t n = outline.size();

@@ -28,6 +28,13 @@ inline Vec3 Cross(Vec3 a, Vec3 b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
+// A point of a flat outline.
+using Point2 = std::array<double, 2>;
+// Twice the area of the triangle: positive where a, b, c turn to the left.
+inline double Turn(Point2 a, Point2 b, Point2 c) {
+    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
+}
+
 // A rigid placement: the three axes of the frame and its origin, in the parent's coordinates (mm).
 struct Placement {
     std::array<Vec3, 3> axes{Vec3{1, 0, 0}, Vec3{0, 1, 0}, Vec3{0, 0, 1}};
@@ -64,8 +71,8 @@ struct Solid {
     double length = 0;                       // cylinder, tube, cone
     double module = 0, width = 0, bore = 0;  // gear
     int teeth = 0;
-    std::vector<std::array<double, 2>> outline;  // prism: counter-clockwise
-    double height = 0;                           // prism
+    std::vector<Point2> outline;  // prism: counter-clockwise
+    double height = 0;            // prism
     bool operator==(const Solid&) const = default;
 };
 

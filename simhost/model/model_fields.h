@@ -233,6 +233,16 @@ void AddFields(std::string* text, const Rows& rows, const Record& record) {
     for (const auto& row : rows) AddField(text, row, record);
 }
 
+// A list of tables, each after `header`, its line in brackets.
+template <class Rows, class Record>
+void AddRecords(std::string* text, const char* header, const Rows& rows,
+                const std::vector<Record>& list) {
+    for (const Record& record : list) {
+        *text += header;
+        AddFields(text, rows, record);
+    }
+}
+
 template <class Rows, class Record>
 bool AllUsual(const Rows& rows, const Record& record) {
     for (const auto& row : rows) {

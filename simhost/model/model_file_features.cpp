@@ -12,11 +12,11 @@ using namespace model_text;
 
 namespace {
 
-constexpr Field<Feature> kTypeField = Required(Of<&Feature::type>("type"));
+constexpr Field<Feature> kFeatureTypeField = Required(Of<&Feature::type>("type"));
 
 constexpr Field<Feature> kFeatureFields[] = {
     Required(Whole<1, &Feature::id>("id")),
-    kTypeField,
+    kFeatureTypeField,
     Of<&Feature::name>("name"),
     Word<StatusName, ParseStatus, &Feature::status>("status"),
     Of<&Feature::flags>("flags"),
@@ -116,7 +116,7 @@ void RefuseAll(const toml::table& table, const Rows& rows, const char* where) {
 
 Feature ReadFeature(const toml::table& table) {
     Feature feature;
-    ReadField(table, kTypeField, &feature);
+    ReadField(table, kFeatureTypeField, &feature);
     const bool component = feature.type == PRO_FEAT_COMPONENT;
     const bool csys = feature.type == PRO_FEAT_CSYS;
     constexpr const char* kComponents = "components (type 1000)";

@@ -20,7 +20,7 @@ constexpr Field<GroupReference> kPlacedFields[] = {
     Required(Of<&GroupReference::prompt>("prompt")),
     Required(Whole<1, &GroupReference::csysId>("csys")),
 };
-constexpr Field<GroupDimension> kDimensionFields[] = {
+constexpr Field<GroupDimension> kGroupDimensionFields[] = {
     Required(Of<&GroupDimension::name>("name")),
     Required(Of<&GroupDimension::value>("value")),
 };
@@ -39,17 +39,6 @@ void ReadList(const toml::table& holder, const char* key, const Rows& rows, Name
     });
 }
 
-template <class Record, class Rows>
-void AddList(std::string* text, const char* key, const Rows& rows,
-             const std::vector<Record>& list) {
-    for (const Record& record : list) {
-        *text += "\n[[feature.";
-        *text += key;
-        *text += "]]\n";
-        AddFields(text, rows, record);
-    }
-}
-
 std::string Unchanged(const toml::node& node, std::string_view key) {
     return TextText(Text(node, key));
 }
@@ -65,7 +54,7 @@ template <class Rows>
 void ReadParts(const toml::table& holder, const Rows& referenceRows, Group* group) {
     ReadList(holder, "reference", referenceRows, &GroupReference::prompt, &group->references);
     if (group->references.empty()) Fail(holder.source(), "a group has at least one [[reference]]");
-    ReadList(holder, "dimension", kDimensionFields, &GroupDimension::name, &group->dimensions);
+    ReadList(holder, "dimension", kGroupDimensionFields, &GroupDimension::name, &group->dimensions);
     ReadSolids(holder, group);
 }
 
@@ -134,8 +123,8 @@ std::shared_ptr<Group> ReadGroup(const toml::table& table) {
 
 void AddGroup(std::string* text, const Group& group) {
     Line(text, "group", TextText(group.name));
-    AddList(text, "reference", kPlacedFields, group.references);
-    AddList(text, "dimension", kDimensionFields, group.dimensions);
+    AddRecords(text, "\n[[feature.reference]]\n", kPlacedFields, group.references);
+    AddRecords(text, "\n[[feature.dimension]]\n", kGroupDimensionFields, group.dimensions);
     for (const std::string& solid : group.solids) *text += "\n[[feature.solid]]\n" + solid;
 }
 

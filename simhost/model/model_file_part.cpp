@@ -79,12 +79,6 @@ void AddAppearance(std::string* text, const char* key, const Model& model) {
 
 // --- Outlines ---
 
-using Point2 = std::array<double, 2>;
-
-double Turn(Point2 a, Point2 b, Point2 c) {
-    return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
-}
-
 // Whether two lines of the outline that are not neighbours meet.
 bool Meet(Point2 a, Point2 b, Point2 c, Point2 d) {
     const auto apart = [](double p, double q) { return (p > 0 && q > 0) || (p < 0 && q < 0); };
@@ -199,8 +193,8 @@ constexpr Field<Solid> kKindFields[] = {
     Required(Whole<1, &Solid::id>("id")),
     Required(With(Word<ShapeName, ParseShape, &Solid::shape>("shape"), ReadShape)),
 };
-constexpr Field<Solid> kPlaceFields[] = {Of<&Solid::at>("at"), Of<&Solid::turn>("turn"),
-                                         Whole<1, &Solid::feature>("feature")};
+constexpr Field<Solid> kSolidPlaceFields[] = {Of<&Solid::at>("at"), Of<&Solid::turn>("turn"),
+                                              Whole<1, &Solid::feature>("feature")};
 
 struct ShapeField {
     Shape shape;
@@ -266,10 +260,10 @@ Solid ReadSolid(const toml::table& table) {
     Solid solid;
     ReadFields(table, kKindFields, &solid);
     const std::vector<Field<Solid>> sizes = FieldsOf(solid.shape);
-    Allow(table, KeysOf(kKindFields, sizes, kPlaceFields));
+    Allow(table, KeysOf(kKindFields, sizes, kSolidPlaceFields));
     ReadFields(table, sizes, &solid);
     CheckSizes(table, solid);
-    ReadFields(table, kPlaceFields, &solid);
+    ReadFields(table, kSolidPlaceFields, &solid);
     return solid;
 }
 
@@ -288,7 +282,7 @@ void AddSolids(std::string* text, const char* key, const Model& model) {
         *text += std::string("\n[[") + key + "]]\n";
         AddFields(text, kKindFields, solid);
         AddFields(text, FieldsOf(solid.shape), solid);
-        AddFields(text, kPlaceFields, solid);
+        AddFields(text, kSolidPlaceFields, solid);
     }
 }
 

@@ -146,20 +146,9 @@ void ReadList(const toml::table& holder, const char* key, const Rows& rows,
     });
 }
 
-template <class Record, class Rows>
-void AddList(std::string* text, const char* key, const Rows& rows,
-             const std::vector<Record>& list) {
-    for (const Record& record : list) {
-        *text += "[[sheet.";
-        *text += key;
-        *text += "]]\n";
-        AddFields(text, rows, record);
-    }
-}
-
 // --- Sheets ---
 
-constexpr Field<Sheet> kSheetFields[] = {
+constexpr Field<Sheet> kDrawingSheetFields[] = {
     Required(Of<&Sheet::size>("size")),
     MoreThanNothing<&Sheet::scale>("scale"),
 };
@@ -171,7 +160,7 @@ constexpr Field<Sheet> kFormatFields[] = {
 
 void ReadSheet(const toml::table& table, Model* model) {
     Sheet sheet;
-    Keys keys = KeysOf(kSheetFields, kFormatFields);
+    Keys keys = KeysOf(kDrawingSheetFields, kFormatFields);
     for (const char* key : {"model_scale", "line", "text"}) keys.emplace_back(key);
     Allow(table, keys);
     for (const Field<Sheet>& row : kFormatFields) {
@@ -180,7 +169,7 @@ void ReadSheet(const toml::table& table, Model* model) {
     OnlyIn(*model, PRO_MDL_DRAWING, table.get("model_scale"), "model_scale");
     OnlyIn(*model, PRO_MDL_DWGFORM, table.get("line"), "line");
     OnlyIn(*model, PRO_MDL_DWGFORM, table.get("text"), "text");
-    ReadFields(table, kSheetFields, &sheet);
+    ReadFields(table, kDrawingSheetFields, &sheet);
     ReadFields(table, kFormatFields, &sheet);
     ReadList(table, "model_scale", kScaleFields, &sheet.scales);
     ReadList(table, "line", kLineFields, &sheet.lines);
@@ -226,11 +215,11 @@ void AddSheets(std::string* text, const char* key, const Model& model) {
     if (ArePlain(model)) return;
     for (const Sheet& sheet : model.drawingData.sheets) {
         *text += std::string("\n[[") + key + "]]\n";
-        AddFields(text, kSheetFields, sheet);
+        AddFields(text, kDrawingSheetFields, sheet);
         AddFields(text, kFormatFields, sheet);
-        AddList(text, "model_scale", kScaleFields, sheet.scales);
-        AddList(text, "line", kLineFields, sheet.lines);
-        AddList(text, "text", kTextFields, sheet.texts);
+        AddRecords(text, "[[sheet.model_scale]]\n", kScaleFields, sheet.scales);
+        AddRecords(text, "[[sheet.line]]\n", kLineFields, sheet.lines);
+        AddRecords(text, "[[sheet.text]]\n", kTextFields, sheet.texts);
     }
 }
 
@@ -273,7 +262,7 @@ std::string CellsText(const SheetTable& table) {
     return text + ']';
 }
 
-constexpr Field<SheetTable> kTableFields[] = {
+constexpr Field<SheetTable> kSheetTableFields[] = {
     Required(Whole<1, &SheetTable::id>("id")),
     Always(Whole<1, &SheetTable::sheet>("sheet")),
     Place<&SheetTable::at>("at"),
@@ -289,7 +278,7 @@ void ReadTables(const toml::table& root, const char* key, Model* model) {
     RequireSheets(*model, root.get(key), key);
     EachTable(root, key, [&](const toml::table& one) {
         SheetTable table;
-        ReadRecord(one, kTableFields, &table);
+        ReadRecord(one, kSheetTableFields, &table);
         SheetSet& set = model->drawingData;
         if (set.FindTable(table.id)) Fail(one.get("id")->source(), "the id is there twice");
         if (!set.Find(table.sheet)) {
@@ -302,7 +291,7 @@ void ReadTables(const toml::table& root, const char* key, Model* model) {
 void AddTables(std::string* text, const char* key, const Model& model) {
     for (const SheetTable& table : model.drawingData.tables) {
         *text += std::string("\n[[") + key + "]]\n";
-        AddFields(text, kTableFields, table);
+        AddFields(text, kSheetTableFields, table);
     }
 }
 

@@ -13,11 +13,11 @@ namespace simhost {
 
 namespace {
 
-struct TypeWord {
+struct ParameterTypeWord {
     ProParamvalueType type;
     const char* word;
 };
-constexpr TypeWord kTypes[] = {
+constexpr ParameterTypeWord kParameterTypes[] = {
     {PRO_PARAM_DOUBLE, "real"},
     {PRO_PARAM_STRING, "text"},
     {PRO_PARAM_INTEGER, "integer"},
@@ -126,14 +126,14 @@ void TakeValue(const ProParamvalue& value, Parameter* parameter) {
 }
 
 const char* ParameterTypeName(ProParamvalueType type) {
-    for (const TypeWord& row : kTypes) {
+    for (const ParameterTypeWord& row : kParameterTypes) {
         if (row.type == type) return row.word;
     }
     return "unknown";
 }
 
 bool ParseParameterType(std::string_view word, ProParamvalueType* type) {
-    for (const TypeWord& row : kTypes) {
+    for (const ParameterTypeWord& row : kParameterTypes) {
         if (row.word != word) continue;
         *type = row.type;
         return true;

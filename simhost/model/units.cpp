@@ -58,7 +58,7 @@ UnitSystem System(WideView name, WideView length, WideView massOrForce, WideView
 constexpr double Solid::*kLengths[] = {&Solid::diameter, &Solid::top,    &Solid::outer,
                                        &Solid::inner,    &Solid::length, &Solid::module,
                                        &Solid::width,    &Solid::bore,   &Solid::height};
-constexpr Vec3 Solid::*kPlaces[] = {&Solid::size, &Solid::at};
+constexpr Vec3 Solid::*kLengthsOfSolid[] = {&Solid::size, &Solid::at};
 
 void Convert(std::vector<double>* numbers, double from, double to) {
     for (double& one : *numbers) one = Converted(one, from, to);
@@ -203,7 +203,7 @@ void SetPrincipalSystem(Model& model, const UnitSystem& system, Conversion conve
 
 void ConvertLengths(Solid* solid, double from, double to) {
     for (double Solid::*length : kLengths) solid->*length = Converted(solid->*length, from, to);
-    for (Vec3 Solid::*place : kPlaces) Convert(&(solid->*place), from, to);
+    for (Vec3 Solid::*place : kLengthsOfSolid) Convert(&(solid->*place), from, to);
     for (auto& corner : solid->outline) {
         for (double& one : corner) one = Converted(one, from, to);
     }

@@ -18,16 +18,16 @@ namespace simhost {
 
 namespace {
 
-struct Word {
+struct ViewItemRow {
     ProType type;
     const char* word;
 };
-constexpr Word kWords[] = {
+constexpr ViewItemRow kViewItemRows[] = {
     {PRO_EDGE, "edge"}, {kEdgeStart, "start"}, {kEdgeEnd, "end"},
     {kAxis, "axis"},    {PRO_CSYS, "csys"},    {kSilhouette, "silhouette"},
 };
 
-constexpr double kSame = 1e-6;
+constexpr double kSameInView = 1e-6;
 
 double LengthOf(Vec3 v) {
     return std::sqrt(Dot(v, v));
@@ -88,8 +88,8 @@ std::optional<SeenItem> SilhouetteOf(const std::vector<AxisEnd>& ends, int side,
     if (ends.size() != 2 || (side != 1 && side != 2)) return std::nullopt;
     const Vec3 from = placement.Point(ends[0].centre), to = placement.Point(ends[1].centre);
     const Vec3 axis = 1 / LengthOf(to - from) * (to - from);
-    const bool cone = std::fabs(ends[0].radius - ends[1].radius) > kSame;
-    if (std::fabs(axis.z) > (cone ? kSame : 1 - kSame)) return std::nullopt;
+    const bool cone = std::fabs(ends[0].radius - ends[1].radius) > kSameInView;
+    if (std::fabs(axis.z) > (cone ? kSameInView : 1 - kSameInView)) return std::nullopt;
     const Vec3 across = Cross(axis, {0, 0, 1});
     const double way = (side == 1 ? unit : -unit) / LengthOf(across);
     return LineBetween(from + way * ends[0].radius * across, to + way * ends[1].radius * across);
@@ -176,14 +176,14 @@ std::optional<int> NumberIn(std::string_view text) {
 }  // namespace
 
 const char* ViewItemWord(ProType type) {
-    for (const Word& row : kWords) {
+    for (const ViewItemRow& row : kViewItemRows) {
         if (row.type == type) return row.word;
     }
     return nullptr;
 }
 
 std::optional<ProType> ViewItemOfWord(const std::string& word) {
-    for (const Word& row : kWords) {
+    for (const ViewItemRow& row : kViewItemRows) {
         if (word == row.word) return row.type;
     }
     return std::nullopt;
@@ -225,7 +225,7 @@ Vec3 NearestOf(const SeenItem& item, const DrawingView& view, Vec3 onSheet) {
         const double angle = 2 * std::acos(-1.0) * i / kSteps;
         const Vec3 point =
             item.circle.Point({item.radius * std::cos(angle), item.radius * std::sin(angle), 0});
-        if (offSheet(point) < offSheet(best) - kSame) best = point;
+        if (offSheet(point) < offSheet(best) - kSameInView) best = point;
     }
     return best;
 }

@@ -46,7 +46,7 @@ Wait* OpenWait(Trail& trail, Wait::Kind kind, const char* none) {
     return nullptr;
 }
 
-Picking* OpenPick(Trail& trail) {
+Picking* PickThatWaits(Trail& trail) {
     Wait* wait = OpenWait(trail, Wait::Kind::Pick, "no command waits for a pick");
     return wait ? wait->picking : nullptr;
 }
@@ -102,7 +102,7 @@ std::string PlaceText(const DrawingView& view, const SeenItem& item) {
 }  // namespace
 
 void PickInView(Trail& trail, const std::string& rest) {
-    Picking* picking = OpenPick(trail);
+    Picking* picking = PickThatWaits(trail);
     Model* drawing = picking ? CurrentDrawing(trail) : nullptr;
     if (!drawing) return;
     std::string words = rest;
@@ -122,7 +122,7 @@ void PickInView(Trail& trail, const std::string& rest) {
 }
 
 void PickAt(Trail& trail, const std::string& rest) {
-    Picking* picking = OpenPick(trail);
+    Picking* picking = PickThatWaits(trail);
     if (!picking) return;
     std::string words = rest;
     double x = 0, y = 0;

@@ -19,7 +19,7 @@
 namespace simhost {
 namespace {
 
-constexpr int kMostLines = 500;
+constexpr int kMostComponentLines = 500;
 
 // A component that a path leads to, and the assembly that holds it; what is wrong has been told.
 const Feature* ComponentAt(Trail& trail, const std::string& path) {
@@ -179,7 +179,7 @@ void ExpectNoFile(Trail& trail, const std::string& rest) {
 void ShowComponents(Trail& trail) {
     const Model* model = ModelAt("");
     if (!model) return trail.Fail("no model is open");
-    int left = kMostLines;
+    int left = kMostComponentLines;
     ShowComponentsBelow(trail, *model, "", &left);
     if (left < 0) trail.Say("… and more");
 }
@@ -189,7 +189,7 @@ void ShowConstraints(Trail& trail) {
     for (const Model* model : TheHost().session.All()) {
         for (const auto& [step, feature] : ComponentSteps(*model)) {
             if (!feature->constraints) continue;
-            if (++lines > kMostLines) return trail.Say("… and more");
+            if (++lines > kMostComponentLines) return trail.Say("… and more");
             trail.Say(fmt::format("{} {} {}", Padded(model->FileName(), 28), Padded(step, 28),
                                   ConstraintsText(*feature)));
         }

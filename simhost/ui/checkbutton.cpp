@@ -1,6 +1,8 @@
 // Check buttons: their state, and how they look.
 #include "simhost/ui/checkbutton.h"
 
+#include <fmt/format.h>
+
 #include "simhost/core/text.h"
 
 namespace simhost {

@@ -1,6 +1,8 @@
 // What all components have in common, and the table of the kinds.
 #include "simhost/ui/component.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "simhost/core/text.h"
@@ -137,6 +139,11 @@ std::unique_ptr<Component> CopyForCell(const Component& from, std::string name, 
     copy->name_ = std::move(name);
     copy->place_ = std::move(place);
     return copy;
+}
+
+void ComplainOfKind(const Component& component, const std::string& dialog, const char* wanted) {
+    Complain(PRO_TK_BAD_INPUTS, fmt::format("{} of dialog {} is a {}, not a {}", component.name(),
+                                            dialog, component.kind(), wanted));
 }
 
 }  // namespace simhost

@@ -2,8 +2,6 @@
 // other kinds (labels, separators, layouts) are only there to be seen.
 #pragma once
 
-#include <fmt/format.h>
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -100,15 +98,15 @@ std::unique_ptr<Component> MakeComponent(Dialog& dialog, const ResourceComponent
 // a kind that no cell can hold.
 std::unique_ptr<Component> CopyForCell(const Component& from, std::string name, CellPlace place);
 
+// Complains that a component is of another kind than an operation is for.
+[[noreturn]] void ComplainOfKind(const Component& component, const std::string& dialog,
+                                 const char* wanted);
+
 // The component as one of its kind. An operation for another kind is a misuse: a complaint.
 template <class Kind>
 Kind& RequireKind(Component& component, const std::string& dialog) {
     auto* kind = dynamic_cast<Kind*>(&component);
-    if (!kind) {
-        Complain(PRO_TK_BAD_INPUTS,
-                 fmt::format("{} of dialog {} is a {}, not a {}", component.name(), dialog,
-                             component.kind(), Kind::kKind));
-    }
+    if (!kind) ComplainOfKind(component, dialog, Kind::kKind);
     return *kind;
 }
 

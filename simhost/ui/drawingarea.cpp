@@ -1,6 +1,8 @@
 // Drawing areas: what was drawn, and how they look.
 #include "simhost/ui/drawingarea.h"
 
+#include <fmt/format.h>
+
 #include "simhost/ui/dialogs.h"
 
 namespace simhost {

@@ -1,6 +1,8 @@
 // Labels with pictures, and whether the pictures are there.
 #include "simhost/ui/label.h"
 
+#include <fmt/format.h>
+
 #include "simhost/core/disk.h"
 #include "simhost/ui/dialogs.h"
 

@@ -1,6 +1,8 @@
 // What a user sees of a list and does to it.
 #include "simhost/ui/list.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "simhost/ui/dialogs.h"

@@ -1,6 +1,8 @@
 // Radio groups: the selection, and how they look.
 #include "simhost/ui/radiogroup.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "simhost/core/text.h"

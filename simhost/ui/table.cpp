@@ -1,6 +1,8 @@
 // Tables: rows and columns by name, what the user selects, and how they look.
 #include "simhost/ui/table.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <iterator>
 

@@ -1,6 +1,8 @@
 // Components that hold a text: input panels, text areas and option menus.
 #include "simhost/ui/textfield.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "simhost/core/text.h"

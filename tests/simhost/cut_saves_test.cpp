@@ -4,6 +4,7 @@
 
 #ifndef _WIN32
 
+#include <fmt/format.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>

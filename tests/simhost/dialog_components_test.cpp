@@ -94,15 +94,15 @@ TEST_F(DialogComponents, AnOptionMenuShowsTheLabelOfWhatIsChosen) {
 }
 
 TEST_F(DialogComponents, ACheckButtonChangesOrTakesAState) {
-    auto& order = Get<CheckButton>("Order");
-    EXPECT_EQ(order.Picture(), Lines{"[x] 大到小"});
-    EXPECT_EQ(order.Use(Verb::Activate, {}), "");
-    EXPECT_FALSE(order.set);
-    EXPECT_EQ(order.Use(Verb::Activate, {"0"}), "");
-    EXPECT_FALSE(order.set);
-    EXPECT_EQ(order.Use(Verb::Activate, {"1"}), "");
-    EXPECT_TRUE(order.set);
-    EXPECT_NE(order.Use(Verb::Activate, {"2"}), "");
+    auto& descending = Get<CheckButton>("Order");
+    EXPECT_EQ(descending.Picture(), Lines{"[x] 大到小"});
+    EXPECT_EQ(descending.Use(Verb::Activate, {}), "");
+    EXPECT_FALSE(descending.set);
+    EXPECT_EQ(descending.Use(Verb::Activate, {"0"}), "");
+    EXPECT_FALSE(descending.set);
+    EXPECT_EQ(descending.Use(Verb::Activate, {"1"}), "");
+    EXPECT_TRUE(descending.set);
+    EXPECT_NE(descending.Use(Verb::Activate, {"2"}), "");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // its file and line.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 

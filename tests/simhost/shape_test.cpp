@@ -6,6 +6,7 @@
 #include <map>
 #include <numbers>
 #include <set>
+#include <stdexcept>
 
 #include "simhost/model/session.h"
 #include "simhost/model/shape.h"

@@ -44,6 +44,45 @@ class RuleTest(unittest.TestCase):
         return tree.notes
 
 
+class StandardHeaders(RuleTest):
+    def missing(self, text):
+        self.write("simhost/core/x.cpp", BANNER + text)
+        return self.texts(lint.sources_include_what_they_use)
+
+    def test_what_is_used_is_included(self):
+        self.assertEqual(self.missing("std::vector<int> x;\n"),
+                         ["uses <vector> without including it (nobody else need)"])
+        self.assertEqual(self.missing("#include <vector>\nstd::vector<int> x;\n"), [])
+
+    def test_the_line_is_that_of_the_first_use(self):
+        self.missing("\nint y;\nstd::vector<int> x;\n")
+        self.assertEqual(self.found(lint.sources_include_what_they_use), ["simhost/core/x.cpp:4"])
+
+    def test_a_header_of_ours_may_include_it(self):
+        self.write("simhost/core/y.h", BANNER + "#include <vector>\n")
+        self.write("simhost/core/x.h", BANNER + '#include "simhost/core/y.h"\n')
+        self.assertEqual(self.missing('#include "simhost/core/x.h"\nstd::vector<int> x;\n'), [])
+        self.assertEqual(self.missing('#include "x.h"\nstd::vector<int> x;\n'), [])
+
+    def test_comments_and_texts_use_nothing(self):
+        self.assertEqual(self.missing('// std::map\nconst char* x = "std::map";\n'), [])
+
+    def test_a_name_that_only_begins_alike_is_another(self):
+        self.assertEqual(self.missing("std::mapped x; std::find_in(y);\n"), [])
+
+    def test_fmt_has_several_headers(self):
+        self.assertEqual(len(self.missing("fmt::format();\n")), 1)
+        for header in ("format", "core"):
+            self.assertEqual(self.missing(f"#include <fmt/{header}.h>\nfmt::format();\n"), [])
+
+    def test_a_source_is_not_included(self):
+        self.assertEqual(self.missing('#include "simhost/core/y.cpp"\n'),
+                         ['includes "simhost/core/y.cpp" (include its header)'])
+
+    def test_a_declaration_may_be_enough(self):
+        self.assertEqual(self.missing("#include <iosfwd>\nstd::ofstream* x;\n"), [])
+
+
 class Includes(RuleTest):
     def verdict(self, path, include):
         self.write(path, f"{BANNER}#include {include}\n")

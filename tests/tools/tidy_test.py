@@ -127,6 +127,59 @@ exit 0
         self.write("tests/frame/a_test.cpp", "GOOD\n")
         self.assertEqual(self.looked_at(), (0, []))
 
+    def write_folder(self, **texts):
+        """A folder whose sources are looked at together."""
+        for name, text in texts.items():
+            self.write(f"simhost/ui/{name}.cpp", text)
+        self.write_commands([self.root / f"simhost/ui/{name}.cpp" for name in texts])
+        # The stand-in sees through the one file that includes the others, and knows a name twice.
+        self.write("bin/clang-tidy", f"""#!/bin/sh
+case "$*" in *--version*) echo 14; exit;; esac
+for each; do case "$each" in *.cpp) file=$each;; esac; done
+echo "$file" >> "{self.root}/runs"
+IFS='
+'
+all=$(cat "$file" $(sed -n 's/#include "\\(.*\\)"/\\1/p' "$file"))
+case "$all" in
+    *BAD*) echo "$file:1:1: error: bad"; exit 1;;
+    *NAME*NAME*) echo "$file:1:1: error: redefinition [clang-diagnostic-error]"; exit 1;;
+esac
+""")
+        (self.root / "bin/clang-tidy").chmod(0o755)
+
+    def test_the_sources_of_a_folder_are_looked_at_together(self):
+        self.write_folder(a="int a;\n", b="int b;\n", c="int c;\n")
+        status, names = self.looked_at()
+        self.assertEqual((status, len(names)), (0, 1))
+        self.assertEqual(self.looked_at(), (0, []))
+        self.write("simhost/ui/b.cpp", "int d;\n")
+        self.assertEqual(self.looked_at(), (0, ["b.cpp"]))
+
+    def test_eight_are_together_at_most(self):
+        self.write_folder(**{f"x{i}": "int x;\n" for i in range(17)})
+        self.assertEqual(len(self.looked_at()[1]), 3)
+
+    def test_where_something_is_found_each_is_looked_at_alone(self):
+        self.write_folder(a="int a;\n", b="BAD\n", c="int c;\n")
+        status, names = self.looked_at()
+        self.assertEqual((status, len(names)), (1, 4))
+        self.assertEqual(self.said, "simhost/ui/b.cpp:1:1: error: bad\n")
+        self.assertEqual(self.looked_at(), (1, ["b.cpp"]))
+
+    def test_names_that_meet_are_no_finding(self):
+        self.write_folder(a="NAME\n", b="NAME\n")
+        self.assertEqual(self.looked_at()[0], 0)
+        self.assertEqual(self.said, "")
+        self.assertEqual(self.looked_at(), (0, []))
+
+    def test_tests_are_compiled_together(self):
+        tests = [self.root / f"tests/frame/{name}_test.cpp" for name in "ab"]
+        for test in tests:
+            self.write(test, "int z;\n")
+        self.write_commands(tests)
+        self.assertEqual(self.looked_at(), (0, []))
+        self.assertRegex(self.compiled(), r"^/: -fsyntax-only -c .*lint-cache/\w+\.cpp\n$")
+
     def test_a_crash_without_a_word_is_a_finding(self):
         self.write("frame/c.cpp", "CRASH\n")
         self.assertEqual(self.looked_at()[0], 1)

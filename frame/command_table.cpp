@@ -5,6 +5,7 @@
 #include "construct/commands.h"
 #include "display/commands.h"
 #include "drawing/commands.h"
+#include "export/commands.h"
 #include "frame/access.h"
 #include "frame/command_row.h"
 #include "frame/config.h"
@@ -16,7 +17,7 @@
 // Help key and icon follow the name: BatchColor alone has others, and AboutVx another icon.
 constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxOpenDir">              (Command<VxOpenDir>,       AccessAlways),
-    Row<"VxBackup">               (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxBackup">               (Command<VxBackup>,        AccessAssemblyOrMfg),
     Row<"NewPart">                (Command<NewPart>,         AccessAssemblyOrMfg),
     Row<"NewAsm">                 (Command<NewAsm>,          AccessAssemblyOrMfg),
     Row<"NewSmt">                 (Command<NewSmt>,          AccessAssemblyOrMfg),
@@ -57,7 +58,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxDrwScaleCheck">        (Command<VxDrwScaleCheck>, AccessAlways),
     Row<"VxSimRep">               (Command<VxSimRep>,        AccessAssemblyOrMfg),
     Row<"VxBox">                  (Command<VxBox>,           AccessAssemblyOrMfg),
-    Row<"VxExportDwg">            (NotBuilt,                 AccessDrawing),
+    Row<"VxExportDwg">            (Command<VxExportDwg>,     AccessDrawing),
     Row<"VxExportPdf">            (NotBuilt,                 AccessDrawing),
     Row<"VxMdlNameCopy">          (Command<VxMdlNameCopy>,   AccessAssemblyOrMfg),
     Row<"VxMdlRename">            (Command<VxMdlRename>,     AccessAssemblyOrMfg),

@@ -72,6 +72,22 @@ std::vector<NamedFile> FilesIn(const fs::path& folder) {
     return files;
 }
 
+std::vector<WideText> FoldersIn(const fs::path& folder) {
+    std::vector<WideText> names;
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code none;
+        if (!entry->is_directory(none)) continue;
+        const auto utf8 = entry->path().filename().u8string();
+        names.push_back(Wide(std::string(utf8.begin(), utf8.end())));
+    }
+    std::sort(names.begin(), names.end(), [](const WideText& a, const WideText& b) {
+        return Lower(WideView(a)) < Lower(WideView(b));
+    });
+    return names;
+}
+
 fs::path NewestFileOf(const fs::path& folder, WideView name) {
     for (NamedFile& file : FilesIn(folder)) {
         if (SameName(file.name, name)) return std::move(file.path);

@@ -23,6 +23,9 @@ struct NamedFile {
 // The files of a folder, in the order of their names whatever the case of the letters.
 std::vector<NamedFile> FilesIn(const std::filesystem::path& folder);
 
+// The names of the folders in a folder, in the same order.
+std::vector<WideText> FoldersIn(const std::filesystem::path& folder);
+
 // The newest version of a file of this name, whatever the case of the letters; empty: there is
 // none.
 std::filesystem::path NewestFileOf(const std::filesystem::path& folder, WideView name);

@@ -81,6 +81,11 @@ public:
     // of the file. Throws ModelFileError, and then the folder is as before.
     std::string Save(Model& model);
     std::string SaveInto(Model& model, const WideText& folder);
+    // Writes the model, and whatever in memory it needs at whatever depth, into another folder as
+    // their next versions there; one whose newest copy there has the same bytes is not written
+    // again. What is in memory stays what it is and comes from where it came. Throws
+    // ModelFileError, and then what was written before stays.
+    void Backup(Model& model, const WideText& folder);
     // Another name for the model in memory, for all versions of its file in the folder that it
     // came from, and in whatever refers to it in memory, which counts as changed. Refused for a
     // name that is none or taken; throws ModelFileError if a file cannot be renamed. All or
@@ -144,6 +149,12 @@ private:
                        const ModelVersion& version);
     void RequireFreeName(WideView name, ProMdlType type);
     ModelFolder& FolderOf(const std::filesystem::path& folder);
+    // The model's text as its next version in a folder. Throws ModelFileError.
+    struct Written {
+        std::filesystem::path path;
+        int version;
+    };
+    Written WriteNextVersion(const Model& model, const std::string& text, const WideText& folder);
     // What there is of a file in a folder of a Windows path, "gearbox.asm.1", as it lies there.
     std::vector<std::string> FilesOf(const WideText& folder, const std::string& fileName);
     void LetReferencesFollow(const Model& model, const std::string& oldFile);

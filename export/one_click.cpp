@@ -1,8 +1,9 @@
-// VxExportDwg: the current drawing, in the place that the settings name.
+// VxExportDwg, VxExportStp: the current model at one click, in the place that the settings name.
 #include <optional>
 
 #include "export/commands.h"
 #include "export/folder_prompt.h"
+#include "export/step_file.h"
 #include "frame/services.h"
 
 namespace {
@@ -27,6 +28,12 @@ std::optional<WideText> DrawingFolder(const WideText& destination) {
     if (IsDestination(destination, WIDE("deskTop"))) return DesktopFolder();
     if (IsDestination(destination, WIDE("byUser"))) return AskedFolder(kDrawingTitle);
     return std::nullopt;
+}
+
+// Where a solid goes: whatever is not the desktop is asked for.
+std::optional<WideText> SolidFolder(const WideText& destination) {
+    if (IsDestination(destination, WIDE("deskTop"))) return DesktopFolder();
+    return AskedFolder(WIDE("请选择STP文件导出位置"));
 }
 
 WideText PathIn(const WideText& folder, const WideText& name) {
@@ -82,4 +89,18 @@ void VxExportDwg() {
         const WideText path = output->PathOf(sheet);
         if (FitsHost(path)) Pro2dExport(PRO_DWG_FILE, HostText(path), output->drawing, nullptr);
     }
+}
+
+// A drawing goes to the writer like any model: it is the host's to refuse.
+void VxExportStp() {
+    ProMdl model = nullptr;
+    if (ProMdlCurrentGet(&model) != PRO_TK_NO_ERROR) return;
+    model = TopModelOf({model, TypeOf(model)}).model;
+    const WideText name = model ? ModelName(model) : WideText();
+    const WideText destination = ConfigValue(WIDE("VxExportStpDir"), Place::BesideModule);
+    const std::optional<WideText> folder = SolidFolder(destination);
+    if (!folder) return;
+    const WideText path = PathIn(*folder, name + WIDE(".stp"));
+    if (model && FitsHost(path)) WriteStep(model, path);
+    ShowMessage("STP model has exported");
 }

@@ -15,6 +15,10 @@ void VxExIgs();
 // Writes the current drawing as DWG, a file for each sheet, to the place that the settings name.
 void VxExportDwg();
 
+// Writes the current drawing as PDF there, a file for each sheet. A file that is there stays, and
+// what was written then is temp.pdf in the working directory.
+void VxExportPdf();
+
 // Writes the current part or assembly, or the assembly of a manufacturing model, as STEP to the
 // desktop or into a folder that the user chooses.
 void VxExportStp();

@@ -1,4 +1,5 @@
-// VxExportDwg, VxExportStp: the current model at one click, in the place that the settings name.
+// VxExportDwg, VxExportPdf, VxExportStp: the current model at one click, in the place that the
+// settings name.
 #include <optional>
 
 #include "export/commands.h"
@@ -75,6 +76,24 @@ void ChooseDwgFormat() {
     ProConfigoptSet(HostText(option), HostText(WIDE("2000")));
 }
 
+// Written in the working directory first, so that a file that is there is not replaced.
+constexpr const WideChar* kTemporaryPdf = WIDE("temp.pdf");
+
+// Black on white, fonts embedded, no viewer, whatever VxExport's check buttons say. Nothing frees
+// them.
+ProPDFOptions PdfOptions() {
+    constexpr int kEmbeddedFonts = 0, kBlack = 2;
+    constexpr auto kNumber25 = ProPDFOptionType(25);
+    ProPDFOptions options = nullptr;
+    ProPDFoptionsAlloc(&options);
+    if (!options) return nullptr;
+    ProPDFoptionsIntpropertySet(options, PRO_PDFOPT_FONT_STROKE, kEmbeddedFonts);
+    ProPDFoptionsIntpropertySet(options, PRO_PDFOPT_COLOR_DEPTH, kBlack);
+    ProPDFoptionsBoolpropertySet(options, PRO_PDFOPT_LAUNCH_VIEWER, PRO_B_FALSE);
+    ProPDFoptionsBoolpropertySet(options, kNumber25, PRO_B_TRUE);
+    return options;
+}
+
 }  // namespace
 
 // Each sheet has a file, and each file what the host exports of the drawing as it stands: no sheet
@@ -88,6 +107,19 @@ void VxExportDwg() {
     for (int sheet = 1; sheet <= output->sheets; ++sheet) {
         const WideText path = output->PathOf(sheet);
         if (FitsHost(path)) Pro2dExport(PRO_DWG_FILE, HostText(path), output->drawing, nullptr);
+    }
+}
+
+// Every file has all sheets, as the host exports them.
+void VxExportPdf() {
+    ProMdl drawing = nullptr;
+    if (ProMdlCurrentGet(&drawing) != PRO_TK_NO_ERROR) return;
+    const std::optional<DrawingOutput> output = FindOutput(drawing, WIDE("VxExportPdfDIr"));
+    if (!output) return;
+    const ProPDFOptions options = PdfOptions();
+    for (int sheet = 1; sheet <= output->sheets; ++sheet) {
+        if (options) ProPDFExport(output->drawing, HostText(kTemporaryPdf), options);
+        MoveToPath(kTemporaryPdf, output->PathOf(sheet) + WIDE(".pdf"));
     }
 }
 

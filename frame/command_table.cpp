@@ -59,7 +59,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxSimRep">               (Command<VxSimRep>,        AccessAssemblyOrMfg),
     Row<"VxBox">                  (Command<VxBox>,           AccessAssemblyOrMfg),
     Row<"VxExportDwg">            (Command<VxExportDwg>,     AccessDrawing),
-    Row<"VxExportPdf">            (NotBuilt,                 AccessDrawing),
+    Row<"VxExportPdf">            (Command<VxExportPdf>,     AccessDrawing),
     Row<"VxMdlNameCopy">          (Command<VxMdlNameCopy>,   AccessAssemblyOrMfg),
     Row<"VxMdlRename">            (Command<VxMdlRename>,     AccessAssemblyOrMfg),
     Row<"VxExportStp">            (Command<VxExportStp>,     AccessSolidOrMfg),

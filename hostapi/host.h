@@ -52,6 +52,7 @@
 #include "hostapi/host/modelitem.h"
 #include "hostapi/host/outline.h"
 #include "hostapi/host/parameter.h"
+#include "hostapi/host/pdf.h"
 #include "hostapi/host/relation.h"
 #include "hostapi/host/selection.h"
 #include "hostapi/host/session.h"

@@ -39,6 +39,7 @@
 #include <ProNotify.h>
 #include <ProParameter.h>
 #include <ProParamval.h>
+#include <ProPDF.h>
 #include <ProPopupmenu.h>
 #include <ProRelSet.h>
 #include <ProSelbuffer.h>

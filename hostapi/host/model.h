@@ -79,6 +79,11 @@ HOST_API ProError ProMdlRename(ProMdl model, WideChar* name);
 // Assumed (behaviour, 70 %): refused while something in memory needs the model
 HOST_API ProError ProMdlErase(ProMdl model);
 
+// Takes out of memory whatever no window shows and nothing shown needs, saved or not; the files
+// stay. All handles of what is gone end. PRO_TK_E_NOT_FOUND: no model is in memory.
+// Assumed (behaviour, 70 %): takes what was changed and never saved as well, without a question
+HOST_API ProError ProMdlEraseNotDisplayed();
+
 // Writes the next version of this one model into the folder that it came from, or into the working
 // folder if the option override_store_back is "yes". PRO_TK_CANT_WRITE: that cannot be done.
 HOST_API ProError ProMdlSave(ProMdl model);

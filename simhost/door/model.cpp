@@ -1,6 +1,8 @@
 // Models at the door.
 #include "hostapi/host/model.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -168,6 +170,20 @@ ProError ProMdlErase(ProMdl model) {
             session.Erase(found);
         },
         "model", name.c_str());
+}
+
+ProError ProMdlEraseNotDisplayed() {
+    return Op<"ProMdlEraseNotDisplayed">.Call([&] {
+        Session& session = TheHost().session;
+        if (session.All().empty()) Refuse(PRO_TK_E_NOT_FOUND);
+        const Session::Erased erased = session.EraseNotDisplayed();
+        std::string line =
+            fmt::format("{} models that are not displayed were erased", erased.models);
+        if (!erased.unsaved.empty()) {
+            line += fmt::format("; changed and never saved: {}", fmt::join(erased.unsaved, ", "));
+        }
+        TheHost().Tell(line);
+    });
 }
 
 ProError ProMdlSave(ProMdl model) {

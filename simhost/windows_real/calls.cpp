@@ -246,6 +246,25 @@ BOOL WINAPI CopyOfFile(const WideChar* from, const WideChar* to, BOOL failIfExis
         "failIfExists", failIfExists);
 }
 
+BOOL WINAPI MoveWide(const WideChar* from, const WideChar* to) {
+    Operation& op = Op<"MoveFileW">;
+    return op.CallOr(
+        False, [&] { return MoveFileW(from, to); }, "from", from, "to", to);
+}
+
+BOOL WINAPI MoveNarrow(const char* from, const char* to) {
+    Operation& op = Op<"MoveFileA">;
+    return op.CallOr(
+        False, [&] { return MoveFileA(from, to); }, "from", from, "to", to);
+}
+
+BOOL WINAPI MakeFolder(const WideChar* path, SECURITY_ATTRIBUTES* security) {
+    Operation& op = Op<"CreateDirectoryW">;
+    return op.CallOr(
+        False, [&] { return CreateDirectoryW(path, security); }, "path", path, "security",
+        static_cast<const void*>(security));
+}
+
 // What is done here on the way must not hide the error that is asked for.
 DWORD WINAPI LastError() {
     Operation& op = Op<"GetLastError">;
@@ -420,6 +439,9 @@ void* WatcherOf(const char* name) {
         {"PathFileExistsW",            Address(FileExists)},
         {"DeleteFileW",                Address(RemoveFile)},
         {"CopyFileW",                  Address(CopyOfFile)},
+        {"MoveFileW",                  Address(MoveWide)},
+        {"MoveFileA",                  Address(MoveNarrow)},
+        {"CreateDirectoryW",           Address(MakeFolder)},
         {"GetLastError",               Address(LastError)},
         {"CreateFileW",                Address(OpenFile)},
         {"GetFileSizeEx",              Address(FileSize)},

@@ -7,7 +7,7 @@ namespace {
 
 using namespace simhost;
 using workbench::Completion;
-using workbench::ExportBench;
+using workbench::FolderBench;
 using workbench::Names;
 
 // A command as the user meets it: how it is begun and ended, and what it says.
@@ -36,7 +36,7 @@ void PrintTo(const Command& command, std::ostream* out) {
     *out << command.name;
 }
 
-class AssemblyExport : public ExportBench, public ::testing::WithParamInterface<Command> {
+class AssemblyExport : public FolderBench, public ::testing::WithParamInterface<Command> {
 protected:
     // Presses the command, gives this answer to its prompt and reads the notice at the end.
     void Run(const std::string& answer = "@ answer C:\\Out") {
@@ -251,7 +251,7 @@ TEST_P(AssemblyExport, OntoAFullDiskKeepsWhatWasThere) {
 
 // --- The writers and their calls ---
 
-using ExportSat = ExportBench;
+using ExportSat = FolderBench;
 
 TEST_F(ExportSat, AsksForTheFormatOfTheStepCommand) {
     OpenSaved("top: a");
@@ -280,7 +280,7 @@ TEST_F(ExportSat, MakesItsCallsInTheirOrder) {
                      "ProOutputFileWrite", "ProDirectoryChange", "MessageBoxW"}));
 }
 
-class ExportIgs : public ExportBench {
+class ExportIgs : public FolderBench {
 protected:
     // The flags of each inclusion record, as they were set.
     Names Flags() {

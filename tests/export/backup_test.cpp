@@ -10,10 +10,10 @@ namespace {
 
 using namespace simhost;
 using workbench::Completion;
-using workbench::ExportBench;
+using workbench::FolderBench;
 using workbench::Names;
 
-class Backup : public ExportBench {
+class Backup : public FolderBench {
 protected:
     // Presses the command, chooses this folder and reads the notice at the end.
     void Run(const std::string& folder = "C:\\Out") {

@@ -10,7 +10,7 @@
 
 namespace workbench {
 
-class ExportBench : public ObservedBench {
+class FolderBench : public ObservedBench {
 protected:
     void SetUp() override {
         Start();

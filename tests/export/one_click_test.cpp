@@ -6,15 +6,15 @@
 namespace {
 
 using namespace simhost;
-using workbench::ExportBench;
+using workbench::FolderBench;
 using workbench::Names;
 
 constexpr const char* kDesktop = "C:\\Users\\Designer\\Desktop";
 
-class OneClick : public ExportBench {
+class OneClick : public FolderBench {
 protected:
     void SetUp() override {
-        ExportBench::SetUp();
+        FolderBench::SetUp();
         MakeFolder(kDesktop);
     }
     // A drawing with so many sheets, each with its number as a note; open.

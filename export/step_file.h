@@ -1,8 +1,7 @@
 // STEP files, as the commands of this room have them written.
 #pragma once
 
-#include "frame/services/text.h"
-#include "hostapi/host.h"
+#include "frame/services.h"
 
 // Lets the host write a part or an assembly as STEP into a file of this very name. A status is not
 // told.

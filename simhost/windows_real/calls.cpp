@@ -246,10 +246,31 @@ BOOL WINAPI CopyOfFile(const WideChar* from, const WideChar* to, BOOL failIfExis
         "failIfExists", failIfExists);
 }
 
+// A path without a folder lies in that of the process, which is a host's working directory; here
+// only for a call, since nobody can remove the folder in which a process works.
+class InWorkingDirectory {
+public:
+    InWorkingDirectory() {
+        GetCurrentDirectoryW(MAX_PATH, before_);
+        SetCurrentDirectoryW(Real().host().workingDirectory.c_str());
+    }
+    ~InWorkingDirectory() { SetCurrentDirectoryW(before_); }
+    InWorkingDirectory(const InWorkingDirectory&) = delete;
+    InWorkingDirectory& operator=(const InWorkingDirectory&) = delete;
+
+private:
+    wchar_t before_[MAX_PATH] = {};
+};
+
+BOOL MoveThere(const WideChar* from, const WideChar* to) {
+    const InWorkingDirectory here;
+    return MoveFileW(from, to);
+}
+
 BOOL WINAPI MoveWide(const WideChar* from, const WideChar* to) {
     Operation& op = Op<"MoveFileW">;
     return op.CallOr(
-        False, [&] { return MoveFileW(from, to); }, "from", from, "to", to);
+        False, [&] { return MoveThere(from, to); }, "from", from, "to", to);
 }
 
 BOOL WINAPI MoveNarrow(const char* from, const char* to) {

@@ -1,46 +1,14 @@
-// The exports of one click from outside: where the files go, what they are named, and how little
-// is said.
+// VxExportDwg from outside: where the files go, what they are named, and how little is said.
+#include "simhost/core/disk.h"
 #include "simhost/model/drawing.h"
-#include "tests/export/folders.h"
+#include "tests/export/one_click.h"
 
 namespace {
 
 using namespace simhost;
-using workbench::FolderBench;
+using workbench::kDesktop;
 using workbench::Names;
-
-constexpr const char* kDesktop = "C:\\Users\\Designer\\Desktop";
-
-class OneClick : public FolderBench {
-protected:
-    void SetUp() override {
-        FolderBench::SetUp();
-        MakeFolder(kDesktop);
-    }
-    // A drawing with so many sheets, each with its number as a note; open.
-    Model& OpenDrawing(int sheets, const std::string& name = "plan") {
-        Model& drawing = workbench::MakeModel(name, PRO_MDL_DRAWING);
-        for (int i = 0; i < sheets; ++i) drawing.drawingData.sheets.emplace_back();
-        Open(drawing);
-        return drawing;
-    }
-    // The calls of a command and of the lines after it.
-    Names CallsOf(const std::string& command, const std::string& then = "") {
-        Record();
-        Play("~ Command `" + command + "`\n" + then);
-        return CallsOfTheAction();
-    }
-    // What the calls of an operation were given as their file.
-    Names Paths(const std::string& operation, const std::string& argument) {
-        Names paths;
-        for (const std::string& line : Lines(operation)) {
-            const std::size_t from = line.find(argument + "=\"") + argument.size() + 2;
-            paths.push_back(line.substr(from, line.find('"', from) - from));
-        }
-        return paths;
-    }
-    Names Desktop() { return FilesOf(kDesktop); }
-};
+using workbench::OneClick;
 
 // --- VxExportDwg: where to ---
 
@@ -213,6 +181,22 @@ TEST_F(ExportDwg, DoesNotHandThePathThatNoRecordHolds) {
     EXPECT_EQ(Files(), Names{});
 }
 
+TEST_F(ExportDwg, KeepsTheFileThatAnotherProgramHoldsOrThatAFullDiskHas) {
+    Setting("VxExportDwgDIr", "deskTop");
+    OpenDrawing(1);
+    const std::string file = std::string(kDesktop) + "\\PLAN.dwg";
+    Write(Wide(file), "old");
+    Play("@ hold " + file);
+    Press();
+    EXPECT_EQ(Bytes(file), "old");
+    Play("@ let go " + file);
+    LimitDisk(1);
+    Press();
+    LimitDisk({});
+    EXPECT_EQ(Bytes(file), "old");
+    EXPECT_EQ(Desktop(), Names{"PLAN.dwg"});
+}
+
 // --- VxExportDwg: the format, and the order of calls ---
 
 TEST_F(ExportDwg, ChoosesAFormatWhereNoneIsChosenEvenIfNothingIsWritten) {
@@ -261,132 +245,6 @@ TEST_F(ExportDwg, OfAPartAsksAndFindsNoSheets) {
     EXPECT_EQ(Lines("ProDrawingSheetsCount").size(), 1u);
     EXPECT_EQ(Files(), Names{});
     EXPECT_EQ(Boxes(), Names{});
-}
-
-// --- VxExportStp ---
-
-class ExportStp : public OneClick {
-protected:
-    Names Press(const std::string& then = "") { return CallsOf("VxExportStp", then); }
-    Names Files() { return Paths("ProOutputFileWrite", "file"); }
-    std::string Message() { return Utf8(host().messages.last()); }
-};
-
-constexpr const char* kExported = "STP 模型已导出";
-
-TEST_F(ExportStp, PutsAPartOntoTheDesktopAndSaysSoInTheMessageLine) {
-    for (const char* value : {"deskTop", "DESKTOP", " desk top"}) {
-        Setting("VxExportStpDir", value);
-        Open(Part("plate"));
-        Press();
-        EXPECT_EQ(Desktop(), Names{"PLATE.stp"}) << value;
-        EXPECT_EQ(Message(), kExported) << value;
-        std::filesystem::remove(Real(std::string(kDesktop) + "\\PLATE.stp"));
-        Play("@ close\n@ erase plate.prt");
-    }
-    EXPECT_EQ(Boxes(), Names{});
-}
-
-TEST_F(ExportStp, AsksForAnyOtherDestination) {
-    Open(Part("plate"));
-    for (const char* value : {"", "byUser", "elsewhere"}) {
-        Setting("VxExportStpDir", value);
-        Press("@ answer C:\\Out");
-        EXPECT_EQ(Paths("ProDirectoryChoose", "title"), Names{"请选择STP文件导出位置"}) << value;
-        EXPECT_EQ(Files(), Names{"C:\\Out\\PLATE.stp"}) << value;
-    }
-    EXPECT_EQ(FilesOf("C:\\Out"), Names{"PLATE.stp"});
-    EXPECT_EQ(Directory(), "C:\\Work");
-}
-
-TEST_F(ExportStp, AsksWithoutSettings) {
-    std::filesystem::remove(Real("C:\\Plug-in\\VXconfig\\VxConfig.ini"));
-    Open(Part("plate"));
-    Press("@ answer C:\\Out");
-    EXPECT_EQ(FilesOf("C:\\Out"), Names{"PLATE.stp"});
-}
-
-TEST_F(ExportStp, EndsInSilenceWhenThePromptIsLeft) {
-    Open(Part("plate"));
-    const std::string before = Message();
-    Press("@ quit");
-    EXPECT_EQ(Files(), Names{});
-    EXPECT_EQ(Message(), before);
-}
-
-TEST_F(ExportStp, GoesOnWithNoFolderAfterAPromptThatFailsOtherwise) {
-    Open(Part("plate"));
-    Fail("ProDirectoryChoose");
-    Press();
-    EXPECT_EQ(Files(), Names{"\\PLATE.stp"});
-    EXPECT_EQ(Message(), kExported);
-}
-
-TEST_F(ExportStp, MakesItsCallsInTheirOrder) {
-    Open(Part("plate"));
-    EXPECT_EQ(Press("@ answer C:\\Out"),
-              (Names{"ProMdlCurrentGet", "ProMdlTypeGet", "ProMdlNameGet", "GetModuleHandleW",
-                     "GetModuleFileNameW", "GetPrivateProfileStringW", "ProDirectoryChoose",
-                     "ProOutputFileWrite", "ProMessageDisplay"}));
-    EXPECT_EQ(Lines("ProOutputFileWrite"),
-              Names{"ProOutputFileWrite(model=plate.prt, file=\"C:\\Out\\PLATE.stp\", format=22, "
-                    "first=null, second=null, third=null, fourth=null) = 0"});
-}
-
-TEST_F(ExportStp, WritesAnAssemblyIntoOneFile) {
-    Open(workbench::MakeModels("top: a, sub(b)"));
-    Press("@ answer C:\\Out");
-    EXPECT_EQ(FilesOf("C:\\Out"), Names{"TOP.stp"});
-}
-
-TEST_F(ExportStp, TakesTheAssemblyOfAManufacturingModelAndItsName) {
-    Open(workbench::MakeModels("mill.mfg: top(a)"));
-    Press("@ answer C:\\Out");
-    EXPECT_EQ(FilesOf("C:\\Out"), Names{"TOP.stp"});
-}
-
-TEST_F(ExportStp, OfAManufacturingModelWithoutAnAssemblyWritesNothingAndTellsAllTheSame) {
-    Open(workbench::MakeModels("mill.mfg: top(a)"));
-    Fail("ProMfgAssemGet");
-    Press("@ answer C:\\Out");
-    EXPECT_EQ(Files(), Names{});
-    EXPECT_EQ(Lines("ProMdlNameGet"), Names{});
-    EXPECT_EQ(Message(), kExported);
-}
-
-TEST_F(ExportStp, HandsADrawingToTheWriterWhereTheRuleIsGoneRound) {
-    Setting("VxExportStpDir", "deskTop");
-    OpenDrawing(1);
-    EXPECT_EQ(host().commands.Access("VxExportStp"), ACCESS_INVISIBLE);
-    Record();
-    Play("@ mapped key VxExportStp");
-    Recorded();
-    ASSERT_EQ(Files(), Names{std::string(kDesktop) + "\\PLAN.stp"});
-    EXPECT_NE(Lines("ProOutputFileWrite").at(0).find(") = -2"), std::string::npos);
-    EXPECT_EQ(Desktop(), Names{});
-    EXPECT_EQ(Message(), kExported);
-}
-
-TEST_F(ExportStp, TellsOfAnExportEvenIfNothingWasWritten) {
-    Open(Part("plate"));
-    Write(WIDE("C:\\Out\\PLATE.stp"), "old");
-    Play("@ hold C:\\Out\\PLATE.stp");
-    Press("@ answer C:\\Out");
-    EXPECT_EQ(Bytes("C:\\Out\\PLATE.stp"), "old");
-    EXPECT_EQ(Message(), kExported);
-    Play("@ let go C:\\Out\\PLATE.stp");
-}
-
-TEST_F(ExportStp, DoesNothingAtAllWithoutAModel) {
-    Record();
-    Play("@ mapped key VxExportStp");
-    EXPECT_EQ(Recorded(), Names{"ProMdlCurrentGet"});
-}
-
-TEST_F(ExportStp, TakesANameAsItIsAndNotAsAFormat) {
-    Open(Part("50%D%S 轴"));
-    Press("@ answer C:\\Out");
-    EXPECT_EQ(FilesOf("C:\\Out"), Names{"50%D%S 轴.stp"});
 }
 
 }  // namespace

@@ -313,6 +313,33 @@ TEST_F(Backup, IntoAReadOnlyFolderTellsEachFileAndEndsAsIfAllHadGoneWell) {
     std::filesystem::permissions(Real("C:\\Out"), std::filesystem::perms::owner_all);
 }
 
+TEST_F(Backup, OntoAFullDiskKeepsTheCopiesThatAreThereAndLeavesNoHalves) {
+    OpenSaved("top: a");
+    Run();
+    const std::string before = Bytes("C:\\Out\\a.prt.1");
+    host().session.FindByFile("a.prt")->relations.initial.emplace().push_back(WIDE("X = 1"));
+    LimitDisk(1);
+    Run();
+    LimitDisk({});
+    EXPECT_EQ(FilesOf("C:\\Out"), (Names{"a.prt.1", "top.asm.1"}));
+    EXPECT_EQ(Bytes("C:\\Out\\a.prt.1"), before);
+    bool told = false;
+    for (const Shown& one : host().shown) {
+        told = told || Utf8(one.text).starts_with("a.prt is not saved in C:\\Out: a.prt.2: ");
+    }
+    EXPECT_TRUE(told);
+}
+
+TEST_F(Backup, GoesBesideACopyThatAnotherProgramHolds) {
+    OpenSaved("top: a");
+    Run();
+    host().session.FindByFile("a.prt")->relations.initial.emplace().push_back(WIDE("X = 1"));
+    Play("@ hold C:\\Out\\a.prt.1");
+    Run();
+    EXPECT_EQ(FilesOf("C:\\Out"), (Names{"a.prt.1", "a.prt.2", "top.asm.1"}));
+    Play("@ let go C:\\Out\\a.prt.1");
+}
+
 TEST_F(Backup, PassesOverAModelWhoseRecordIsNotToBeHad) {
     Model& top = OpenSaved("top: a");
     std::vector<Model*> models = {&top, host().session.FindByFile("a.prt")};

@@ -130,6 +130,8 @@ constexpr DialogJob kDialogJobs[] = {
      "~ Activate `SetUnit` `ApplyBt`\n@ ok\n~ Activate `SetUnit` `Close`"},
     {"SetMat", "~ Command `SetMat`\n@ answer C:\\Files\\steel.mtl\n@ ok"},
     {"SetBendTable", "~ Command `SetBendTable`\n@ answer C:\\Files\\soft.bnd\n@ ok"},
+    {"VxExStp", "~ Command `VxExStp`\n@ answer C:\\Files\n@ ok"},
+    {"VxBackup", "~ Command `VxBackup`\n@ answer C:\\Files\n@ ok"},
     {"RenameOpen", "~ Command `VxRename`\n~ Close `VxRename`"},
     {"TweViews",
      "~ Command `TweViews`\n~ Select `TweViews` `ViewsRadio` 1 `twelve`\n"

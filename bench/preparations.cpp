@@ -85,6 +85,12 @@ void WriteMaterials(const Workplace& workplace, int) {
 // The model is of no matter.
 void Nothing(const Workplace&, int) {}
 
+// A folder for what goes out, which the host only thinks through.
+void MakeFolderWithoutWriters(const Workplace& workplace, int) {
+    fs::create_directories(workplace.Real(WIDE("C:\\Files")));
+    TheHost().writesOutput = false;
+}
+
 // Each component has one constraint.
 void ConstrainAll(const Workplace&, int) {
     Constraint fixed;
@@ -249,6 +255,8 @@ constexpr Preparation kPreparations[] = {
     {"IsolatePicks", SelectOneAgainAndAgain, kFew, "VxIsolate"},
     {"FreeNames", TakeNames, kFew, "NewPart"},
     {"VxRemoveCons", ConstrainAll},
+    {"VxExStp", MakeFolderWithoutWriters},
+    {"VxBackup", MakeFolderWithoutWriters},
     {"VxBox", PickPartsOfManySurfaces, kFew},
     {"VxMergeTo", ActivateTheLastPart},
     {"VxDrwScaleCheck", WriteDrawings, kHandful},

@@ -1,16 +1,12 @@
 // Drawings as files of a folder, and as what the host makes of them.
 #include "drawing/folder_drawings.h"
 
+#include <utility>
+
 HostArray<ProPath> DrawingsOfWorkingDirectory() {
-    ProPath* files = nullptr;
-    ProPath* inside = nullptr;
-    const WideText filter = Widen("*.drw");
-    ProFilesList(nullptr, HostText(filter), PRO_FILE_LIST_LATEST, &files, &inside);
-    HostArray<ProPath> drawings, folders;
-    drawings.Adopt(files);
-    folders.Adopt(inside);
-    if (drawings.Size() == 0) ShowPlainError(WIDE("当前工作目录下无工程图"));
-    return drawings;
+    FileList list = ListFiles(Widen("*.drw"));
+    if (list.count == 0) ShowPlainError(WIDE("当前工作目录下无工程图"));
+    return std::move(list.files);
 }
 
 WideText ModelNameOf(WideView path) {
@@ -30,10 +26,4 @@ DrawingWithViews FetchDrawing(WideView path) {
     fetched.views.Adopt(views);
     fetched.count = fetched.views.Size();
     return fetched;
-}
-
-int SheetOf(ProDrawing drawing, ProView view) {
-    int sheet = 0;
-    ProDrawingViewSheetGet(drawing, view, &sheet);
-    return sheet;
 }

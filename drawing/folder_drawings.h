@@ -19,6 +19,3 @@ struct DrawingWithViews {
 };
 // Fetches the drawing; without views (count 0) where it cannot be fetched or has none.
 DrawingWithViews FetchDrawing(WideView path);
-
-// The sheet that a view is on; 0 where the host does not say.
-int SheetOf(ProDrawing drawing, ProView view);

@@ -42,18 +42,6 @@ void DeleteFormatTables(ProDrawing drawing, int sheet) {
     }
 }
 
-// What the first view on the sheet shows; without one, or where the host does not say, `before`.
-ProSolid SolidOnSheet(const DrawingWithViews& each, int sheet, ProSolid before) {
-    for (int i = 0; i < each.count; ++i) {
-        ProView view = each.views.data()[i];
-        if (SheetOf(each.drawing, view) != sheet) continue;
-        ProSolid solid = nullptr;
-        ProDrawingViewSolidGet(each.drawing, view, &solid);
-        return solid ? solid : before;
-    }
-    return before;
-}
-
 void ReplaceFormats(WideView path, ProMdl format) {
     const DrawingWithViews each = FetchDrawing(path);
     if (each.count == 0) return;
@@ -67,7 +55,7 @@ void ReplaceFormats(WideView path, ProMdl format) {
     ProSolid solid = solids.Size() > 0 ? solids.data()[0] : nullptr;
     for (int sheet = 1; sheet <= sheets; ++sheet) {
         ProDrawingCurrentSheetSet(each.drawing, sheet);
-        solid = SolidOnSheet(each, sheet, solid);
+        solid = SolidOnSheet(each.drawing, each.views.data(), each.count, sheet, solid);
         if (solid) ProDrawingCurrentsolidSet(each.drawing, solid);
         DeleteFormatTables(each.drawing, sheet);
         ProDrawingFormatAdd(each.drawing, sheet, solid, format, 0);

@@ -5,6 +5,7 @@
 #include "construct/commands.h"
 #include "display/commands.h"
 #include "drawing/commands.h"
+#include "export/commands.h"
 #include "frame/access.h"
 #include "frame/command_row.h"
 #include "frame/config.h"
@@ -16,7 +17,7 @@
 // Help key and icon follow the name: BatchColor alone has others, and AboutVx another icon.
 constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxOpenDir">              (Command<VxOpenDir>,       AccessAlways),
-    Row<"VxBackup">               (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxBackup">               (Command<VxBackup>,        AccessAssemblyOrMfg),
     Row<"NewPart">                (Command<NewPart>,         AccessAssemblyOrMfg),
     Row<"NewAsm">                 (Command<NewAsm>,          AccessAssemblyOrMfg),
     Row<"NewSmt">                 (Command<NewSmt>,          AccessAssemblyOrMfg),
@@ -43,9 +44,9 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxMergeTo">              (Command<VxMergeTo>,       AccessAssemblyOrMfg),
     Row<"TweViews">               (Command<TweViews>,        AccessSolidOrMfg),
     Row<"NewDraw">                (Command<NewDraw>,         AccessSolidOrMfg),
-    Row<"VxExStp">                (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"VxExIgs">                (NotBuilt,                 AccessAssemblyOrMfg),
-    Row<"VxExSat">                (NotBuilt,                 AccessAssemblyOrMfg),
+    Row<"VxExStp">                (Command<VxExStp>,         AccessAssemblyOrMfg),
+    Row<"VxExIgs">                (Command<VxExIgs>,         AccessAssemblyOrMfg),
+    Row<"VxExSat">                (Command<VxExSat>,         AccessAssemblyOrMfg),
     Row<"VxBom">                  (Command<VxBom>,           AccessAssemblyOrMfg),
     Row<"VxRename">               (Command<VxRename>,        AccessAssemblyOrMfg),
     Row<"VxRemoveCons">           (Command<VxRemoveCons>,    AccessAssemblyOrMfg),
@@ -57,11 +58,11 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxDrwScaleCheck">        (Command<VxDrwScaleCheck>, AccessAlways),
     Row<"VxSimRep">               (Command<VxSimRep>,        AccessAssemblyOrMfg),
     Row<"VxBox">                  (Command<VxBox>,           AccessAssemblyOrMfg),
-    Row<"VxExportDwg">            (NotBuilt,                 AccessDrawing),
-    Row<"VxExportPdf">            (NotBuilt,                 AccessDrawing),
+    Row<"VxExportDwg">            (Command<VxExportDwg>,     AccessDrawing),
+    Row<"VxExportPdf">            (Command<VxExportPdf>,     AccessDrawing),
     Row<"VxMdlNameCopy">          (Command<VxMdlNameCopy>,   AccessAssemblyOrMfg),
     Row<"VxMdlRename">            (Command<VxMdlRename>,     AccessAssemblyOrMfg),
-    Row<"VxExportStp">            (NotBuilt,                 AccessSolidOrMfg),
+    Row<"VxExportStp">            (Command<VxExportStp>,     AccessSolidOrMfg),
     Row<"VxUpdateSheetScale">     (Command<VxUpdateSheetScale>, AccessDrawing),
     Row<"VxUpdateMainViewScale">  (Command<VxUpdateMainViewScale>, AccessDrawing),
     Row<"VxSingleDim">            (Command<VxSingleDim>,     AccessDrawing),

@@ -29,6 +29,7 @@
 #include <ProGeomitemdata.h>
 #include <ProMaterial.h>
 #include <ProGroup.h>
+#include <ProIntf3Dexport.h>
 #include <ProMdl.h>
 #include <ProMenuBar.h>
 #include <ProMessage.h>
@@ -38,6 +39,7 @@
 #include <ProNotify.h>
 #include <ProParameter.h>
 #include <ProParamval.h>
+#include <ProPDF.h>
 #include <ProPopupmenu.h>
 #include <ProRelSet.h>
 #include <ProSelbuffer.h>

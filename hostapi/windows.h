@@ -191,6 +191,15 @@ HOST_API BOOL DeleteFileW(const WideChar* path);
 // also where there is a file of the new path.
 HOST_API BOOL CopyFileW(const WideChar* from, const WideChar* to, BOOL failIfExists);
 
+// Give a file another path, on another volume if need be. The same path, also in other letters,
+// keeps the file. FALSE on failure, which GetLastError tells: above all where there is something of
+// the new path. The narrow ones are in the system code page.
+HOST_API BOOL MoveFileW(const WideChar* from, const WideChar* to);
+HOST_API BOOL MoveFileA(const char* from, const char* to);
+
+// Makes a folder in a folder that is there. FALSE on failure, which GetLastError tells.
+HOST_API BOOL CreateDirectoryW(const WideChar* path, void* security);
+
 // --- File dialogs -----------------------------------------------------------------------------
 
 #define OFN_OVERWRITEPROMPT 0x2u

@@ -34,14 +34,17 @@ set(package "${FOLDER}/${name}")
 file(REMOVE_RECURSE "${package}")
 configure_file("${MODULE}" "${package}/vorlatix5.1.dll" COPYONLY)
 
-# Settings and palettes, texts and dialogs. The drawing template in tp/ and the group in vxudf/ are
-# files of the simulated host, and no other could read them.
+# Settings and palettes, texts and dialogs. The drawing template in tp/, the group in vxudf/ and the
+# profile of PDF files are files of the simulated host, and no other could read them.
 set(folders VXconfig text)
 if(simulated)
     list(APPEND folders tp vxudf)
 endif()
 foreach(each IN LISTS folders)
     file(GLOB_RECURSE files RELATIVE "${root}" "${root}/${each}/*")
+    if(NOT simulated)
+        list(FILTER files EXCLUDE REGEX "\\.dop$")
+    endif()
     if(NOT files)
         message("package: ${each}/ is still empty and left out")
     endif()

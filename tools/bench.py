@@ -15,7 +15,7 @@ import tempfile
 
 JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", "VxMdlCount",
         "SetMat", "SetBendTable", "SetUnit", "VxIsolate", "IsolatePicks", "FreeNames",
-        "VxRemoveCons", "VxBox", "VxMergeTo",
+        "VxRemoveCons", "VxExStp", "VxBackup", "VxBox", "VxMergeTo",
         "VxHideReverse", "VxShowAllComp",
         "BomFlat", "BomLevels", "RenameOpen", "RenameLoad", "RenameCheck", "TweViews",
         "VxDrwScaleCheck", "VxFrmReplace", "DimTolerance", "VxSingleDim",
@@ -25,7 +25,8 @@ EXPORT_ROWS = [1_000, 50_000]
 SIZES = [10_000, 100_000, 1_000_000]
 SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
            "IsolatePicks", "SetMat", "SetBendTable", "SetUnit",
-           "FreeNames", "VxRemoveCons", "VxMergeTo", "RenameOpen"]  # without the largest size
+           "FreeNames", "VxRemoveCons", "VxExStp", "VxBackup", "VxMergeTo",
+           "RenameOpen"]  # without the largest size
 # Not occurrences: picks of parts with 102 surfaces, drawings of 4 sheets, dimensions, rows.
 OTHER_SIZES = {"VxBox": [1_000, 10_000], "VxDrwScaleCheck": [100, 1_000],
                "VxFrmReplace": [100, 1_000], "DimTolerance": [1_000, 10_000],

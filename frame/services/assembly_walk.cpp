@@ -86,6 +86,11 @@ ProError VisitSheetMetalComponents(ProFeature* feature, ProError, ProAppData dat
     return PRO_TK_NO_ERROR;
 }
 
+ProError VisitDirectComponents(ProFeature* feature, ProError, ProAppData data) noexcept {
+    if (IsShown(feature)) AppendTo(data, feature);
+    return PRO_TK_NO_ERROR;
+}
+
 ComponentArray ComponentCollector(ProMdl top, ProFeatureVisitAction visitor,
                                   ProFeatureFilterAction filter) {
     ComponentArray components;

@@ -27,6 +27,8 @@ ProError VisitAllComponents(ProFeature* feature, ProError status, ProAppData dat
 ProError VisitPartComponents(ProFeature* feature, ProError status, ProAppData data) noexcept;
 ProError VisitAsmComponents(ProFeature* feature, ProError status, ProAppData data) noexcept;
 ProError VisitSheetMetalComponents(ProFeature* feature, ProError status, ProAppData data) noexcept;
+// The same without the descent: what lies in the assembly itself.
+ProError VisitDirectComponents(ProFeature* feature, ProError status, ProAppData data) noexcept;
 
 // Walks from `top`. The array is empty for a part, and after a failure holds what was found before.
 ComponentArray ComponentCollector(ProMdl top, ProFeatureVisitAction visitor,

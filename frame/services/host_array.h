@@ -10,6 +10,13 @@ public:
     HostArray(const HostArray&) = delete;
     HostArray& operator=(const HostArray&) = delete;
     HostArray(HostArray&& other) noexcept : array_(other.array_) { other.array_ = nullptr; }
+    HostArray& operator=(HostArray&& other) noexcept {
+        if (this == &other) return *this;
+        Free();
+        array_ = other.array_;
+        other.array_ = nullptr;
+        return *this;
+    }
     ~HostArray() { Free(); }
 
     // Makes it an empty array that grows by one element.

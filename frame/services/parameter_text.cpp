@@ -5,6 +5,8 @@
 #include <string>
 
 #include "frame/services/fixed_text.h"
+#include "frame/services/host_record.h"
+#include "frame/services/parameters.h"
 #include "frame/services/text.h"
 
 namespace {
@@ -17,6 +19,12 @@ WideText ThreeDecimals(double number) {
     return WideText(digits, end);
 }
 
+std::optional<WideText> YesOrNo(short flag) {
+    if (flag == 1) return WIDE("是");
+    if (flag == 0) return WIDE("否");
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<WideText> ParameterText(const ProParamvalue& value) {
@@ -24,7 +32,18 @@ std::optional<WideText> ParameterText(const ProParamvalue& value) {
         case PRO_PARAM_DOUBLE: return ThreeDecimals(value.value.d_val);
         case PRO_PARAM_STRING: return TextIn(value.value.s_val);
         case PRO_PARAM_INTEGER: return Digits(value.value.i_val);
-        case PRO_PARAM_BOOLEAN: return value.value.l_val ? WIDE("是") : WIDE("否");
+        case PRO_PARAM_BOOLEAN: return YesOrNo(value.value.l_val);
         default: return std::nullopt;
     }
+}
+
+std::optional<WideText> ReadParameterText(ProModelitem* item, const WideText& name) {
+    // A cut name would be another parameter's.
+    if (name.size() >= PRO_NAME_SIZE) return std::nullopt;
+    HostRecord<ProParameter> parameter;
+    FindParameter(item, name, parameter.Place());
+    if (!parameter.IsFilled()) return std::nullopt;
+    ProParamvalue value = {};
+    ProParameterValueGet(parameter.Place(), &value);
+    return ParameterText(value);
 }

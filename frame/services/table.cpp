@@ -53,6 +53,10 @@ void Table::SetSelectionPolicy(ProUISelectionpolicy policy) const {
     ProUITableSelectionpolicySet(HostText(dialog_), HostText(name_), policy);
 }
 
+void Table::SetColumnSelectionPolicy(ProUISelectionpolicy policy) const {
+    ProUITableColumnselectionpolicySet(HostText(dialog_), HostText(name_), policy);
+}
+
 // --- Columns ---
 
 std::vector<WideText> Table::ColumnLabels() const {
@@ -111,6 +115,11 @@ std::vector<std::string> Table::RowNames() const {
     return {rows.names(), rows.names() + rows.count()};
 }
 
+std::string Table::LastRow() const {
+    const NameArray rows(ProUITableRownamesGet, dialog_, name_);
+    return rows.count() > 0 ? rows.names()[rows.count() - 1] : std::string();
+}
+
 std::string Table::FocusedRow() const {
     char* row = nullptr;
     char* column = nullptr;
@@ -126,6 +135,19 @@ std::string Table::FocusedRow() const {
 std::string Table::FirstSelectedRow() const {
     const NameArray rows(ProUITableSelectednamesGet, dialog_, name_);
     return rows.count() > 0 && rows.names()[0] ? rows.names()[0] : std::string();
+}
+
+std::vector<std::string> Table::SelectedRows() const {
+    const NameArray rows(ProUITableSelectednamesGet, dialog_, name_);
+    return {rows.names(), rows.names() + rows.count()};
+}
+
+void Table::SelectRow(const std::string& row) const {
+    ProUITableRowCellsSelect(HostText(dialog_), HostText(name_), HostText(row.c_str()));
+}
+
+void Table::DeselectRow(const std::string& row) const {
+    ProUITableRowCellsDeselect(HostText(dialog_), HostText(name_), HostText(row.c_str()));
 }
 
 bool Table::InsertRow(const std::string& after, const std::string& name) const {

@@ -16,6 +16,7 @@ public:
     void OnActivate(ProUIAction action) const;  // a double click on a cell
     void OnPick(ProUIAction action) const;      // the picking of a cell, which gets the focus
     void SetSelectionPolicy(ProUISelectionpolicy policy) const;  // of rows
+    void SetColumnSelectionPolicy(ProUISelectionpolicy policy) const;
 
     // --- Columns ---
     std::vector<WideText> ColumnLabels() const;
@@ -28,10 +29,15 @@ public:
     // --- Rows ---
     int RowCount() const;
     std::vector<std::string> RowNames() const;
+    // The last of them, whatever their number; empty without rows.
+    std::string LastRow() const;
     // The row of the cell that has the focus; empty if none has.
     std::string FocusedRow() const;
     // The first of the selected rows; empty if none is selected.
     std::string FirstSelectedRow() const;
+    std::vector<std::string> SelectedRows() const;
+    void SelectRow(const std::string& row) const;
+    void DeselectRow(const std::string& row) const;
     // Inserts a row after another; an empty `after` makes it the first. False if that failed.
     bool InsertRow(const std::string& after, const std::string& name) const;
     // Asks for the names of all rows, and deletes them if there are any.

@@ -23,6 +23,15 @@ HOST_API ProError ProFileSave(WideChar* title, WideChar* filter, ProPath* shortc
                               ProName* shortcutNames, ProPath folder, ProFileName proposed,
                               ProPath path);
 
+// Lets the user choose a folder that is there; receives its path as it was typed, with or without a
+// separator at its end. The shortcuts may be null; a null or empty default folder is the working
+// directory. PRO_TK_USER_ABORT: the user left the dialog.
+// Assumed (parameters, 80 %): in the order title, shortcut paths, shortcut names, default folder,
+//   path
+// Assumed (behaviour, 60 %): the path has no separator at its end unless it is the top of a drive
+HOST_API ProError ProDirectoryChoose(WideChar* title, ProPath* shortcutPaths,
+                                     ProName* shortcutNames, ProPath folder, ProPath path);
+
 // Splits a full path: receives the folder with a separator at its end, the file's name without
 // extension and version, the extension without its dot, and the version (0: none). A name of 32
 // characters fills its record to the end, without a terminator.

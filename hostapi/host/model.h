@@ -79,9 +79,24 @@ HOST_API ProError ProMdlRename(ProMdl model, WideChar* name);
 // Assumed (behaviour, 70 %): refused while something in memory needs the model
 HOST_API ProError ProMdlErase(ProMdl model);
 
+// Takes out of memory whatever no window shows and nothing shown needs, saved or not; the files
+// stay. All handles of what is gone end. PRO_TK_E_NOT_FOUND: no model is in memory.
+// Assumed (behaviour, 70 %): takes what was changed and never saved as well, without a question
+HOST_API ProError ProMdlEraseNotDisplayed();
+
 // Writes the next version of this one model into the folder that it came from, or into the working
 // folder if the option override_store_back is "yes". PRO_TK_CANT_WRITE: that cannot be done.
 HOST_API ProError ProMdlSave(ProMdl model);
+
+// Writes the model, as it is in memory, and all that it needs into the folder of the record's path,
+// each as the next version there; what lies there with the same bytes is not written again. The
+// record is the one of ProMdlDataGet with another path: one without a drive lies on its device. The
+// model in memory goes on belonging to the folder that it came from.
+// PRO_TK_BAD_INPUTS: an empty path. PRO_TK_INVALID_DIR: no such folder. PRO_TK_CANT_WRITE: a file
+// could not be written; the user is told which.
+// Assumed (behaviour, 50 %): takes the whole path, with its drive, in the path's field, whatever
+//   the device's field says
+HOST_API ProError ProMdlBackup(ProMdl model, ProMdldata* data);
 
 // Whether the model may be changed. `checkAll`: also asks what a release or a workspace says.
 // Assumed (behaviour, 30 %): the flag, set to 1, asks to look at everything. If it means "show a

@@ -21,6 +21,18 @@ HOST_API ProError ProWindowCurrentGet(int* window);
 //   most 31 characters, and newer kits have another call for longer ones
 HOST_API ProError ProObjectwindowCreate(ProName name, ProType type, int* window);
 
+// Receives the model that a window shows. PRO_TK_BAD_INPUTS: no such window.
+// Assumed (parameters, 80 %): takes the id and the place for the model
+HOST_API ProError ProWindowMdlGet(int window, ProMdl* model);
+
+// Takes a window away; what it showed stays in memory. PRO_TK_BAD_CONTEXT: it is the current one.
+// PRO_TK_BAD_INPUTS: no such window.
+HOST_API ProError ProWindowDelete(int window);
+
+// Closes the current window; then none is the current one. PRO_TK_BAD_CONTEXT: none is.
+// Assumed (behaviour, 60 %): asks the user nothing, and no other window becomes the current one
+HOST_API ProError ProWindowCurrentClose();
+
 // Makes a window the one that commands work on. PRO_TK_BAD_INPUTS: no such window.
 HOST_API ProError ProWindowCurrentSet(int window);
 

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 
 #include "simhost/app/demo_drive.h"
@@ -42,15 +43,19 @@ std::string CopyTo(const fs::path& out, const fs::path& file, Report* report) {
 
 // A person would do this in another program. Quoted for the shell; the system's own Python, which
 // has the libraries.
-std::string WorkOn(const fs::path& script, const fs::path& file) {
+// `told` is where its output lies meanwhile.
+std::string WorkOn(const fs::path& script, const fs::path& file, const fs::path& told) {
     if (!fs::is_regular_file(script)) return "there is no script " + script.string();
     std::string command = "/usr/bin/python3";
-    for (const fs::path& argument : {script, file}) {
-        command += " '";
-        for (const char c : argument.string())
+    const auto append = [&command](const char* before, const fs::path& path) {
+        command += before;
+        for (const char c : path.string())
             command += c == '\'' ? std::string("'\\''") : std::string(1, c);
         command += '\'';
-    }
+    };
+    append(" '", script);
+    append(" '", file);
+    append(" > '", told);
     return std::system(command.c_str()) == 0 ? "" : script.filename().string() + " has failed";
 }
 
@@ -89,14 +94,21 @@ int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& ou
         return Draw(file, asOnScreen, whole, &report);
     };
     TheHooks().handOut = [&](const fs::path& file) { return CopyTo(whole, file, &report); };
-    TheHooks().script = [&](const std::string& name, const fs::path& file) {
-        return WorkOn(script.parent_path() / name, file);
-    };
-    TheHooks().title = [&](const std::string& title) { report.Begin(title); };
-    const auto failures = RunScript(kStart + lines, [&](const std::string& line) {
+    const auto tell = [&](const std::string& line) {
         print(line);
         report.Line(line);
-    });
+    };
+    TheHooks().script = [&](const std::string& name, const fs::path& file) {
+        const fs::path told = whole / "script.out";
+        const std::string problem = WorkOn(script.parent_path() / name, file, told);
+        std::istringstream output(ReadFile(told));
+        for (std::string line; std::getline(output, line);) tell("    " + line);
+        std::error_code ignored;
+        fs::remove(told, ignored);
+        return problem;
+    };
+    TheHooks().title = [&](const std::string& title) { report.Begin(title); };
+    const auto failures = RunScript(kStart + lines, tell);
     workplace.StopPlugin();
     TheHooks() = {};
     drive.NoteFiles();

@@ -18,6 +18,9 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
      "each pass leaves its senses to the host"},
     {"command VxSingleDim", "ProSelectionCopy", 0, "they lie in the arrays that are left"},
     {"command VxSingleDim", "ProSelectionAlloc", 0, "likewise"},
+    {"command VxExportPdf", "ProPDFoptionsAlloc", 0, "the options are left to the host"},
+    {"command VxExIgs", "ProOutputInclusionAlloc", 0, "the host has no call that frees it"},
+    {"command VxExIgs", "ProOutputLayerOptionsAlloc", 0, "likewise"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {

@@ -30,7 +30,30 @@ WideView WithoutBlanks(WideView text) {
     return text;
 }
 
+// CON, NUL, COM1 and so on lead to a device in every folder and with every ending.
+bool IsDevice(WideView name) {
+    const WideText stem = Upper(name.substr(0, name.find(WideChar{'.'})));
+    for (const WideView device : {WIDE("CON"), WIDE("PRN"), WIDE("AUX"), WIDE("NUL")}) {
+        if (stem == device) return true;
+    }
+    const bool isPort = stem.starts_with(WIDE("COM")) || stem.starts_with(WIDE("LPT"));
+    return isPort && stem.size() == 4 && stem[3] >= WideChar{'1'} && stem[3] <= WideChar{'9'};
+}
+
 }  // namespace
+
+bool IsFilePath(WideView windowsPath) {
+    constexpr std::size_t kLongest = 259;
+    // The drive's colon is the only one.
+    const WideView names = windowsPath.substr(std::min<std::size_t>(windowsPath.size(), 2));
+    if (windowsPath.size() > kLongest || names.empty()) return false;
+    const auto isForbidden = [](WideChar c) {
+        return c < WideChar{' '} || WideView(WIDE("<>:\"|?*")).find(c) != WideView::npos;
+    };
+    if (std::any_of(names.begin(), names.end(), isForbidden)) return false;
+    const WideView name = names.substr(names.find_last_of(WIDE("\\/")) + 1);
+    return !name.empty() && !IsDevice(name);
+}
 
 int SplitVersion(const std::string& name, std::string* fileName) {
     const std::size_t dot = name.rfind('.');
@@ -70,6 +93,22 @@ std::vector<NamedFile> FilesIn(const fs::path& folder) {
     files.reserve(byName.size());
     for (auto& [folded, found] : byName) files.push_back(std::move(found.file));
     return files;
+}
+
+std::vector<WideText> FoldersIn(const fs::path& folder) {
+    std::vector<WideText> names;
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code none;
+        if (!entry->is_directory(none)) continue;
+        const auto utf8 = entry->path().filename().u8string();
+        names.push_back(Wide(std::string(utf8.begin(), utf8.end())));
+    }
+    std::sort(names.begin(), names.end(), [](const WideText& a, const WideText& b) {
+        return Lower(WideView(a)) < Lower(WideView(b));
+    });
+    return names;
 }
 
 fs::path NewestFileOf(const fs::path& folder, WideView name) {

@@ -14,6 +14,10 @@ namespace simhost {
 // version comes last. The file's name comes in small letters.
 int SplitVersion(const std::string& name, std::string* fileName);
 
+// Whether a Windows path with a drive can be that of a file: shorter than Windows' limit, no letter
+// that names must not have, no separator at its end, no name of a device.
+bool IsFilePath(WideView windowsPath);
+
 // A file of a folder in its newest version; a file without a version number is older than 1.
 struct NamedFile {
     WideText name;  // as it lies there, without its version
@@ -22,6 +26,9 @@ struct NamedFile {
 
 // The files of a folder, in the order of their names whatever the case of the letters.
 std::vector<NamedFile> FilesIn(const std::filesystem::path& folder);
+
+// The names of the folders in a folder, in the same order.
+std::vector<WideText> FoldersIn(const std::filesystem::path& folder);
 
 // The newest version of a file of this name, whatever the case of the letters; empty: there is
 // none.

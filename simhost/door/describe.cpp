@@ -55,6 +55,13 @@ std::string DescribeValue(const Value& value) {
     return fmt::format("a value of the kind {}", int(*value.kind));
 }
 
+// "PDF options 0=1 1=2 5=0 25=1 28=0", by the numbers that they are set by.
+std::string TextOf(const PlotOptions& options) {
+    return fmt::format("PDF options 0={} 1={} 5={} 25={} 28={}", int(options.strokes),
+                       int(options.colours), int(options.shown), int(options.numbered25),
+                       int(options.sheets));
+}
+
 std::string DescribeHandle(const void* handle) {
     const Session& session = TheHost().session;
     switch (KindOf(handle)) {
@@ -83,6 +90,16 @@ std::string DescribeHandle(const void* handle) {
                 return found->box ? "environment with a box" : "environment without a box";
             }
             break;
+        case HandleKind::ExportData:
+            if (const ExportData* data = session.plotRecords.datas.Find(handle)) {
+                return fmt::format("option {}, sheet {}", data->option, data->sheet);
+            }
+            return "dangling export data";
+        case HandleKind::PdfOptions:
+            if (const PlotOptions* options = session.plotRecords.options.Find(handle)) {
+                return TextOf(*options);
+            }
+            return "dangling PDF options";
         case HandleKind::SimprepData:
             if (const Simprep* data = session.simprepDatas.Find(handle)) {
                 return "data of " + InQuotes(Utf8(data->name));
@@ -129,6 +146,17 @@ std::string DescribeHandle(const void* handle) {
             }
             return "dangling constraint";
         case HandleKind::View: return DescribeView(handle);
+        case HandleKind::OutputInclusion:
+            if (const OutputInclusion* inclusion =
+                    TheHost().outputRecords.inclusions.Find(handle)) {
+                return TextOf(*inclusion);
+            }
+            return "an inclusion record";
+        case HandleKind::OutputLayers:
+            if (const OutputLayers* layers = TheHost().outputRecords.layers.Find(handle)) {
+                return TextOf(*layers);
+            }
+            return "a record of layers";
         case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";

@@ -70,6 +70,20 @@ ProError ProFileSave(WideChar* title, WideChar* filter, ProPath*, ProName*, ProP
         GIVEN(title), GIVEN(filter), ARG(folder), ARG(proposed), OUT(path));
 }
 
+ProError ProDirectoryChoose(WideChar* title, ProPath* shortcutPaths, ProName* shortcutNames,
+                            ProPath folder, ProPath path) {
+    return Op<"ProDirectoryChoose">.Call(
+        [&] {
+            FileQuestion question;
+            question.title = title;
+            question.folder = StartFolder(folder);
+            question.forFolder = true;
+            question.files = FoldersIn(TheHost().disk.Real(question.folder));
+            Ask(question, path);
+        },
+        GIVEN(title), ARG(shortcutPaths), ARG(shortcutNames), ARG(folder), OUT(path));
+}
+
 ProError ProFilenameParse(ProPath path, ProPath folder, ProName name, ProName extension,
                           int* version) {
     return Op<"ProFilenameParse">.Call(

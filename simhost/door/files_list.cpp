@@ -1,7 +1,6 @@
 // What lies in a folder, at the door.
 #include "hostapi/host/files_list.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "simhost/core/file_names.h"
@@ -18,21 +17,6 @@ namespace fs = std::filesystem;
 WideText NameOf(const fs::path& path) {
     const auto utf8 = path.filename().u8string();
     return Wide(std::string(utf8.begin(), utf8.end()));
-}
-
-// The names without a folder, in the order of their letters whatever their case.
-std::vector<WideText> FoldersIn(const fs::path& folder) {
-    std::vector<WideText> names;
-    std::error_code error;
-    fs::directory_iterator entry(folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        std::error_code none;
-        if (entry->is_directory(none)) names.push_back(NameOf(entry->path()));
-    }
-    std::sort(names.begin(), names.end(), [](const WideText& a, const WideText& b) {
-        return Lower(WideView(a)) < Lower(WideView(b));
-    });
-    return names;
 }
 
 std::vector<WideText> NewestFilesIn(const fs::path& folder, WideView filter) {

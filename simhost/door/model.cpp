@@ -1,6 +1,11 @@
 // Models at the door.
 #include "hostapi/host/model.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+
 #include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/door/name_record.h"
@@ -19,6 +24,26 @@ void PutFolder(WideView folder, ProMdldata* data) {
     WideText path(folder.substr(hasDrive ? colon + 1 : 0));
     if (path.empty() || path.back() != WideChar{'\\'}) path += WideChar{'\\'};
     CopyCut(path, data->path, PRO_PATH_SIZE);
+}
+
+// What a record holds up to its terminator or its end.
+template <std::size_t Size>
+WideText TextIn(const WideChar (&record)[Size]) {
+    return WideText(record, std::find(record, record + Size, WideChar{}));
+}
+
+// The folder that a record names: a path without a drive lies on the record's device.
+WideText FolderIn(const ProMdldata& data) {
+    WideText folder = TextIn(data.path);
+    if (folder.empty()) Refuse(PRO_TK_BAD_INPUTS);
+    const bool isWhole =
+        folder.find(WideChar{':'}) != WideText::npos || folder.starts_with(WIDE("\\\\"));
+    if (!isWhole) folder = TextIn(data.device) + WIDE(":") + folder;
+    while (folder.size() > 3 && (folder.back() == '\\' || folder.back() == '/')) folder.pop_back();
+    std::error_code error;
+    const auto real = TheHost().disk.Real(folder);
+    if (real.empty() || !std::filesystem::is_directory(real, error)) Refuse(PRO_TK_INVALID_DIR);
+    return folder;
 }
 
 // Runs what may fail at a file: that is told to the user, and is this status for the plug-in.
@@ -147,6 +172,20 @@ ProError ProMdlErase(ProMdl model) {
         "model", name.c_str());
 }
 
+ProError ProMdlEraseNotDisplayed() {
+    return Op<"ProMdlEraseNotDisplayed">.Call([&] {
+        Session& session = TheHost().session;
+        if (session.All().empty()) Refuse(PRO_TK_E_NOT_FOUND);
+        const Session::Erased erased = session.EraseNotDisplayed();
+        std::string line =
+            fmt::format("{} models that are not displayed were erased", erased.models);
+        if (!erased.unsaved.empty()) {
+            line += fmt::format("; changed and never saved: {}", fmt::join(erased.unsaved, ", "));
+        }
+        TheHost().Tell(line);
+    });
+}
+
 ProError ProMdlSave(ProMdl model) {
     return Op<"ProMdlSave">.Call(
         [&] {
@@ -155,6 +194,17 @@ ProError ProMdlSave(ProMdl model) {
             OnDisk(PRO_TK_CANT_WRITE, [&] { session.Save(found); });
         },
         ARG(model));
+}
+
+ProError ProMdlBackup(ProMdl model, ProMdldata* data) {
+    return Op<"ProMdlBackup">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            Model& found = session.Require(model);
+            const WideText folder = FolderIn(*data);
+            OnDisk(PRO_TK_CANT_WRITE, [&] { session.Backup(found, folder); });
+        },
+        ARG(model), GIVEN(data));
 }
 
 ProError ProMdlIsModifiable(ProMdl model, ProBoolean checkAll, ProBoolean* modifiable) {

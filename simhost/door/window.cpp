@@ -83,6 +83,30 @@ ProError ProSolidDisplay(ProSolid solid) {
         ARG(solid));
 }
 
+ProError ProWindowMdlGet(int window, ProMdl* model) {
+    return Op<"ProWindowMdlGet">.Call([&] { *model = RequireWindow(window).model->handle; },
+                                      ARG(window), OUT(model));
+}
+
+ProError ProWindowDelete(int window) {
+    return Op<"ProWindowDelete">.Call(
+        [&] {
+            Session& session = TheHost().session;
+            Window& deleted = RequireWindow(window);
+            if (&deleted == session.current) Refuse(PRO_TK_BAD_CONTEXT);
+            session.Close(deleted);
+        },
+        ARG(window));
+}
+
+ProError ProWindowCurrentClose() {
+    return Op<"ProWindowCurrentClose">.Call([&] {
+        Session& session = TheHost().session;
+        if (!session.current) Refuse(PRO_TK_BAD_CONTEXT);
+        session.CloseCurrent();
+    });
+}
+
 ProError ProWindowCurrentSet(int window) {
     return Op<"ProWindowCurrentSet">.Call(
         [&] { TheHost().session.current = &RequireWindow(window); }, ARG(window));

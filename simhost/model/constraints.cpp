@@ -180,11 +180,11 @@ void ConstraintDrafts::ArrayFreed(const void* array) {
     lent_.erase(found);
 }
 
-void ConstraintDrafts::Forget(const Model& model) {
+void ConstraintDrafts::Forget(const GoneModels& gone) {
     const auto forget = [&](std::optional<ConstraintDraft::Reference>* reference) {
         if (!*reference) return;
         const Selection& selection = (*reference)->selection;
-        if (selection.top == &model || selection.item.owner == model.handle) reference->reset();
+        if (gone.count(selection.top) || gone.count(selection.item.owner)) reference->reset();
     };
     for (const auto& [handle, draft] : owned_) {
         forget(&draft->assembly);

@@ -65,7 +65,7 @@ public:
     void Free(const void* handle);
     void KeptIn(const void* array, std::vector<ProAsmcompconstraint> handles);
     void ArrayFreed(const void* array);
-    void Forget(const Model& model);  // references to it are gone
+    void Forget(const GoneModels& gone);  // references to them are gone
 
 private:
     HandleTable<ConstraintDraft> handles_{HandleKind::Constraint};

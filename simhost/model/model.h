@@ -141,6 +141,8 @@ public:
         if (!surfaces_.empty()) Surfaces();
     }
     bool HasSurface(int id);
+    // Those that were handed out already; none is made for the question.
+    const std::vector<std::unique_ptr<Surface>>& SurfacesSoFar() const { return surfaces_; }
 
     const Simprep* FindSimprep(WideView wanted) const;  // whatever the case of its letters
     const Simprep* ActiveSimprep() const;               // null: the master

@@ -70,9 +70,9 @@ void* Selections::NewEnvironment(bool box) {
     return environments_.Add(&ownedEnvironments_.back());
 }
 
-void Selections::Forget(const Model& model) {
+void Selections::Forget(const GoneModels& gone) {
     const auto isGone = [&](const Selection& one) {
-        return one.top == &model || one.item.owner == model.handle;
+        return gone.count(one.top) > 0 || gone.count(one.item.owner) > 0;
     };
     std::erase_if(buffer_, isGone);
     std::erase_if(owned_, [&](const auto& entry) {

@@ -17,6 +17,9 @@ namespace simhost {
 
 class Model;
 
+// Models that leave memory, each by its address and by its handle.
+using GoneModels = std::unordered_set<const void*>;
+
 // A selected item: the item itself and the way to it from the top (component ids). What is picked
 // in a view of a drawing has that model as its top which the view shows.
 struct Selection {
@@ -66,7 +69,8 @@ public:
     }
 
     // A model goes, and with it what was selected of it or below it.
-    void Forget(const Model& model);
+    // What is in these models or picked below them is gone; see Session::Erase.
+    void Forget(const GoneModels& gone);
 
 private:
     ProSelection Add(const Selection& selection);

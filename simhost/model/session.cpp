@@ -88,52 +88,6 @@ std::vector<Model*> Session::All() const {
     return all;
 }
 
-bool Session::IsInUse(const Model& model) const {
-    const std::string file = model.FileName();
-    const auto shows = [&](const auto& view) { return Lower(view->file) == file; };
-    const auto uses = [&](const Feature& feature) {
-        return feature.model == &model || (feature.merge && feature.merge->source == &model);
-    };
-    const auto needs = [&](const std::unique_ptr<Model>& other) {
-        if (other.get() == &model) return false;
-        bool onSheets = false;
-        other->drawingData.EachFile([&](std::string* each) { onSheets |= Lower(*each) == file; });
-        if (onSheets) return true;
-        if (other->manufacturingData.assembly == &model) return true;
-        if (other->family.generic == &model) return true;
-        const auto& drawing = other->drawingData.views;
-        if (drawing && std::any_of(drawing->views().begin(), drawing->views().end(), shows)) {
-            return true;
-        }
-        return std::any_of(other->features().begin(), other->features().end(), uses);
-    };
-    const auto isShown = [&](const Window& window) { return window.model == &model; };
-    return std::any_of(windows_.begin(), windows_.end(), isShown) ||
-           std::any_of(owned_.begin(), owned_.end(), needs);
-}
-
-void Session::Erase(Model& model) {
-    for (const auto& other : owned_) {
-        for (Feature& feature : other->MutableFeatures()) {
-            if (feature.model == &model) feature.model = nullptr;
-            if (feature.merge && feature.merge->source == &model) feature.merge->source = nullptr;
-        }
-        if (other->manufacturingData.assembly == &model)
-            other->manufacturingData.assembly = nullptr;
-        if (other->family.generic == &model) other->family.generic = nullptr;
-    }
-    for (Window& window : windows_) {
-        if (window.model == &model) window.model = nullptr;
-    }
-    for (const auto& surface : model.Surfaces()) surfaces_.Drop(surface->handle);
-    selections.Forget(model);
-    csyses.Forget(model);
-    constraints.Forget(model);
-    models_.Drop(model.handle);
-    byFile_.erase(model.FileName());
-    std::erase_if(owned_, [&](const auto& one) { return one.get() == &model; });
-}
-
 // --- Windows ---
 
 Window& Session::Open(Model& model) {
@@ -148,11 +102,14 @@ Window& Session::Open(Model& model) {
     return *current;
 }
 
+void Session::Close(Window& window) {
+    window.model = nullptr;
+    window.activated.clear();
+    if (current == &window) current = nullptr;
+}
+
 void Session::CloseCurrent() {
-    if (!current) return;
-    current->model = nullptr;
-    current->activated.clear();
-    current = nullptr;
+    if (current) Close(*current);
 }
 
 Window* Session::FindWindow(int id) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "simhost/core/disk.h"
@@ -18,6 +19,7 @@
 #include "simhost/model/exclusions.h"
 #include "simhost/model/model.h"
 #include "simhost/model/model_folder.h"
+#include "simhost/model/plot_records.h"
 #include "simhost/model/selections.h"
 #include "simhost/model/simprep.h"
 #include "simhost/model/udf.h"
@@ -55,6 +57,12 @@ public:
     // manufactured model, a generic, or in a view.
     bool IsInUse(const Model& model) const;
     void Erase(Model& model);  // components and windows that show it lose it
+    // Erases all that no window shows and nothing shown needs, at whatever depth.
+    struct Erased {
+        std::size_t models = 0;
+        std::vector<std::string> unsaved;  // the files of those that were changed
+    };
+    Erased EraseNotDisplayed();
 
     // --- Disk ---
     // The model of this file name from memory or the working folder, with all that lies below it;
@@ -81,6 +89,11 @@ public:
     // of the file. Throws ModelFileError, and then the folder is as before.
     std::string Save(Model& model);
     std::string SaveInto(Model& model, const WideText& folder);
+    // Writes the model, and whatever in memory it needs at whatever depth, into another folder as
+    // their next versions there; one whose newest copy there has the same bytes is not written
+    // again. What is in memory stays what it is and comes from where it came. Throws
+    // ModelFileError, and then what was written before stays.
+    void Backup(Model& model, const WideText& folder);
     // Another name for the model in memory, for all versions of its file in the folder that it
     // came from, and in whatever refers to it in memory, which counts as changed. Refused for a
     // name that is none or taken; throws ModelFileError if a file cannot be renamed. All or
@@ -107,9 +120,11 @@ public:
     // their assembly.
     Exclusions exclusions;
     SimprepDatas simprepDatas;
+    PlotRecords plotRecords;
 
     // --- Windows ---
     Window& Open(Model& model);  // shows it in a window of its own, now the current one
+    void Close(Window& window);  // what it showed stays in memory
     void CloseCurrent();
     Window* current = nullptr;
     Window* FindWindow(int id);  // -1: the current one
@@ -144,8 +159,15 @@ private:
                        const ModelVersion& version);
     void RequireFreeName(WideView name, ProMdlType type);
     ModelFolder& FolderOf(const std::filesystem::path& folder);
+    // The model's text as its next version in a folder. Throws ModelFileError.
+    struct Written {
+        std::filesystem::path path;
+        int version;
+    };
+    Written WriteNextVersion(const Model& model, const std::string& text, const WideText& folder);
     // What there is of a file in a folder of a Windows path, "gearbox.asm.1", as it lies there.
     std::vector<std::string> FilesOf(const WideText& folder, const std::string& fileName);
+    void Drop(const std::unordered_set<const Model*>& models);  // nothing refers to them any more
     void LetReferencesFollow(const Model& model, const std::string& oldFile);
     const Disk& disk_;
     HandleTable<Model> models_{HandleKind::Model};

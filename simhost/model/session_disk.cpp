@@ -258,6 +258,15 @@ std::string Session::Save(Model& model) {
 }
 
 std::string Session::SaveInto(Model& model, const WideText& folder) {
+    const Written written = WriteNextVersion(model, ModelText(model), folder);
+    model.version = written.version;
+    model.modified = false;
+    const auto text = written.path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
+Session::Written Session::WriteNextVersion(const Model& model, const std::string& text,
+                                           const WideText& folder) {
     const fs::path real = disk_.Real(folder);
     const std::string fileName = model.FileName();
     const auto fail = [&](const std::string& why) {
@@ -278,11 +287,8 @@ std::string Session::SaveInto(Model& model, const WideText& folder) {
     const std::string name = fmt::format("{}.{}", fileName, newest + 1);
     const fs::path path = index.PathOf(name);
     std::string reason;
-    if (!WriteFile(path, ModelText(model), &reason)) fail(name + ": " + reason);
-    model.version = newest + 1;
-    model.modified = false;
-    const auto text = path.u8string();
-    return std::string(text.begin(), text.end());
+    if (!WriteFile(path, text, &reason)) fail(name + ": " + reason);
+    return {path, newest + 1};
 }
 
 }  // namespace simhost

@@ -41,7 +41,8 @@ const char* Family(cairo_t* cairo) {
 
 class CairoCanvas : public Canvas {
 public:
-    explicit CairoCanvas(cairo_t* cairo) : cairo_(cairo), family_(Family(cairo)) {
+    explicit CairoCanvas(cairo_t* cairo, const PlotOptions& options = {})
+        : cairo_(cairo), family_(Family(cairo)), options_(options) {
         cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_ROUND);
         cairo_set_line_cap(cairo_, CAIRO_LINE_CAP_ROUND);
     }
@@ -105,15 +106,25 @@ public:
         cairo_translate(cairo_, x, y);
         cairo_rotate(cairo_, -letters.turn * kDegree);
         cairo_move_to(cairo_, -back, 0);
-        cairo_show_text(cairo_, text.c_str());
+        if (options_.strokes) {
+            cairo_text_path(cairo_, text.c_str());
+            cairo_fill(cairo_);
+        } else {
+            cairo_show_text(cairo_, text.c_str());
+        }
         cairo_restore(cairo_);
     }
 
 private:
     void SetColour(const std::string& colour, double opacity) {
         const long rgb = std::strtol(colour.c_str() + 1, nullptr, 16);
-        cairo_set_source_rgba(cairo_, double(rgb >> 16 & 255) / 255, double(rgb >> 8 & 255) / 255,
-                              double(rgb & 255) / 255, opacity);
+        double red = double(rgb >> 16 & 255) / 255, green = double(rgb >> 8 & 255) / 255,
+               blue = double(rgb & 255) / 255;
+        const double grey = 0.299 * red + 0.587 * green + 0.114 * blue;
+        if (options_.colours == PlotColours::Grey) red = green = blue = grey;
+        // Only what is as white as the paper stays so.
+        if (options_.colours == PlotColours::Black) red = green = blue = grey < 1 ? 0 : 1;
+        cairo_set_source_rgba(cairo_, red, green, blue, opacity);
     }
     void Follow(const Path& path) {
         cairo_new_path(cairo_);
@@ -134,12 +145,29 @@ private:
 
     cairo_t* cairo_;
     const char* family_;
+    PlotOptions options_;
 };
 
-void PaintOn(cairo_t* cairo, const Picture& picture) {
+void PaintOn(cairo_t* cairo, const Picture& picture, const PlotOptions& options = {}) {
     cairo_scale(cairo, picture.widthPixels / picture.width, picture.heightPixels / picture.height);
-    CairoCanvas canvas(cairo);
+    CairoCanvas canvas(cairo, options);
     picture.paint(canvas);
+}
+
+void PaintPages(cairo_surface_t* surface, const std::vector<Picture>& pages,
+                const PlotOptions& options = {}) {
+    for (const Picture& page : pages) {
+        cairo_pdf_surface_set_size(surface, page.widthPixels, page.heightPixels);
+        const Context cairo(cairo_create(surface), cairo_destroy);
+        PaintOn(cairo.get(), page, options);
+        cairo_show_page(cairo.get());
+    }
+    cairo_surface_finish(surface);
+}
+
+cairo_status_t Append(void* bytes, const unsigned char* data, unsigned length) {
+    static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
+    return CAIRO_STATUS_SUCCESS;
 }
 
 void CheckWritten(cairo_status_t status, const std::filesystem::path& file) {
@@ -162,14 +190,21 @@ void WritePng(const Picture& picture, const std::filesystem::path& file) {
 
 void WritePdf(const std::vector<Picture>& pages, const std::filesystem::path& file) {
     const Surface surface(cairo_pdf_surface_create(file.c_str(), 1, 1), cairo_surface_destroy);
-    for (const Picture& page : pages) {
-        cairo_pdf_surface_set_size(surface.get(), page.widthPixels, page.heightPixels);
-        const Context cairo(cairo_create(surface.get()), cairo_destroy);
-        PaintOn(cairo.get(), page);
-        cairo_show_page(cairo.get());
-    }
-    cairo_surface_finish(surface.get());
+    PaintPages(surface.get(), pages);
     CheckWritten(cairo_surface_status(surface.get()), file);
+}
+
+std::string PdfOf(const std::vector<Picture>& pages, const std::string& title,
+                  const PlotOptions& options, std::string*) {
+    std::string bytes;
+    const Surface surface(cairo_pdf_surface_create_for_stream(Append, &bytes, 1, 1),
+                          cairo_surface_destroy);
+    cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, title.c_str());
+    // Of the day of its making a file would differ from the one before.
+    cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE,
+                                   "2000-01-01T00:00:00Z");
+    PaintPages(surface.get(), pages, options);
+    return bytes;
 }
 
 struct Ruler::Inside {

@@ -20,6 +20,11 @@ void WritePng(const Picture&, const std::filesystem::path&) {
 void WritePdf(const std::vector<Picture>&, const std::filesystem::path&) {
     Refuse();
 }
+std::string PdfOf(const std::vector<Picture>&, const std::string& title, const PlotOptions&,
+                  std::string* note) {
+    *note = "holds a line of text, because there is no PDF on Windows";
+    return "In place of a PDF file of " + title + "\r\n";
+}
 std::vector<std::filesystem::path> DrawDialogs(const std::filesystem::path&,
                                                const std::filesystem::path&) {
     Refuse();

@@ -78,9 +78,9 @@ public:
         measured_.clear();
         canvas.Box({0, 0, Wide(), High()}, "#e9edf0", nullptr);
         PaintFrame();
-        PaintFurniture();
+        PaintFurniture(furniture_, UpperLeft(), kDark, canvas_);
         for (const ViewOnSheet& view : views_) PaintView(view);
-        PaintAnnotations(model_, sheet_, {all_.low.x, all_.high.y, 0}, canvas_);
+        PaintAnnotations(model_, sheet_, UpperLeft(), canvas_);
         // A sheet with a format is a workshop's, which tells nothing about the making of its views.
         if (furniture_.hasFormat) return PaintCaption();
         // The sizes of gaps have one place; names and the sign move out of their way.
@@ -93,6 +93,7 @@ public:
 
 private:
     // From the sheet to the picture.
+    Vec3 UpperLeft() const { return {all_.low.x, all_.high.y, 0}; }
     double X(double x) const { return x - all_.low.x; }
     double Y(double y) const { return all_.high.y - y; }
     void MoveTo(Path* path, double x, double y) const { path->MoveTo(X(x), Y(y)); }
@@ -134,26 +135,6 @@ private:
             Thin(kDark, 0.25));
     }
 
-    void PaintFurniture() {
-        canvas_->BeginGroup("format", "");
-        for (const SheetStroke& stroke : furniture_.strokes) {
-            Path path;
-            for (const Vec3& point : stroke.points) {
-                if (path.empty()) {
-                    MoveTo(&path, point.x, point.y);
-                } else {
-                    LineTo(&path, point.x, point.y);
-                }
-            }
-            canvas_->Stroke(path, {kDark, stroke.width, {}, 1});
-        }
-        for (const SheetWords& words : furniture_.words) {
-            const auto anchor = words.centred ? Letters::Anchor::Middle : Letters::Anchor::Start;
-            Words(words.at.x, words.at.y, {words.height, kDark, anchor}, words.text);
-        }
-        canvas_->EndGroup();
-    }
-
     // The sign of the projection rule, a cone and its end, in the first corner of the frame that is
     // free of views and words; the end is on the far side by the first-angle rule.
     void PaintProjectionSign() {
@@ -192,19 +173,6 @@ private:
         Line(endX, middle - 1.4 * r, endX, middle + 1.4 * r, centre);
     }
 
-    Path LinesOf(const ViewOnSheet& view, bool hidden) const {
-        Path path;
-        const DrawnLine* last = nullptr;
-        for (const DrawnLine& line : view.lines) {
-            if (line.hidden != hidden) continue;
-            const bool goesOn = last && std::hypot(last->x1 - line.x0, last->y1 - line.y0) < 1e-6;
-            if (!goesOn) MoveTo(&path, line.x0, line.y0);
-            LineTo(&path, line.x1, line.y1);
-            last = &line;
-        }
-        return path;
-    }
-
     void PaintView(const ViewOnSheet& view) {
         canvas_->BeginGroup(fmt::format("view{}", view.view->id), view.name);
         if (!furniture_.hasFormat) {
@@ -214,8 +182,8 @@ private:
         }
         Pen dashed = Thin(kHidden, 0.07);
         dashed.dashes = {0.5 * unit_, 0.3 * unit_};
-        canvas_->Stroke(LinesOf(view, /*hidden=*/true), dashed);
-        canvas_->Stroke(LinesOf(view, /*hidden=*/false), Thin(kVisible, 0.12));
+        canvas_->Stroke(LinesOf(view, /*hidden=*/true, UpperLeft()), dashed);
+        canvas_->Stroke(LinesOf(view, /*hidden=*/false, UpperLeft()), Thin(kVisible, 0.12));
         canvas_->EndGroup();
     }
 

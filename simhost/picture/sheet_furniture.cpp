@@ -170,4 +170,27 @@ SheetFurniture FurnitureOf(Model& drawing, int sheet) {
     return all;
 }
 
+void PaintFurniture(const SheetFurniture& furniture, Vec3 upperLeft, const char* colour,
+                    Canvas* canvas) {
+    canvas->BeginGroup("format", "");
+    for (const SheetStroke& stroke : furniture.strokes) {
+        Path path;
+        for (const Vec3& point : stroke.points) {
+            const double x = point.x - upperLeft.x, y = upperLeft.y - point.y;
+            if (path.empty()) {
+                path.MoveTo(x, y);
+            } else {
+                path.LineTo(x, y);
+            }
+        }
+        canvas->Stroke(path, {colour, stroke.width, {}, 1});
+    }
+    for (const SheetWords& words : furniture.words) {
+        const auto anchor = words.centred ? Letters::Anchor::Middle : Letters::Anchor::Start;
+        canvas->Text(words.at.x - upperLeft.x, upperLeft.y - words.at.y,
+                     {words.height, colour, anchor}, words.text);
+    }
+    canvas->EndGroup();
+}
+
 }  // namespace simhost

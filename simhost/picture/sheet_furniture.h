@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "simhost/model/drawing.h"
+#include "simhost/picture/canvas.h"
 
 namespace simhost {
 
@@ -28,6 +29,10 @@ struct SheetFurniture {
     std::string missing;  // a format that the sheet has and the host has not
 };
 SheetFurniture FurnitureOf(Model& drawing, int sheet);
+
+// Paints it in one colour into a picture whose upper left corner is at this place of the sheet.
+void PaintFurniture(const SheetFurniture& furniture, Vec3 upperLeft, const char* colour,
+                    Canvas* canvas);
 
 // A text with its fields filled in, as they are about a model (null: none) on a sheet:
 // &model_name, &dwg_name, &scale, &format, &current_sheet, &total_sheets, &type,

@@ -116,4 +116,17 @@ std::vector<ViewOnSheet> ViewsOnSheet(Model& drawing, int sheet) {
     return views;
 }
 
+Path LinesOf(const ViewOnSheet& view, bool hidden, Vec3 upperLeft) {
+    Path path;
+    const DrawnLine* last = nullptr;
+    for (const DrawnLine& line : view.lines) {
+        if (line.hidden != hidden) continue;
+        const bool goesOn = last && std::hypot(last->x1 - line.x0, last->y1 - line.y0) < 1e-6;
+        if (!goesOn) path.MoveTo(line.x0 - upperLeft.x, upperLeft.y - line.y0);
+        path.LineTo(line.x1 - upperLeft.x, upperLeft.y - line.y1);
+        last = &line;
+    }
+    return path;
+}
+
 }  // namespace simhost

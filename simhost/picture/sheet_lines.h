@@ -7,6 +7,7 @@
 
 #include "simhost/model/drawing.h"
 #include "simhost/model/projection.h"
+#include "simhost/picture/canvas.h"
 
 namespace simhost {
 
@@ -22,5 +23,9 @@ struct ViewOnSheet {
 
 // The views of a sheet in the order of their making. A view whose model is gone has no lines.
 std::vector<ViewOnSheet> ViewsOnSheet(Model& drawing, int sheet);
+
+// The hidden or the visible lines of a view, joined where one begins at the end of another, in a
+// picture whose upper left corner is at this place of the sheet.
+Path LinesOf(const ViewOnSheet& view, bool hidden, Vec3 upperLeft);
 
 }  // namespace simhost

@@ -17,6 +17,13 @@ namespace {
 
 constexpr std::size_t kMostLines = 40;
 
+std::vector<std::string> Names(const std::vector<WideText>& files) {
+    std::vector<std::string> names;
+    names.reserve(files.size());
+    for (const WideText& file : files) names.push_back(Utf8(file));
+    return names;
+}
+
 bool IsPath(const WideText& typed) {
     return typed.find(WIDE(":\\")) != WideText::npos;
 }
@@ -44,6 +51,21 @@ FileChoice Elsewhere(const FileQuestion& question, const WideText& path) {
     return {{}, "the file dialog has no file " + Utf8(path)};
 }
 
+// An empty answer takes the folder that the dialog shows.
+FileChoice FolderOf(const FileQuestion& question, const WideText& typed) {
+    const WideText path = typed.empty()   ? question.folder
+                          : IsPath(typed) ? typed
+                                          : InFolder(question.folder, typed);
+    std::error_code error;
+    if (!std::filesystem::is_directory(TheHost().disk.Real(path), error)) {
+        return {{},
+                fmt::format("there is no folder {}{}", Utf8(path),
+                            DidYouMean(Utf8(typed), Names(question.files)))};
+    }
+    if (path.size() >= PRO_PATH_SIZE) return {{}, "the folder's name is longer than a path"};
+    return {path, {}};
+}
+
 }  // namespace
 
 std::vector<std::string> FileList(const FileQuestion& question) {
@@ -55,24 +77,24 @@ std::vector<std::string> FileList(const FileQuestion& question) {
         }
         lines.push_back("  " + Utf8(file));
     }
-    if (question.files.empty()) lines.push_back(fmt::format("  (no {})", Utf8(question.filter)));
+    const std::string wanted = question.forFolder ? "folders" : Utf8(question.filter);
+    if (question.files.empty()) lines.push_back(fmt::format("  (no {})", wanted));
     return Framed(Utf8(question.title), lines);
 }
 
 FileChoice ChoiceOf(const FileQuestion& question, const WideText& answer) {
     const WideText& typed = answer.empty() ? question.proposed : answer;
+    if (question.forFolder) return FolderOf(question, typed);
     if (question.toWrite || question.mayBeMissing) {
         return {IsPath(typed) ? typed : InFolder(question.folder, typed), {}};
     }
     if (IsPath(typed)) return Elsewhere(question, typed);
-    std::vector<std::string> names;
     for (const WideText& file : question.files) {
         if (SameName(file, typed)) return {InFolder(question.folder, file), {}};
-        names.push_back(Utf8(file));
     }
     return {{},
             fmt::format("the file dialog has no file {} in {}{}", Utf8(typed),
-                        Utf8(question.folder), DidYouMean(Utf8(typed), names))};
+                        Utf8(question.folder), DidYouMean(Utf8(typed), Names(question.files)))};
 }
 
 }  // namespace simhost

@@ -17,8 +17,9 @@ struct FileChoice {
 };
 
 // A name of the list whatever the case of its letters, or the path of a file elsewhere that fits
-// the filter; any name for a file that need not be there. No text is the name that the dialog
-// proposes.
+// the filter; any name for a file that need not be there; a folder that is there, in the shown one
+// or by its path, just as it was typed. No text is the name that the dialog proposes, or the shown
+// folder.
 FileChoice ChoiceOf(const FileQuestion& question, const WideText& answer);
 
 }  // namespace simhost

@@ -87,7 +87,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"picture",            "把窗口的内容画到文件中"},
     {"picture screen",     "按屏幕上当前的视角画出，带标尺，供 pick box 使用"},
     {"show",               "查看：models、tree [路径]、menu、commands、dialog、popup、selection、components（磁盘上的最新版本与约束）、constraints、"
-                           "colours、parameters、relations、units [模型]、outline [模型]、views、edges 视图、dimensions、tables、options、materials、masses、bends、files、references [文件]、messages"},
+                           "colours、parameters、relations、units [模型]、outline [模型]、views、edges 视图、dimensions、tables、options、materials、masses、bends、files [文件夹]、references [文件]、messages"},
     {"title",              "开始报告的一节"},
     {"remember",           "记下所有或所列模型的颜色、关系、单位制、大小、首个不在原点的元件的位置、材料、密度、质量、折弯表、展开长度或参数，供列表用"},
     {"table",              "把记下的内容并排列出"},
@@ -95,6 +95,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"erase dimension",    "删除工程图中的一个尺寸或注释"},
     {"add note",           "在当前页写一条注释"},
     {"hand out",           "把 C 盘的文件复制到结果文件夹"},
+    {"make folder",        "新建文件夹：完整路径，或在工作目录中"},
     {"remember files",     "记下工作目录中的全部文件，逐字节"},
     {"expect same files",  "工作目录中的文件与记下的完全相同"},
     {"script",             "演示中：让另一个程序（与脚本放在一起的 Python 程序）处理 C 盘上的文件"},

@@ -293,8 +293,9 @@ std::optional<Click> Trail::TrailUser::AnswerClick() {
 
 std::optional<WideText> Trail::TrailUser::AnswerFile(const FileQuestion& question) {
     if (!question.toWrite) trail_.SayAll(FileList(question));
-    const WideText title =
-        question.title + WIDE(" (") + question.filter + WIDE(") ") + question.folder;
+    WideText title = question.title;
+    if (!question.forFolder) title += WIDE(" (") + question.filter + WIDE(")");
+    title += WIDE(" ") + question.folder;
     return Ask(title, question.proposed, &question);
 }
 

@@ -50,7 +50,7 @@ std::optional<Click> RobotUser::AnswerClick() {
 }
 
 std::optional<WideText> RobotUser::AnswerFile(const FileQuestion& question) {
-    if (question.files.empty()) return std::nullopt;
+    if (question.files.empty() || question.forFolder) return std::nullopt;
     return question.folder + WIDE("\\") + question.files.front();
 }
 

@@ -145,9 +145,10 @@ void EraseModel(Trail& trail, const std::string& rest);
 void HandOut(Trail& trail, const std::string& rest);
 void RunScriptFile(Trail& trail, const std::string& rest);
 
+void MakeFolder(Trail& trail, const std::string& rest);
 void RememberFiles(Trail& trail, const std::string& rest);
 void ExpectSameFiles(Trail& trail, const std::string& rest);
-void ShowFiles(Trail& trail);
+void ShowFiles(Trail& trail, const std::string& rest);       // of a folder, or the working one
 void ShowReferences(Trail& trail, const std::string& rest);  // of a file, or of all files
 
 void HoldFile(Trail& trail, const std::string& rest);

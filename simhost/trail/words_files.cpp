@@ -24,6 +24,15 @@ fs::path WorkingFolder() {
     return TheHost().disk.Real(TheHost().session.workingDirectory);
 }
 
+// A folder by its Windows path, or below the working folder; no text is that one.
+fs::path FolderAt(const std::string& name) {
+    WideText path = Wide(name);
+    if (path.find(WideChar{':'}) == WideText::npos) {
+        path = TheHost().session.workingDirectory + WIDE("\\") + path;
+    }
+    return TheHost().disk.Real(path);
+}
+
 std::string NameOf(const fs::path& path) {
     const auto name = path.filename().u8string();
     return {name.begin(), name.end()};
@@ -79,6 +88,15 @@ void SayReferences(Trail& trail, const fs::path& file) {
 
 }  // namespace
 
+void MakeFolder(Trail& trail, const std::string& rest) {
+    const std::string name = ParseText(rest).text;
+    if (name.empty()) return trail.Fail("a folder's name belongs after make folder");
+    const fs::path folder = FolderAt(name);
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error || folder.empty()) trail.Fail("the folder " + name + " cannot be made");
+}
+
 void RememberFiles(Trail& trail, const std::string&) {
     Remembered() = BytesOf(WorkingFolder());
     trail.Say(fmt::format("{} files", Remembered().size()));
@@ -98,14 +116,19 @@ void ExpectSameFiles(Trail& trail, const std::string&) {
     if (!differs.empty()) trail.Fail(differs + " is not as it was remembered");
 }
 
-void ShowFiles(Trail& trail) {
+void ShowFiles(Trail& trail, const std::string& rest) {
+    const std::string wanted = ParseText(rest).text;
+    const fs::path folder = FolderAt(wanted);
+    std::error_code error;
+    if (!fs::is_directory(folder, error)) return trail.Fail("there is no folder " + wanted);
     std::vector<std::string> lines;
-    for (const auto& entry : fs::directory_iterator(WorkingFolder())) {
+    for (const auto& entry : fs::directory_iterator(folder)) {
         if (!entry.is_regular_file()) continue;
         lines.push_back(
             fmt::format("{} {} bytes", Padded(NameOf(entry.path()), 28), entry.file_size()));
     }
     std::sort(lines.begin(), lines.end());
+    if (lines.empty()) lines.emplace_back("(no files)");
     trail.SayAll(lines);
 }
 

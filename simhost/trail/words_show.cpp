@@ -223,7 +223,7 @@ constexpr Topic kTopics[] = {
     {"materials", ShowMaterials},
     {"masses", ShowMasses},
     {"bends", ShowBends},
-    {"files", ShowFiles},
+    {"files", [](Trail& trail) { ShowFiles(trail, ""); }},
     {"references", [](Trail& trail) { ShowReferences(trail, ""); }},
     {"messages", ShowMessages},
 };
@@ -237,6 +237,7 @@ constexpr TopicOf kTopicsOf[] = {
     {"tree ", [](Trail& trail, const std::string& rest) { ShowTree(trail, ParseText(rest).text); }},
     {"units ", ShowUnits},
     {"outline ", ShowOutline},
+    {"files ", ShowFiles},
     {"references ", ShowReferences},
     {"edges ", ShowEdges},
 };

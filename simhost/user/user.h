@@ -36,6 +36,7 @@ struct FileQuestion {
     std::vector<WideText> files;  // of the folder, that fit the filter, without their versions
     bool toWrite = false;         // the name of a file that is to be written, and need not be there
     bool mayBeMissing = false;    // of a file that is to be read: the same
+    bool forFolder = false;       // a folder that is there; `files` are the folders in `folder`
 };
 
 class User {
@@ -60,7 +61,7 @@ public:
     virtual std::optional<Click> AnswerClick() { return std::nullopt; }
 
     // A file dialog is open: the full path of a file that is there, or any name for one that is to
-    // be written; nothing leaves the dialog.
+    // be written, or the folder; nothing leaves the dialog.
     virtual std::optional<WideText> AnswerFile(const FileQuestion&) { return std::nullopt; }
 
     // A dialog asks whether the file of this path is to be replaced.

@@ -246,6 +246,46 @@ BOOL WINAPI CopyOfFile(const WideChar* from, const WideChar* to, BOOL failIfExis
         "failIfExists", failIfExists);
 }
 
+// A path without a folder lies in that of the process, which is a host's working directory; here
+// only for a call, since nobody can remove the folder in which a process works.
+class InWorkingDirectory {
+public:
+    InWorkingDirectory() {
+        GetCurrentDirectoryW(MAX_PATH, before_);
+        SetCurrentDirectoryW(Real().host().workingDirectory.c_str());
+    }
+    ~InWorkingDirectory() { SetCurrentDirectoryW(before_); }
+    InWorkingDirectory(const InWorkingDirectory&) = delete;
+    InWorkingDirectory& operator=(const InWorkingDirectory&) = delete;
+
+private:
+    wchar_t before_[MAX_PATH] = {};
+};
+
+BOOL MoveThere(const WideChar* from, const WideChar* to) {
+    const InWorkingDirectory here;
+    return MoveFileW(from, to);
+}
+
+BOOL WINAPI MoveWide(const WideChar* from, const WideChar* to) {
+    Operation& op = Op<"MoveFileW">;
+    return op.CallOr(
+        False, [&] { return MoveThere(from, to); }, "from", from, "to", to);
+}
+
+BOOL WINAPI MoveNarrow(const char* from, const char* to) {
+    Operation& op = Op<"MoveFileA">;
+    return op.CallOr(
+        False, [&] { return MoveFileA(from, to); }, "from", from, "to", to);
+}
+
+BOOL WINAPI MakeFolder(const WideChar* path, SECURITY_ATTRIBUTES* security) {
+    Operation& op = Op<"CreateDirectoryW">;
+    return op.CallOr(
+        False, [&] { return CreateDirectoryW(path, security); }, "path", path, "security",
+        static_cast<const void*>(security));
+}
+
 // What is done here on the way must not hide the error that is asked for.
 DWORD WINAPI LastError() {
     Operation& op = Op<"GetLastError">;
@@ -420,6 +460,9 @@ void* WatcherOf(const char* name) {
         {"PathFileExistsW",            Address(FileExists)},
         {"DeleteFileW",                Address(RemoveFile)},
         {"CopyFileW",                  Address(CopyOfFile)},
+        {"MoveFileW",                  Address(MoveWide)},
+        {"MoveFileA",                  Address(MoveNarrow)},
+        {"CreateDirectoryW",           Address(MakeFolder)},
         {"GetLastError",               Address(LastError)},
         {"CreateFileW",                Address(OpenFile)},
         {"GetFileSizeEx",              Address(FileSize)},

@@ -41,7 +41,7 @@ class ShippedSettings(unittest.TestCase):
         marked = [f"VXconfig/{each.name}" for each in shipped()
                   if each.read_bytes()[:2] == MARK]
         self.assertEqual(sorted(named), marked)
-        self.assertEqual(len(marked), 4)
+        self.assertEqual(len(marked), 5)
 
     def test_a_fresh_clone_has_the_same_bytes_and_a_text_that_can_be_compared(self):
         with tempfile.TemporaryDirectory() as temporary:

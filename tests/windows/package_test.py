@@ -21,18 +21,20 @@ SIMULATED = "vorlatix-5.1-simulated-host"
 
 # As they lie in the repository, byte for byte.
 COPIES = {
-    "VXconfig/VxBom.ini", "VXconfig/VxConfig.ini", "VXconfig/VxOptiColor.ini",
-    "VXconfig/VxParams.ini", "VXconfig/VxRename.ini", "VXconfig/VxUGColor.ini",
+    "VXconfig/VxBom.ini", "VXconfig/VxConfig.ini", "VXconfig/VxDrawingsIni.ini",
+    "VXconfig/VxOptiColor.ini", "VXconfig/VxParams.ini", "VXconfig/VxRename.ini",
+    "VXconfig/VxUGColor.ini",
     "text/resource/AboutVx.png", "text/resource/AboutVx.res", "text/resource/Relations.res",
     "text/resource/SetUnit.res", "text/resource/TweViews.res", "text/resource/VxBom.res",
-    "text/resource/VxConfig.res", "text/resource/VxDimModify.res", "text/resource/VxFrmReplace.res",
+    "text/resource/VxConfig.res", "text/resource/VxDimModify.res", "text/resource/VxExIgs.res",
+    "text/resource/VxExport.res", "text/resource/VxFrmReplace.res",
     "text/resource/VxInit.res", "text/resource/VxNewDrw.res", "text/resource/VxParams.res",
     "text/resource/VxQQ2.gif", "text/resource/VxQQGroup.png", "text/resource/VxQQGroup.res",
     "text/resource/VxRemoveCons.res", "text/resource/VxRename.res", "text/vxMenu.txt",
     "text/vxmsg_display.txt",
 }
 MADE = {"vorlatix5.1.dll", "protk.dat", "安装说明.txt"}
-SIMULATED_ONLY = {"tp/vx.drw", "vxudf/vxbox.gph"}
+SIMULATED_ONLY = {"VXconfig/vxdop.dop", "tp/vx.drw", "vxudf/vxbox.gph"}
 GUIDE = "使用指南"
 # In the place of the real guide, which only a simulated host of this system can make.
 PAGES = {"index.html": b"<!doctype html>\n", "pictures/VxBom.png": b"\x89PNG\r\n"}

@@ -34,8 +34,8 @@ struct Product {
 
 struct Document {
     std::vector<Product> products;  // the first is the top; each once, however often it is used
-    std::string unit = "mm";  // in which a file has its lengths: "mm", "cm", "m", "inch", "foot"
-    bool facetted = false;    // flat facets in the place of round faces
+    std::string unit = "mm";        // in which a file has its lengths: "mm", "cm", "m", "in", "ft"
+    bool facetted = false;          // flat facets in the place of round faces
 };
 
 }  // namespace simhost::kernel

@@ -22,6 +22,11 @@ public:
     // document gives the same bytes.
     virtual std::string Step(const Document& document) = 0;
     virtual std::string Iges(const Document& document) = 0;
+    // What an exchange file of a real path holds, with solids of imported bodies whose numbers
+    // begin at 1 in each part. The first product is the top: the file's own, or a nameless one
+    // that holds its roots if it has several.
+    virtual Document ReadStep(const std::string& path) = 0;
+    virtual Document ReadIges(const std::string& path) = 0;
 };
 
 // Null: there is no kernel here.

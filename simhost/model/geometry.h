@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -50,7 +51,9 @@ struct Extents {
     void Add(Vec3 p);
 };
 
-enum class Shape { Box, Cylinder, Tube, Cone, Gear, Prism };
+struct ImportedBody;
+
+enum class Shape { Box, Cylinder, Tube, Cone, Gear, Prism, Imported };
 
 // One solid of a part as its file has it. Which numbers count depends on the shape.
 struct Solid {
@@ -66,6 +69,8 @@ struct Solid {
     int teeth = 0;
     std::vector<std::array<double, 2>> outline;  // prism: counter-clockwise
     double height = 0;                           // prism
+    double scale = 0;                            // imported: the length of a mm of its record
+    std::shared_ptr<const ImportedBody> body;    // imported
     bool operator==(const Solid&) const = default;
 };
 

@@ -8,11 +8,13 @@
 #include <BRepBuilderAPI_MakePolygon.hxx>
 #include <BRepBuilderAPI_MakeSolid.hxx>
 #include <BRepBuilderAPI_Sewing.hxx>
+#include <BRepBuilderAPI_Transform.hxx>
 #include <BRepLib.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <BRepPrimAPI_MakeCone.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepPrimAPI_MakePrism.hxx>
+#include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
 #include <IntTools_Context.hxx>
 #include <TopExp_Explorer.hxx>
@@ -24,10 +26,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <sstream>
 
 #include "simhost/kernel/kernel.h"
 #include "simhost/kernel/occ/places.h"
-#include "simhost/model/shape.h"
+#include "simhost/model/imported_body.h"
 
 namespace simhost::kernel {
 
@@ -76,6 +79,18 @@ TopoDS_Shape Gear(const Solid& gear) {
     return gear.bore > 0 ? Cut(body, Cylinder(gear.bore, gear.width)) : body;
 }
 
+// In the kernel's own words, which are in mm.
+TopoDS_Shape Imported(const Solid& solid) {
+    std::istringstream words(solid.body->exact);
+    TopoDS_Shape shape;
+    BRepTools::Read(shape, words, BRep_Builder());
+    if (shape.IsNull()) throw Failure("an imported solid has no exact shape");
+    if (solid.scale == 1) return shape;
+    gp_Trsf scaled;
+    scaled.SetScaleFactor(solid.scale);
+    return BRepBuilderAPI_Transform(shape, scaled, /*theCopyGeom=*/true).Shape();
+}
+
 TopoDS_Shape InItsFrame(const Solid& solid) {
     switch (solid.shape) {
         case Shape::Box:
@@ -86,6 +101,7 @@ TopoDS_Shape InItsFrame(const Solid& solid) {
             return Cut(Cylinder(solid.outer, solid.length), Cylinder(solid.inner, solid.length));
         case Shape::Gear: return Gear(solid);
         case Shape::Prism: return Extruded(solid.outline, solid.height);
+        case Shape::Imported: return Imported(solid);
     }
     return {};
 }
@@ -170,8 +186,10 @@ gp_Trsf TransformationOf(const Placement& place) {
 
 TopoDS_Shape ShapeOfSolid(const Solid& solid, bool facetted) {
     if (facetted) return Facetted(solid);
-    const TopLoc_Location place(TransformationOf(PlacementFrom(solid.at, solid.turn)));
-    return InItsFrame(solid).Located(place);
+    // A shape that is placed counts as a use of another one: its geometry is moved instead.
+    const gp_Trsf place = TransformationOf(PlacementFrom(solid.at, solid.turn));
+    const TopoDS_Shape shape = InItsFrame(solid);
+    return BRepBuilderAPI_Transform(shape, place, /*theCopyGeom=*/true).Shape();
 }
 
 TopoDS_Shape SideBySide(const std::vector<TopoDS_Shape>& shapes) {
@@ -186,9 +204,16 @@ TopoDS_Shape SideBySide(const std::vector<TopoDS_Shape>& shapes) {
 
 std::map<int, std::vector<TopoDS_Shape>> FacesBySurface(const TopoDS_Shape& shape,
                                                         const Solid& solid) {
+    std::map<int, std::vector<TopoDS_Shape>> faces;
+    if (solid.shape == Shape::Imported) {
+        int surface = solid.id;
+        for (TopExp_Explorer each(shape, TopAbs_FACE); each.More(); each.Next()) {
+            faces[++surface].push_back(each.Current());
+        }
+        return faces;
+    }
     const PartShape record = ShapeOf({solid});
     const std::vector<SolidFace> facets = FacetsOf(record.bodies[0], kFineness);
-    std::map<int, std::vector<TopoDS_Shape>> faces;
     for (TopExp_Explorer each(shape, TopAbs_FACE); each.More(); each.Next()) {
         const TopoDS_Face& face = TopoDS::Face(each.Current());
         const Vec3 inside = PointInside(face);

@@ -116,7 +116,7 @@ private:
 // The kernel's word for a unit.
 const char* UnitWord(const std::string& unit) {
     for (const auto& [ours, theirs] : {std::pair{"cm", "CM"}, std::pair{"m", "M"},
-                                       std::pair{"inch", "IN"}, std::pair{"foot", "FT"}}) {
+                                       std::pair{"in", "INCH"}, std::pair{"ft", "FT"}}) {
         if (unit == ours) return theirs;
     }
     return "MM";
@@ -159,6 +159,26 @@ std::string WithEscapes(const std::string& text) {
     return result;
 }
 
+// The kernel numbers uses on and on through all files of a session.
+std::string WithUsesFromOne(const std::string& text) {
+    constexpr std::string_view kUse = "NEXT_ASSEMBLY_USAGE_OCCURRENCE('";
+    std::string result;
+    std::size_t done = 0;
+    int number = 0;
+    for (std::size_t at = text.find(kUse); at != std::string::npos; at = text.find(kUse, done)) {
+        result.append(text, done, at + kUse.size() - done);
+        result += std::to_string(++number);
+        done = text.find('\'', at + kUse.size());
+    }
+    return result.append(text, done);
+}
+
+void Set(const char* setting, const char* value) {
+    if (!Interface_Static::SetCVal(setting, value)) {
+        throw Failure(std::string("the kernel has no setting ") + setting + " = " + value);
+    }
+}
+
 Handle(TCollection_HAsciiString) Text(const char* text) {
     return new TCollection_HAsciiString(text);
 }
@@ -166,8 +186,8 @@ Handle(TCollection_HAsciiString) Text(const char* text) {
 }  // namespace
 
 std::string StepBytes(const Document& document) {
-    Interface_Static::SetCVal("write.step.schema", "AP214IS");
-    Interface_Static::SetCVal("write.step.unit", UnitWord(document.unit));
+    Set("write.step.schema", "AP214IS");
+    Set("write.step.unit", UnitWord(document.unit));
     const Caf caf(document);
     STEPCAFControl_Writer writer;
     if (!writer.Transfer(caf.get(), STEPControl_AsIs)) throw Failure("the STEP file is empty");
@@ -185,15 +205,14 @@ std::string StepBytes(const Document& document) {
     text.SendModel(Handle(StepData_Protocol)::DownCast(session->Protocol()));
     std::ostringstream bytes;
     if (!text.Print(bytes)) throw Failure("the STEP text cannot be made");
-    return WithEscapes(bytes.str());
+    return WithUsesFromOne(WithEscapes(bytes.str()));
 }
 
 std::string IgesBytes(const Document& document) {
     Interface_Static::SetIVal("write.iges.brep.mode", 1);
-    Interface_Static::SetCVal("write.iges.unit", UnitWord(document.unit));
+    Set("write.iges.unit", UnitWord(document.unit));
     const Caf caf(document);
-    IGESCAFControl_Writer writer(Handle(XSControl_WorkSession)(new XSControl_WorkSession),
-                                 UnitWord(document.unit));
+    IGESCAFControl_Writer writer;
     if (!writer.Transfer(caf.get())) throw Failure("the IGES file is empty");
     IGESData_GlobalSection global = writer.Model()->GlobalSection();
     global.SetFileName(Text(""));

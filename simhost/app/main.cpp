@@ -1,6 +1,7 @@
 // The simulated host as a program: runs trail scripts, or sits at a prompt where the same lines can
 // be typed; shows what the plug-in does; makes large assemblies for measuring.
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 #include <cerrno>
 #include <charconv>
@@ -24,6 +25,7 @@
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/kernel/import.h"
 #include "simhost/picture/dialogs.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
@@ -298,7 +300,8 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
 
 struct CommandLine {
     CLI::App app{"The simulated host of Vorlatix. Without a command: a prompt."};
-    CLI::App *run = nullptr, *demo = nullptr, *generate = nullptr, *dialogs = nullptr;
+    CLI::App *run = nullptr, *demo = nullptr, *generate = nullptr, *dialogs = nullptr,
+             *import = nullptr;
 
     explicit CommandLine(Options* options) {
         app.set_version_flag("--version", "simhost " VX_VERSION);
@@ -318,6 +321,10 @@ struct CommandLine {
         NumberOption(generate, "--depth", &options->depth, 1000, "Levels");
         NumberOption(generate, "--seed", &options->seed, std::numeric_limits<int>::max(),
                      "Start of the random numbers");
+        import = app.add_subcommand("import", "Make a project of a STEP file of another system");
+        import->add_option("file", options->script, "The STEP file")->required();
+        FolderOption(import, "--out", &options->out, "Folder for the project, still empty")
+            ->required();
         dialogs = app.add_subcommand("dialogs", "Draw every dialog of the plug-in");
         FolderOption(dialogs, "--out", &options->out, "Folder for the pictures")->required();
     }
@@ -328,6 +335,15 @@ int Generate(const Options& options) {
     GenerateAssembly(options.out.string(), options.occurrences, options.models, options.depth,
                      unsigned(options.seed));
     PrintLine("written: " + (options.out / "large.asm.1").string());
+    return 0;
+}
+
+int Import(const Options& options) {
+    const Imported made = ImportStep(PathOf(options.script), options.out);
+    for (const std::string& note : made.notes) PrintLine("note: " + note);
+    PrintLine(fmt::format("written: {} with {} parts and {} assemblies", made.top, made.parts,
+                          made.assemblies));
+    PrintLine("open it with: simhost --project " + options.out.string());
     return 0;
 }
 
@@ -351,6 +367,7 @@ int Do(const CommandLine& line, const Options& options) {
     ShowProgress();
     if (line.demo->parsed()) return Demo(options);
     if (line.generate->parsed()) return Generate(options);
+    if (line.import->parsed()) return Import(options);
     if (line.dialogs->parsed()) return Dialogs(options);
     if (!options.workplace.drive.empty()) MakeFolder("--drive", options.workplace.drive);
     return line.run->parsed() ? RunScriptFile(options) : RunPrompt(options);

@@ -9,6 +9,8 @@
 #include "simhost/door/door.h"
 #include "simhost/door/output_file.h"
 #include "simhost/door/owned.h"
+#include "simhost/kernel/exchange.h"
+#include "simhost/kernel/kernel.h"
 #include "simhost/model/shown.h"
 
 using namespace simhost;
@@ -35,14 +37,35 @@ const Model& RequireContents(const void* handle) {
     return model;
 }
 
-void WriteSolid(const Model& model, const WideChar* path, const char* format) {
+enum class Format { Step, Iges };
+
+std::string BytesOf(kernel::Kernel& kernel, const Model& model, Format format,
+                    const OutputInclusion* inclusion) {
+    try {
+        const kernel::Document document = DocumentOf(model, inclusion);
+        return format == Format::Step ? kernel.Step(document) : kernel.Iges(document);
+    } catch (const kernel::Failure& failure) {
+        TheHost().Tell(fmt::format("{} is not written: {}", model.FileName(), failure.what()));
+        Refuse(PRO_TK_GENERAL_ERROR);
+    }
+}
+
+// What the file is in the place of where no kernel is.
+std::string BytesWithoutKernel(const Model& model, Format format) {
+    if (!std::exchange(TheHost().toldOfNoKernel, true)) {
+        TheHost().Tell("files for other systems hold no shapes here: there is no geometry kernel");
+    }
+    return fmt::format("{} of {}, without its shape: no geometry kernel was there to write it\n",
+                       format == Format::Step ? "STEP" : "IGES", model.FileName());
+}
+
+void WriteSolid(const Model& model, const WideChar* path, Format format,
+                const OutputInclusion* inclusion) {
     if (*path == 0) Refuse(PRO_TK_BAD_INPUTS);
     WriteOutput(path, [&] {
-        if (!std::exchange(TheHost().toldOfNoKernel, true)) {
-            TheHost().Tell("files for other systems hold no shapes here: there is no kernel");
-        }
-        return fmt::format("{} of {}, without its shape: no kernel was there to write it\n", format,
-                           model.FileName());
+        kernel::Kernel* const kernel = kernel::TheKernel();
+        return kernel ? BytesOf(*kernel, model, format, inclusion)
+                      : BytesWithoutKernel(model, format);
     });
 }
 
@@ -55,7 +78,8 @@ ProError ProOutputFileWrite(ProMdl model, ProFileName file, ProImportExportFile 
         [&] {
             const Model& written = RequireContents(model);
             if (format != PRO_STEP_FILE && format != PRO_IGES_3D_FILE) Refuse(PRO_TK_BAD_INPUTS);
-            WriteSolid(written, file, format == PRO_STEP_FILE ? "STEP" : "IGES");
+            WriteSolid(written, file, format == PRO_STEP_FILE ? Format::Step : Format::Iges,
+                       nullptr);
         },
         ARG(model), GIVEN(file), ARG(format), ARG(first), ARG(second), ARG(third), ARG(fourth));
 }
@@ -69,9 +93,9 @@ ProError ProIntf3DFileWrite(ProSolid solid, ProIntf3DFileType format, ProPath fi
             const Model& written = RequireContents(solid);
             if (format != PRO_INTF_EXPORT_IGES) Refuse(PRO_TK_BAD_INPUTS);
             if (csys || representation) Refuse(PRO_TK_NOT_IMPLEMENTED);
-            if (inclusion) RequireInclusion(inclusion);
+            const OutputInclusion* included = inclusion ? &RequireInclusion(inclusion) : nullptr;
             if (layers) RequireLayers(layers);
-            WriteSolid(written, file, "IGES");
+            WriteSolid(written, file, Format::Iges, included);
         },
         ARG(solid), ARG(format), GIVEN(file), ARG(configuration), ARG(csys), ARG(representation),
         ARG(inclusion), ARG(layers));

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "simhost/model/imported_body.h"
+
 namespace simhost {
 
 namespace {
@@ -259,7 +261,24 @@ FaceList GearFaces(const Solid& solid) {
     return faces;
 }
 
-constexpr const char* kShapeNames[] = {"box", "cylinder", "tube", "cone", "gear", "prism"};
+FaceList ImportedFaces(const Solid& solid) {
+    FaceList faces;
+    faces.reserve(solid.body->faces.size());
+    for (const ImportedFace& face : solid.body->faces) {
+        auto& facets = faces.emplace_back();
+        for (const auto& triangle : face.triangles) {
+            Facet facet;
+            for (const int point : triangle) {
+                facet.corners.push_back(solid.scale * solid.body->points[std::size_t(point)]);
+            }
+            facets.push_back(std::move(facet));
+        }
+    }
+    return faces;
+}
+
+constexpr const char* kShapeNames[] = {"box",  "cylinder", "tube",    "cone",
+                                       "gear", "prism",    "imported"};
 
 }  // namespace
 
@@ -340,6 +359,7 @@ int SurfaceCount(const Solid& solid) {
         case Shape::Cone: return 1 + (solid.diameter > 0) + (solid.top > 0);
         case Shape::Gear: return 2 + (solid.bore > 0) + 4 * solid.teeth;
         case Shape::Prism: return 2 + int(solid.outline.size());
+        case Shape::Imported: return int(solid.body->faces.size());
     }
     return 0;
 }
@@ -356,6 +376,7 @@ std::vector<SolidFace> Faces(const Solid& solid, int fineness) {
         case Shape::Cone: list = ConeFaces(solid.diameter, solid.top, solid.length, count); break;
         case Shape::Gear: list = GearFaces(solid); break;
         case Shape::Prism: list = PrismFaces(solid); break;
+        case Shape::Imported: list = ImportedFaces(solid); break;
     }
     const Placement frame = PlacementFrom(solid.at, solid.turn);
     std::vector<SolidFace> faces;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -57,7 +58,9 @@ struct Extents {
     void Add(Vec3 p);
 };
 
-enum class Shape { Box, Cylinder, Tube, Cone, Gear, Prism };
+struct ImportedBody;
+
+enum class Shape { Box, Cylinder, Tube, Cone, Gear, Prism, Imported };
 
 // One solid of a part as its file has it. Which numbers count depends on the shape.
 struct Solid {
@@ -71,8 +74,10 @@ struct Solid {
     double length = 0;                       // cylinder, tube, cone
     double module = 0, width = 0, bore = 0;  // gear
     int teeth = 0;
-    std::vector<Point2> outline;  // prism: counter-clockwise
-    double height = 0;            // prism
+    std::vector<Point2> outline;               // prism: counter-clockwise
+    double height = 0;                         // prism
+    double scale = 0;                          // imported: the length of a mm of its record
+    std::shared_ptr<const ImportedBody> body;  // imported
     bool operator==(const Solid&) const = default;
 };
 

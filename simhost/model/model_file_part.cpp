@@ -4,6 +4,7 @@
 #include <array>
 #include <climits>
 
+#include "simhost/model/imported_body.h"
 #include "simhost/model/model_file_sections.h"
 
 namespace simhost {
@@ -200,6 +201,34 @@ struct ShapeField {
     Shape shape;
     Field<Solid> field;
 };
+// --- Imported solids: long texts, each in lines of its own ---
+
+std::string LongText(const std::string& text) {
+    return "'''\n" + text + "'''";
+}
+
+void ReadImportedRecord(const toml::node& node, const char* key, Solid* solid) {
+    auto body = std::make_shared<ImportedBody>();
+    if (!ReadRecord(Text(node, key), body.get())) {
+        Fail(node.source(), Quoted(key) + " is no record of an imported solid");
+    }
+    solid->body = std::move(body);
+}
+// It is read after the record.
+void ReadExactShape(const toml::node& node, const char* key, Solid* solid) {
+    auto body = std::make_shared<ImportedBody>(*solid->body);
+    body->exact = Text(node, key);
+    solid->body = std::move(body);
+}
+
+constexpr Field<Solid> kRecordField{
+    "record", ReadImportedRecord,
+    [](const Solid& solid) { return LongText(RecordText(*solid.body)); },
+    [](const Solid&) { return false; }};
+constexpr Field<Solid> kExactField{"exact", ReadExactShape,
+                                   [](const Solid& solid) { return LongText(solid.body->exact); },
+                                   [](const Solid& solid) { return solid.body->exact.empty(); }};
+
 constexpr ShapeField kShapeFields[] = {
     {Shape::Box, Required(With(Of<&Solid::size>("size"), ReadBoxSize))},
     {Shape::Cylinder, Length<&Solid::diameter>("diameter")},
@@ -217,6 +246,9 @@ constexpr ShapeField kShapeFields[] = {
     {Shape::Prism, Required(Field<Solid>{"outline", ReadOutline, OutlineText,
                                          [](const Solid&) { return false; }})},
     {Shape::Prism, Length<&Solid::height>("height")},
+    {Shape::Imported, Length<&Solid::scale>("scale")},
+    {Shape::Imported, Required(kRecordField)},
+    {Shape::Imported, kExactField},
 };
 
 std::vector<Field<Solid>> FieldsOf(Shape shape) {

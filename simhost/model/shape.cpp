@@ -9,6 +9,8 @@
 #include <tuple>
 #include <utility>
 
+#include "simhost/model/imported_body.h"
+
 namespace simhost {
 
 namespace {
@@ -64,7 +66,8 @@ Roundness RoundnessOf(const Solid& solid) {
                     {{0, solid.bore, 0, 2}, {solid.width, solid.bore, 1, 2}},
                     {}};
         case Shape::Box:
-        case Shape::Prism: return {};
+        case Shape::Prism:
+        case Shape::Imported: return {};
     }
     return {};
 }
@@ -231,13 +234,122 @@ private:
     PartShape& shape_;
 };
 
+// --- A body that was imported: all that is asked is in its record ---
+
+class ImportedMaker {
+public:
+    ImportedMaker(const Solid& solid, PartShape* shape)
+        : solid_(solid),
+          frame_(PlacementFrom(solid.at, solid.turn)),
+          points_(ScaledBy(frame_, solid.scale)),
+          lastFace_(solid.id),
+          shape_(*shape) {}
+
+    void Run() {
+        const ImportedBody& record = *solid_.body;
+        ShapeBody body{solid_, shape_.faces.size(), record.faces.size(), 0};
+        for (const ImportedFace& face : record.faces) AddFace(face);
+        int number = 10 * (solid_.id + 1);
+        for (const ImportedEdge& edge : record.edges) AddEdge(edge, number++, &body);
+        shape_.volume += VolumeOf(solid_);
+        shape_.bodies.push_back(std::move(body));
+    }
+
+private:
+    static Placement ScaledBy(Placement frame, double scale) {
+        for (Vec3& axis : frame.axes) axis = scale * axis;
+        return frame;
+    }
+
+    // The box of a tilted body is that of the corners of the face's own.
+    void AddFace(const ImportedFace& each) {
+        ShapeFace face;
+        face.id = ++lastFace_;
+        face.kind = each.kind;
+        face.origin = points_.Point(each.origin);
+        face.axis = frame_.Direction(each.axis);
+        face.radius = solid_.scale * each.radius;
+        face.slope = each.slope;
+        face.hollow = each.hollow;
+        const Vec3 low = each.box.low, high = each.box.high;
+        for (const double x : {low.x, high.x}) {
+            for (const double y : {low.y, high.y}) {
+                for (const double z : {low.z, high.z}) face.box.Add(points_.Point({x, y, z}));
+            }
+        }
+        shape_.faces.push_back(face);
+    }
+
+    void AddEdge(const ImportedEdge& each, int id, ShapeBody* body) {
+        ShapeEdge edge;
+        edge.id = id;
+        edge.kind = each.kind;
+        edge.from = points_.Point(each.from);
+        edge.to = points_.Point(each.to);
+        for (std::size_t i : {0u, 1u}) edge.faces[i] = solid_.id + 1 + each.faces[i];
+        edge.vertices[0] = VertexAt(edge.from);
+        edge.vertices[1] = VertexAt(edge.to);
+        if (each.kind == EdgeKind::Circle) {
+            edge.frame = Compose(frame_, each.frame);
+            edge.frame.origin = points_.Point(each.frame.origin);
+            edge.radius = solid_.scale * each.radius;
+            body->widest = std::max(body->widest, 2 * edge.radius);
+        }
+        shape_.edges.push_back(edge);
+    }
+
+    std::size_t VertexAt(Vec3 point) {
+        const auto [found, isNew] = vertices_.try_emplace(point, shape_.vertices.size());
+        if (isNew) shape_.vertices.push_back(point);
+        return found->second;
+    }
+
+    const Solid& solid_;
+    const Placement frame_;   // turns and moves
+    const Placement points_;  // takes points of the record to the part
+    int lastFace_;            // its id
+    std::map<Vec3, std::size_t, Before> vertices_;
+    PartShape& shape_;
+};
+
+// Round faces without rims reach beyond all edges. Along the axes their boxes are exact; else the
+// corners of their facets stray from them by little.
+bool IsAlongAxes(const Placement& frame) {
+    return std::all_of(frame.axes.begin(), frame.axes.end(), [](Vec3 axis) {
+        return (axis.x != 0) + (axis.y != 0) + (axis.z != 0) == 1;
+    });
+}
+
+void AddImported(const PartShape& shape, const ShapeBody& body, const Placement& frame,
+                 Extents* box) {
+    if (!IsAlongAxes(frame)) {
+        for (const SolidFace& face : FacetsOf(body)) {
+            for (const Facet& facet : face.facets) {
+                for (const Vec3 corner : facet.corners) box->Add(frame.Point(corner));
+            }
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < body.faceCount; ++i) {
+        const Extents& face = shape.faces[body.firstFace + i].box;
+        box->Add(frame.Point(face.low));
+        box->Add(frame.Point(face.high));
+    }
+}
+
 }  // namespace
 
 // Bodies are kept apart: where faces of two bodies lie flush, the seam is an edge of each. Joining
 // them would begin here, once all bodies are known.
 PartShape ShapeOf(const std::vector<Solid>& solids) {
     PartShape shape;
-    for (const Solid& solid : solids) BodyMaker(solid, &shape).Run();
+    for (const Solid& solid : solids) {
+        if (solid.shape == Shape::Imported) {
+            ImportedMaker(solid, &shape).Run();
+        } else {
+            BodyMaker(solid, &shape).Run();
+        }
+    }
     return shape;
 }
 
@@ -254,6 +366,9 @@ std::vector<SolidFace> FacetsOf(const ShapeBody& body, int fineness) {
 Extents ExtentsIn(const PartShape& shape, const Placement& frame) {
     Extents box;
     for (const Vec3& vertex : shape.vertices) box.Add(frame.Point(vertex));
+    for (const ShapeBody& body : shape.bodies) {
+        if (body.madeOf.shape == Shape::Imported) AddImported(shape, body, frame, &box);
+    }
     for (const ShapeEdge& edge : shape.edges) {
         if (edge.kind == EdgeKind::Circle) AddCircle(Compose(frame, edge.frame), edge.radius, &box);
     }
@@ -304,6 +419,7 @@ double VolumeOf(const Solid& solid) {
                    ConeVolume(solid.inner, solid.inner, solid.length);
         case Shape::Gear: return GearArea(solid) * solid.width;
         case Shape::Prism: return OutlineArea(solid) * solid.height;
+        case Shape::Imported: return solid.body->volume * std::pow(solid.scale, 3);
     }
     return 0;
 }

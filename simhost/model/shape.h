@@ -9,7 +9,12 @@
 
 namespace simhost {
 
-enum class FaceKind { Plane, Cylinder, Cone };
+enum class FaceKind { Plane, Cylinder, Cone, Other };  // other: of an imported solid
+
+// Whether a face has an axis and two ends on it.
+inline bool IsRound(FaceKind kind) {
+    return kind == FaceKind::Cylinder || kind == FaceKind::Cone;
+}
 
 // A face is what the host calls a surface.
 struct ShapeFace {

@@ -55,9 +55,9 @@ UnitSystem System(WideView name, WideView length, WideView massOrForce, WideView
 
 // --- Which numbers are lengths ---
 
-constexpr double Solid::*kLengths[] = {&Solid::diameter, &Solid::top,    &Solid::outer,
-                                       &Solid::inner,    &Solid::length, &Solid::module,
-                                       &Solid::width,    &Solid::bore,   &Solid::height};
+constexpr double Solid::*kLengths[] = {
+    &Solid::diameter, &Solid::top,   &Solid::outer, &Solid::inner,  &Solid::length,
+    &Solid::module,   &Solid::width, &Solid::bore,  &Solid::height, &Solid::scale};
 constexpr Vec3 Solid::*kLengthsOfSolid[] = {&Solid::size, &Solid::at};
 
 void Convert(std::vector<double>* numbers, double from, double to) {

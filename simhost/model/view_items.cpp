@@ -56,7 +56,7 @@ const ShapeEdge* FindEdge(const PartShape& shape, int id) {
 
 const ShapeFace* FindRound(const PartShape& shape, int id) {
     for (const ShapeFace& face : shape.faces) {
-        if (face.id == id && face.kind != FaceKind::Plane) return &face;
+        if (face.id == id && IsRound(face.kind)) return &face;
     }
     return nullptr;
 }
@@ -155,7 +155,7 @@ void AddItemsOf(const Model& part, const std::vector<int>& path, ProType type,
         for (const ShapeEdge& edge : shape.edges) ways->push_back({path, type, edge.id});
     }
     for (const ShapeFace& face : shape.faces) {
-        if (face.kind == FaceKind::Plane) continue;
+        if (!IsRound(face.kind)) continue;
         if (type == kAxis) ways->push_back({path, type, face.id});
         if (type != kSilhouette) continue;
         for (const int side : {1, 2}) ways->push_back({path, type, 10 * face.id + side});

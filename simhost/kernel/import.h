@@ -1,0 +1,22 @@
+// Exchange files of other systems as projects of the host: a folder of model files.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace simhost {
+
+struct Imported {
+    std::string top;  // "gearbox.asm"
+    int parts = 0, assemblies = 0;
+    std::vector<std::string> notes;  // what is not as it was in the file, one sentence each
+};
+
+// Reads a STEP file and writes a project into a folder, which is made if it is missing and must
+// be empty. Throws std::runtime_error with a sentence, and then nothing is left behind: the file
+// cannot be read, is no STEP file, is broken, has no product or is nested too deep; the folder
+// holds something or cannot be written; there is no geometry kernel.
+Imported ImportStep(const std::filesystem::path& file, const std::filesystem::path& folder);
+
+}  // namespace simhost

@@ -39,6 +39,7 @@
 #include "hostapi/host/edge.h"
 #include "hostapi/host/element.h"
 #include "hostapi/host/export2d.h"
+#include "hostapi/host/export_3d.h"
 #include "hostapi/host/family_table.h"
 #include "hostapi/host/feature.h"
 #include "hostapi/host/file_dialog.h"

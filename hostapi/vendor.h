@@ -29,6 +29,7 @@
 #include <ProGeomitemdata.h>
 #include <ProMaterial.h>
 #include <ProGroup.h>
+#include <ProIntf3Dexport.h>
 #include <ProMdl.h>
 #include <ProMenuBar.h>
 #include <ProMessage.h>

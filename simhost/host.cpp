@@ -23,6 +23,7 @@ Host& TheHost() {
 }
 
 Host::Host() {
+    LimitDisk({});
     ServeHost(&forWindows_);
     Operation::Serve(&journal, [this](const std::string& what) { Complain(what); });
     arrays.ending = [this](const void* array) {

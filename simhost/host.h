@@ -11,6 +11,7 @@
 #include "simhost/core/journal.h"
 #include "simhost/core/operation.h"
 #include "simhost/model/config_options.h"
+#include "simhost/model/output_records.h"
 #include "simhost/model/session.h"
 #include "simhost/ui/commands.h"
 #include "simhost/ui/dialogs.h"
@@ -36,6 +37,9 @@ public:
     Dialogs dialogs{desk, disk, textFolder, session};
     Messages messages{desk, disk, textFolder};
     ConfigOptions configOptions;
+    OutputRecords outputRecords;
+    bool writesOutput = true;     // false: files for other programs go nowhere, for measurements
+    bool toldOfNoKernel = false;  // that files hold no shape here
     ProArray optionValues = nullptr;  // of the last question for an option, until the next call
     ProArray picked = nullptr;        // of the last pick; the plug-in is lent it until the next
     std::deque<WideText> lentTexts;   // texts that operations handed out for good

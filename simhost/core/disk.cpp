@@ -201,11 +201,25 @@ bool MayWrite(const fs::path& path) {
 }
 #endif
 
+std::optional<std::uint64_t>& BytesLeft() {
+    static std::optional<std::uint64_t> left;
+    return left;
+}
+
+// What was there before keeps its place, too: it goes away only once the new file is whole.
+bool TakeRoom(std::size_t bytes) {
+    auto& left = BytesLeft();
+    if (left && *left < bytes) return false;
+    if (left) *left -= bytes;
+    return true;
+}
+
 std::error_code LastError() {
     return {errno, std::generic_category()};
 }
 
 std::error_code Put(const fs::path& path, std::string_view bytes) {
+    if (!TakeRoom(bytes.size())) return std::make_error_code(std::errc::no_space_on_device);
     std::FILE* file = OpenToWrite(path);
     if (!file) return LastError();
     std::error_code error;
@@ -239,6 +253,10 @@ bool WriteFile(const fs::path& path, std::string_view bytes, std::string* reason
     const std::error_code error = PutBesideAndRename(path, bytes);
     if (error && reason) *reason = error.message();
     return !error;
+}
+
+void LimitDisk(std::optional<std::uint64_t> bytesLeft) {
+    BytesLeft() = bytesLeft;
 }
 
 }  // namespace simhost

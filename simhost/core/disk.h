@@ -2,7 +2,9 @@
 // system, and names are found whatever the case of their letters.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "hostapi/wide.h"
@@ -34,5 +36,8 @@ std::string ReadFile(const std::filesystem::path& path, bool* found = nullptr);
 // written straight. False if it could not be done, with the reason in the system's words.
 bool WriteFile(const std::filesystem::path& path, std::string_view bytes,
                std::string* reason = nullptr);
+
+// As if the disk had so many bytes left, for WriteFile; nothing: as many as it has.
+void LimitDisk(std::optional<std::uint64_t> bytesLeft);
 
 }  // namespace simhost

@@ -30,7 +30,30 @@ WideView WithoutBlanks(WideView text) {
     return text;
 }
 
+// CON, NUL, COM1 and so on lead to a device in every folder and with every ending.
+bool IsDevice(WideView name) {
+    const WideText stem = Upper(name.substr(0, name.find(WideChar{'.'})));
+    for (const WideView device : {WIDE("CON"), WIDE("PRN"), WIDE("AUX"), WIDE("NUL")}) {
+        if (stem == device) return true;
+    }
+    const bool isPort = stem.starts_with(WIDE("COM")) || stem.starts_with(WIDE("LPT"));
+    return isPort && stem.size() == 4 && stem[3] >= WideChar{'1'} && stem[3] <= WideChar{'9'};
+}
+
 }  // namespace
+
+bool IsFilePath(WideView windowsPath) {
+    constexpr std::size_t kLongest = 259;
+    // The drive's colon is the only one.
+    const WideView names = windowsPath.substr(std::min<std::size_t>(windowsPath.size(), 2));
+    if (windowsPath.size() > kLongest || names.empty()) return false;
+    const auto isForbidden = [](WideChar c) {
+        return c < WideChar{' '} || WideView(WIDE("<>:\"|?*")).find(c) != WideView::npos;
+    };
+    if (std::any_of(names.begin(), names.end(), isForbidden)) return false;
+    const WideView name = names.substr(names.find_last_of(WIDE("\\/")) + 1);
+    return !name.empty() && !IsDevice(name);
+}
 
 int SplitVersion(const std::string& name, std::string* fileName) {
     const std::size_t dot = name.rfind('.');

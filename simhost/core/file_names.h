@@ -14,6 +14,10 @@ namespace simhost {
 // version comes last. The file's name comes in small letters.
 int SplitVersion(const std::string& name, std::string* fileName);
 
+// Whether a Windows path with a drive can be that of a file: shorter than Windows' limit, no letter
+// that names must not have, no separator at its end, no name of a device.
+bool IsFilePath(WideView windowsPath);
+
 // A file of a folder in its newest version; a file without a version number is older than 1.
 struct NamedFile {
     WideText name;  // as it lies there, without its version

@@ -28,6 +28,8 @@ enum class HandleKind : std::uint8_t {
     Edge = 0x51,
     ExportData = 0x61,
     PdfOptions = 0x62,
+    OutputInclusion = 0x65,
+    OutputLayers = 0x66,
     // From 0x31 on: those of the simulated Windows; 0x41 to 0x4f: those of the spreadsheets.
 };
 

@@ -146,6 +146,17 @@ std::string DescribeHandle(const void* handle) {
             }
             return "dangling constraint";
         case HandleKind::View: return DescribeView(handle);
+        case HandleKind::OutputInclusion:
+            if (const OutputInclusion* inclusion =
+                    TheHost().outputRecords.inclusions.Find(handle)) {
+                return TextOf(*inclusion);
+            }
+            return "an inclusion record";
+        case HandleKind::OutputLayers:
+            if (const OutputLayers* layers = TheHost().outputRecords.layers.Find(handle)) {
+                return TextOf(*layers);
+            }
+            return "a record of layers";
         case HandleKind::Command: return TheHost().commands.Describe(handle);
     }
     return "pointer";

@@ -87,7 +87,7 @@ ProError Pro2dExport(Pro2dExportType format, ProPath file, ProMdl drawing, Pro2d
             const int sheet = SheetFor(model, data);
             const WideText extension = format == PRO_DWG_FILE ? WIDE(".dwg") : WIDE(".dxf");
             const WideText path = WithExtension(file, extension);
-            WriteOutput(path, SheetDxf(model, sheet));
+            WriteOutput(path, [&] { return SheetDxf(model, sheet); });
             if (format == PRO_DWG_FILE) TellOfText(path);
         },
         ARG(format), GIVEN(file), ARG(drawing), ARG(data));

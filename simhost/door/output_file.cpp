@@ -1,41 +1,64 @@
-// The one way on which all that is exported comes onto the disk.
+// Where a file for another program may be written, and how.
 #include "simhost/door/output_file.h"
 
-#include <algorithm>
+#include <fmt/format.h>
+
 #include <filesystem>
 
+#include "simhost/core/disk.h"
+#include "simhost/core/file_names.h"
+#include "simhost/core/text.h"
 #include "simhost/door/door.h"
 #include "simhost/system/windows.h"
 
 namespace simhost {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-// The host asks for it from Windows only when the bytes are there, so it is known here what no
-// file is called.
-bool IsPathOfAFile(WideView path) {
-    const auto isForbidden = [](WideChar c) {
-        return c < ' ' || WideView(WIDE("<>:\"|?*")).find(c) != WideView::npos;
-    };
-    // The drive's colon is the only one.
-    if (path.size() < 3 || path[1] != ':' || path.size() >= PRO_PATH_SIZE) return false;
-    const WideView names = path.substr(2);
-    return names.back() != '\\' && names.back() != '/' &&
-           std::none_of(names.begin(), names.end(), isForbidden);
+bool IsReadOnly(const fs::file_status& status) {
+    return (status.permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
+// Empty: it can be written as far as one can tell before.
+std::string WhyNot(WideView whole, const fs::path& real) {
+    if (!IsFilePath(whole) || real.empty()) return "no file can have this name";
+    std::error_code error;
+    const fs::file_status folder = fs::status(real.parent_path(), error);
+    if (!fs::is_directory(folder)) return "there is no such folder";
+    if (IsReadOnly(folder)) return "the folder is read-only";
+    const fs::file_status there = fs::status(real, error);
+    if (!fs::exists(there)) return {};
+    if (!fs::is_regular_file(there)) return "what has this name is no file";
+    if (IsReadOnly(there)) return "the file is read-only";
+    return TheWindows().MayOpen(real, /*toWrite=*/true) ? "" : "another program has it open";
+}
+
+[[noreturn]] void RefuseToWrite(WideView whole, const std::string& why) {
+    TheHost().Tell(fmt::format("{} is not written: {}", Utf8(whole), why));
+    Refuse(PRO_TK_CANT_WRITE);
 }
 
 }  // namespace
 
-void WriteOutput(WideView path, const std::string& bytes) {
-    const bool whole = path.size() > 1 && path[1] == ':';
-    WideText full = whole ? WideText() : TheHost().session.workingDirectory + WIDE("\\");
-    full += path;
-    if (!IsPathOfAFile(full)) Refuse(PRO_TK_CANT_WRITE);
-    const std::filesystem::path real = TheHost().disk.Real(full);
-    std::error_code error;
-    const bool writable = !real.empty() && !std::filesystem::is_directory(real, error) &&
-                          TheWindows().MayOpen(real, /*toWrite=*/true) && WriteFile(real, bytes);
-    if (!writable) Refuse(PRO_TK_CANT_WRITE);
+WideText WholePath(WideView path) {
+    const bool hasDrive = path.size() > 2 && path[1] == WideChar{':'} &&
+                          WideView(WIDE("\\/")).find(path[2]) != WideView::npos;
+    if (hasDrive) return WideText(path);
+    WideText whole = TheHost().session.workingDirectory;
+    whole += WIDE("\\");
+    whole += path;
+    return whole;
+}
+
+void WriteOutput(WideView path, const std::function<std::string()>& compose) {
+    const WideText whole = WholePath(path);
+    const fs::path real = TheHost().disk.Real(whole);
+    std::string why = WhyNot(whole, real);
+    if (!why.empty()) RefuseToWrite(whole, why);
+    if (!TheHost().writesOutput) return;
+    if (!WriteFile(real, compose(), &why)) RefuseToWrite(whole, why);
 }
 
 }  // namespace simhost

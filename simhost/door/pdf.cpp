@@ -36,8 +36,11 @@ std::vector<int> SheetsOf(Model& drawing, PlotSheets which) {
 }
 
 void Write(Model& drawing, const WideChar* path, const PlotOptions& options) {
-    const PlotFile file = PlotOf(drawing, SheetsOf(drawing, options.sheets), options);
-    WriteOutput(path, file.bytes);
+    PlotFile file;
+    WriteOutput(path, [&] {
+        file = PlotOf(drawing, SheetsOf(drawing, options.sheets), options);
+        return file.bytes;
+    });
     if (!file.note.empty()) TheHost().Tell(fmt::format("{}: {}", Utf8(path), file.note));
     if (options.shown) TheHost().Tell(Utf8(path) + " is shown in the viewer");
 }

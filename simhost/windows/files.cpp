@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "simhost/core/file_names.h"
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/windows/simulated.h"
@@ -55,15 +56,8 @@ bool IsReadOnly(const std::filesystem::path& real) {
 }
 
 std::filesystem::path RealFile(WideView windowsPath) {
-    const auto isForbidden = [](WideChar c) {
-        return c < u' ' || WideView(WIDE("<>:\"|?*")).find(c) != WideView::npos;
-    };
-    // The drive's colon is the only one.
-    const WideView names = windowsPath.substr(std::min<std::size_t>(windowsPath.size(), 2));
-    if (windowsPath.size() >= MAX_PATH || names.empty()) return {};
-    if (names.back() == u'\\' || names.back() == u'/') return {};
-    if (std::any_of(names.begin(), names.end(), isForbidden)) return {};
-    return Simulated().host().disk.Real(windowsPath);
+    return IsFilePath(windowsPath) ? Simulated().host().disk.Real(windowsPath)
+                                   : std::filesystem::path();
 }
 
 SimulatedWindows::~SimulatedWindows() {

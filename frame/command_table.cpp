@@ -5,6 +5,7 @@
 #include "construct/commands.h"
 #include "display/commands.h"
 #include "drawing/commands.h"
+#include "export/commands.h"
 #include "frame/access.h"
 #include "frame/command_row.h"
 #include "frame/config.h"
@@ -49,7 +50,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxBom">                  (Command<VxBom>,           AccessAssemblyOrMfg),
     Row<"VxRename">               (Command<VxRename>,        AccessAssemblyOrMfg),
     Row<"VxRemoveCons">           (Command<VxRemoveCons>,    AccessAssemblyOrMfg),
-    Row<"VxExport">               (NotBuilt,                 AccessAlways),
+    Row<"VxExport">               (Command<VxExport>,        AccessAlways),
     Row<"VxMdlCount">             (Command<VxMdlCount>,      AccessAssemblyOrMfg),
     Row<"VxNewDrw">               (Command<VxNewDrw>,        AccessAssemblyOrMfg),
     Row<"VxDimModify">            (Command<VxDimModify>,     AccessDrawing),

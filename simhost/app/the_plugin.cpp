@@ -18,6 +18,9 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
      "each pass leaves its senses to the host"},
     {"command VxSingleDim", "ProSelectionCopy", 0, "they lie in the arrays that are left"},
     {"command VxSingleDim", "ProSelectionAlloc", 0, "likewise"},
+    {"command VxExport", "Pro2dExportdataAlloc", 0, "the records of exports are left to the host"},
+    {"command VxExport", "ProDrawingViewsCollect", 0, "so are the views of DWG and DXF by sheets"},
+    {"command VxExport", "ProPDFoptionsAlloc", 0, "a drawing without views keeps its options"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {

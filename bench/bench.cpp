@@ -120,6 +120,13 @@ constexpr DialogJob kDialogJobs[] = {
     {"VxFrmReplace",
      "~ Command `VxFrmReplace`\n~ Activate `VxFrmReplace` `VxFrmReplaceAct`\n"
      "@ answer C:\\Files\\a3.frm.1\n@ ok\n~ Close `VxFrmReplace`"},
+    {"ExportOpen", "~ Command `VxExport`\n~ Close `VxExport`"},
+    {"ExportParams",
+     "~ Command `VxExport`\n~ Activate `VxExport` `VxLoadParams`\n~ Close `VxExport`"},
+    {"ExportApply",
+     "~ Command `VxExport`\n~ Activate `VxExport` `DXFCheck` 1\n"
+     "~ Input `VxExport` `Export_name` `NAME,图纸名称`\n~ Activate `VxExport` `selAll`\n"
+     "~ Activate `VxExport` `ApplyBt`\n@ ok\n~ Close `VxExport`"},
     {"DimTolerance",
      "~ Command `VxDimModify`\n~ Activate `VxDimModify` `upTolBt1`\n~ Close `VxDimModify`"},
     {"VxRemoveCons",

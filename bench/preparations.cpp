@@ -1,6 +1,8 @@
 // The preparations as a table, each from what the simulated host offers a test.
 #include "bench/preparations.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <utility>
 #include <vector>
@@ -11,6 +13,8 @@
 #include "simhost/host.h"
 #include "simhost/model/annotations.h"
 #include "simhost/model/constraints.h"
+#include "simhost/model/model_file.h"
+#include "simhost/model/parameters.h"
 #include "simhost/model/picking.h"
 #include "simhost/model/selections.h"
 #include "simhost/model/shown.h"
@@ -191,6 +195,35 @@ void WriteDrawings(const Workplace& workplace, int size) {
     WriteFile(folder / "a3.frm.1", "[model]\ntype = \"format\"\n\n[[sheet]]\nsize = \"A3\"\n");
 }
 
+// So many drawings of one sheet, all of one part, beside so many parts: those of their names first.
+void WriteFolder(int drawings, int parts) {
+    Session& session = TheHost().session;
+    Model& part = SomePart();
+    part.parameters.Set(TextParameter(WIDE("NAME"), WIDE("block")));
+    session.Save(part);
+    Model& drawing = MakeDrawing("SHEET", 1);
+    DrawingOf(drawing).AddGeneral(part, 1, {100, 100, 0}, 1, {});
+    const fs::path folder = TheHost().disk.Real(session.workingDirectory);
+    const std::string sheet = ModelText(drawing), solid = ModelText(part);
+    for (int i = 0; i < drawings; ++i) WriteFile(folder / fmt::format("d{}.drw.1", i), sheet);
+    for (int i = 0; i < parts; ++i) WriteFile(folder / fmt::format("d{}.prt.1", i), solid);
+}
+
+void WriteManyDrawings(const Workplace&, int size) {
+    WriteFolder(size, 0);
+}
+
+// Ten times as many models as rows.
+void WriteManyModels(const Workplace&, int size) {
+    WriteFolder(size, 10 * size);
+}
+
+// The host checks its files and writes none.
+void WriteNothing(const Workplace&, int size) {
+    WriteFolder(size, 0);
+    TheHost().writesOutput = false;
+}
+
 // A drawing with one view, open, on its first sheet; the view is on the sheet that is named.
 DrawingView& OpenDrawing(int sheetOfView) {
     Model& part = SomePart();
@@ -261,6 +294,9 @@ constexpr Preparation kPreparations[] = {
     {"VxMergeTo", ActivateTheLastPart},
     {"VxDrwScaleCheck", WriteDrawings, kHandful},
     {"VxFrmReplace", WriteDrawings, kHandful},
+    {"ExportOpen", WriteManyDrawings, kHandful},
+    {"ExportParams", WriteManyModels, kHandful},
+    {"ExportApply", WriteNothing, kHandful},
     {"DimTolerance", SelectDimensions, kHandful},
     {"VxSingleDim", PickEdges, kHandful},
     {"RenameLoad", Nothing, kFew},

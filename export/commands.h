@@ -1,4 +1,5 @@
-// The commands of this room, as the table presses them. Each acts on the current model.
+// The commands of this room, as the table presses them: drawings and models in the formats of
+// other systems, and backups.
 #pragma once
 
 // Backs up the current assembly, or that of a manufacturing model, each model below it, and their
@@ -22,3 +23,7 @@ void VxExportPdf();
 // Writes the current part or assembly, or the assembly of a manufacturing model, as STEP to the
 // desktop or into a folder that the user chooses.
 void VxExportStp();
+
+// Opens the table of the drawings of the working directory, or of the current model and what lies
+// in it; the selected ones are written as DWG, DXF, PDF, STEP and IGES files from there.
+void VxExport();

@@ -50,7 +50,7 @@ constexpr std::array<CommandRow, 56> kCommandTable = {{
     Row<"VxBom">                  (Command<VxBom>,           AccessAssemblyOrMfg),
     Row<"VxRename">               (Command<VxRename>,        AccessAssemblyOrMfg),
     Row<"VxRemoveCons">           (Command<VxRemoveCons>,    AccessAssemblyOrMfg),
-    Row<"VxExport">               (NotBuilt,                 AccessAlways),
+    Row<"VxExport">               (Command<VxExport>,        AccessAlways),
     Row<"VxMdlCount">             (Command<VxMdlCount>,      AccessAssemblyOrMfg),
     Row<"VxNewDrw">               (Command<VxNewDrw>,        AccessAssemblyOrMfg),
     Row<"VxDimModify">            (Command<VxDimModify>,     AccessDrawing),

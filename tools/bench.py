@@ -19,6 +19,7 @@ JOBS = ["walk", "BatchColor", "CoverRels", "Add", "OutlineParts", "OutlineTop", 
         "VxHideReverse", "VxShowAllComp",
         "BomFlat", "BomLevels", "RenameOpen", "RenameLoad", "RenameCheck", "TweViews",
         "VxDrwScaleCheck", "VxFrmReplace", "DimTolerance", "VxSingleDim",
+        "ExportOpen", "ExportParams", "ExportApply",
         "BomExport", "SaveModels", "LookForModels",
         "OpenParameters", "InsertRows"]
 EXPORT_ROWS = [1_000, 50_000]
@@ -30,8 +31,9 @@ SMALLER = ["CoverRels", "Add", "OutlineParts", "OutlineTop",
 # Not occurrences: picks of parts with 102 surfaces, drawings of 4 sheets, dimensions, rows.
 OTHER_SIZES = {"VxBox": [1_000, 10_000], "VxDrwScaleCheck": [100, 1_000],
                "VxFrmReplace": [100, 1_000], "DimTolerance": [1_000, 10_000],
-               "VxSingleDim": [100, 1_000], "RenameLoad": [1_000, 10_000],
-               "RenameCheck": [1_000, 10_000]}
+               "VxSingleDim": [100, 1_000], "ExportOpen": [1_000, 10_000],
+               "ExportParams": [100, 1_000], "ExportApply": [100, 1_000],
+               "RenameLoad": [1_000, 10_000], "RenameCheck": [1_000, 10_000]}
 COUNTED_SIZES = [100, 1_000, *SIZES[:2]]
 # Jobs whose plug-in instructions do not depend on the model: measured in all, not for each
 # occurrence. The first size is a single part.

@@ -21,6 +21,9 @@ const std::vector<HeldOnPurpose> kHeldOnPurpose = {
     {"command VxExportPdf", "ProPDFoptionsAlloc", 0, "the options are left to the host"},
     {"command VxExIgs", "ProOutputInclusionAlloc", 0, "the host has no call that frees it"},
     {"command VxExIgs", "ProOutputLayerOptionsAlloc", 0, "likewise"},
+    {"command VxExport", "Pro2dExportdataAlloc", 0, "the records of exports are left to the host"},
+    {"command VxExport", "ProDrawingViewsCollect", 0, "so are the views of DWG and DXF by sheets"},
+    {"command VxExport", "ProPDFoptionsAlloc", 0, "a drawing without views keeps its options"},
 };
 
 const std::vector<NullFreedOnPurpose> kNullFreedOnPurpose = {

@@ -186,7 +186,8 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     std::vector<std::string> left = workbench::LeftOpen();
     static const std::set<std::string> kFrees = {
         "ProArrayFree",     "ProStringarrayFree",       "ProGeomitemdataFree", "ProSimprepdataFree",
-        "ProSelectionFree", "ProAsmcompconstraintFree", "ProUdfdataFree",      "ProElementFree"};
+        "ProSelectionFree", "ProAsmcompconstraintFree", "ProUdfdataFree",      "ProElementFree",
+        "ProPDFoptionsFree"};
     if (kFrees.count(operation) && left.size() <= fired) left.clear();
     EXPECT_EQ(left, std::vector<std::string>{}) << run;
     EndNote();

@@ -46,26 +46,24 @@ WideText TemplateFor(const std::string& size, const std::string& type) {
 WideText FolderOf(const WideText& path) {
     const std::size_t end = path.find_last_of(WIDE("\\/"));
     if (end == WideText::npos) return {};
-    const bool isTop = end > 0 && path[end - 1] == WideChar{':'};
-    return path.substr(0, isTop ? end + 1 : end);
+    WideText folder = path.substr(0, end);
+    if (folder.ends_with(WideChar{':'})) folder += WideChar{'\\'};
+    return folder;
 }
 
 // The host finds a template by its name where it works, so it works in the template's folder for
 // the moment. A template that is set without a folder is looked for where the host is.
-void CreateFromTemplate(ProMdl model, const WideText& path, const WideText& workFolder) {
-    const WideText name = ModelName(model);
-    ProError status = PRO_TK_GENERAL_ERROR;
-    {
-        const FolderVisit visit(FolderOf(path), workFolder);
-        const WideText drawingTemplate = ModelNameOf(path);
-        if (!RetrieveDrawing(drawingTemplate)) {
-            ShowNotice(WIDE("当前模板无法检索，请检查模板设置是否正确。\n") + path);
-            return;
-        }
-        ProDrawing drawing = nullptr;
-        status = CreateDrawing(name, drawingTemplate, ShownModel(model), &drawing);
+// False: there is no drawing.
+bool CreateFromTemplate(ProMdl model, const WideText& name, const WideText& path,
+                        const WideText& workFolder) {
+    const WideText drawingTemplate = ModelNameOf(path);
+    const FolderVisit visit(FolderOf(path), workFolder);
+    if (!RetrieveDrawing(drawingTemplate)) {
+        ShowNotice(WIDE("当前模板无法检索，请检查模板设置是否正确。\n") + path);
+        return false;
     }
-    if (status == PRO_TK_NO_ERROR) OpenDrawingWindowAndEnter(name);
+    ProDrawing drawing = nullptr;
+    return CreateDrawing(name, drawingTemplate, ShownModel(model), &drawing) == PRO_TK_NO_ERROR;
 }
 
 void OnCreate(char*, char*, ProAppData) {
@@ -80,7 +78,8 @@ void OnCreate(char*, char*, ProAppData) {
     if (path.empty()) {
         return ShowNotice(WIDE("当前所选模板未配置，请在 岚枢设置 功能中配置后再试。"));
     }
-    CreateFromTemplate(model, path, TextIn(workFolder));
+    const WideText name = ModelName(model);
+    if (CreateFromTemplate(model, name, path, TextIn(workFolder))) OpenDrawingWindowAndEnter(name);
 }
 
 }  // namespace

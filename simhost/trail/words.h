@@ -94,10 +94,14 @@ void ExpectNoButton(Trail& trail, const std::string& rest);
 void ExpectParameter(Trail& trail, const std::string& rest);
 void ExpectRelations(Trail& trail, const std::string& rest);
 void ExpectViews(Trail& trail, const std::string& rest);
+void ExpectScale(Trail& trail, const std::string& rest);
+void ExpectFormat(Trail& trail, const std::string& rest);
+void TurnToSheet(Trail& trail, const std::string& rest);
 void SetParameter(Trail& trail, const std::string& rest);
 void ExpectExtents(Trail& trail, const std::string& rest);
 void ShowParameters(Trail& trail);
 void ShowRelations(Trail& trail);
+void ShowSheets(Trail& trail);
 void ShowViews(Trail& trail);
 
 void PickInView(Trail& trail, const std::string& rest);

@@ -216,6 +216,7 @@ constexpr Topic kTopics[] = {
     {"relations", ShowRelations},
     {"units", [](Trail& trail) { ShowUnits(trail, ""); }},
     {"outline", [](Trail& trail) { ShowOutline(trail, ""); }},
+    {"sheets", ShowSheets},
     {"views", ShowViews},
     {"dimensions", ShowDimensions},
     {"tables", ShowTables},

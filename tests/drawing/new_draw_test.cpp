@@ -32,6 +32,13 @@ TEST_F(NewDrawings, VxOpenDrwMakesAWindowShowsAndActivates) {
     EXPECT_EQ(Windows(), (Names{"box.drw", "box.drw"}));
 }
 
+TEST_F(NewDrawings, VxOpenDrwAsksForTheModelOfASelectedAssembly) {
+    OpenTop();
+    DrawingIsThere("top.drw");
+    EXPECT_EQ(CallsOfOpen("@ select .").at(3), "ProModelitemMdlGet");
+    EXPECT_EQ(Current(), "top.drw");
+}
+
 TEST_F(NewDrawings, VxOpenDrwDoesNothingWithoutExactlyOneItem) {
     Model& top = OpenTop();
     Use(top, BoxPart("LID", 1, 1, 1));

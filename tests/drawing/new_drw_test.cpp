@@ -177,6 +177,15 @@ TEST_F(NewDrawings, ATemplateWithSlashesIsFoundToo) {
     EXPECT_EQ(Current(), "top.drw");
 }
 
+TEST_F(NewDrawings, ATildeInTheNameOfATemplateEndsNoFolder) {
+    SetTemplate("A3Asmpath", "C:\\T\\a3~1.drw");
+    WriteTemplate(WIDE("C:\\T\\a3~1.drw"));
+    OpenTop();
+    CallsOfTheButton();
+    EXPECT_EQ(LinesOf("ProDirectoryChange").at(0), "ProDirectoryChange(directory=\"C:\\T\") = 0");
+    EXPECT_EQ(Current(), "top.drw");
+}
+
 TEST_F(NewDrawings, ATemplateThatIsNotSetIsToldAndTheDialogStays) {
     OpenTop();
     Play(std::string("~ Command `VxNewDrw`\n") + kCreate +

@@ -243,6 +243,7 @@ TEST_F(Backup, WithoutAModelIsRefusedLikewise) {
 TEST_F(Backup, OfAnEmptyAssemblyAsksFirstAndLeavesTheFolderChanged) {
     OpenSaved("top:");
     Play("~ Command `VxBackup`\n@ answer C:\\Out\n@ expect box 当前模型中没有子零件/组件\n@ ok");
+    EXPECT_EQ(Boxes(), Names{"当前模型中没有子零件/组件"});
     EXPECT_FALSE(AllBoxes().at(0).hasCaption);
     EXPECT_EQ(AllBoxes().at(0).flags, 0u);
     EXPECT_EQ(Directory(), "C:\\Out");
@@ -253,6 +254,7 @@ TEST_F(Backup, WithoutAnArrayEndsInTheChosenFolderToo) {
     OpenSaved("top: a");
     Fail("ProArrayAlloc");
     Play("~ Command `VxBackup`\n@ answer C:\\Out\n@ expect box \"ProArray Alloc error\"\n@ ok");
+    EXPECT_EQ(Boxes(), Names{"ProArray Alloc error"});
     EXPECT_FALSE(AllBoxes().at(0).hasCaption);
     EXPECT_EQ(Directory(), "C:\\Out");
     EXPECT_EQ(FilesOf("C:\\Out"), Names{});

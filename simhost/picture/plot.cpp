@@ -17,7 +17,7 @@ constexpr const char* kVisible = "#000000";
 constexpr const char* kHidden = "#5a6672";
 constexpr const char* kFrame = "#26323d";
 constexpr double kVisibleWidth = 0.5, kHiddenWidth = 0.25;
-constexpr double kBorder = 10;
+constexpr double kBorder = 5;
 constexpr double kPointsPerMm = 72 / 25.4;
 
 // The frame and the name of a drawing that has no format.

@@ -185,9 +185,9 @@ int Sweep::RunWith(const Story& story, const std::string& operation, int n, bool
     // An array or a record that could not be freed is nobody's any more.
     std::vector<std::string> left = workbench::LeftOpen();
     static const std::set<std::string> kFrees = {
-        "ProArrayFree",     "ProStringarrayFree",       "ProGeomitemdataFree", "ProSimprepdataFree",
-        "ProSelectionFree", "ProAsmcompconstraintFree", "ProUdfdataFree",      "ProElementFree",
-        "ProPDFoptionsFree"};
+        "ProArrayFree",       "ProStringarrayFree", "ProGeomitemdataFree",
+        "ProSimprepdataFree", "ProSelectionFree",   "ProAsmcompconstraintFree",
+        "ProUdfdataFree",     "ProElementFree",     "ProPDFoptionsFree"};
     if (kFrees.count(operation) && left.size() <= fired) left.clear();
     EXPECT_EQ(left, std::vector<std::string>{}) << run;
     EndNote();

@@ -111,7 +111,7 @@ void FillFromModels(const ModelList& models) {
 
 void OnSource(char*, char*, ProAppData) {
     const std::string source = kExportDialog.Selected(kSources);
-    kExportTable.ColumnLabels();
+    kExportTable.ColumnLabels();  // asked for at this place, though nothing here needs them
     kExportTable.DeleteAllRows();
     if (source == "workDir") {
         Listings listings;

@@ -4,6 +4,7 @@
 #include <BOPTools_AlgoTools3D.hxx>
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepAlgoAPI_Cut.hxx>
+#include <BRepBuilderAPI_GTransform.hxx>
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakePolygon.hxx>
 #include <BRepBuilderAPI_MakeSolid.hxx>
@@ -87,8 +88,10 @@ TopoDS_Shape Imported(const Solid& solid) {
     if (shape.IsNull()) throw Failure("an imported solid has no exact shape");
     if (solid.scale == 1) return shape;
     gp_Trsf scaled;
-    scaled.SetScaleFactor(solid.scale);
-    return BRepBuilderAPI_Transform(shape, scaled, /*theCopyGeom=*/true).Shape();
+    scaled.SetScale(gp_Pnt(), solid.scale);
+    // The kernel's plain way to scale fails on round faces; this one makes splines of them, which
+    // are as exact.
+    return BRepBuilderAPI_GTransform(shape, gp_GTrsf(scaled)).Shape();
 }
 
 TopoDS_Shape InItsFrame(const Solid& solid) {
@@ -186,9 +189,10 @@ gp_Trsf TransformationOf(const Placement& place) {
 
 TopoDS_Shape ShapeOfSolid(const Solid& solid, bool facetted) {
     if (facetted) return Facetted(solid);
+    const TopoDS_Shape shape = InItsFrame(solid);
+    if (solid.at == Vec3{} && solid.turn == Vec3{}) return shape;
     // A shape that is placed counts as a use of another one: its geometry is moved instead.
     const gp_Trsf place = TransformationOf(PlacementFrom(solid.at, solid.turn));
-    const TopoDS_Shape shape = InItsFrame(solid);
     return BRepBuilderAPI_Transform(shape, place, /*theCopyGeom=*/true).Shape();
 }
 

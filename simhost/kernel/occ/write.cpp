@@ -187,6 +187,8 @@ Handle(TCollection_HAsciiString) Text(const char* text) {
 
 std::string StepBytes(const Document& document) {
     Set("write.step.schema", "AP214IS");
+    // Curves on planes, cylinders and cones need no twin in the plane of their parameters.
+    Interface_Static::SetIVal("write.surfacecurve.mode", 0);
     Set("write.step.unit", UnitWord(document.unit));
     const Caf caf(document);
     STEPCAFControl_Writer writer;

@@ -39,6 +39,16 @@ protected:
         host().session.workingDirectory = WIDE("C:\\Project");
         return made;
     }
+    // A part that is a cylinder of 20 x 30, off its origin.
+    static Model& Pin() {
+        Model& pin = MakeModels("plate");
+        Solid& solid = pin.partData.solids.front();
+        solid.shape = Shape::Cylinder;
+        solid.diameter = 20;
+        solid.length = 30;
+        solid.at = {5, 6, 7};
+        return pin;
+    }
     Model& Retrieve(const std::string& file) {
         Model* model = host().session.Retrieve(file);
         if (!model) throw std::runtime_error("there is no " + file);
@@ -160,7 +170,7 @@ TEST_F(ImportedProjects, HaveNamesThatTheHostTakesEachOnce) {
 }
 
 TEST_F(ImportedProjects, OpenWithoutTheKernelAndKeepTheirExactShapeThroughASave) {
-    Import(MakeModels("plate!round"));
+    Import(Pin());
     Model& plate = Retrieve("plate.prt");
     const std::string exact = plate.partData.solids[0].body->exact;
     EXPECT_FALSE(exact.empty());
@@ -174,15 +184,28 @@ TEST_F(ImportedProjects, OpenWithoutTheKernelAndKeepTheirExactShapeThroughASave)
     const Model& copy = host().session.Copy(plate, WIDE("other"));
     EXPECT_EQ(copy.partData.solids[0].body->exact, exact);
     const double before = VolumeInMm3(plate);
-    const UnitSystem inches =
+    const UnitSystem& inches =
+        *std::find_if(plate.units.systems.begin(), plate.units.systems.end(),
+                      [](const UnitSystem& each) { return each.LengthInMm() == 25.4; });
+    SetPrincipalSystem(plate, inches, Conversion::SameSize, false);
+    EXPECT_NEAR(VolumeInMm3(plate), before, 1e-6);
+    const fs::path file = work_ / "inches.stp";
+    WriteFile(file, kernel::TheKernel()->Step(DocumentOf(plate, nullptr)));
+    const auto read = kernel::TheKernel()->ReadStep(file.string());
+    EXPECT_NEAR(VolumeOf(read.products[0].solids[0]), before, 1e-6);
+}
+
+TEST_F(ImportedProjects, AreWrittenInTheirNewSizeOnceTheyHaveOne) {
+    Import(Pin());
+    Model& plate = Retrieve("plate.prt");
+    const double before = VolumeInMm3(plate);
+    const UnitSystem& inches =
         *std::find_if(plate.units.systems.begin(), plate.units.systems.end(),
                       [](const UnitSystem& each) { return each.LengthInMm() == 25.4; });
     SetPrincipalSystem(plate, inches, Conversion::SameDimensions, false);
     EXPECT_NEAR(VolumeInMm3(plate) / before, std::pow(25.4, 3), 1e-6);
-    const kernel::Document document = DocumentOf(plate, nullptr);
-    EXPECT_NEAR(document.products[0].solids[0].scale, 25.4, 1e-9);
     const fs::path file = work_ / "large.stp";
-    WriteFile(file, kernel::TheKernel()->Step(document));
+    WriteFile(file, kernel::TheKernel()->Step(DocumentOf(plate, nullptr)));
     const auto read = kernel::TheKernel()->ReadStep(file.string());
     EXPECT_NEAR(VolumeOf(read.products[0].solids[0]) / VolumeInMm3(plate), 1, 1e-6);
 }

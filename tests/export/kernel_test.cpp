@@ -226,6 +226,14 @@ TEST_F(ExchangeFiles, HaveTheColoursOfPartsFacesAndCoveredParts) {
     const Extents box = read.solids[0].body->faces[std::size_t(surface) - 2].box;
     EXPECT_NEAR(box.low.z, 30, 1e-9);
     EXPECT_NEAR(box.high.z, 30, 1e-9);
+    for (int each = 1; each <= 5; ++each) {
+        faced.partData.surfaceAppearances[upper - each] = painted(0.1 * each, 1, 0);
+    }
+    ModelNamed("plain").appearance = faced.partData.surfaceAppearances[upper - 1];
+    const std::string text = kernel::TheKernel()->Step(DocumentOf(top, nullptr));
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_TRUE(text == kernel::TheKernel()->Step(DocumentOf(top, nullptr)));
+    }
     top.appearance = painted(0, 1, 0);
     const kernel::Colour green{0, 1, 0};
     const Document covered = BackOf(top);
@@ -262,7 +270,7 @@ TEST_F(ExchangeFiles, SayNothingOfWhereAndWhenTheyWereWrittenAndNoStrangeLetters
     EXPECT_NE(text.find("FILE_NAME('','2000-01-01T00:00:00'"), std::string::npos);
     EXPECT_NE(text.find("AUTOMOTIVE_DESIGN"), std::string::npos);
     const std::string iges = kernel::TheKernel()->Iges(document);
-    EXPECT_TRUE(iges == kernel::TheKernel()->Iges(document));
+    EXPECT_NE(iges.find("15H20000101.000000"), std::string::npos);
 }
 
 TEST_F(ExchangeFiles, HoldTheSameSolidsAsIges) {

@@ -4,7 +4,6 @@
 #include <BOPTools_AlgoTools3D.hxx>
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepAlgoAPI_Cut.hxx>
-#include <BRepBuilderAPI_GTransform.hxx>
 #include <BRepBuilderAPI_MakeFace.hxx>
 #include <BRepBuilderAPI_MakePolygon.hxx>
 #include <BRepBuilderAPI_MakeSolid.hxx>
@@ -80,18 +79,18 @@ TopoDS_Shape Gear(const Solid& gear) {
     return gear.bore > 0 ? Cut(body, Cylinder(gear.bore, gear.width)) : body;
 }
 
+constexpr double kNoScale = 1e-9;
+
 // In the kernel's own words, which are in mm.
 TopoDS_Shape Imported(const Solid& solid) {
     std::istringstream words(solid.body->exact);
     TopoDS_Shape shape;
     BRepTools::Read(shape, words, BRep_Builder());
     if (shape.IsNull()) throw Failure("an imported solid has no exact shape");
-    if (solid.scale == 1) return shape;
+    if (std::abs(solid.scale - 1) < kNoScale) return shape;
     gp_Trsf scaled;
     scaled.SetScale(gp_Pnt(), solid.scale);
-    // The kernel's plain way to scale fails on round faces; this one makes splines of them, which
-    // are as exact.
-    return BRepBuilderAPI_GTransform(shape, gp_GTrsf(scaled)).Shape();
+    return BRepBuilderAPI_Transform(shape, scaled, /*theCopyGeom=*/true).Shape();
 }
 
 TopoDS_Shape InItsFrame(const Solid& solid) {

@@ -19,7 +19,7 @@ class Kernel {
 public:
     virtual ~Kernel() = default;
     // The bytes of an exchange file: STEP by application protocol 214, and IGES 5.3. The same
-    // document gives the same bytes.
+    // document gives the same bytes as STEP; as IGES the kernel may order them otherwise.
     virtual std::string Step(const Document& document) = 0;
     virtual std::string Iges(const Document& document) = 0;
     // What an exchange file of a real path holds, with solids of imported bodies whose numbers

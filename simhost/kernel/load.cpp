@@ -11,7 +11,7 @@ namespace {
 Kernel* Load() {
     Dl_info here;
     if (!dladdr(reinterpret_cast<const void*>(&TheKernel), &here)) return nullptr;
-    const auto path = std::filesystem::path(here.dli_fname).parent_path() / VX_KERNEL_LIBRARY;
+    const auto path = std::filesystem::path(here.dli_fname).parent_path() / VX_KERNEL_FILE;
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!library) return nullptr;
     const auto make = reinterpret_cast<MakeKernel>(dlsym(library, kMakeKernel));

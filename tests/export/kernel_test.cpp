@@ -226,6 +226,14 @@ TEST_F(ExchangeFiles, HaveTheColoursOfPartsFacesAndCoveredParts) {
     const Extents box = read.solids[0].body->faces[std::size_t(surface) - 2].box;
     EXPECT_NEAR(box.low.z, 30, 1e-9);
     EXPECT_NEAR(box.high.z, 30, 1e-9);
+    for (int each = 1; each <= 5; ++each) {
+        faced.partData.surfaceAppearances[upper - each] = painted(0.1 * each, 1, 0);
+    }
+    ModelNamed("plain").appearance = faced.partData.surfaceAppearances[upper - 1];
+    const std::string text = kernel::TheKernel()->Step(DocumentOf(top, nullptr));
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_TRUE(text == kernel::TheKernel()->Step(DocumentOf(top, nullptr)));
+    }
     top.appearance = painted(0, 1, 0);
     const kernel::Colour green{0, 1, 0};
     const Document covered = BackOf(top);

@@ -50,10 +50,11 @@ Bnd_Box TightBox(const TopoDS_Shape& shape) {
     return box;
 }
 
-// A flat face reaches as far as its edges, which are measured far more quickly.
-Extents BoxOf(const TopoDS_Face& face, bool isFlat) {
+// A flat face, and a round one between two rims, reaches as far as its edges, which are measured
+// far more quickly.
+Extents BoxOf(const TopoDS_Face& face, FaceKind kind) {
     Bnd_Box box;
-    if (isFlat) {
+    if (kind != FaceKind::Other) {
         for (TopExp_Explorer edges(face, TopAbs_EDGE); edges.More(); edges.Next()) {
             box.Add(TightBox(edges.Current()));
         }
@@ -100,7 +101,8 @@ public:
         GProp_GProps properties;
         BRepGProp::VolumeProperties(shape_, properties);
         body_.volume = properties.Mass();
-        const Bnd_Box box = TightBox(shape_);
+        Bnd_Box box;
+        BRepBndLib::Add(shape_, box);
         const double size = std::sqrt(box.SquareExtent());
         const BRepMesh_IncrementalMesh mesh(shape_, std::max(kStray * size, 1e-4),
                                             /*isRelative=*/false, kTurn);
@@ -117,7 +119,7 @@ private:
         ImportedFace made;
         const BRepAdaptor_Surface surface(face);
         Measure(face, surface, &made);
-        made.box = BoxOf(face, made.kind == FaceKind::Plane);
+        made.box = BoxOf(face, made.kind);
         AddTriangles(face, &made);
         body_.faces.push_back(std::move(made));
     }

@@ -34,7 +34,8 @@ std::string NameOf(const TDF_Label& label) {
     std::string utf8(std::size_t(wide.LengthOfCString()), '\0');
     char* bytes = utf8.data();
     wide.ToUTF8CString(bytes);
-    return utf8;
+    // What the kernel calls a product without a name.
+    return utf8.starts_with("Open CASCADE STEP translator") ? std::string() : utf8;
 }
 
 Placement PlaceOf(const TopLoc_Location& location) {

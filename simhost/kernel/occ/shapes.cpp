@@ -79,15 +79,17 @@ TopoDS_Shape Gear(const Solid& gear) {
     return gear.bore > 0 ? Cut(body, Cylinder(gear.bore, gear.width)) : body;
 }
 
+constexpr double kNoScale = 1e-9;
+
 // In the kernel's own words, which are in mm.
 TopoDS_Shape Imported(const Solid& solid) {
     std::istringstream words(solid.body->exact);
     TopoDS_Shape shape;
     BRepTools::Read(shape, words, BRep_Builder());
     if (shape.IsNull()) throw Failure("an imported solid has no exact shape");
-    if (solid.scale == 1) return shape;
+    if (std::abs(solid.scale - 1) < kNoScale) return shape;
     gp_Trsf scaled;
-    scaled.SetScaleFactor(solid.scale);
+    scaled.SetScale(gp_Pnt(), solid.scale);
     return BRepBuilderAPI_Transform(shape, scaled, /*theCopyGeom=*/true).Shape();
 }
 
@@ -186,9 +188,10 @@ gp_Trsf TransformationOf(const Placement& place) {
 
 TopoDS_Shape ShapeOfSolid(const Solid& solid, bool facetted) {
     if (facetted) return Facetted(solid);
+    const TopoDS_Shape shape = InItsFrame(solid);
+    if (solid.at == Vec3{} && solid.turn == Vec3{}) return shape;
     // A shape that is placed counts as a use of another one: its geometry is moved instead.
     const gp_Trsf place = TransformationOf(PlacementFrom(solid.at, solid.turn));
-    const TopoDS_Shape shape = InItsFrame(solid);
     return BRepBuilderAPI_Transform(shape, place, /*theCopyGeom=*/true).Shape();
 }
 

@@ -24,6 +24,7 @@
 #include "simhost/kernel/kernel.h"
 #include "simhost/kernel/occ/places.h"
 #include "simhost/kernel/occ/shapes.h"
+#include "simhost/kernel/occ/step_text.h"
 
 namespace simhost::kernel {
 
@@ -187,6 +188,8 @@ Handle(TCollection_HAsciiString) Text(const char* text) {
 
 std::string StepBytes(const Document& document) {
     Set("write.step.schema", "AP214IS");
+    // Curves on planes, cylinders and cones need no twin in the plane of their parameters.
+    Interface_Static::SetIVal("write.surfacecurve.mode", 0);
     Set("write.step.unit", UnitWord(document.unit));
     const Caf caf(document);
     STEPCAFControl_Writer writer;
@@ -205,7 +208,7 @@ std::string StepBytes(const Document& document) {
     text.SendModel(Handle(StepData_Protocol)::DownCast(session->Protocol()));
     std::ostringstream bytes;
     if (!text.Print(bytes)) throw Failure("the STEP text cannot be made");
-    return WithUsesFromOne(WithEscapes(bytes.str()));
+    return WithColoursInOrder(WithUsesFromOne(WithEscapes(bytes.str())));
 }
 
 std::string IgesBytes(const Document& document) {
@@ -214,6 +217,7 @@ std::string IgesBytes(const Document& document) {
     const Caf caf(document);
     IGESCAFControl_Writer writer;
     if (!writer.Transfer(caf.get())) throw Failure("the IGES file is empty");
+    writer.ComputeModel();
     IGESData_GlobalSection global = writer.Model()->GlobalSection();
     global.SetFileName(Text(""));
     global.SetDate(Text(kIgesTime));

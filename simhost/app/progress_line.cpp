@@ -26,19 +26,19 @@ struct Line {
     std::size_t done = 0;
     Clock::time_point next;
     bool shown = false;
-} line;
+} current;
 
 void Tell(const char* work, std::size_t done, std::size_t all) {
     const Clock::time_point now = Clock::now();
-    const bool isNew = !line.work || std::strcmp(line.work, work) != 0 || done < line.done;
-    if (isNew && !line.shown) line.next = now + kPatience;
-    line.work = work;
-    line.done = done;
-    if (now < line.next || all == 0) return;
+    const bool isNew = !current.work || std::strcmp(current.work, work) != 0 || done < current.done;
+    if (isNew && !current.shown) current.next = now + kPatience;
+    current.work = work;
+    current.done = done;
+    if (now < current.next || all == 0) return;
     std::fprintf(stderr, "\r    %s: %d %%\033[K", work, int(100.0 * double(done) / double(all)));
     std::fflush(stderr);
-    line.shown = true;
-    line.next = now + kPause;
+    current.shown = true;
+    current.next = now + kPause;
 }
 
 }  // namespace
@@ -53,8 +53,8 @@ void ShowProgress() {
 }
 
 void ClearProgressLine() {
-    if (line.shown) std::fputs("\r\033[K", stderr);
-    line = Line();
+    if (current.shown) std::fputs("\r\033[K", stderr);
+    current = Line();
 }
 
 }  // namespace simhost

@@ -12,7 +12,7 @@ namespace simhost {
 
 namespace {
 
-using Surface = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
+using CairoSurface = std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)>;
 using Context = std::unique_ptr<cairo_t, void (*)(cairo_t*)>;
 
 // The first of these that has Chinese characters is used.
@@ -60,8 +60,8 @@ public:
         cairo_stroke(cairo_);
     }
     void Image(const Rectangle& box, const std::filesystem::path& png) override {
-        const Surface image(cairo_image_surface_create_from_png(png.c_str()),
-                            cairo_surface_destroy);
+        const CairoSurface image(cairo_image_surface_create_from_png(png.c_str()),
+                                 cairo_surface_destroy);
         if (cairo_surface_status(image.get()) != CAIRO_STATUS_SUCCESS) {
             throw std::runtime_error("cannot read " + png.string());
         }
@@ -179,7 +179,7 @@ void CheckWritten(cairo_status_t status, const std::filesystem::path& file) {
 }  // namespace
 
 void WritePng(const Picture& picture, const std::filesystem::path& file) {
-    const Surface surface(
+    const CairoSurface surface(
         cairo_image_surface_create(CAIRO_FORMAT_RGB24, int(std::lround(picture.widthPixels)),
                                    int(std::lround(picture.heightPixels))),
         cairo_surface_destroy);
@@ -189,7 +189,7 @@ void WritePng(const Picture& picture, const std::filesystem::path& file) {
 }
 
 void WritePdf(const std::vector<Picture>& pages, const std::filesystem::path& file) {
-    const Surface surface(cairo_pdf_surface_create(file.c_str(), 1, 1), cairo_surface_destroy);
+    const CairoSurface surface(cairo_pdf_surface_create(file.c_str(), 1, 1), cairo_surface_destroy);
     PaintPages(surface.get(), pages);
     CheckWritten(cairo_surface_status(surface.get()), file);
 }
@@ -197,8 +197,8 @@ void WritePdf(const std::vector<Picture>& pages, const std::filesystem::path& fi
 std::string PdfOf(const std::vector<Picture>& pages, const std::string& title,
                   const PlotOptions& options, std::string*) {
     std::string bytes;
-    const Surface surface(cairo_pdf_surface_create_for_stream(Append, &bytes, 1, 1),
-                          cairo_surface_destroy);
+    const CairoSurface surface(cairo_pdf_surface_create_for_stream(Append, &bytes, 1, 1),
+                               cairo_surface_destroy);
     cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, title.c_str());
     // Of the day of its making a file would differ from the one before.
     cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE,
@@ -208,7 +208,8 @@ std::string PdfOf(const std::vector<Picture>& pages, const std::string& title,
 }
 
 struct Ruler::Inside {
-    Surface surface{cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1), cairo_surface_destroy};
+    CairoSurface surface{cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1),
+                         cairo_surface_destroy};
     Context cairo{cairo_create(surface.get()), cairo_destroy};
 };
 

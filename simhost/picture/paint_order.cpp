@@ -129,7 +129,7 @@ void EachCell(const Patch& patch, Each each) {
 }
 
 // Takes the patch into the scene, or its pieces into `waiting`, or drops it as hidden.
-void Place(Scene* scene, Patch patch, std::vector<Patch>* waiting) {
+void PlacePatch(Scene* scene, Patch patch, std::vector<Patch>* waiting) {
     std::vector<std::size_t> near;
     ++scene->questions;
     EachCell(patch, [&](long long cell) {
@@ -182,7 +182,7 @@ Scene Arrange(std::vector<Patch> patches) {
         while (!waiting.empty()) {
             Patch next = std::move(waiting.back());
             waiting.pop_back();
-            Place(&scene, std::move(next), &waiting);
+            PlacePatch(&scene, std::move(next), &waiting);
         }
     }
     return scene;

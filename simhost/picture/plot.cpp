@@ -13,16 +13,16 @@ namespace simhost {
 
 namespace {
 
-constexpr const char* kVisible = "#000000";
-constexpr const char* kHidden = "#5a6672";
+constexpr const char* kPlotted = "#000000";
+constexpr const char* kHiddenInk = "#5a6672";
 constexpr const char* kFrame = "#26323d";
-constexpr double kVisibleWidth = 0.5, kHiddenWidth = 0.25;
+constexpr double kPlottedWidth = 0.5, kHiddenWidth = 0.25;
 constexpr double kBorder = 5;
 constexpr double kPointsPerMm = 72 / 25.4;
 
 // The frame and the name of a drawing that has no format.
 void PaintOwnFrame(const Model& drawing, SheetSize size, Canvas* canvas) {
-    const Pen pen{kFrame, kVisibleWidth, {}, 1};
+    const Pen pen{kFrame, kPlottedWidth, {}, 1};
     const Rectangle frame{kBorder, kBorder, size.width - 2 * kBorder, size.height - 2 * kBorder};
     canvas->Box(frame, "", &pen);
     canvas->Text(2 * kBorder, size.height - 2 * kBorder, {7, kFrame}, Utf8(drawing.name));
@@ -33,11 +33,11 @@ void PaintSheet(Model& drawing, int sheet, SheetSize size, Canvas* canvas) {
     const SheetFurniture furniture = FurnitureOf(drawing, sheet);
     if (!furniture.hasFormat) PaintOwnFrame(drawing, size, canvas);
     PaintFurniture(furniture, upperLeft, kFrame, canvas);
-    const Pen dashed{kHidden, kHiddenWidth, {3, 1.5}, 1};
+    const Pen dashed{kHiddenInk, kHiddenWidth, {3, 1.5}, 1};
     for (const ViewOnSheet& view : ViewsOnSheet(drawing, sheet)) {
         canvas->Stroke(LinesOf(view, /*hidden=*/true, upperLeft), dashed);
         canvas->Stroke(LinesOf(view, /*hidden=*/false, upperLeft),
-                       {kVisible, kVisibleWidth, {}, 1});
+                       {kPlotted, kPlottedWidth, {}, 1});
     }
     PaintAnnotations(drawing, sheet, upperLeft, canvas);
 }

@@ -16,14 +16,14 @@ namespace simhost {
 
 namespace {
 
-constexpr double kHeight = 3.5;  // of letters
-constexpr double kSmall = 0.6;   // of deviations, as a part of that
-constexpr double kAbove = 0.8;   // between a line and the text over it
-constexpr double kBeyond = 2;    // of an extension line, after the dimension line
-constexpr double kGap = 0.6;     // before deviations
+constexpr double kHeight = 3.5;        // of letters
+constexpr double kSmall = 0.6;         // of deviations, as a part of that
+constexpr double kAbove = 0.8;         // between a line and the text over it
+constexpr double kBeyond = 2;          // of an extension line, after the dimension line
+constexpr double kDimensionGap = 0.6;  // before deviations
 constexpr double kRowHeight = 1.6 * kHeight;
 constexpr double kSame = 1e-6;
-const double kDegree = std::acos(-1.0) / 180;
+const double kRadiansPerDegree = std::acos(-1.0) / 180;
 
 constexpr const char* kColour = "#1d3f72";
 constexpr const char* kLostColour = "#c23b22";
@@ -100,7 +100,7 @@ Vec3 Readable(Vec3 way) {
 }
 
 double DegreesOf(Vec3 way) {
-    return std::atan2(way.y, way.x) / kDegree;
+    return std::atan2(way.y, way.x) / kRadiansPerDegree;
 }
 
 // --- Texts ---
@@ -108,7 +108,7 @@ double DegreesOf(Vec3 way) {
 double WidthOf(const DimensionLine& line) {
     const double small = kSmall * kHeight;
     const double stack = std::max(WidthOf(line.upper, small), WidthOf(line.lower, small));
-    const double gap = line.upper.empty() ? 0 : kGap;
+    const double gap = line.upper.empty() ? 0 : kDimensionGap;
     return WidthOf(line.before, kHeight) + gap + stack + WidthOf(line.after, kHeight);
 }
 
@@ -156,7 +156,7 @@ private:
             Piece(text, height, where, way);
         };
         put(at, kHeight, line.before);
-        const double gap = line.upper.empty() ? 0 : kGap;
+        const double gap = line.upper.empty() ? 0 : kDimensionGap;
         at = at + (WidthOf(line.before, kHeight) + gap) * way;
         put(at + 1.1 * small * up, small, line.upper);
         put(at - 0.1 * small * up, small, line.lower);
@@ -176,7 +176,7 @@ private:
         constexpr int kSides = 20;
         constexpr double kRadius = 0.33, kMiddle = 0.4;
         const auto rim = [&](int i) {
-            const double angle = 360.0 / kSides * i * kDegree;
+            const double angle = 360.0 / kSides * i * kRadiansPerDegree;
             return point(kMiddle + kRadius * std::cos(angle), kMiddle + kRadius * std::sin(angle));
         };
         for (int i = 0; i < kSides; ++i) Line(rim(i), rim(i + 1));

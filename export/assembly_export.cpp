@@ -10,9 +10,7 @@ namespace {
 
 // What of a model goes into its file besides the visible solids.
 struct Inclusion {
-    ProBoolean datums = PRO_B_FALSE;
-    ProBoolean blanked = PRO_B_FALSE;
-    ProBoolean facetted = PRO_B_FALSE;
+    ProBoolean datums, blanked, facetted;
 };
 
 // SAT is asked for by its ending alone: the host writes STEP.
@@ -100,7 +98,7 @@ ProBoolean IsChecked(const char* checkButton) {
 void OnExportIges(char*, char*, ProAppData) {
     const std::optional<TopModel> top = FindTop(kIges);
     if (!top) return;
-    Inclusion wanted;
+    Inclusion wanted = {};
     wanted.datums = IsChecked("datumsCheck");
     wanted.blanked = IsChecked("blankedCheck");
     wanted.facetted = IsChecked("facettedCheck");

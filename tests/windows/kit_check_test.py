@@ -50,6 +50,7 @@ OTHER_NAMES = {
     "field ProModel.type", "operation ProDrawingFromTmpltCreate", "type ProMdldata",
     "field ProMdldata.device", "field ProMdldata.path", "field ProMdldata.name",
     "field ProMdldata.type", "field ProMdldata.version", "operation ProMdlDataGet",
+    "operation ProMdlBackup",
 }
 
 

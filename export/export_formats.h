@@ -3,6 +3,7 @@
 #pragma once
 
 #include "export/export_names.h"
+#include "export/host_path.h"
 #include "frame/services.h"
 
 // What the check buttons of the dialog say, as the host answers them: 1, 0, or -1 for one that it
@@ -41,11 +42,6 @@ struct SheetViews {
 
 // Makes the folder of a format in the working directory, where it may be already: "DWG\\".
 WideText MakeFolder(const DrawingExport& each, const WideChar* name);
-
-// Whether the host has room for a path; one that is cut would be another file's.
-inline bool FitsHostPath(const WideText& path) {
-    return path.size() < PRO_PATH_SIZE;
-}
 
 // Each writes its files. False: the drawing has no views where they are needed, and is left.
 bool ExportDwg(DrawingExport& each);

@@ -1,4 +1,5 @@
 // Drawings go out as DWG and DXF, a file for each sheet.
+#include "export/dwg_release.h"
 #include "export/export_formats.h"
 #include "hostapi/windows.h"
 
@@ -10,9 +11,6 @@ WideText MakeFolder(const DrawingExport& each, const WideChar* name) {
 
 namespace {
 
-constexpr const WideChar* kDwgOption = WIDE("dwg_export_format");
-constexpr const WideChar* kDwgRelease = WIDE("2000");
-
 struct SheetFormat {
     Pro2dExportType code;
     const WideChar* folder;
@@ -20,13 +18,6 @@ struct SheetFormat {
 };
 constexpr SheetFormat kDwg = {PRO_DWG_FILE, WIDE("DWG\\"), WIDE(".dwg")};
 constexpr SheetFormat kDxf = {PRO_DXF_FILE, WIDE("DXF\\"), WIDE(".dxf")};
-
-// What the release is set to stays, and counts for DXF as well.
-void ChooseRelease() {
-    ProPath release = {};
-    if (ProConfigoptGet(HostText(kDwgOption), release) == PRO_TK_NO_ERROR) return;
-    ProConfigoptSet(HostText(kDwgOption), HostText(kDwgRelease));
-}
 
 // The file is written under the drawing's name first, since the host may not take every name. The
 // record of the export is the host's from then on.
@@ -61,7 +52,7 @@ bool ExportNamedSheets(const DrawingExport& each, const SheetFormat& format,
 }
 
 bool ExportSheets(DrawingExport& each, const SheetFormat& format) {
-    ChooseRelease();
+    ChooseDwgRelease();
     const WideText folder = MakeFolder(each, format.folder);
     ProDrawingSheetsCount(each.drawing, &each.sheets);
     if (each.sheets > 1 && each.choices.multiSheet == 1) {

@@ -3,7 +3,9 @@
 #include <optional>
 
 #include "export/commands.h"
+#include "export/dwg_release.h"
 #include "export/folder_prompt.h"
+#include "export/host_path.h"
 #include "export/step_file.h"
 #include "frame/services.h"
 
@@ -63,19 +65,6 @@ std::optional<DrawingOutput> FindOutput(ProMdl drawing, const WideText& setting)
     return DrawingOutput{drawing, PathIn(*folder, name), sheets};
 }
 
-// A longer one would not end within the host's record, and no file can have it.
-bool FitsHost(const WideText& path) {
-    return path.size() < PRO_PATH_SIZE;
-}
-
-// A format that the user has chosen is kept.
-void ChooseDwgFormat() {
-    ProPath format = {};
-    const WideChar* const option = WIDE("dwg_export_format");
-    if (ProConfigoptGet(HostText(option), format) == PRO_TK_NO_ERROR) return;
-    ProConfigoptSet(HostText(option), HostText(WIDE("2000")));
-}
-
 // Written in the working directory first, so that a file that is there is not replaced.
 constexpr const WideChar* kTemporaryPdf = WIDE("temp.pdf");
 
@@ -101,12 +90,12 @@ ProPDFOptions PdfOptions() {
 void VxExportDwg() {
     ProMdl drawing = nullptr;
     if (ProMdlCurrentGet(&drawing) != PRO_TK_NO_ERROR) return;
-    ChooseDwgFormat();
+    ChooseDwgRelease();
     const std::optional<DrawingOutput> output = FindOutput(drawing, WIDE("VxExportDwgDIr"));
     if (!output) return;
     for (int sheet = 1; sheet <= output->sheets; ++sheet) {
         const WideText path = output->PathOf(sheet);
-        if (FitsHost(path)) Pro2dExport(PRO_DWG_FILE, HostText(path), output->drawing, nullptr);
+        if (FitsHostPath(path)) Pro2dExport(PRO_DWG_FILE, HostText(path), output->drawing, nullptr);
     }
 }
 
@@ -133,6 +122,6 @@ void VxExportStp() {
     const std::optional<WideText> folder = SolidFolder(destination);
     if (!folder) return;
     const WideText path = PathIn(*folder, name + WIDE(".stp"));
-    if (model && FitsHost(path)) WriteStep(model, path);
+    if (model && FitsHostPath(path)) WriteStep(model, path);
     ShowMessage("STP model has exported");
 }

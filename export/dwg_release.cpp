@@ -1,0 +1,11 @@
+// VxExport, VxExportDwg: the release of the DWG format.
+#include "export/dwg_release.h"
+
+#include "frame/services.h"
+
+void ChooseDwgRelease() {
+    const WideChar* const option = WIDE("dwg_export_format");
+    ProPath release = {};
+    if (ProConfigoptGet(HostText(option), release) == PRO_TK_NO_ERROR) return;
+    ProConfigoptSet(HostText(option), HostText(WIDE("2000")));
+}

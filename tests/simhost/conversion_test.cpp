@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "simhost/model/imported_body.h"
 #include "simhost/model/units.h"
 
 namespace {
@@ -98,14 +99,21 @@ Solid Made(Shape shape) {
             solid.outline = {{0, 0}, {40, 0}, {40, 6}, {6, 6}, {6, 30}, {0, 30}};
             solid.height = 15;
             break;
-        case Shape::Imported: break;  // tests of imports convert whole bodies
+        case Shape::Imported: {
+            ImportedBody body;
+            body.points = {{0, 0, 0}, {40, 0, 0}, {0, 30, 10}};
+            body.faces.emplace_back().triangles = {{0, 1, 2}};
+            solid.body = std::make_shared<ImportedBody>(std::move(body));
+            solid.scale = 0.5;
+            break;
+        }
     }
     return solid;
 }
 
 TEST(LengthsOfASolid, AreAllThatItsCornersFollow) {
-    for (const Shape shape :
-         {Shape::Box, Shape::Cylinder, Shape::Tube, Shape::Cone, Shape::Gear, Shape::Prism}) {
+    for (const Shape shape : {Shape::Box, Shape::Cylinder, Shape::Tube, Shape::Cone, Shape::Gear,
+                              Shape::Prism, Shape::Imported}) {
         SCOPED_TRACE(ShapeName(shape));
         const Solid before = Made(shape);
         Solid after = before;

@@ -357,7 +357,7 @@ TEST(ModelFile, NamesAWordThatItDoesNotKnow) {
     EXPECT_EQ(PartWith("subtype = \"bulk\"\n"), "trial.prt.1:3: unknown subtype \"bulk\"");
     EXPECT_EQ(PartWith("[[solid]]\nid = 10\nshape = \"sphere\"\n"),
               "trial.prt.1:5: unknown shape \"sphere\"; there are box, cylinder, tube, cone, gear, "
-              "prism");
+              "prism, imported");
     EXPECT_EQ(PartWith("[[feature]]\nid = 1\ntype = 917\nstatus = \"asleep\"\n"),
               "trial.prt.1:6: unknown status \"asleep\"");
 }

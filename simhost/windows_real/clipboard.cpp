@@ -16,7 +16,7 @@ namespace simhost {
 
 namespace {
 
-BOOL False(int) {
+BOOL ClipboardFails(int) {
     return FALSE;
 }
 HANDLE Null(int) {
@@ -36,7 +36,7 @@ namespace clipboard {
 BOOL WINAPI Open(HWND owner) {
     Operation& op = Op<"OpenClipboard">;
     return op.CallOr(
-        False,
+        ClipboardFails,
         [&] {
             const BOOL opened = OpenClipboard(owner);
             if (opened) Real().clipboardOpen = true;
@@ -62,7 +62,7 @@ BOOL WINAPI Close() {
 
 BOOL WINAPI Empty() {
     Operation& op = Op<"EmptyClipboard">;
-    return op.CallOr(False, [] { return EmptyClipboard(); });
+    return op.CallOr(ClipboardFails, [] { return EmptyClipboard(); });
 }
 
 HANDLE WINAPI Put(UINT format, HANDLE memory) {
@@ -98,7 +98,7 @@ void* WINAPI Lock(HGLOBAL memory) {
 
 BOOL WINAPI Unlock(HGLOBAL memory) {
     Operation& op = Op<"GlobalUnlock">;
-    return op.CallOr(False, [&] { return GlobalUnlock(memory); });
+    return op.CallOr(ClipboardFails, [&] { return GlobalUnlock(memory); });
 }
 
 HGLOBAL WINAPI Free(HGLOBAL memory) {

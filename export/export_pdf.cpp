@@ -1,5 +1,6 @@
 // Drawings go out as PDF, in one file or in a file for each sheet.
 #include "export/export_formats.h"
+#include "export/pdf_option.h"
 #include "hostapi/windows.h"
 
 namespace {
@@ -11,8 +12,7 @@ constexpr const WideChar* kProfile = WIDE("vxdop");
 constexpr const WideChar* kProfileFile = WIDE("vxdop.dop");
 
 // Options that have no names in our headers.
-constexpr auto kOption25 = ProPDFOptionType(25);
-constexpr auto kSheets = ProPDFOptionType(28);
+constexpr int kOption25 = 25, kSheets = 28;
 
 // The options of one drawing; null where the host has none to give.
 ProPDFOptions MakeOptions(const ExportChoices& choices) {
@@ -22,7 +22,7 @@ ProPDFOptions MakeOptions(const ExportChoices& choices) {
     ProPDFoptionsIntpropertySet(options, PRO_PDFOPT_FONT_STROKE, choices.strokes == 0 ? 0 : 1);
     if (choices.black == 1) ProPDFoptionsIntpropertySet(options, PRO_PDFOPT_COLOR_DEPTH, 2);
     ProPDFoptionsBoolpropertySet(options, PRO_PDFOPT_LAUNCH_VIEWER, PRO_B_FALSE);
-    ProPDFoptionsBoolpropertySet(options, kOption25, PRO_B_TRUE);
+    ProPDFoptionsBoolpropertySet(options, PdfOption(kOption25), PRO_B_TRUE);
     return options;
 }
 
@@ -100,7 +100,7 @@ bool ExportPdf(DrawingExport& each) {
     const WideText folder = MakeFolder(each, WIDE("PDF\\"));
     ProDrawingSheetsCount(each.drawing, &each.sheets);
     if (each.sheets > 1 && each.choices.multiSheet == 1) {
-        if (options) ProPDFoptionsIntpropertySet(options, kSheets, 0);
+        if (options) ProPDFoptionsIntpropertySet(options, PdfOption(kSheets), 0);
         if (!ExportEachSheet(each, folder)) return false;
     } else {
         ExportOneFile(each, folder, options);

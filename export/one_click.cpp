@@ -6,6 +6,7 @@
 #include "export/dwg_release.h"
 #include "export/folder_prompt.h"
 #include "export/host_path.h"
+#include "export/pdf_option.h"
 #include "export/step_file.h"
 #include "frame/services.h"
 
@@ -71,15 +72,14 @@ constexpr const WideChar* kTemporaryPdf = WIDE("temp.pdf");
 // Black on white, fonts embedded, no viewer, whatever VxExport's check buttons say. Nothing frees
 // them.
 ProPDFOptions PdfOptions() {
-    constexpr int kEmbeddedFonts = 0, kBlack = 2;
-    constexpr auto kNumber25 = ProPDFOptionType(25);
+    constexpr int kEmbeddedFonts = 0, kBlack = 2, kOption25 = 25;
     ProPDFOptions options = nullptr;
     ProPDFoptionsAlloc(&options);
     if (!options) return nullptr;
     ProPDFoptionsIntpropertySet(options, PRO_PDFOPT_FONT_STROKE, kEmbeddedFonts);
     ProPDFoptionsIntpropertySet(options, PRO_PDFOPT_COLOR_DEPTH, kBlack);
     ProPDFoptionsBoolpropertySet(options, PRO_PDFOPT_LAUNCH_VIEWER, PRO_B_FALSE);
-    ProPDFoptionsBoolpropertySet(options, kNumber25, PRO_B_TRUE);
+    ProPDFoptionsBoolpropertySet(options, PdfOption(kOption25), PRO_B_TRUE);
     return options;
 }
 

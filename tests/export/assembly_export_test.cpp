@@ -208,12 +208,12 @@ TEST_P(AssemblyExport, KeepsTheFilesThatOthersHoldOrProtect) {
     Record();
     Run();
     Recorded();
+    Play("@ let go " + held);
     EXPECT_EQ(Bytes(held), "held");
     EXPECT_EQ(Bytes(locked), "locked");
     const Names ends = LineEnds(Its().writer);
     EXPECT_EQ(std::count(ends.begin(), ends.end(), " = -17"), 2);
     EXPECT_EQ(std::count(ends.begin(), ends.end(), " = 0"), 1);
-    Play("@ let go " + held);
 }
 
 TEST_P(AssemblyExport, ReplacesFilesOfItsOwn) {

@@ -121,9 +121,9 @@ TEST_F(ExportStp, TellsOfAnExportEvenIfNothingWasWritten) {
     Write(WIDE("C:\\Out\\PLATE.stp"), "old");
     Play("@ hold C:\\Out\\PLATE.stp");
     Press("@ answer C:\\Out");
+    Play("@ let go C:\\Out\\PLATE.stp");
     EXPECT_EQ(Bytes("C:\\Out\\PLATE.stp"), "old");
     EXPECT_EQ(Message(), kExported);
-    Play("@ let go C:\\Out\\PLATE.stp");
 }
 
 TEST_F(ExportStp, DoesNothingAtAllWithoutAModel) {

@@ -1,4 +1,4 @@
-// VxExport, VxExportDwg: the release of the DWG format.
+// The release of the DWG format, as both ways of exporting choose it.
 #include "export/dwg_release.h"
 
 #include "frame/services.h"

@@ -12,7 +12,8 @@ public:
     explicit Composed(const WideText& separator) : separator_(separator) {}
 
     void Add(const WideText& piece) {
-        text_.append(piece).append(separator_);
+        if (hasPieces_) text_ += separator_;
+        text_ += piece;
         hasPieces_ = true;
     }
 
@@ -20,7 +21,7 @@ public:
     // years have what is left of a longer one at their ends.
     WideText Text() const {
         WideText text = text_;
-        if (hasPieces_ && !separator_.empty()) text.erase(text.size() - separator_.size(), 1);
+        if (hasPieces_ && !separator_.empty()) text += separator_.substr(1);
         return text;
     }
 
@@ -55,7 +56,7 @@ WideText Compose(const NamePattern& pattern, ProDrawing drawing, int sheet, ProS
 NamePattern ReadNamePattern(const WideText& items, const WideText& separator) {
     NamePattern pattern{SplitColumnList(items), separator};
     if (separator.empty()) {
-        pattern.separator = WIDE(" ");
+        pattern.separator.assign(1, WideChar{' '});
     } else if (FoldCase(separator) == WIDE("NULL")) {
         pattern.separator.clear();
     }

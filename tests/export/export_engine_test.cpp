@@ -47,6 +47,23 @@ TEST_F(Engine, WithoutAFormatEveryDrawingIsFetchedAndItsNameComposed) {
                              "PDFOptionCheck", "PDFBlackCheck", "MultiSheetCheck"}));
 }
 
+TEST_F(Engine, ThePatternIsReadBeforeTheSeparator) {
+    Export({"1"});
+    const Names lines = LinesOf("ProUIInputpanelValueGet");
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_NE(lines[0].find("component=\"Export_name\""), std::string::npos) << lines[0];
+    EXPECT_NE(lines[1].find("component=\"separator\""), std::string::npos) << lines[1];
+}
+
+TEST_F(Engine, TheEndIsToldWhenTheFilesAreThere) {
+    Formats({"DWGCheck"});
+    Naming("图纸名称", "null");
+    Check(
+        "~ Activate `VxExport` `PDFCheck` 0\n~ Activate `VxExport` `selAll`\n"
+        "~ Activate `VxExport` `ApplyBt`\n@ expect box 工程图批量导出已完成\n"
+        "@ expect file C:\\Work\\DWG\\a.dwg\n@ ok\n");
+}
+
 TEST_F(Engine, DrawingsComeInTheOrderOfTheirCharacters) {
     // In the table z stands before 中, small letters are folded; here capitals come first.
     for (const char* name : {"z", "Z2", "中"}) {

@@ -245,6 +245,14 @@ TEST_F(Engine, AReleaseThatIsSetIsKeptAndDxfSetsItToo) {
               std::string::npos);
 }
 
+TEST_F(Engine, TwoSheetsAreNumberedAlready) {
+    Formats({"DWGCheck"});
+    DoMeanwhile("ProDrawingSolidsCollect", 1,
+                [&] { host().session.FindByFile("b.drw")->drawingData.sheets.resize(2); });
+    Export({"2"});
+    EXPECT_EQ(Files(WIDE("DWG")), (Names{"P-1_b-1.dwg", "P-1_b-2.dwg"}));
+}
+
 TEST_F(Engine, SeveralSheetsAreNumberedAndNoneBecomesTheCurrentOne) {
     Formats({"DWGCheck"});
     const Names calls = Export({"2"});

@@ -21,6 +21,7 @@
 #include "simhost/app/picture_file.h"
 #include "simhost/app/progress_line.h"
 #include "simhost/app/prompt.h"
+#include "simhost/app/session_words.h"
 #include "simhost/app/signals.h"
 #include "simhost/app/workplace.h"
 #include "simhost/core/text.h"
@@ -31,6 +32,9 @@
 #include "simhost/trail/interpreter.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/user/language.h"
+#ifndef _WIN32
+#include "simhost/web/workbench.h"
+#endif
 
 namespace fs = std::filesystem;
 using namespace simhost;
@@ -39,7 +43,8 @@ namespace {
 
 struct Options {
     WorkplaceOptions workplace;
-    std::string script, journal;
+    std::string script, journal, recording, import;
+    int port = 0;
     fs::path out = "out/demo";
     std::vector<std::string> faults;
     bool noPlugin = false;
@@ -71,88 +76,6 @@ void CheckTranscript() {
                              std::generic_category().message(transcriptError));
 }
 
-std::string StartPlugin(Workplace& workplace) {
-    try {
-        const int status = workplace.StartPlugin();
-        if (status == 0) return {};
-        return "the plug-in did not start: user_initialize returned " + std::to_string(status);
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-}
-
-// "a, b and 3 more".
-std::string FirstOf(const std::vector<std::string>& names) {
-    constexpr std::size_t kMost = 5;
-    std::string told;
-    for (std::size_t i = 0; i < names.size() && i < kMost; ++i) {
-        told += (i == 0 ? "" : ", ") + names[i];
-    }
-    if (names.size() > kMost) {
-        const std::string more = std::to_string(names.size() - kMost);
-        told += Either(" and ", " 等，另有 ") + more + Either(" more", " 个");
-    }
-    return told;
-}
-
-void TellWhereItWorks(const Workplace& workplace) {
-    if (workplace.isTemporary()) {
-        PrintLine(Either("Works on a copy of ", "在副本上工作，原项目：") +
-                  workplace.options().project.string() +
-                  Either(" that is gone at the end; --drive DIR keeps it.",
-                         "。结束时副本即删除；--drive DIR 可保留。"));
-    } else {
-        PrintLine(Either("Works in ", "工作位置：") + workplace.drive().string() +
-                  Either(", which stays.", "，结束后保留。"));
-    }
-    PrintLine(Either("Type help, or quit to end.", "输入 help 查看用法，quit 退出。"));
-}
-
-// What is changed in memory and in no file, and what can be done about it; empty: nothing is.
-std::string TellUnsaved(const Workplace& workplace) {
-    std::vector<std::string> unsaved;
-    for (const Model* model : TheHost().session.All()) {
-        if (model->modified) unsaved.push_back(model->FileName());
-    }
-    if (unsaved.empty()) return {};
-    const std::string told =
-        Either("changed and not saved: ", "已改动、未保存：") + FirstOf(unsaved);
-    if (!IsTyped()) return told;
-    if (workplace.isTemporary()) {
-        return told + Either("; quit again ends all the same", "；再次输入 quit 即退出");
-    }
-    return told + Either("; save all saves them, quit again ends all the same",
-                         "；save all 可保存，再次输入 quit 即退出");
-}
-
-void SetHooks(Workplace& workplace) {
-    TheHooks().loaded = [&] { return workplace.plugin() != nullptr; };
-    TheHooks().start = [&] { return StartPlugin(workplace); };
-    TheHooks().stop = [&] {
-        workplace.StopPlugin();
-        return std::string();
-    };
-    TheHooks().picture = SavePicture;
-    TheHooks().lost = [&] { return TellUnsaved(workplace); };
-}
-
-// The files that were written, which stay or not.
-void TellWhatIsWritten(const Workplace& workplace) {
-    std::vector<std::string> written;
-    for (const fs::path& file : workplace.WrittenFiles()) {
-        const std::u8string name = fs::relative(file, workplace.drive()).generic_u8string();
-        written.emplace_back(name.begin(), name.end());
-    }
-    if (!written.empty() && workplace.isTemporary()) {
-        PrintLine(Either("gone with the temporary drive: ", "随临时驱动器删除：") +
-                  FirstOf(written) +
-                  Either(" (--drive DIR keeps it)", "（用 --drive DIR 可保留）"));
-    } else if (!written.empty()) {
-        PrintLine(Either("kept in ", "已保留在 ") + workplace.drive().string() + ": " +
-                  FirstOf(written));
-    }
-}
-
 // Runs the lines of `source` at a workplace; 0 if nothing failed. A session is one that somebody
 // types.
 int RunTrail(const Options& options, Source& source, bool session) {
@@ -160,18 +83,18 @@ int RunTrail(const Options& options, Source& source, bool session) {
     for (const std::string& text : options.faults) faults.push_back(ParseFault(text));
     Workplace workplace(options.workplace);
     Host& host = TheHost();
-    SetHooks(workplace);
+    SetHooks(workplace, [&] { return TellUnsaved(workplace, IsTyped()); });
     if (!options.journal.empty()) host.journal.StartFile(options.journal);
     for (const Fault& fault : faults) Operation::Fail(fault);
 
-    if (session) TellWhereItWorks(workplace);
+    if (session) TellWhereItWorks(workplace, PrintLine);
     Trail trail(source, PrintLine);
     if (!options.noPlugin) trail.Begin("@ start " + options.hostVersion);
     bool ok = trail.Run();
     for (const std::string& held : host.arrays.HeldByMistake()) {
         PrintLine("still held: " + held);
     }
-    TellWhatIsWritten(workplace);
+    TellWhatIsWritten(workplace, PrintLine);
     workplace.StopPlugin();
     if (!options.journal.empty()) {
         host.journal.Stop();
@@ -300,12 +223,20 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
 
 struct CommandLine {
     CLI::App app{"The simulated host of Vorlatix. Without a command: a prompt."};
-    CLI::App *run = nullptr, *demo = nullptr, *generate = nullptr, *dialogs = nullptr,
+    CLI::App *workbench = nullptr, *run = nullptr, *demo = nullptr, *generate = nullptr, *dialogs = nullptr,
              *import = nullptr;
 
     explicit CommandLine(Options* options) {
         app.set_version_flag("--version", "simhost " VX_VERSION);
         AddWorkplaceOptions(&app, options);
+        workbench = app.add_subcommand("workbench", "Work with the plug-in in a browser");
+        AddWorkplaceOptions(workbench, options);
+        NumberOption(workbench, "--port", &options->port, 65535,
+                     "Port of this computer to listen at (default: any that is free)");
+        workbench->add_option("--recording", options->recording,
+                              "At the end write what was done here, as a script");
+        workbench->add_option("--import", options->import,
+                              "A STEP file to make the project of, in place of --project");
         run = app.add_subcommand("run", "Run a trail script and print a transcript");
         run->add_option("script", options->script, "The script")->required();
         AddWorkplaceOptions(run, options);
@@ -356,6 +287,43 @@ int Dialogs(const Options& options) {
     return 0;
 }
 
+#ifdef _WIN32
+
+int Workbench(const Options&) {
+    throw UsageError("the workbench is not to be had on Windows");
+}
+
+#else
+
+int Workbench(Options options) {
+    Board board;
+    WatchSignals([&board] {
+        if (board.ending()) return std::string();  // it did not end: now it is ended
+        board.End();
+        return StopWork().empty() ? std::string()
+                                  : std::string(Either("ending; Ctrl-C again ends it at once",
+                                                       "正在结束；再按一次 Ctrl-C 立即结束"));
+    });
+    std::optional<TemporaryDrive> imported;
+    if (!options.import.empty()) {
+        imported.emplace();
+        options.workplace.project = imported->path() / "project";
+        const Imported made = ImportStep(PathOf(options.import), options.workplace.project);
+        for (const std::string& note : made.notes) PrintLine("note: " + note);
+    }
+    WorkbenchOptions workbench;
+    workbench.workplace = options.workplace;
+    const fs::path source = VX_SOURCE_DIR;
+    workbench.server = {source / "simhost" / "web" / "page", "/usr/share/javascript/three",
+                        source / "text" / "resource", options.port};
+    workbench.keepRecording = PathOf(options.recording);
+    PrintLine(Either("Open this address in a browser of this computer; Ctrl-C ends:",
+                     "请在本机浏览器中打开下面的地址；按 Ctrl-C 结束："));
+    return RunWorkbench(workbench, board, PrintLine);
+}
+
+#endif
+
 int Demo(const Options& options) {
     MakeFolder("--out", options.out);
     const fs::path trail = fs::path(VX_SOURCE_DIR) / "samples" / "trails" / "demo.trail";
@@ -363,7 +331,9 @@ int Demo(const Options& options) {
 }
 
 int Do(const CommandLine& line, const Options& options) {
-    WatchSignals(/*atAPrompt=*/line.app.get_subcommands().empty() && IsTyped());
+    const bool prompt = line.app.get_subcommands().empty() && IsTyped();
+    if (line.workbench->parsed()) return Workbench(options);
+    WatchSignals(prompt ? StopWork : std::function<std::string()>());
     ShowProgress();
     if (line.demo->parsed()) return Demo(options);
     if (line.generate->parsed()) return Generate(options);

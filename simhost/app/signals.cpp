@@ -3,6 +3,7 @@
 
 #include <string_view>
 #include <thread>
+#include <utility>
 
 #include "simhost/app/temporary_drive.h"
 #include "simhost/user/progress.h"
@@ -28,7 +29,7 @@ BOOL WINAPI TakeDrivesAway(DWORD) {
 
 }  // namespace
 
-void WatchSignals(bool) {
+void WatchSignals(std::function<std::string()>) {
     SetConsoleCtrlHandler(TakeDrivesAway, TRUE);
 }
 
@@ -52,28 +53,33 @@ void Tell(std::string_view line) {
     _exit(128 + signal);
 }
 
-void Watch(sigset_t signals, bool atAPrompt) {
+void Watch(sigset_t signals, const std::function<std::string()>& interrupt) {
     for (;;) {
         int signal = 0;
         if (sigwait(&signals, &signal) != 0) continue;
-        const bool asked = atAPrompt && signal == SIGINT;
-        if (!asked || TheProgress().stop.exchange(true)) EndBy(signal);
-        Tell("\n(stopping as soon as it can be; Ctrl-C again ends the session)\n");
+        const std::string said = interrupt && signal == SIGINT ? interrupt() : std::string();
+        if (said.empty()) EndBy(signal);
+        Tell("\n(" + said + ")\n");
     }
 }
 
 }  // namespace
 
-void WatchSignals(bool atAPrompt) {
+void WatchSignals(std::function<std::string()> interrupt) {
     // Who reads the transcript may leave early; the writing tells it then.
     signal(SIGPIPE, SIG_IGN);
     sigset_t signals;
     sigemptyset(&signals);
     for (const int each : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, each);
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    std::thread(Watch, signals, atAPrompt).detach();
+    std::thread(Watch, signals, std::move(interrupt)).detach();
 }
 
 #endif
+
+std::string StopWork() {
+    if (TheProgress().stop.exchange(true)) return {};
+    return "stopping as soon as it can be; Ctrl-C again ends the session";
+}
 
 }  // namespace simhost

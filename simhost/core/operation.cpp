@@ -84,6 +84,8 @@ Listeners& TheListeners() {
 }  // namespace
 
 std::thread::id Operation::hostThread;
+std::atomic<std::uint64_t> Operation::pulse{0};
+std::atomic<const char*> Operation::latest{nullptr};
 bool Operation::journalling = false;
 bool Operation::faultsArmed = false;
 
@@ -198,6 +200,11 @@ void Operation::Report(const Refusal& refusal) {
     // A complaint that nobody hears must not pass for a good run.
     if (!TheListeners().complain) throw std::logic_error("no host hears: " + complaint);
     TheListeners().complain(complaint);
+}
+
+Operation::Pulse Operation::TakePulse() {
+    const char* last = latest.load(std::memory_order_relaxed);
+    return {pulse.load(std::memory_order_relaxed), last ? last : ""};
 }
 
 long Operation::Begin() {

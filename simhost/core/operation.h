@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -181,6 +182,7 @@ public:
             return failed(PRO_TK_GENERAL_ERROR);
         }
         ++calls_;
+        NoteCall();
         const long line = journalling ? Begin() : -1;
         ResultOf<Body> result{};
         Injected injected;
@@ -241,9 +243,23 @@ public:
     static std::vector<Fault> UnreachedFaults();
     static void ResetCounts();
     static std::uint64_t TotalCalls();
+    // For another thread that wants to know how far the host's is: the number of calls since the
+    // program began, and the name of the last one ("" before the first).
+    struct Pulse {
+        std::uint64_t calls;
+        const char* last;
+    };
+    static Pulse TakePulse();
 
 private:
     static std::thread::id hostThread;  // none: no host serves
+    // Written by the host's thread alone, which so needs no counting in one step.
+    static std::atomic<std::uint64_t> pulse;
+    static std::atomic<const char*> latest;
+    void NoteCall() const {
+        pulse.store(pulse.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+        latest.store(name_, std::memory_order_relaxed);
+    }
     void NoteForeignCall() const;
     long Begin();
     void End(long line, const std::string& arguments, const std::string& result);

@@ -11,6 +11,10 @@ WideText TextOf(WideChar* file, char* key) {
     return TheHost().messages.Label(file, FromSystemCodePage(key));
 }
 
+WideText OriginalOf(WideChar* file, char* key) {
+    return TheHost().messages.OriginalLabel(file, FromSystemCodePage(key));
+}
+
 }  // namespace
 
 ProError ProCmdActionAdd(char* name, uiCmdCmdActFn action, uiCmdPriority priority,
@@ -61,8 +65,12 @@ ProError ProMenubarmenuPushbuttonAdd(char* menu, char* button, char* labelKey, c
                                      WideChar* messageFile) {
     return Op<"ProMenubarmenuPushbuttonAdd">.Call(
         [&] {
-            MenuButton added{button, TextOf(messageFile, labelKey), TextOf(messageFile, helpKey),
-                             &TheHost().commands.Require(command)};
+            MenuButton added{button,
+                             TextOf(messageFile, labelKey),
+                             TextOf(messageFile, helpKey),
+                             &TheHost().commands.Require(command),
+                             OriginalOf(messageFile, labelKey),
+                             OriginalOf(messageFile, helpKey)};
             TheHost().commands.AddButton(menu, std::move(added), neighbour,
                                          afterNeighbour != PRO_B_FALSE);
         },

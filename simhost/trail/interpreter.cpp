@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "simhost/core/text.h"
 #include "simhost/model/picking.h"
@@ -70,6 +71,11 @@ bool ClosesWindow(const Dialog& dialog, const Step& step) {
         return false;
     return step.arguments.size() == 1 ||
            !dynamic_cast<const OptionMenu*>(dialog.Find(step.arguments[1]));
+}
+
+std::string InOneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
 }
 
 bool IsDone(const Wait& wait) {
@@ -159,10 +165,13 @@ std::optional<Step> Trail::NextStep() {
             broken.written = *line;
             broken.file = source_.name();
             broken.line = first;
+            const Step* outer = current_;
             current_ = &broken;
+            const std::size_t recording = std::exchange(recording_, 0);
             if (!patient()) print_(*line);
             Fail(error.what());
-            current_ = nullptr;
+            recording_ = recording;
+            current_ = outer;
         }
     }
     Step step = std::move(pending_.front());
@@ -215,7 +224,9 @@ bool Trail::Serve(Wait& wait) {
             continue;
         }
         current_ = &*step;
+        const std::size_t recording = std::exchange(recording_, 0);
         Fail(Misfit(*step));
+        recording_ = recording;
         current_ = outer;
         if (patient()) continue;
         pending_.push_front(std::move(*step));
@@ -266,6 +277,7 @@ std::optional<WideText> Trail::TrailUser::Ask(const WideText& prompt, const Wide
     Wait wait;
     wait.kind = Wait::Kind::Prompt;
     wait.prompt = prompt;
+    wait.byDefault = byDefault;
     wait.file = file;
     if (!trail_.Serve(wait)) trail_.Say("(the prompt is left)");
     return wait.answer;
@@ -310,7 +322,9 @@ void Trail::Perform(const Step& given) {
     Step step = given;
     if (step.kind == Step::Kind::Trail) step.problem = NameLabels(&step);
     const Step* outer = current_;
+    const std::size_t outerRecording = recording_;
     current_ = &step;
+    Record(step);
     said_ = false;
     if (!patient()) print_(step.written);
     // By hand the transcript is the screen: it holds the name, too.
@@ -335,6 +349,24 @@ void Trail::Perform(const Step& given) {
     // Whoever types sees that something happened.
     if (!said_ && patient() && waits_.empty() && !stopped_) Say(Either("done", "完成"));
     current_ = outer;
+    recording_ = outerRecording;
+}
+
+void Trail::Record(const Step& step) {
+    if (step.line == 0) return void(recording_ = 0);  // the session's own beginning
+    // A word that was typed without its sign needs it in a script.
+    const bool bare = step.kind == Step::Kind::Word && !step.written.starts_with('@');
+    recorded_.push_back({(bare ? "@ " : "") + step.written, {}});
+    recording_ = recorded_.size();
+}
+
+std::string Trail::Recording() const {
+    std::string text;
+    for (const auto& [line, slip] : recorded_) {
+        text += slip.empty() ? line : fmt::format("! {}   ({})", line, InOneLine(slip));
+        text += '\n';
+    }
+    return text;
 }
 
 void Trail::PerformInner(const Step& step) {
@@ -380,6 +412,7 @@ void Trail::TellWhatWasShown() {
 void Trail::Fail(const std::string& what) {
     // By hand a slip is told and forgotten; what was expected and is not so, counts.
     if (!patient() || (current_ && IsExpectation(*current_))) return Count(what);
+    if (recording_ > 0) recorded_[recording_ - 1].slip = what;
     Say("!! " + what);
 }
 

@@ -22,7 +22,7 @@ struct Wait {
     const Box* box = nullptr;
     Dialog* dialog = nullptr;
     Picking* picking = nullptr;
-    WideText prompt;
+    WideText prompt, byDefault;
     const FileQuestion* file = nullptr;  // prompts: of a file dialog, whose answer is a path
     std::optional<Click> click;          // likewise
     bool answered = false;               // all but dialogs and picks
@@ -47,6 +47,9 @@ public:
     const std::vector<std::string>& failures() const { return failures_; }
     // How many lines expected something that was so.
     int held() const { return held_; }
+    // What was done so far, one step a line, as a script that does it again. A slip of the finger,
+    // which did nothing, is a comment in it that says why.
+    std::string Recording() const;
 
     // --- For the @ words ---
     void Fail(const std::string& what);
@@ -92,6 +95,7 @@ private:
     void Perform(const Step& given);
     void PerformInner(const Step& step);
     void PerformTrail(const Step& step);
+    void Record(const Step& step);
     void Count(const std::string& what);  // a failure, whoever types
     Step Resolved(Step step) const;
     void TellWhatWasShown();
@@ -105,6 +109,11 @@ private:
     std::vector<std::string> failures_;
     std::string lossTold_;
     const Step* current_ = nullptr;
+    struct Recorded {
+        std::string line, slip;
+    };
+    std::vector<Recorded> recorded_;
+    std::size_t recording_ = 0;  // the number of the step in hand there, from 1; 0: none
     int line_ = 0;
     int held_ = 0;
     std::size_t shownSeen_ = 0;

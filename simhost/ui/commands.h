@@ -36,6 +36,7 @@ struct MenuButton {
     std::string name;
     WideText label, help;
     Command* command = nullptr;
+    WideText english, englishHelp;  // the same as the message file has them untranslated
 };
 
 struct Menu {

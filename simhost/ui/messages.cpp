@@ -57,7 +57,8 @@ const Messages::File* Messages::Load(WideView file) {
             break;
         }
         const bool translated = !lines[at + 2].empty() && !IsEndMark(lines[at + 2]);
-        known.texts.emplace(lines[at], translated ? lines[at + 2] : lines[at + 1]);
+        known.texts.emplace(
+            lines[at], File::Text{lines[at + 1], translated ? lines[at + 2] : lines[at + 1]});
     }
     return &known;
 }
@@ -67,11 +68,18 @@ std::optional<WideText> Messages::Find(WideView file, WideView key) {
     if (!known) return std::nullopt;
     const auto found = known->texts.find(key);
     if (found == known->texts.end()) return std::nullopt;
-    return found->second;
+    return found->second.shown;
 }
 
 WideText Messages::Label(WideView file, WideView key) {
     return Find(file, key).value_or(WideText(key));
+}
+
+WideText Messages::OriginalLabel(WideView file, WideView key) {
+    const File* known = Load(file);
+    if (!known) return WideText(key);
+    const auto found = known->texts.find(key);
+    return found == known->texts.end() ? WideText(key) : found->second.original;
 }
 
 void Messages::Display(const WideText& text) {

@@ -26,6 +26,8 @@ public:
 
     // The text of a label's key; the key itself where it is unknown, as the host shows it.
     WideText Label(WideView file, WideView key);
+    // The same before its translation, for whoever reads English.
+    WideText OriginalLabel(WideView file, WideView key);
 
     // Puts the arguments in for %0w (wide), %0s (narrow), %0d and %0f, %0e, %0g; %0(8.3)f has a
     // width and a number of places. Nothing if the numbers leave one out.
@@ -44,7 +46,10 @@ private:
     struct File {
         std::filesystem::file_time_type written;
         std::uintmax_t size = 0;
-        std::map<WideText, WideText, std::less<>> texts;
+        struct Text {
+            WideText original, shown;
+        };
+        std::map<WideText, Text, std::less<>> texts;
     };
     const File* Load(WideView file);
 

@@ -1,0 +1,37 @@
+// The table of what can be asked.
+#include "simhost/web/answers.h"
+
+#include <charconv>
+#include <nlohmann/json.hpp>
+
+namespace simhost {
+
+std::string Query::Text(const std::string& name) const {
+    const auto found = values.find(name);
+    return found == values.end() ? std::string() : found->second;
+}
+
+std::size_t Query::Number(const std::string& name, std::size_t byDefault) const {
+    const std::string text = Text(name);
+    std::size_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? number : byDefault;
+}
+
+Reply Refused(int status, const std::string& why) {
+    return {status, Reply().type, nlohmann::json{{"problem", why}}.dump(), {}};
+}
+
+const std::vector<Answer>& Answers() {
+    static const std::vector<Answer> answers = {
+        {"/state", StateNow},         // what the user can do now
+        {"/tree", TreeNow},           // the components of the current model
+        {"/files", FilesNow},         // what lies on the drive
+        {"/file", OneFile},           // one of them
+        {"/recording", RecordingNow}, // what was done, as a script
+        {"/faults", FaultsNow},       // what the host complained of
+    };
+    return answers;
+}
+
+}  // namespace simhost

@@ -30,6 +30,9 @@ const std::vector<Answer>& Answers() {
         {"/file", OneFile},           // one of them
         {"/recording", RecordingNow}, // what was done, as a script
         {"/faults", FaultsNow},       // what the host complained of
+        {"/journal", JournalNow},     // calls through the door
+        {"/sheet", SheetNow},         // a sheet of a drawing
+        {"/model", ModelFacts},       // parameters and relations of a model
     };
     return answers;
 }

@@ -45,7 +45,10 @@ Reply StateNow(const Seat& seat, const Query& query);       // state.cpp
 Reply TreeNow(const Seat& seat, const Query& query);        // tree.cpp
 Reply FilesNow(const Seat& seat, const Query& query);       // files.cpp
 Reply OneFile(const Seat& seat, const Query& query);
-Reply RecordingNow(const Seat& seat, const Query& query);
+Reply RecordingNow(const Seat& seat, const Query& query);  // records.cpp
 Reply FaultsNow(const Seat& seat, const Query& query);
+Reply JournalNow(const Seat& seat, const Query& query);
+Reply SheetNow(const Seat& seat, const Query& query);    // sheet_view.cpp
+Reply ModelFacts(const Seat& seat, const Query& query);  // model_facts.cpp
 
 }  // namespace simhost

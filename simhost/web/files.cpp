@@ -1,4 +1,4 @@
-// The files of the drive, the recording, and what went wrong.
+// The files of the drive.
 #include <algorithm>
 #include <filesystem>
 #include <set>
@@ -66,19 +66,6 @@ Reply OneFile(const Seat& seat, const Query& query) {
     std::string bytes = ReadFile(file, &found);
     if (!found) return Refused(404, "the file cannot be read");
     return {200, "application/octet-stream", std::move(bytes), NameOf(file.filename())};
-}
-
-Reply RecordingNow(const Seat& seat, const Query&) {
-    return {200, "text/plain; charset=utf-8", seat.trail.Recording(), "recording.trail"};
-}
-
-Reply FaultsNow(const Seat& seat, const Query&) {
-    Json held = Json::array();
-    for (const std::string& each : TheHost().arrays.HeldByMistake()) held.push_back(each);
-    const Json faults = {{"complaints", TheHost().complaints},
-                         {"failures", seat.trail.failures()},
-                         {"held", std::move(held)}};
-    return {200, Reply().type, Dump(faults), {}};
 }
 
 }  // namespace simhost

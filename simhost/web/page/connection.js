@@ -21,6 +21,7 @@ export class Connection {
     this.state = null;
     this.listeners = { news: [], state: [], session: [], problem: [] };
     this.nextLine = 0;
+    this.waiters = [];
   }
 
   // news: an event; state: what the user can do now, once for each version; session: another one
@@ -59,7 +60,14 @@ export class Connection {
     this.ended = news.ended;
     this.version = news.v;
     this.tell('news', news);
+    if (!news.busy) for (const resolve of this.waiters.splice(0)) resolve();
     if (!news.busy && !news.ended && isNew) this.askState();
+  }
+
+  // Resolves when the session waits for the next line.
+  settled() {
+    if (!this.busy) return Promise.resolve();
+    return new Promise(resolve => this.waiters.push(resolve));
   }
 
   async askState() {
@@ -74,7 +82,10 @@ export class Connection {
   async get(address, as = 'json') {
     const joined = address + (address.includes('?') ? '&' : '?') + 'v=' + this.version;
     const response = await fetch(joined);
-    if (response.ok) return as === 'bytes' ? response.arrayBuffer() : response.json();
+    if (response.ok) {
+      return { bytes: () => response.arrayBuffer(), text: () => response.text(),
+        json: () => response.json() }[as]();
+    }
     if (response.status !== 409 && response.status !== 503 && response.status !== 410) {
       this.tell('problem', (await response.json().catch(() => ({}))).problem || response.status);
     }
@@ -83,7 +94,11 @@ export class Connection {
 
   // One line of a trail. False: it was not taken, and the user has been told why.
   async step(line) {
-    return this.post('/step?v=' + this.version, line);
+    const before = this.busy;
+    this.busy = true;  // until news come of its end, which may be before the answer
+    const taken = await this.post('/step?v=' + this.version, line);
+    if (!taken) this.busy = before;
+    return taken;
   }
 
   async post(address, body = '') {

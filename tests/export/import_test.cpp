@@ -14,6 +14,7 @@
 #include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 #include "simhost/model/units.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"
 
@@ -259,6 +260,31 @@ TEST(RecordsOfImportedSolids, ThatLeadNowhereAreNoneAndAreTold) {
     } catch (const ModelFileError& error) {
         EXPECT_STREQ(error.what(), "a.prt:7: \"record\" is no record of an imported solid");
     }
+}
+
+TEST_F(ImportedProjects, AreMadeByAScriptToo) {
+    const std::string step =
+        kernel::TheKernel()->Step(DocumentOf(MakeModels("top: a x2"), nullptr));
+    WriteFile(work_ / "given file.stp", step);
+    std::string told;
+    const auto failures = [&told](const std::string& line) {
+        std::string all;
+        for (const std::string& each :
+             RunScript(line, [&](const std::string& said) { told += said + "\n"; })) {
+            all += each;
+        }
+        return all;
+    };
+    EXPECT_EQ(failures("@ import given file.stp into C:\\New"), "");
+    EXPECT_NE(told.find("    written: top.asm with 1 part and 1 assembly\n"), std::string::npos);
+    EXPECT_TRUE(fs::exists(work_.parent_path() / "New" / "a.prt.1"));
+    EXPECT_EQ(failures("@ import given file.stp"), "line 1: write import FILE into FOLDER");
+    EXPECT_NE(failures("@ import gone.stp into C:\\Newer").find("cannot read"), std::string::npos);
+    EXPECT_NE(failures("@ import given file.stp into C:\\New").find("is not empty"),
+              std::string::npos);
+    EXPECT_EQ(failures("@ import D:\\x.stp into C:\\Newer"), "line 1: there is no file D:\\x.stp");
+    EXPECT_EQ(failures("@ import given file.stp into D:\\x"),
+              "line 1: the folder D:\\x cannot be made");
 }
 
 // What a designer does first with a strange assembly.

@@ -16,11 +16,13 @@
 #include "simhost/model/units.h"
 #include "simhost/trail/interpreter.h"
 #include "tests/support/places.h"
+#include "tests/support/solids.h"
 #include "tests/support/workbench.h"
 
 namespace {
 
 using namespace simhost;
+using workbench::ExpectBox;
 using workbench::MakeModels;
 using workbench::ModelNamed;
 namespace fs = std::filesystem;
@@ -87,12 +89,7 @@ Measures MeasuresOf(const Model& top) {
 void ExpectSame(const Measures& a, const Measures& b, double slack) {
     EXPECT_EQ(a.parts, b.parts);
     EXPECT_NEAR(a.volume / b.volume, 1, 1e-6);
-    EXPECT_NEAR(a.box.low.x, b.box.low.x, slack);
-    EXPECT_NEAR(a.box.low.y, b.box.low.y, slack);
-    EXPECT_NEAR(a.box.low.z, b.box.low.z, slack);
-    EXPECT_NEAR(a.box.high.x, b.box.high.x, slack);
-    EXPECT_NEAR(a.box.high.y, b.box.high.y, slack);
-    EXPECT_NEAR(a.box.high.z, b.box.high.z, slack);
+    ExpectBox(a.box, b.box.low, b.box.high, slack);
 }
 
 TEST_F(ImportedProjects, AreTheGearboxAgainAndCanBeWrittenOnceMore) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <map>
 #include <tuple>
 #include <unordered_map>
@@ -53,18 +54,26 @@ Vec3 NormalOf(const Points& corners) {
 
 // Joins the facets of one solid, the last ones of the skin, along their edges.
 void JoinEdges(Skin* skin, std::size_t first) {
-    std::map<std::pair<PointKey, PointKey>, std::size_t> owner;
+    std::map<PointKey, std::uint64_t> numbers;
+    std::vector<std::vector<std::uint64_t>> corners;  // of each facet, by their numbers
+    for (std::size_t f = first; f < skin->size(); ++f) {
+        auto& own = corners.emplace_back();
+        for (const Vec3& p : (*skin)[f].corners) {
+            own.push_back(numbers.try_emplace(KeyOf(p), numbers.size()).first->second);
+        }
+    }
+    std::unordered_map<std::uint64_t, std::size_t> owner;
     const auto visit = [&](auto&& each) {
-        for (std::size_t f = first; f < skin->size(); ++f) {
-            const Points& corners = (*skin)[f].corners;
-            for (std::size_t i = 0; i < corners.size(); ++i) {
-                each(f, KeyOf(corners[i]), KeyOf(corners[(i + 1) % corners.size()]));
+        for (std::size_t f = 0; f < corners.size(); ++f) {
+            for (std::size_t i = 0; i < corners[f].size(); ++i) {
+                each(first + f, corners[f][i], corners[f][(i + 1) % corners[f].size()]);
             }
         }
     };
-    visit([&](std::size_t f, PointKey a, PointKey b) { owner[{a, b}] = f; });
-    visit([&](std::size_t f, PointKey a, PointKey b) {
-        const auto found = owner.find({b, a});
+    const auto edgeOf = [](std::uint64_t a, std::uint64_t b) { return a << 32 | b; };
+    visit([&](std::size_t f, std::uint64_t a, std::uint64_t b) { owner[edgeOf(a, b)] = f; });
+    visit([&](std::size_t f, std::uint64_t a, std::uint64_t b) {
+        const auto found = owner.find(edgeOf(b, a));
         (*skin)[f].beyond.push_back(found == owner.end() ? f : found->second);
     });
 }
@@ -129,9 +138,14 @@ Extents ExtentsIn(const Model& top, const Placement& frame, Sight sight) {
 }
 
 std::vector<DrawnLine> ProjectedLines(const Model& top, const Placement& frame, bool withHidden) {
+    return ProjectedLines(ShownParts(top, Sight::Views), frame, withHidden);
+}
+
+std::vector<DrawnLine> ProjectedLines(const std::vector<ShownPart>& parts, const Placement& frame,
+                                      bool withHidden) {
     HiddenLineScene scene;
     std::unordered_map<const Model*, Skin> skins;
-    for (const ShownPart& shown : ShownParts(top, Sight::Views)) {
+    for (const ShownPart& shown : parts) {
         const auto [skin, isNew] = skins.try_emplace(shown.part);
         if (isNew) skin->second = SkinOf(*shown.part);
         AddPart(skin->second, Compose(frame, shown.placement), withHidden, &scene);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "simhost/picture/kept_lines.h"
 #include "simhost/picture/lines_once.h"
 
 namespace simhost {
@@ -58,11 +59,10 @@ std::string NameOf(const std::string& role, const std::string& shows) {
     return role == "isometric" ? "轴测图" : role == "general" ? "一般视图" : "投影视图";
 }
 
-std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) {
-    const Model* model = ModelOf(view);
-    if (!model) return {};
+std::vector<DrawnLine> DrawLines(const Drawing& drawing, const DrawingView& view,
+                                 const std::vector<ShownPart>& parts) {
     const bool withHidden = view.display.style != PRO_DISPSTYLE_NO_HIDDEN;
-    std::vector<DrawnLine> lines = ProjectedLines(*model, drawing.FrameOf(view), withHidden);
+    std::vector<DrawnLine> lines = ProjectedLines(parts, drawing.FrameOf(view), withHidden);
     for (DrawnLine& line : lines) {
         const Vec3 a = drawing.ToSheet(view, {line.x0, line.y0, 0});
         const Vec3 b = drawing.ToSheet(view, {line.x1, line.y1, 0});
@@ -72,6 +72,13 @@ std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) 
     }
     KeepEachLineOnce(&lines);
     return lines;
+}
+
+std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) {
+    const Model* model = ModelOf(view);
+    if (!model) return {};
+    const std::vector<ShownPart> parts = ShownParts(*model, Sight::Views);
+    return KeptLines(drawing, view, parts, [&] { return DrawLines(drawing, view, parts); });
 }
 
 }  // namespace

@@ -19,6 +19,7 @@ export class Connection {
     this.busy = true;
     this.ended = false;
     this.state = null;
+    this.stateVersion = 0;  // the version that `state` is of
     this.listeners = { news: [], state: [], session: [], problem: [] };
     this.nextLine = 0;
     this.waiters = [];
@@ -75,6 +76,7 @@ export class Connection {
     const state = await this.get('/state');
     if (!state || version !== this.version) return;
     this.state = state;
+    this.stateVersion = version;
     this.tell('state', state);
   }
 

@@ -70,6 +70,13 @@ export class Connection {
     return new Promise(resolve => this.waiters.push(resolve));
   }
 
+  // Resolves when the session waits again, after what was seen at this version.
+  async beyond(version) {
+    while (!this.ended && (this.busy || this.version <= version)) {
+      await new Promise(resolve => this.waiters.push(resolve));
+    }
+  }
+
   async askState() {
     const version = this.version;
     const state = await this.get('/state');

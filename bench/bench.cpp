@@ -307,7 +307,7 @@ int main(int argc, char* argv[]) {
     if (argc != 3) {
         std::fprintf(stderr,
                      "use: bench walk|JOB|COMMAND OCCURRENCES, or bench BomExport|SaveModels|"
-                     "LookForModels|OpenParameters|InsertRows PIECES\n");
+                     "LookForModels|OpenParameters|InsertRows|DrawSheet PIECES\n");
         return 2;
     }
     try {

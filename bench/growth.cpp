@@ -1,4 +1,5 @@
-// Saving and finding models, models with many parameters, and tables that grow row by row.
+// Saving and finding models, models with many parameters, tables that grow row by row, and sheets
+// of large assemblies.
 #include "bench/growth.h"
 
 #include <fmt/format.h>
@@ -9,11 +10,14 @@
 #include <functional>
 #include <vector>
 
+#include "simhost/app/generate.h"
 #include "simhost/app/workplace.h"
 #include "simhost/core/disk.h"
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/drawing.h"
 #include "simhost/model/model_file.h"
+#include "simhost/picture/sheet.h"
 #include "simhost/ui/dialogs.h"
 #include "simhost/ui/table.h"
 
@@ -107,15 +111,38 @@ void InsertRows(Workplace& workplace, int count) {
     std::printf("InsertRows: pieces=%d seconds=%.4f\n", count, seconds);
 }
 
+// Twelve views of an assembly, all with hidden lines, from twelve sides. All sizes are made of as
+// many models: only the occurrences grow.
+void DrawSheet(Workplace& workplace, int count) {
+    constexpr int kModels = 20, kLevels = 5, kViews = 12;
+    Session& session = TheHost().session;
+    GenerateAssembly(workplace.Real(WIDE("C:\\Work")), count, kModels, kLevels, 1);
+    Model& top = *session.Retrieve("large.asm");
+    const int rounds = std::clamp(5000 / count, 2, kRounds);
+    double seconds = 1e9;
+    for (int round = 0; round < rounds; ++round) {
+        Model& sheet = session.Create(Wide(fmt::format("SHEET_{}", round)), PRO_MDL_DRAWING);
+        sheet.drawingData.sheets.assign(1, Sheet(WIDE("A0")));
+        for (int i = 0; i < kViews; ++i) {
+            // Each round has a scale of its own, so that no lines of the last one can be kept.
+            const Vec3 at{150.0 + 300 * (i % 4), 150.0 + 250 * (i / 4), 0};
+            DrawingView& view = DrawingOf(sheet).AddGeneral(
+                top, 1, at, 0.1 + 0.001 * round, PlacementFrom({}, {90.0 * (i % 4), 30.0 * i, 0}));
+            view.display.style = PRO_DISPSTYLE_HIDDEN_LINE;
+        }
+        seconds = std::min(seconds, Seconds([&] { SheetSvg(sheet, 1, 1600); }));
+    }
+    std::printf("DrawSheet: pieces=%d seconds=%.4f\n", count, seconds);
+}
+
 struct Job {
     const char* name;
     void (*run)(Workplace&, int);
 };
 constexpr Job kJobs[] = {
-    {"SaveModels", SaveModels},
-    {"LookForModels", LookForModels},
-    {"OpenParameters", OpenParameters},
-    {"InsertRows", InsertRows},
+    {"SaveModels", SaveModels},         {"LookForModels", LookForModels},
+    {"OpenParameters", OpenParameters}, {"InsertRows", InsertRows},
+    {"DrawSheet", DrawSheet},
 };
 
 }  // namespace

@@ -70,13 +70,12 @@ Element* NewArray(int count) {
 // What a dimension of one pick is made from. The senses are freed, the pick is not.
 struct OnePick {
     ProSelection* attachment = NewArray<ProSelection>(1);
-    ProDimSense* sense = NewArray<ProDimSense>(1);
+    ProDimSense* sense = attachment ? NewArray<ProDimSense>(1) : nullptr;
 
-    bool IsThere() const { return attachment && sense; }
-    void FreeSense() {
+    bool IsThere() const { return sense != nullptr; }
+    void FreeSense() const {
         ProArray array = sense;
-        if (array) ProArrayFree(&array);
-        sense = nullptr;
+        ProArrayFree(&array);
     }
 };
 

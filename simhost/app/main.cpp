@@ -1,10 +1,10 @@
 // The simulated host as a program: runs trail scripts, or sits at a prompt where the same lines can
 // be typed; shows what the plug-in does; makes large assemblies for measuring.
 #include <CLI/CLI.hpp>
-#include <fmt/format.h>
 
 #include <cerrno>
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <iostream>
 #include <limits>
@@ -50,6 +50,7 @@ struct Options {
     bool noPlugin = false;
     std::string hostVersion;  // empty: the usual one
     int occurrences = 10000, models = 200, depth = 4, seed = 1;
+    int seconds = Bounds().seconds, megabytes = 0;
 };
 
 // What the command line asks for and cannot be done.
@@ -256,6 +257,10 @@ struct CommandLine {
         import->add_option("file", options->script, "The STEP file")->required();
         FolderOption(import, "--out", &options->out, "Folder for the project, still empty")
             ->required();
+        NumberOption(import, "--seconds", &options->seconds, 1'000'000,
+                     "Give up a file that takes longer to read (default: 600)");
+        NumberOption(import, "--memory", &options->megabytes, 1'000'000,
+                     "Give up a file that takes more MB (default: 3/4 of the machine's)");
         dialogs = app.add_subcommand("dialogs", "Draw every dialog of the plug-in");
         FolderOption(dialogs, "--out", &options->out, "Folder for the pictures")->required();
     }
@@ -270,10 +275,10 @@ int Generate(const Options& options) {
 }
 
 int Import(const Options& options) {
-    const Imported made = ImportStep(PathOf(options.script), options.out);
-    for (const std::string& note : made.notes) PrintLine("note: " + note);
-    PrintLine(fmt::format("written: {} with {} parts and {} assemblies", made.top, made.parts,
-                          made.assemblies));
+    const Imported made =
+        ImportStep(PathOf(options.script), options.out,
+                   {.seconds = options.seconds, .bytes = std::uint64_t(options.megabytes) << 20});
+    for (const std::string& line : TextOf(made)) PrintLine(line);
     PrintLine("open it with: simhost --project " + options.out.string());
     return 0;
 }

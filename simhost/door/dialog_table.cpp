@@ -69,11 +69,9 @@ ProError ProUITableRownamesGet(char* dialog, char* table, int* count, char*** na
     Operation& op = Op<"ProUITableRownamesGet">;
     return op.Call(
         [&] {
-            std::vector<std::string> all;
-            for (const TableRow& row : Required<Table>(dialog, table).rows())
-                all.push_back(row.name);
+            const auto& all = Required<Table>(dialog, table).RowNamesForCaller();
             *count = int(all.size());
-            *names = NamesForCaller(op, std::move(all));
+            *names = TheHost().arrays.MakeNames(all, op.name());
         },
         ARG(dialog), ARG(table), OUT(count), OUT_LIST(names, count));
 }

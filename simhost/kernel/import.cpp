@@ -132,15 +132,43 @@ private:
     Imported result_;
 };
 
+// The kernel takes many a broken file for an empty one.
+void ExpectWhole(const fs::path& file) {
+    bool found = false;
+    const std::string bytes = ReadFile(file, &found);
+    if (!found) throw std::runtime_error("cannot read " + file.string());
+    const bool isWhole = bytes.find("ISO-10303-21;") != std::string::npos &&
+                         bytes.find("END-ISO-10303-21;") != std::string::npos;
+    if (!isWhole) {
+        throw std::runtime_error(file.string() + ": it is no STEP file, or not all of one");
+    }
+}
+
+kernel::Document ReadDocument(const fs::path& file) {
+    kernel::Kernel* const kernel = kernel::TheKernel();
+    if (!kernel) throw std::runtime_error("no STEP file can be read: there is no geometry kernel");
+    try {
+        return kernel->ReadStep(file.string());
+    } catch (const kernel::Failure& failure) {
+        throw std::runtime_error(file.string() + ": " + failure.what());
+    }
+}
+
+// Where nothing lies that a project could be mixed up with. True: the folder is there.
+bool ExpectRoom(const fs::path& folder) {
+    std::error_code error;
+    const bool isThere = fs::is_directory(folder, error);
+    if (isThere && !fs::is_empty(folder, error)) {
+        throw std::runtime_error(folder.string() + " is not empty");
+    }
+    return isThere;
+}
+
 // The folder of a project, which goes again unless it is kept.
 class NewFolder {
 public:
-    explicit NewFolder(const fs::path& folder) : folder_(folder) {
+    explicit NewFolder(const fs::path& folder) : folder_(folder), wasThere_(ExpectRoom(folder)) {
         std::error_code error;
-        wasThere_ = fs::is_directory(folder, error);
-        if (wasThere_ && !fs::is_empty(folder, error)) {
-            throw std::runtime_error(folder.string() + " is not empty");
-        }
         if (!wasThere_ && !fs::create_directories(folder, error)) {
             throw std::runtime_error("cannot make the folder " + folder.string());
         }
@@ -169,39 +197,108 @@ public:
 private:
     fs::path folder_;
     std::vector<fs::path> written_;
-    bool wasThere_ = false, kept_ = false;
+    bool wasThere_, kept_ = false;
 };
 
-kernel::Document ReadDocument(const fs::path& file) {
-    bool found = false;
-    const std::string bytes = ReadFile(file, &found);
-    if (!found) throw std::runtime_error("cannot read " + file.string());
-    // The kernel takes many a broken file for an empty one.
-    const bool isWhole = bytes.find("ISO-10303-21;") != std::string::npos &&
-                         bytes.find("END-ISO-10303-21;") != std::string::npos;
-    if (!isWhole) {
-        throw std::runtime_error(file.string() + ": it is no STEP file, or not all of one");
+// A project as one text, by which it comes from the process that has read it: pieces with their
+// lengths before them.
+struct ProjectFiles {
+    Imported made;
+    std::vector<std::pair<std::string, std::string>> files;  // names and texts
+};
+
+std::string Packed(const ProjectFiles& project) {
+    std::string text;
+    const auto add = [&text](const std::string& piece) {
+        text += std::to_string(piece.size());
+        text += ':';
+        text += piece;
+    };
+    add(project.made.top);
+    add(std::to_string(project.made.parts));
+    add(std::to_string(project.made.assemblies));
+    add(std::to_string(project.made.notes.size()));
+    for (const std::string& note : project.made.notes) add(note);
+    for (const auto& [name, bytes] : project.files) {
+        add(name);
+        add(bytes);
     }
-    kernel::Kernel* const kernel = kernel::TheKernel();
-    if (!kernel) throw std::runtime_error("no STEP file can be read: there is no geometry kernel");
+    return text;
+}
+
+ProjectFiles Unpacked(const std::string& text) {
+    std::size_t at = 0;
+    const auto take = [&text, &at] {
+        const std::size_t colon = text.find(':', at);
+        const std::size_t length = std::stoul(text.substr(at, colon - at));
+        at = colon + 1 + length;
+        return text.substr(colon + 1, length);
+    };
+    ProjectFiles project;
+    project.made.top = take();
+    project.made.parts = std::stoi(take());
+    project.made.assemblies = std::stoi(take());
+    for (int notes = std::stoi(take()); notes > 0; --notes) project.made.notes.push_back(take());
+    while (at < text.size()) {
+        std::string name = take();
+        project.files.emplace_back(std::move(name), take());
+    }
+    return project;
+}
+
+// Of numbers beyond all measure nothing can be made that opens again.
+void ExpectToOpen(const std::string& text, const std::string& name, const fs::path& file) {
     try {
-        return kernel->ReadStep(file.string());
-    } catch (const kernel::Failure& failure) {
-        throw std::runtime_error(file.string() + ": " + failure.what());
+        Model again;
+        ReadModelText(text, name, &again);
+    } catch (const ModelFileError& error) {
+        throw std::runtime_error(fmt::format("{}: it gives a model that cannot be opened ({})",
+                                             file.string(), error.what()));
+    }
+}
+
+std::string ReadProject(const fs::path& file) {
+    const kernel::Document document = ReadDocument(file);
+    Project project(document, file);
+    ProjectFiles files;
+    for (const auto& model : project.models()) {
+        std::string text = ModelText(*model);
+        ExpectToOpen(text, model->FileName(), file);
+        files.files.emplace_back(model->FileName() + ".1", std::move(text));
+    }
+    files.made = project.TakeResult();
+    return Packed(files);
+}
+
+std::string ReadApart(const fs::path& file, const Bounds& bounds) {
+    try {
+        return DoneApart(
+            "reading " + file.string(), [&file] { return ReadProject(file); }, bounds);
+    } catch (const BrokenOff& how) {
+        throw std::runtime_error(how.what() + std::string("; most likely the file is broken"));
     }
 }
 
 }  // namespace
 
-Imported ImportStep(const fs::path& file, const fs::path& folder) {
-    const kernel::Document document = ReadDocument(file);
-    Project project(document, file);
+std::vector<std::string> TextOf(const Imported& made) {
+    std::vector<std::string> lines;
+    lines.reserve(made.notes.size() + 1);
+    for (const std::string& note : made.notes) lines.push_back("note: " + note);
+    lines.push_back(fmt::format("written: {} with {} part{} and {} assembl{}", made.top, made.parts,
+                                made.parts == 1 ? "" : "s", made.assemblies,
+                                made.assemblies == 1 ? "y" : "ies"));
+    return lines;
+}
+
+Imported ImportStep(const fs::path& file, const fs::path& folder, const Bounds& bounds) {
+    ExpectWhole(file);
+    ExpectRoom(folder);
+    const ProjectFiles project = Unpacked(ReadApart(file, bounds));
     NewFolder written(folder);
-    for (const auto& model : project.models()) {
-        written.Write(model->FileName() + ".1", ModelText(*model));
-    }
+    for (const auto& [name, text] : project.files) written.Write(name, text);
     written.Keep();
-    return project.TakeResult();
+    return project.made;
 }
 
 }  // namespace simhost

@@ -18,9 +18,11 @@ struct DrawnLine {
     bool hidden;
 };
 
-// The model's edges seen against the z axis of the frame: bends between surfaces and the borders of
-// round ones. Surfaces that run into each other without a bend show no edge. Hidden pieces are left
-// out unless wanted.
+// The edges of a model, or of such parts of one, seen against the z axis of the frame: bends
+// between surfaces and the borders of round ones. Surfaces that run into each other without a bend
+// show no edge. Hidden pieces are left out unless wanted.
 std::vector<DrawnLine> ProjectedLines(const Model& top, const Placement& frame, bool withHidden);
+std::vector<DrawnLine> ProjectedLines(const std::vector<ShownPart>& parts, const Placement& frame,
+                                      bool withHidden);
 
 }  // namespace simhost

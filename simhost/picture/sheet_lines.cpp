@@ -2,10 +2,10 @@
 #include "simhost/picture/sheet_lines.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <unordered_set>
-#include <utility>
+
+#include "simhost/picture/kept_lines.h"
+#include "simhost/picture/lines_once.h"
 
 namespace simhost {
 
@@ -59,37 +59,10 @@ std::string NameOf(const std::string& role, const std::string& shows) {
     return role == "isometric" ? "轴测图" : role == "general" ? "一般视图" : "投影视图";
 }
 
-// Parts of one size in one place, and edges behind one another, give the same line many times.
-void KeepEachLineOnce(std::vector<DrawnLine>* lines) {
-    using Key = std::array<long long, 4>;
-    const auto keyOf = [](const DrawnLine& line) {
-        const auto whole = [](double length) { return std::llround(length * 1e4); };
-        const std::array<long long, 2> a{whole(line.x0), whole(line.y0)};
-        const std::array<long long, 2> b{whole(line.x1), whole(line.y1)};
-        const auto& [low, high] = std::minmax(a, b);
-        return Key{low[0], low[1], high[0], high[1]};
-    };
-    const auto hash = [](const Key& key) {
-        std::size_t sum = 0;
-        for (const long long part : key) sum = sum * 1000003 + std::hash<long long>()(part);
-        return sum;
-    };
-    std::unordered_set<Key, decltype(hash)> seen(lines->size(), hash);
-    std::vector<DrawnLine> kept;
-    // A hidden line that lies under a visible one is not seen.
-    for (const bool hidden : {false, true}) {
-        for (const DrawnLine& line : *lines) {
-            if (line.hidden == hidden && seen.insert(keyOf(line)).second) kept.push_back(line);
-        }
-    }
-    *lines = std::move(kept);
-}
-
-std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) {
-    const Model* model = ModelOf(view);
-    if (!model) return {};
+std::vector<DrawnLine> DrawLines(const Drawing& drawing, const DrawingView& view,
+                                 const std::vector<ShownPart>& parts) {
     const bool withHidden = view.display.style != PRO_DISPSTYLE_NO_HIDDEN;
-    std::vector<DrawnLine> lines = ProjectedLines(*model, drawing.FrameOf(view), withHidden);
+    std::vector<DrawnLine> lines = ProjectedLines(parts, drawing.FrameOf(view), withHidden);
     for (DrawnLine& line : lines) {
         const Vec3 a = drawing.ToSheet(view, {line.x0, line.y0, 0});
         const Vec3 b = drawing.ToSheet(view, {line.x1, line.y1, 0});
@@ -99,6 +72,13 @@ std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) 
     }
     KeepEachLineOnce(&lines);
     return lines;
+}
+
+std::vector<DrawnLine> LinesOf(const Drawing& drawing, const DrawingView& view) {
+    const Model* model = ModelOf(view);
+    if (!model) return {};
+    const std::vector<ShownPart> parts = ShownParts(*model, Sight::Views);
+    return KeptLines(drawing, view, parts, [&] { return DrawLines(drawing, view, parts); });
 }
 
 }  // namespace

@@ -15,6 +15,7 @@ void WriteXlsx(const Book&, const std::string& path) {
 
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <unistd.h>
 #include <unordered_map>
@@ -57,6 +58,8 @@ private:
     std::string name_;
 };
 
+constexpr std::time_t kCreated = 946684800;  // the first second of 2000, UTC
+
 class Writer {
 public:
     Writer(const Book& book, const std::string& path)
@@ -70,6 +73,10 @@ public:
     Writer& operator=(const Writer&) = delete;
 
     void Write() {
+        // The same work gives the same file whenever it is done.
+        lxw_doc_properties properties{};
+        properties.created = kCreated;
+        workbook_set_properties(workbook_, &properties);
         for (const auto& sheet : book_.sheets) WriteSheet(*sheet);
         const lxw_error error = workbook_close(std::exchange(workbook_, nullptr));
         if (error != LXW_NO_ERROR) throw BookFileError(lxw_strerror(error));

@@ -99,6 +99,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"add note",           "在当前页写一条注释"},
     {"hand out",           "把 C 盘的文件复制到结果文件夹"},
     {"make folder",        "新建文件夹：完整路径，或在工作目录中"},
+    {"import",             "把别的系统的 STEP 文件变成一个项目，放在空文件夹中"},
     {"remember files",     "记下工作目录中的全部文件，逐字节"},
     {"expect same files",  "工作目录中的文件与记下的完全相同"},
     {"script",             "演示中：让另一个程序（与脚本放在一起的 Python 程序）处理 C 盘上的文件"},

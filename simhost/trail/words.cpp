@@ -124,6 +124,7 @@ const std::vector<Word>& Words() {
         {"title",            "TEXT",              kAny,  kKeeps,  ShowTitle,       "begin a part of the report"},
         {"remember",         "LABEL [of MODELS]: FACTS", kAny, kKeeps, RememberFacts, "take facts of all models, or of those named, for a table: colour, relations, units, size, placement (of the first component that is not at the origin), material, density, mass, bend table, developed length, or the names of parameters"},
         {"make folder",      "FOLDER",            kAny,  kKeeps,  MakeFolder,      "make a folder, by its path or in the working folder"},
+        {"import",           "FILE into FOLDER",  kAny,  kKeeps,  ImportFile,      "make a project of a STEP file of another system, in a folder that holds nothing yet"},
         {"remember files",   "",                  kAny,  kKeeps,  RememberFiles,   "take every file of the working folder, byte for byte"},
         {"expect same files", "",                 kAny,  kKeeps,  ExpectSameFiles, "the working folder holds the remembered files and no others"},
         {"table",            "",                  kAny,  kKeeps,  ShowFactTable,   "show side by side what was remembered"},

@@ -150,6 +150,7 @@ void HandOut(Trail& trail, const std::string& rest);
 void RunScriptFile(Trail& trail, const std::string& rest);
 
 void MakeFolder(Trail& trail, const std::string& rest);
+void ImportFile(Trail& trail, const std::string& rest);
 void RememberFiles(Trail& trail, const std::string& rest);
 void ExpectSameFiles(Trail& trail, const std::string& rest);
 void ShowFiles(Trail& trail, const std::string& rest);       // of a folder, or the working one

@@ -1,12 +1,16 @@
-// The @ words about the files of the working folder: which there are, and what they name.
+// The @ words about the files of the working folder: which there are, what they name, and how those
+// of another system get there.
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
+#include <stdexcept>
+#include <string_view>
 
 #include "simhost/core/disk.h"
 #include "simhost/core/file_names.h"
 #include "simhost/core/text.h"
+#include "simhost/kernel/import.h"
 #include "simhost/model/drawing.h"
 #include "simhost/model/model_file.h"
 #include "simhost/model/solid_features.h"
@@ -24,8 +28,8 @@ fs::path WorkingFolder() {
     return TheHost().disk.Real(TheHost().session.workingDirectory);
 }
 
-// A folder by its Windows path, or below the working folder; no text is that one.
-fs::path FolderAt(const std::string& name) {
+// A folder or a file by its Windows path, or below the working folder; no text is that one.
+fs::path PlaceAt(const std::string& name) {
     WideText path = Wide(name);
     if (path.find(WideChar{':'}) == WideText::npos) {
         path = TheHost().session.workingDirectory + WIDE("\\") + path;
@@ -91,10 +95,26 @@ void SayReferences(Trail& trail, const fs::path& file) {
 void MakeFolder(Trail& trail, const std::string& rest) {
     const std::string name = ParseText(rest).text;
     if (name.empty()) return trail.Fail("a folder's name belongs after make folder");
-    const fs::path folder = FolderAt(name);
+    const fs::path folder = PlaceAt(name);
     std::error_code error;
     fs::create_directories(folder, error);
     if (error || folder.empty()) trail.Fail("the folder " + name + " cannot be made");
+}
+
+void ImportFile(Trail& trail, const std::string& rest) {
+    constexpr std::string_view kInto = " into ";
+    const std::size_t into = rest.rfind(kInto);
+    if (into == std::string::npos) return trail.Fail("write import FILE into FOLDER");
+    const std::string file = ParseText(rest.substr(0, into)).text;
+    const std::string folder = ParseText(rest.substr(into + kInto.size())).text;
+    const fs::path from = PlaceAt(file), to = PlaceAt(folder);
+    if (from.empty()) return trail.Fail("there is no file " + file);
+    if (to.empty()) return trail.Fail("the folder " + folder + " cannot be made");
+    try {
+        trail.SayAll(TextOf(ImportStep(from, to)));
+    } catch (const std::runtime_error& error) {
+        trail.Fail(error.what());
+    }
 }
 
 void RememberFiles(Trail& trail, const std::string&) {
@@ -118,7 +138,7 @@ void ExpectSameFiles(Trail& trail, const std::string&) {
 
 void ShowFiles(Trail& trail, const std::string& rest) {
     const std::string wanted = ParseText(rest).text;
-    const fs::path folder = FolderAt(wanted);
+    const fs::path folder = PlaceAt(wanted);
     std::error_code error;
     if (!fs::is_directory(folder, error)) return trail.Fail("there is no folder " + wanted);
     std::vector<std::string> lines;

@@ -57,7 +57,9 @@ void Table::InsertRows(std::string_view after, const std::vector<std::string>& n
         if (rowAt_.count(row)) Refuse(PRO_TK_E_FOUND);
     }
     if (HasTwice(names)) Refuse(PRO_TK_E_FOUND);
+    if (place != rows_.end()) rowNames_.reset();
     for (const std::string& row : names) {
+        if (rowNames_) rowNames_->push_back(ToSystemCodePage(Wide(row)));
         rowAt_[row] =
             rows_.insert(place, TableRow{row, {}, false, std::vector<TableCell>(columns_.size())});
     }
@@ -90,6 +92,7 @@ void Table::Forget(TableCell& cell) {
 
 void Table::DeleteRows(const std::vector<std::string>& names) {
     for (const std::string& row : names) RowNamed(row);  // all or none
+    rowNames_.reset();
     for (const std::string& row : names) {
         const auto found = rowAt_.find(row);
         if (found == rowAt_.end()) continue;  // named twice
@@ -170,6 +173,13 @@ WideChar* Table::LabelForCaller(const TableCell& cell) {
 
 char* Table::NameForCaller(const std::string& name) {
     return lentNames_.emplace_back(ToSystemCodePage(Wide(name))).data();
+}
+
+const std::vector<std::string>& Table::RowNamesForCaller() {
+    if (rowNames_) return *rowNames_;
+    rowNames_.emplace().reserve(rows_.size());
+    for (const TableRow& row : rows_) rowNames_->push_back(ToSystemCodePage(Wide(row.name)));
+    return *rowNames_;
 }
 
 WideChar** Table::Lend(std::vector<WideText> labels) {

@@ -85,6 +85,9 @@ public:
     // A cell's label, and the names of the focused cell, at places that live as long as the dialog.
     WideChar* LabelForCaller(const TableCell& cell);
     char* NameForCaller(const std::string& name);
+    // The names of all rows in the system's code page, kept, because whoever fills a table may ask
+    // for them before each new row. Valid until rows come or go.
+    const std::vector<std::string>& RowNamesForCaller();
     // The labels as an array that lives as long as the dialog; null for none.
     WideChar** RowLabelsForCaller();
     WideChar** ColumnLabelsForCaller();
@@ -118,6 +121,7 @@ private:
     // A list, because rows come one by one, wherever they belong.
     std::list<TableRow> rows_;
     std::unordered_map<std::string, Row> rowAt_;
+    std::optional<std::vector<std::string>> rowNames_;  // nothing: not known any more
     int visibleRows_ = 8;
     int width_ = 40;
     struct Lent {

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "simhost/core/operation.h"
@@ -160,7 +161,7 @@ Board::News Board::WaitForNews(std::uint64_t change, std::size_t fromLine,
         news.busySeconds = std::chrono::duration<double>(Clock::now() - busySince_).count();
     }
     const std::size_t end = firstLine_ + lines_.size();
-    std::size_t at = fromLine < firstLine_ || fromLine > end ? firstLine_ : fromLine;
+    std::size_t at = std::clamp(fromLine, firstLine_, end);
     for (; at < end && news.lines.size() < kMostLinesAtOnce; ++at) {
         news.lines.push_back(lines_[at - firstLine_]);
     }

@@ -7,12 +7,18 @@
 
 namespace simhost {
 
+// There is no terminal that has shown what was typed.
+std::optional<std::string> BrowserSource::Shown(std::optional<std::string> line) {
+    if (line) board_.Print(*line);
+    return line;
+}
+
 std::optional<std::string> BrowserSource::Next(const std::string& waiting) {
     const bool stopped = TheProgress().stop.exchange(false);
-    if (at_ < first_.size() && !stopped) return first_[at_++];
+    if (at_ < first_.size() && !stopped) return Shown(first_[at_++]);
     at_ = first_.size();
     if (replayed) std::exchange(replayed, nullptr)();
-    return board_.NextLine(waiting);
+    return Shown(board_.NextLine(waiting));
 }
 
 }  // namespace simhost

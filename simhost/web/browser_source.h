@@ -25,6 +25,8 @@ public:
     std::function<void()> replayed;
 
 private:
+    std::optional<std::string> Shown(std::optional<std::string> line);
+
     Board& board_;
     std::vector<std::string> first_;
     std::size_t at_ = 0;

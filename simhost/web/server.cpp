@@ -113,6 +113,11 @@ public:
         http_.set_payload_max_length(kLongestLine);
         http_.set_keep_alive_timeout(2);
         http_.set_tcp_nodelay(true);
+        // The library would share a port with whoever has it.
+        http_.set_socket_options([](socket_t socket) {
+            const int yes = 1;
+            setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+        });
         http_.set_default_headers({{"Content-Security-Policy", kContentPolicy},
                                    {"X-Content-Type-Options", "nosniff"},
                                    {"X-Frame-Options", "DENY"},

@@ -4,10 +4,12 @@
 #include "simhost/model/shape.h"
 #include "simhost/model/solid_features.h"
 #include "tests/construct/templates.h"
+#include "tests/support/solids.h"
 
 namespace {
 
 using namespace construct_tests;
+using workbench::ExpectBox;
 using workbench::kModuleFolder;
 using workbench::MakeModels;
 using workbench::ModelNamed;
@@ -15,16 +17,6 @@ using workbench::ModelNamed;
 const std::string kNoCsys = "当前所选模型无坐标系。";
 const std::string kNoCsysAbove = "\t当前组件无坐标系,无法缺省装配新零件\t";
 const WideText kGroups = WIDE("C:\\组 库");
-
-void ExpectBox(const Extents& box, Vec3 low, Vec3 high) {
-    constexpr double kNear = 1e-9;
-    EXPECT_NEAR(box.low.x, low.x, kNear);
-    EXPECT_NEAR(box.low.y, low.y, kNear);
-    EXPECT_NEAR(box.low.z, low.z, kNear);
-    EXPECT_NEAR(box.high.x, high.x, kNear);
-    EXPECT_NEAR(box.high.y, high.y, kNear);
-    EXPECT_NEAR(box.high.z, high.z, kNear);
-}
 
 class Block : public TemplateBench {
 protected:

@@ -4,10 +4,12 @@
 #include "simhost/model/solid_features.h"
 #include "tests/construct/templates.h"
 #include "tests/support/call_order.h"
+#include "tests/support/solids.h"
 
 namespace {
 
 using namespace construct_tests;
+using workbench::ExpectBox;
 using workbench::MakeModels;
 using workbench::ModelNamed;
 
@@ -60,14 +62,7 @@ protected:
     static void ExpectSolid(const Model& part, std::size_t n, const Placement& place, Vec3 low,
                             Vec3 high) {
         ASSERT_GT(part.partData.solids.size(), n);
-        const Extents box = ExtentsIn(ShapeOf({part.partData.solids[n]}), place);
-        constexpr double kNear = 1e-9;
-        EXPECT_NEAR(box.low.x, low.x, kNear);
-        EXPECT_NEAR(box.low.y, low.y, kNear);
-        EXPECT_NEAR(box.low.z, low.z, kNear);
-        EXPECT_NEAR(box.high.x, high.x, kNear);
-        EXPECT_NEAR(box.high.y, high.y, kNear);
-        EXPECT_NEAR(box.high.z, high.z, kNear);
+        ExpectBox(ExtentsIn(ShapeOf({part.partData.solids[n]}), place), low, high);
     }
     // Lines with which a press begins that asks for a name.
     static std::string Press(const std::string& select, const std::string& name) {

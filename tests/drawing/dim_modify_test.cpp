@@ -1,6 +1,8 @@
 // VxDimModify: which dimensions its buttons change, and what they write.
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "tests/drawing/dimension_bench.h"
 
 namespace {
@@ -21,6 +23,14 @@ protected:
         return "~ Input `VxDimModify` `" + panel + "` `" + text + "`\n";
     }
     static std::string PickDimension(int id) { return fmt::format("@ pick dimension#{}\n", id); }
+    // What these steps call in the palette, with the first dimension selected.
+    Names CallsOf(const std::string& steps) {
+        Record("@ select dimension#1\n" + Palette(steps));
+        const Names calls = NamesOfCalls();
+        const auto from = std::find(calls.begin(), calls.end(), "ProUIDialogActivate");
+        const auto to = std::find(from, calls.end(), "ProUIDialogExit");
+        return from == to ? Names{} : Names(from + 1, to);
+    }
     void SetText(int id, std::vector<WideText> lines) { DimensionOf(id).text = std::move(lines); }
 };
 
@@ -254,23 +264,26 @@ TEST_F(DimModify, BetweenTwoButtonsTheUserCanSelect) {
 
 TEST_F(DimModify, DrawingAndSheetAreReadBeforeTheSelection) {
     Length();
-    Play("@ select dimension#1\n~ Command `VxDimModify`\n" +
-         [&] {
-             host().journal.Clear();
-             host().journal.Start();
-             return Type("numInput", "4");
-         }() +
-         Button("preBt11") + "~ Close `VxDimModify`\n");
-    host().journal.Stop();
-    const Names calls = NamesOfCalls();
-    const auto from = std::find(calls.begin(), calls.end(), "ProUIDialogActivate");
-    ASSERT_NE(from, calls.end());
-    const auto to = std::find(from, calls.end(), "ProUIDialogExit");
-    EXPECT_EQ(Names(from + 1, to),
+    EXPECT_EQ(CallsOf(Type("numInput", "4") + Button("preBt11")),
               (Names{"ProMdlCurrentGet", "ProDrawingCurrentSheetGet", "ProUIInputpanelValueGet",
                      "ProSelbufferSelectionsGet", "ProArraySizeGet", "ProSelectionModelitemGet",
                      "ProDimensionTextGet", "ProArrayAlloc", "ProDimensionTextSet", "ProArrayFree",
                      "ProDwgSheetRegenerate", "ProArrayFree", "ProSelbufferClear"}));
+    EXPECT_EQ(CallsOf(Type("depthInput", "4") + Button("sufBt2")),
+              (Names{"ProMdlCurrentGet", "ProDrawingCurrentSheetGet", "ProUIInputpanelValueGet",
+                     "ProSelbufferSelectionsGet", "ProArraySizeGet", "ProSelectionModelitemGet",
+                     "ProDimensionTextGet", "ProArraySizeGet", "ProArrayFree", "ProArrayAlloc",
+                     "ProDimensionTextSet", "ProArrayFree", "ProDwgSheetRegenerate", "ProArrayFree",
+                     "ProSelbufferClear"}));
+}
+
+TEST_F(DimModify, DrawingAndSheetAreReadBeforeTheArrayOfAFixedTextIsMade) {
+    Length();
+    EXPECT_EQ(
+        CallsOf(Button("preBt1")),
+        (Names{"ProMdlCurrentGet", "ProDrawingCurrentSheetGet", "ProArrayAlloc",
+               "ProSelbufferSelectionsGet", "ProArraySizeGet", "ProSelectionModelitemGet",
+               "ProDimensionTextSet", "ProDwgSheetRegenerate", "ProArrayFree", "ProArrayFree"}));
 }
 
 TEST_F(DimModify, AFixedTextIsOneArrayForAllDimensions) {
@@ -320,6 +333,15 @@ TEST_F(DimModify, AFailedDimensionDoesNotKeepTheNextFromItsChange) {
         EXPECT_EQ(DimensionOf(1).upper, 0.1) << operation;
         EXPECT_EQ(DimensionOf(2).upper, 0.1) << operation;
     }
+}
+
+TEST_F(DimModify, WhereTheSheetIsNotKnownTheChangeIsMadeAndNoSheetRegenerated) {
+    Length();
+    Fail("ProDrawingCurrentSheetGet");
+    Record("@ select dimension#1\n" + Palette(Button("preBt1")));
+    EXPECT_EQ(FirstLineOf(1), "R@D");
+    EXPECT_EQ(LinesOf("ProDwgSheetRegenerate"),
+              Names{"ProDwgSheetRegenerate(drawing=sheet.drw, sheet=0) = -2"});
 }
 
 TEST_F(DimModify, AFailedReadOfTheTextCountsAsNoText) {

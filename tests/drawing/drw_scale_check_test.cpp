@@ -127,6 +127,24 @@ TEST_F(ScaleCheck, DrawingsThatAreBrokenOrWithoutViewsAreSkippedInSilence) {
     EXPECT_EQ(LinesOf("ProDrawingSheetsCount").size(), 1u);
 }
 
+TEST_F(ScaleCheck, ADrawingWhoseSheetsCannotBeCountedIsNotWalked) {
+    SavedBox("BOX");
+    WriteDrawing("c.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1, "1"));
+    WriteDrawing("d.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1, "1"));
+    Fail("ProDrawingSheetsCount");
+    Check(kHeader + std::string("\n图纸'D' 第1页"));
+    EXPECT_EQ(LinesOf("ProDrawingCurrentSheetSet"),
+              Names{"ProDrawingCurrentSheetSet(drawing=d.drw, sheet=1) = 0"});
+}
+
+TEST_F(ScaleCheck, AViewWhoseSheetCannotBeReadIsOnNone) {
+    SavedBox("BOX");
+    WriteDrawing("d.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1, "1"));
+    Fail("ProDrawingViewSheetGet");
+    Check(kAllWell);
+    EXPECT_EQ(LinesOf("ProDrawingViewSolidGet"), Names{});
+}
+
 TEST_F(ScaleCheck, EachRunBeginsANewText) {
     SavedBox("BOX");
     WriteDrawing("d.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1, "1"));

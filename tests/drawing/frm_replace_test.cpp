@@ -259,6 +259,32 @@ TEST_F(FormatReplacement, ADrawingThatCannotBeSavedDoesNotStopTheOthers) {
     EXPECT_TRUE(IsThere(WIDE("C:\\Work\\b.drw.2")));
 }
 
+TEST_F(FormatReplacement, ADrawingWhoseSheetsCannotBeCountedKeepsThemAndIsSaved) {
+    SavedBox("BOX");
+    UseFormatFolder();
+    WriteDrawing("a.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1) + Table(1, 1, true));
+    WriteDrawing("b.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1));
+    Fail("ProDrawingSheetsCount");
+    Replace();
+    EXPECT_EQ(LinesOf("ProDwgtableDelete"), Names{});
+    EXPECT_EQ(Saved("a.drw").drawingData.sheets.at(0).format, "");
+    EXPECT_TRUE(IsThere(WIDE("C:\\Work\\a.drw.2")));
+    EXPECT_EQ(Saved("b.drw").drawingData.sheets.at(0).format, "a4_new.frm");
+}
+
+TEST_F(FormatReplacement, TheNoticeComesOnceTheLastDrawingIsSaved) {
+    SavedBox("BOX");
+    UseFormatFolder();
+    WriteDrawing("a.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1));
+    WriteDrawing("b.drw.1", Sheets(1) + GeneralView(1, "box.prt", 1));
+    Replace();
+    Names ends;
+    for (const std::string& name : host().journal.Names()) {
+        if (name == "ProMdlSave" || name == "MessageBoxW") ends.push_back(name);
+    }
+    EXPECT_EQ(ends, (Names{"ProMdlSave", "ProMdlSave", "MessageBoxW"}));
+}
+
 TEST_F(FormatReplacement, AFormatWhoseNameCannotBeParsedIsNone) {
     SavedBox("BOX");
     UseFormatFolder();

@@ -53,6 +53,17 @@ TEST_F(NewDrawings, VxOpenDrwDoesNothingWithoutExactlyOneItem) {
     EXPECT_EQ(Current(), "top.asm");
 }
 
+TEST_F(NewDrawings, VxOpenDrwDoesNothingWhereTheHostDoesNotTellTheModel) {
+    OpenTop();
+    DrawingIsThere("box.drw");
+    Fail("ProModelitemMdlGet");
+    EXPECT_EQ(CallsOfOpen("@ select BOX"),
+              (Names{"ProSelbufferSelectionsGet", "ProArraySizeGet", "ProSelectionModelitemGet",
+                     "ProModelitemMdlGet", "ProArrayFree"}));
+    EXPECT_EQ(Boxes(), Names{});
+    EXPECT_EQ(Current(), "top.asm");
+}
+
 TEST_F(NewDrawings, VxOpenDrwTakesTheOwnerOfASurface) {
     OpenTop();
     DrawingIsThere("box.drw");

@@ -157,6 +157,15 @@ TEST_F(SheetScales, AViewWhoseModelIsGoneKeepsTheOthersFromNothing) {
     EXPECT_EQ(Views("D")[1]->scale, 2);
 }
 
+TEST_F(SheetScales, AViewThatDoesNotTellWhoseItsScaleIsKeepsIt) {
+    OpenDrawing(GeneralView(1, "box.prt", 1, "0.25") + GeneralView(2, "box.prt", 1, "0.25"));
+    Fail("ProDrawingViewScaleIsUserdefined");
+    CallsOf("~ Command `SameScale`\n@ answer 2");
+    EXPECT_EQ(Views("D")[0]->scale, 0.25);
+    EXPECT_EQ(Views("D")[1]->scale, 2);
+    EXPECT_EQ(SheetScale(1), 2);
+}
+
 // --- VxUpdateSheetScale ---
 
 TEST_F(SheetScales, VxUpdateSheetScaleTakesTheScaleOfTheCurrentSheet) {
@@ -241,6 +250,10 @@ TEST_F(SheetScales, VxUpdateMainViewScaleAsksEachGeneralViewForItsChildren) {
                      "ProArraySizeGet", "ProDrawingViewTypeGet", "ProDrawingViewChildrenGet",
                      "ProDrawingViewTypeGet", "ProDrawingViewChildrenGet", "ProArrayFree",
                      "ProDrawingViewScaleGet"}));
+    // The last view, which is a projection, and the end.
+    EXPECT_EQ(Names(calls.end() - 5, calls.end()),
+              (Names{"ProDrawingViewScaleIsUserdefined", "ProDrawingViewSolidGet",
+                     "ProDrawingScaleSet", "ProDwgSheetRegenerate", "ProArrayFree"}));
     EXPECT_EQ(LinesOf("ProDrawingViewScaleGet").size(), 1u);
     EXPECT_EQ(LinesOf("ProDrawingScaleSet").at(0),
               "ProDrawingScaleSet(drawing=d.drw, solid=box.prt, sheet=1, scale=4) = 0");
@@ -271,6 +284,15 @@ TEST_F(SheetScales, AViewWhoseTypeCannotBeReadIsNoMainView) {
     Fail("ProDrawingViewTypeGet", {.n = 2});
     Press("VxUpdateMainViewScale");
     EXPECT_EQ(SheetScale(1), 0.25);
+}
+
+TEST_F(SheetScales, WithoutACurrentSheetVxUpdateMainViewScaleRegeneratesNone) {
+    OpenDrawing(GeneralView(1, "box.prt", 1, "4"));
+    Fail("ProDrawingCurrentSheetGet");
+    CallsOf("~ Command `VxUpdateMainViewScale`");
+    EXPECT_EQ(SheetScale(1), 4) << "the scales are the main view's all the same";
+    EXPECT_EQ(LinesOf("ProDwgSheetRegenerate"),
+              Names{"ProDwgSheetRegenerate(drawing=d.drw, sheet=0) = -2"});
 }
 
 TEST_F(SheetScales, AMainViewWhoseScaleCannotBeReadLeavesItToTheFirstView) {

@@ -1,52 +1,15 @@
 // VxSingleDim: what comes of one pick and of two, and of where the user clicks.
-//
-// On the sheet the block's lower left corner is at 80 90 and its upper right one at 120 110.
 #include <fmt/format.h>
 
 #include <algorithm>
 
-#include "simhost/model/edge_handles.h"
-#include "simhost/ui/replace_dialog.h"
-#include "tests/drawing/dimension_bench.h"
+#include "tests/drawing/single_dim_bench.h"
 
 namespace {
 
 using namespace simhost;
+using workbench::SingleDim;
 using Names = std::vector<std::string>;
-
-const std::string kCommand = "~ Command `VxSingleDim`\n";
-const std::string kNoSecond = "@ pick nothing\n";
-const std::string kEnd = "@ quit\n";
-
-class SingleDim : public workbench::DimensionBench {
-protected:
-    void TearDown() override {
-        circlesAre = PRO_ENT_CIRCLE;
-        DimensionBench::TearDown();
-    }
-    static std::string Click(double x, double y) { return fmt::format("@ click {} {}\n", x, y); }
-    std::string PickRim(int view, Vec3 middle, double radius, const std::string& at = {}) {
-        return fmt::format("@ pick edge {}/{}{}\n", view, RimOf(*shaft_, middle, radius), at);
-    }
-    // The two picks of a pass, the click, and the end of the command.
-    std::string TwoPicks(const std::string& first, const std::string& second,
-                         const std::string& clicks) {
-        return kCommand + first + second + clicks + kEnd;
-    }
-    // The hint of the last creation.
-    int LastHint() {
-        const Names calls = LinesOf("ProDrawingDimCreate");
-        if (calls.empty()) return -1;
-        const std::size_t at = calls.back().find(" hint ");
-        return at == std::string::npos ? -1 : calls.back()[at + 6] - '0';
-    }
-    void InVersion(const std::string& version) {
-        workplace_->StopPlugin();
-        HostVersion() = version;
-        EXPECT_EQ(workplace_->StartPlugin(), 0);
-    }
-    const std::vector<Selection>& Buffer() { return host().session.selections.buffer(); }
-};
 
 // --- Ends ---
 
@@ -159,6 +122,47 @@ TEST_F(SingleDim, OnePickMakesItsCallsInThisOrder) {
     EXPECT_NE(LinesOf("ProAnnotationShow")[0].find("path=null, view=view 1 of sheet.drw"),
               std::string::npos)
         << LinesOf("ProAnnotationShow")[0];
+    EXPECT_NE(LinesOf("ProDrawingDimCreate")[0].find("reference=0"), std::string::npos)
+        << LinesOf("ProDrawingDimCreate")[0];
+}
+
+TEST_F(SingleDim, WithoutRoomForOnePickTheNextPassBegins) {
+    const std::string edge = PickBlockEdge({0, 0, 10}, {40, 0, 10}) + kNoSecond;
+    std::size_t made = 0;
+    for (const unsigned which : {3U, 4U}) {  // after the two arrays of the pass
+        Fail("ProArrayAlloc", {.n = which});
+        Record(kCommand + edge + edge + Click(100, 75) + kEnd);
+        EXPECT_EQ(LinesOf("ProMousePickGet").size(), 1u);
+        EXPECT_EQ(AnnotationsOf(*drawing_).dimensions().size(), ++made);
+    }
+    // Without the first array of the pick the second one is not asked for: nobody would free it.
+    Fail("ProArrayAlloc", {.n = 3});
+    Record(kCommand + edge + kEnd);
+    EXPECT_EQ(LinesOf("ProArrayAlloc").size(), 5u);
+}
+
+TEST_F(SingleDim, WithoutRoomForTheArraysOfAPassTheCommandEnds) {
+    for (const unsigned which : {1U, 2U}) {
+        Fail("ProArrayAlloc", {.n = which});
+        Record(kCommand);
+        EXPECT_TRUE(LinesOf("ProMessageDisplay").empty()) << which;
+        EXPECT_TRUE(LinesOf("ProSelect").empty()) << which;
+    }
+}
+
+TEST_F(SingleDim, APickThatCannotBeCopiedLeavesTheOther) {
+    const std::string picks =
+        PickBlockEdge({0, 0, 10}, {40, 0, 10}) + PickBlockEdge({0, 0, 10}, {0, 20, 10});
+    Fail("ProSelectionCopy");
+    Play(kCommand + picks + Click(70, 100) + kEnd);
+    EXPECT_EQ(Says(1), "20") << "the second edge";
+    Fail("ProSelectionCopy", {.n = 2});
+    Play(kCommand + picks + Click(100, 75) + kEnd);
+    EXPECT_EQ(Says(2), "40") << "the first edge";
+    Fail("ProSelectionCopy", {.n = 1, .forGood = true});
+    Record(kCommand + picks);
+    EXPECT_EQ(LinesOf("ProSelect").size(), 2u) << "without either the command ends";
+    EXPECT_TRUE(LinesOf("ProMousePickGet").empty());
 }
 
 // --- Two points ---
@@ -222,6 +226,24 @@ TEST_F(SingleDim, AFurtherPickOfAViewScaledByTwoMeasuresTheModel) {
                   fmt::format("@ pick edge 3/start#{}\n", RimOf(*shaft_, {0, 0, 0}, 20)),
                   Click(300, 160)));
     EXPECT_EQ(Says(1), "60") << "120 on the sheet";
+}
+
+TEST_F(SingleDim, BothEndsOfAnEdgeArePoints) {
+    const int edge = EdgeOf(*block_, {0, 0, 10}, {40, 0, 10});
+    Record(TwoPicks(fmt::format("@ pick edge 1/start#{}\n", edge),
+                    fmt::format("@ pick edge 1/end#{}\n", edge), Click(60, 90)));
+    EXPECT_EQ(LinesOf("ProSelectionPoint3dGet").size(), 2u);
+    EXPECT_EQ(LastHint(), 1) << "to the left of both";
+}
+
+TEST_F(SingleDim, TheFirstPickGivesTheViewAndIsReadFirst) {
+    Record(TwoPicks(PickCorner({0, 0, 10}), PickRim(3, {0, 0, 60}, 10), Click(300, 160)));
+    EXPECT_NE(LinesOf("ProSelectionViewGet").at(0).find("view=view 1 of sheet.drw) = 0"),
+              std::string::npos);
+    const Names items = LinesOf("ProSelectionModelitemGet");
+    ASSERT_EQ(items.size(), 4u);
+    EXPECT_NE(items[0].find("item=block.prt item "), std::string::npos) << items[0];
+    EXPECT_NE(items[1].find("item=shaft.prt item "), std::string::npos) << items[1];
 }
 
 // --- Two edges ---
@@ -323,97 +345,9 @@ TEST_F(SingleDim, BufferAndMacroFollowTwoFailedCreationsToo) {
     EXPECT_EQ(LinesOf("ProSelectionAlloc").size(), 1u);
     EXPECT_EQ(LinesOf("ProSelbufferSelectionAdd").size(), 1u);
     EXPECT_EQ(LinesOf("ProMacroLoad").size(), 1u);
-}
-
-// --- The same round edge twice ---
-
-TEST_F(SingleDim, ARoundEdgePickedTwiceGivesItsDiameterAndAsksForAFurtherClick) {
-    InVersion("Creo 2.0");
-    const std::string rim = PickRim(2, {0, 0, 60}, 10);
-    Record(TwoPicks(rim, rim, Click(230, 130) + Click(240, 140)));
-    EXPECT_EQ(Says(1), "⌀20");
-    EXPECT_EQ(DimensionOf(1).kind, DimensionKind::Diameter);
-    const Names calls = LinesOf("ProDrawingDimCreate");
-    // The circle to itself is no dimension, be it by its centre or as a whole.
-    ASSERT_EQ(calls.size(), 3u);
-    EXPECT_NE(calls[0].find("senses=[sense 0 value 0 angle [0, 0, 0] hint 3]"), std::string::npos)
-        << calls[0];
-    EXPECT_NE(calls[0].find("(230, 130, 0)"), std::string::npos) << calls[0];
-    EXPECT_NE(calls[1].find("(240, 140, 0)"), std::string::npos) << calls[1];
-    EXPECT_EQ(AnnotationsOf(*drawing_).dimensions().size(), 1u);
-    const Names macros = LinesOf("ProMacroLoad");
-    ASSERT_EQ(macros.size(), 2u);
-    EXPECT_NE(
-        macros[0].find("\"~ Command `ProCmdPmaOptDimOrient`  `diameter`; ~ Command `VxDim`;\""),
-        std::string::npos)
-        << macros[0];
-    EXPECT_NE(macros[1].find("`ang_inside`"), std::string::npos) << macros[1];
-    EXPECT_EQ(LinesOf("ProMousePickGet").size(), 2u);
-}
-
-TEST_F(SingleDim, AFailedDiameterLoadsNoMacroOfItsOwn) {
-    const std::string rim = PickRim(2, {0, 0, 60}, 10);
-    Fail("ProDrawingDimCreate");
-    Record(TwoPicks(rim, rim, Click(230, 130) + Click(240, 140)));
-    ASSERT_EQ(LinesOf("ProMacroLoad").size(), 1u);
-    EXPECT_NE(LinesOf("ProMacroLoad")[0].find("`ang_inside`"), std::string::npos);
-    EXPECT_EQ(LinesOf("ProSelbufferClear").size(), 1u);
-}
-
-TEST_F(SingleDim, CreoThreeTakesItsOwnWayToADiameter) {
-    InVersion("Creo 3.0");
-    const std::string rim = PickRim(2, {0, 0, 60}, 10);
-    Record(TwoPicks(rim, rim, Click(230, 130) + Click(240, 140)));
-    const Names calls = LinesOf("ProDrawingDimCreate");
-    ASSERT_EQ(calls.size(), 3u);
-    EXPECT_NE(calls[0].find("senses=[sense 0 value 0 angle [0, 0, 0] hint 0, sense 0 value 0 "),
-              std::string::npos)
-        << calls[0];
-    ASSERT_EQ(LinesOf("ProMacroLoad").size(), 1u);
-    EXPECT_NE(LinesOf("ProMacroLoad")[0].find(
-                  "\"~ Activate `dtl_attref_ui` `psh_ent_att`; ~ Select `main_dlg_cur` "
-                  "`layGr_proe_win.dim_types_menu`; ~ Close `main_dlg_cur` "
-                  "`layGr_proe_win.dim_types_menu`;~ Select `main_dlg_cur` `dim_types_rg` 1 "
-                  "`diameter`; ~ Command `VxDim`;\""),
-              std::string::npos)
-        << LinesOf("ProMacroLoad")[0];
-    EXPECT_TRUE(LinesOf("ProSelbufferClear").empty());
-}
-
-TEST_F(SingleDim, CreoThreeLoadsNoMacroForTwoPicks) {
-    InVersion("Creo 3.0");
-    Record(TwoPicks(PickCorner({0, 0, 10}), PickCorner({40, 20, 10}), Click(100, 130)));
-    EXPECT_EQ(Says(1), "40");
-    EXPECT_TRUE(LinesOf("ProMacroLoad").empty());
-    EXPECT_TRUE(LinesOf("ProSelbufferClear").empty());
-}
-
-TEST_F(SingleDim, OnlyTheExactVersionTakesThatWay) {
-    for (const char* version : {"Creo 3.0 M010", "creo 3.0", "Creo 3", "Creo 4.0", ""}) {
-        InVersion(version);
-        Record(TwoPicks(PickCorner({0, 0, 10}), PickCorner({40, 20, 10}), Click(100, 130)));
-        EXPECT_EQ(LinesOf("ProMacroLoad").size(), 1u) << version;
-    }
-}
-
-TEST_F(SingleDim, AStraightEdgePickedTwiceGoesStraightOn) {
-    const std::string edge = PickBlockEdge({0, 0, 10}, {40, 0, 10});
-    Record(TwoPicks(edge, edge, Click(100, 70)));
-    EXPECT_EQ(LinesOf("ProMousePickGet").size(), 1u);
-    EXPECT_EQ(LinesOf("ProGeomitemToEdge").size(), 4u) << "twice for the first, once for each";
-    EXPECT_EQ(AnnotationsOf(*drawing_).dimensions().size(), 0u);
-}
-
-TEST_F(SingleDim, TwoRimsOfOneIdInTwoPartsCountAsTheSame) {
-    // Items are compared by type and id only.
-    Model& other = Part("OTHER");
-    other.partData.solids = shaft_->partData.solids;
-    DrawingOf(*drawing_).AddGeneral(other, 1, {200, 200, 0}, 1, Placement());
-    const int rim = RimOf(*shaft_, {0, 0, 60}, 10);
-    Record(TwoPicks(fmt::format("@ pick edge 2/{}\n", rim), fmt::format("@ pick edge 4/{}\n", rim),
-                    Click(230, 130) + Click(240, 140)));
-    EXPECT_EQ(LinesOf("ProMousePickGet").size(), 2u);
-    EXPECT_EQ(Says(1), "⌀20");
+    // The place of the first pick was meant for the dimension, and still holds the pick.
+    ASSERT_EQ(Buffer().size(), 1u);
+    EXPECT_EQ(PickCorner({0, 0, 10}), fmt::format("@ pick edge 1/start#{}\n", Buffer()[0].item.id));
 }
 
 // --- Passes ---

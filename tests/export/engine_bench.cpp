@@ -48,6 +48,18 @@ Names EngineBench::After(const Names& calls, const std::string& first) {
     return {std::find(calls.begin(), calls.end(), first), calls.end()};
 }
 
+Names EngineBench::Order(const Names& operations) {
+    Names order;
+    for (const std::string& line : Calls()) {
+        const std::size_t from = line.find_first_not_of(' ');
+        const std::string name = line.substr(from, line.find('(') - from);
+        const bool wanted =
+            std::find(operations.begin(), operations.end(), name) != operations.end();
+        if (wanted) order.push_back(name);
+    }
+    return order;
+}
+
 Names EngineBench::Files(const WideText& format) {
     return FilesIn(WIDE("C:\\Work\\") + format);
 }

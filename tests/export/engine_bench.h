@@ -20,6 +20,8 @@ protected:
     Names Export(const Names& rows = {});
     // Those calls from the first one of an operation on.
     static Names After(const Names& calls, const std::string& first);
+    // Of the last record the calls of these operations, those of Windows among them, in order.
+    Names Order(const Names& operations);
     // What lies in the folder of a format, "DXF".
     Names Files(const WideText& format);
     std::string Option();  // dwg_export_format; "none" where it is not set

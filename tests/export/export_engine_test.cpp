@@ -225,6 +225,10 @@ TEST_F(Engine, DwgAsksForItsReleaseFolderSheetsAndThenForTheFile) {
                             "ProMdlEraseNotDisplayed"}));
     EXPECT_EQ(LinesOf("CreateDirectoryW"),
               Names{"CreateDirectoryW(path=\"C:\\Work\\DWG\\\", security=null) = 1"});
+    EXPECT_EQ(Order({"ProConfigoptSet", "CreateDirectoryW", "ProDrawingSheetsCount", "Pro2dExport",
+                     "MoveFileA"}),
+              (Names{"ProConfigoptSet", "CreateDirectoryW", "ProDrawingSheetsCount", "Pro2dExport",
+                     "MoveFileA"}));
     EXPECT_EQ(LinesOf("Pro2dExport"),
               Names{"Pro2dExport(format=34, file=\"C:\\Work\\DWG\\a.dwg\", drawing=a.drw, "
                     "data=option 3, sheet 1) = 0"});

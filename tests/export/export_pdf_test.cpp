@@ -58,6 +58,16 @@ TEST_F(EnginePdf, IsOneFileThroughAWindowThatGoesAgain) {
                                           "to=\"C:\\Work\\PDF\\P-1_b.pdf\") = 1"});
 }
 
+TEST_F(EnginePdf, OptionsComeBeforeTheFolderAndTheFileMovesAfterItsWindowHasGone) {
+    Formats({"PDFCheck"});
+    Export({"2"});
+    EXPECT_EQ(Order({"ProPDFoptionsBoolpropertySet", "CreateDirectoryW", "ProDrawingSheetsCount",
+                     "ProPDFExport", "ProWindowDelete", "MoveFileA", "ProPDFoptionsFree"}),
+              (Names{"ProPDFoptionsBoolpropertySet", "ProPDFoptionsBoolpropertySet",
+                     "CreateDirectoryW", "ProDrawingSheetsCount", "ProPDFExport", "ProWindowDelete",
+                     "MoveFileA", "ProPDFoptionsFree"}));
+}
+
 TEST_F(EnginePdf, OptionsFollowTheButtons) {
     Formats({"PDFCheck", "PDFOptionCheck", "PDFBlackCheck"});
     Export({"1"});

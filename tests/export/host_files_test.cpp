@@ -208,6 +208,19 @@ TEST_F(HostPdf, AFileThatIsThereIsReplaced) {
     EXPECT_NE(Read(file_), "old");
 }
 
+TEST_F(HostPdf, SheetsGoNowhereWhereTheHostWritesNoOutput) {
+    host().writesOutput = false;
+    EXPECT_EQ(Plot(file_), PRO_TK_NO_ERROR);
+    EXPECT_EQ(Export(WIDE("C:\\Work\\d.dxf")), PRO_TK_NO_ERROR);
+    EXPECT_EQ(Plot(WIDE("C:\\Nowhere\\d.pdf")), PRO_TK_CANT_WRITE);
+    EXPECT_EQ(Export(WIDE("C:\\Nowhere\\d.dxf")), PRO_TK_CANT_WRITE);
+    bool found = true;
+    Read(file_, &found);
+    EXPECT_FALSE(found);
+    Read(WIDE("C:\\Work\\d.dxf"), &found);
+    EXPECT_FALSE(found);
+}
+
 TEST_F(HostPdf, AViewerIsToldOfOnlyWhenItIsAskedFor) {
     Plot(file_);
     const auto shownBefore = host().shown.size();

@@ -14,12 +14,15 @@
 #include "simhost/model/shape.h"
 #include "simhost/model/shown.h"
 #include "simhost/model/units.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/support/places.h"
+#include "tests/support/solids.h"
 #include "tests/support/workbench.h"
 
 namespace {
 
 using namespace simhost;
+using workbench::ExpectBox;
 using workbench::MakeModels;
 using workbench::ModelNamed;
 namespace fs = std::filesystem;
@@ -86,12 +89,7 @@ Measures MeasuresOf(const Model& top) {
 void ExpectSame(const Measures& a, const Measures& b, double slack) {
     EXPECT_EQ(a.parts, b.parts);
     EXPECT_NEAR(a.volume / b.volume, 1, 1e-6);
-    EXPECT_NEAR(a.box.low.x, b.box.low.x, slack);
-    EXPECT_NEAR(a.box.low.y, b.box.low.y, slack);
-    EXPECT_NEAR(a.box.low.z, b.box.low.z, slack);
-    EXPECT_NEAR(a.box.high.x, b.box.high.x, slack);
-    EXPECT_NEAR(a.box.high.y, b.box.high.y, slack);
-    EXPECT_NEAR(a.box.high.z, b.box.high.z, slack);
+    ExpectBox(a.box, b.box.low, b.box.high, slack);
 }
 
 TEST_F(ImportedProjects, AreTheGearboxAgainAndCanBeWrittenOnceMore) {
@@ -259,6 +257,31 @@ TEST(RecordsOfImportedSolids, ThatLeadNowhereAreNoneAndAreTold) {
     } catch (const ModelFileError& error) {
         EXPECT_STREQ(error.what(), "a.prt:7: \"record\" is no record of an imported solid");
     }
+}
+
+TEST_F(ImportedProjects, AreMadeByAScriptToo) {
+    const std::string step =
+        kernel::TheKernel()->Step(DocumentOf(MakeModels("top: a x2"), nullptr));
+    WriteFile(work_ / "given file.stp", step);
+    std::string told;
+    const auto failures = [&told](const std::string& line) {
+        std::string all;
+        for (const std::string& each :
+             RunScript(line, [&](const std::string& said) { told += said + "\n"; })) {
+            all += each;
+        }
+        return all;
+    };
+    EXPECT_EQ(failures("@ import given file.stp into C:\\New"), "");
+    EXPECT_NE(told.find("    written: top.asm with 1 part and 1 assembly\n"), std::string::npos);
+    EXPECT_TRUE(fs::exists(work_.parent_path() / "New" / "a.prt.1"));
+    EXPECT_EQ(failures("@ import given file.stp"), "line 1: write import FILE into FOLDER");
+    EXPECT_NE(failures("@ import gone.stp into C:\\Newer").find("cannot read"), std::string::npos);
+    EXPECT_NE(failures("@ import given file.stp into C:\\New").find("is not empty"),
+              std::string::npos);
+    EXPECT_EQ(failures("@ import D:\\x.stp into C:\\Newer"), "line 1: there is no file D:\\x.stp");
+    EXPECT_EQ(failures("@ import given file.stp into D:\\x"),
+              "line 1: the folder D:\\x cannot be made");
 }
 
 // What a designer does first with a strange assembly.

@@ -15,6 +15,7 @@
 #include "simhost/model/output_records.h"
 #include "simhost/model/shape.h"
 #include "simhost/model/units.h"
+#include "tests/support/solids.h"
 #include "tests/support/workbench.h"
 
 namespace {
@@ -23,8 +24,14 @@ using namespace simhost;
 using kernel::Document;
 using kernel::Product;
 using std::numbers::pi;
+using workbench::BoxSolid;
+using workbench::ConeSolid;
+using workbench::CylinderSolid;
+using workbench::GearSolid;
 using workbench::MakeModels;
 using workbench::ModelNamed;
+using workbench::PrismSolid;
+using workbench::TubeSolid;
 namespace fs = std::filesystem;
 
 class ExchangeFiles : public workbench::Workbench {
@@ -66,27 +73,16 @@ protected:
     }
 };
 
+// Off its origin and lying.
 Solid Tube() {
-    Solid tube;
-    tube.id = 10;
-    tube.shape = Shape::Tube;
-    tube.outer = 40;
-    tube.inner = 30;
-    tube.length = 50;
+    Solid tube = TubeSolid(40, 30, 50);
     tube.at = {5, 6, 7};
     tube.turn = {0, 90, 0};
     return tube;
 }
 
 Solid Gear() {
-    Solid gear;
-    gear.id = 200;
-    gear.shape = Shape::Gear;
-    gear.module = 2;
-    gear.teeth = 20;
-    gear.width = 10;
-    gear.bore = 12;
-    return gear;
+    return GearSolid(2, 20, 10, 12, 200);
 }
 
 Document PartOf(std::vector<Solid> solids) {
@@ -99,23 +95,10 @@ Document PartOf(std::vector<Solid> solids) {
 }
 
 TEST_F(ExchangeFiles, HoldEverySolidExactly) {
-    Solid cone;
-    cone.shape = Shape::Cone;
-    cone.diameter = 20;
-    cone.top = 10;
-    cone.length = 30;
-    Solid pointed = cone;
-    pointed.top = 0;
-    Solid cylinder;
-    cylinder.shape = Shape::Cylinder;
-    cylinder.diameter = 20;
-    cylinder.length = 30;
-    Solid box;
-    box.size = {10, 20, 30};
-    Solid prism;  // an L: 30 x 20 less 20 x 10
-    prism.shape = Shape::Prism;
-    prism.outline = {{0, 0}, {30, 0}, {30, 10}, {10, 10}, {10, 20}, {0, 20}};
-    prism.height = 5;
+    const Solid box = BoxSolid({10, 20, 30}), cylinder = CylinderSolid(20, 30);
+    const Solid cone = ConeSolid(20, 10, 30), pointed = ConeSolid(20, 0, 30);
+    // An L: 30 x 20 less 20 x 10.
+    const Solid prism = PrismSolid({{0, 0}, {30, 0}, {30, 10}, {10, 10}, {10, 20}, {0, 20}}, 5);
     struct Row {
         Solid solid;
         double volume;

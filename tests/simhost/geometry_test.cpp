@@ -9,81 +9,32 @@
 #include <tuple>
 
 #include "simhost/model/geometry.h"
+#include "tests/support/solids.h"
 
 using namespace simhost;
 using std::numbers::pi;
+using workbench::BoxSolid;
+using workbench::ConeSolid;
+using workbench::CylinderSolid;
+using workbench::GearSolid;
+using workbench::Outline;
+using workbench::PrismSolid;
+using workbench::TubeSolid;
 
 namespace {
 
-Solid Box(double x, double y, double z) {
-    Solid solid;
-    solid.id = 10;
-    solid.shape = Shape::Box;
-    solid.size = {x, y, z};
-    return solid;
-}
-
-Solid Cylinder(double diameter, double length) {
-    Solid solid;
-    solid.id = 20;
-    solid.shape = Shape::Cylinder;
-    solid.diameter = diameter;
-    solid.length = length;
-    return solid;
-}
-
-Solid Tube(double outer, double inner, double length) {
-    Solid solid;
-    solid.id = 30;
-    solid.shape = Shape::Tube;
-    solid.outer = outer;
-    solid.inner = inner;
-    solid.length = length;
-    return solid;
-}
-
-Solid Cone(double diameter, double top, double length) {
-    Solid solid;
-    solid.id = 40;
-    solid.shape = Shape::Cone;
-    solid.diameter = diameter;
-    solid.top = top;
-    solid.length = length;
-    return solid;
-}
-
-Solid Gear(double module, int teeth, double width, double bore) {
-    Solid solid;
-    solid.id = 200;
-    solid.shape = Shape::Gear;
-    solid.module = module;
-    solid.teeth = teeth;
-    solid.width = width;
-    solid.bore = bore;
-    return solid;
-}
-
-Solid Prism(std::vector<std::array<double, 2>> outline, double height) {
-    Solid solid;
-    solid.id = 600;
-    solid.shape = Shape::Prism;
-    solid.outline = std::move(outline);
-    solid.height = height;
-    return solid;
-}
-
-const std::vector<std::array<double, 2>> kTriangle{{0, 0}, {10, 0}, {0, 6}};
-const std::vector<std::array<double, 2>> kAngle{{0, 0}, {30, 0}, {30, 5}, {5, 5}, {5, 20}, {0, 20}};
+const Outline kTriangle{{0, 0}, {10, 0}, {0, 6}};
+const Outline kAngle{{0, 0}, {30, 0}, {30, 5}, {5, 5}, {5, 20}, {0, 20}};
 // A comb whose teeth have points on straight lines: hard on an ear clipper.
-const std::vector<std::array<double, 2>> kComb{{0, 0},   {10, 0}, {20, 0}, {30, 0}, {30, 20},
-                                               {25, 20}, {25, 5}, {20, 5}, {15, 5}, {15, 20},
-                                               {10, 20}, {10, 5}, {5, 5},  {5, 20}, {0, 20}};
+const Outline kComb{{0, 0},  {10, 0},  {20, 0},  {30, 0}, {30, 20}, {25, 20}, {25, 5}, {20, 5},
+                    {15, 5}, {15, 20}, {10, 20}, {10, 5}, {5, 5},   {5, 20},  {0, 20}};
 
 std::vector<Solid> OneOfEach() {
-    return {Box(10, 20, 30),   Cylinder(20, 50),      Tube(40, 30, 12),    Cone(20, 10, 15),
-            Cone(20, 0, 15),   Cone(0, 20, 15),       Gear(2, 25, 20, 14), Gear(3, 17, 10, 0),
-            Gear(2, 6, 10, 3), Gear(1.5, 80, 12, 30), Prism(kTriangle, 4), Prism(kAngle, 8),
-            Prism(kComb, 3)};
+    return {BoxSolid({10, 20, 30}),     CylinderSolid(20, 50),    TubeSolid(40, 30, 12),
+            ConeSolid(20, 10, 15),      ConeSolid(20, 0, 15),     ConeSolid(0, 20, 15),
+            GearSolid(2, 25, 20, 14),   GearSolid(3, 17, 10, 0),  GearSolid(2, 6, 10, 3),
+            GearSolid(1.5, 80, 12, 30), PrismSolid(kTriangle, 4), PrismSolid(kAngle, 8),
+            PrismSolid(kComb, 3)};
 }
 
 double Length(Vec3 v) {
@@ -188,32 +139,32 @@ TEST(Geometry, SurfacesAreNumberedOnFromTheSolidAndCountedRightly) {
             EXPECT_EQ(faces[i].surface, solid.id + int(i) + 1);
         }
     }
-    EXPECT_EQ(SurfaceCount(Box(1, 1, 1)), 6);
-    EXPECT_EQ(SurfaceCount(Cylinder(1, 1)), 3);
-    EXPECT_EQ(SurfaceCount(Tube(2, 1, 1)), 4);
-    EXPECT_EQ(SurfaceCount(Cone(2, 1, 1)), 3);
-    EXPECT_EQ(SurfaceCount(Cone(2, 0, 1)), 2);
-    EXPECT_EQ(SurfaceCount(Gear(2, 25, 20, 14)), 103);
-    EXPECT_EQ(SurfaceCount(Gear(2, 25, 20, 0)), 102);
-    EXPECT_EQ(SurfaceCount(Prism(kAngle, 8)), 8);
+    EXPECT_EQ(SurfaceCount(BoxSolid({1, 1, 1})), 6);
+    EXPECT_EQ(SurfaceCount(CylinderSolid(1, 1)), 3);
+    EXPECT_EQ(SurfaceCount(TubeSolid(2, 1, 1)), 4);
+    EXPECT_EQ(SurfaceCount(ConeSolid(2, 1, 1)), 3);
+    EXPECT_EQ(SurfaceCount(ConeSolid(2, 0, 1)), 2);
+    EXPECT_EQ(SurfaceCount(GearSolid(2, 25, 20, 14)), 103);
+    EXPECT_EQ(SurfaceCount(GearSolid(2, 25, 20, 0)), 102);
+    EXPECT_EQ(SurfaceCount(PrismSolid(kAngle, 8)), 8);
 }
 
 TEST(Geometry, VolumesAreThoseOfTheTextbook) {
-    EXPECT_NEAR(Volume(Faces(Box(10, 20, 30))), 6000, 1e-9);
-    EXPECT_NEAR(Volume(Faces(Prism(kTriangle, 4))), 120, 1e-9);
-    EXPECT_NEAR(Volume(Faces(Prism(kAngle, 8))), (30 * 5 + 5 * 15) * 8, 1e-9);
-    EXPECT_NEAR(Volume(Faces(Prism(kComb, 3))), (30 * 5 + 3 * 5 * 15) * 3, 1e-9);
+    EXPECT_NEAR(Volume(Faces(BoxSolid({10, 20, 30}))), 6000, 1e-9);
+    EXPECT_NEAR(Volume(Faces(PrismSolid(kTriangle, 4))), 120, 1e-9);
+    EXPECT_NEAR(Volume(Faces(PrismSolid(kAngle, 8))), (30 * 5 + 5 * 15) * 8, 1e-9);
+    EXPECT_NEAR(Volume(Faces(PrismSolid(kComb, 3))), (30 * 5 + 3 * 5 * 15) * 3, 1e-9);
     for (const int n : {8, 32, 61}) {
-        EXPECT_NEAR(Volume(Faces(Cylinder(20, 50), n)), PolygonArea(20, n) * 50, 1e-8);
-        EXPECT_NEAR(Volume(Faces(Tube(40, 30, 12), n)),
+        EXPECT_NEAR(Volume(Faces(CylinderSolid(20, 50), n)), PolygonArea(20, n) * 50, 1e-8);
+        EXPECT_NEAR(Volume(Faces(TubeSolid(40, 30, 12), n)),
                     (PolygonArea(40, n) - PolygonArea(30, n)) * 12, 1e-8);
         // A frustum of similar ends: h/3 (A + B + sqrt(AB)).
         const double a = PolygonArea(20, n), b = PolygonArea(10, n);
-        EXPECT_NEAR(Volume(Faces(Cone(20, 10, 15), n)), 5 * (a + b + std::sqrt(a * b)), 1e-8);
-        EXPECT_NEAR(Volume(Faces(Cone(20, 0, 15), n)), 5 * a, 1e-8);
-        EXPECT_NEAR(Volume(Faces(Cone(0, 20, 15), n)), 5 * a, 1e-8);
+        EXPECT_NEAR(Volume(Faces(ConeSolid(20, 10, 15), n)), 5 * (a + b + std::sqrt(a * b)), 1e-8);
+        EXPECT_NEAR(Volume(Faces(ConeSolid(20, 0, 15), n)), 5 * a, 1e-8);
+        EXPECT_NEAR(Volume(Faces(ConeSolid(0, 20, 15), n)), 5 * a, 1e-8);
     }
-    EXPECT_NEAR(Volume(Faces(Cylinder(20, 50), 720)), pi * 100 * 50, 0.5);
+    EXPECT_NEAR(Volume(Faces(CylinderSolid(20, 50), 720)), pi * 100 * 50, 0.5);
 }
 
 TEST(Geometry, VolumesStayWhenASolidIsMovedAndTurned) {
@@ -227,8 +178,8 @@ TEST(Geometry, VolumesStayWhenASolidIsMovedAndTurned) {
 }
 
 TEST(Geometry, AConvexSolidLooksOutwardsEverywhere) {
-    for (const Solid& solid : {Box(10, 20, 30), Cylinder(20, 50), Cone(20, 10, 15), Cone(0, 20, 15),
-                               Prism(kTriangle, 4)}) {
+    for (const Solid& solid : {BoxSolid({10, 20, 30}), CylinderSolid(20, 50), ConeSolid(20, 10, 15),
+                               ConeSolid(0, 20, 15), PrismSolid(kTriangle, 4)}) {
         const Extents box = ExtentsOf(solid);
         Vec3 inside = 0.5 * (box.low + box.high);
         if (solid.shape == Shape::Prism) inside = {3, 2, 2};
@@ -242,7 +193,7 @@ TEST(Geometry, AConvexSolidLooksOutwardsEverywhere) {
 
 TEST(Geometry, FacesOfABoxComeInTheOrderOfTheirIds) {
     const Vec3 directions[] = {{-1, 0, 0}, {1, 0, 0}, {0, -1, 0}, {0, 1, 0}, {0, 0, -1}, {0, 0, 1}};
-    const auto faces = Faces(Box(2, 3, 4));
+    const auto faces = Faces(BoxSolid({2, 3, 4}));
     ASSERT_EQ(faces.size(), 6u);
     for (std::size_t i = 0; i < 6; ++i) {
         ASSERT_EQ(faces[i].facets.size(), 1u);
@@ -252,7 +203,7 @@ TEST(Geometry, FacesOfABoxComeInTheOrderOfTheirIds) {
 }
 
 TEST(Geometry, RoundSolidsHaveTheirSideFirstAndThenTheirEnds) {
-    const auto tube = Faces(Tube(40, 30, 12), 24);
+    const auto tube = Faces(TubeSolid(40, 30, 12), 24);
     ASSERT_EQ(tube.size(), 4u);
     EXPECT_EQ(tube[0].facets.size(), 24u);
     for (const Facet& facet : tube[0].facets) {
@@ -267,14 +218,14 @@ TEST(Geometry, RoundSolidsHaveTheirSideFirstAndThenTheirEnds) {
     EXPECT_EQ(tube[2].facets[0].corners[0].z, 0);
     EXPECT_GT(Area2(tube[3].facets[0]).z, 0);
     EXPECT_EQ(tube[3].facets[0].corners[0].z, 12);
-    const auto cylinder = Faces(Cylinder(20, 50), 24);
+    const auto cylinder = Faces(CylinderSolid(20, 50), 24);
     EXPECT_EQ(cylinder[0].facets.size(), 24u);
     EXPECT_LT(Area2(cylinder[1].facets[0]).z, 0);
     EXPECT_GT(Area2(cylinder[2].facets[0]).z, 0);
 }
 
 TEST(Geometry, SidesOfAPrismFollowItsOutline) {
-    const auto faces = Faces(Prism(kAngle, 8));
+    const auto faces = Faces(PrismSolid(kAngle, 8));
     ASSERT_EQ(faces.size(), 2 + kAngle.size());
     EXPECT_LT(Area2(faces[0].facets[0]).z, 0);
     EXPECT_GT(Area2(faces[1].facets[0]).z, 0);
@@ -285,13 +236,13 @@ TEST(Geometry, SidesOfAPrismFollowItsOutline) {
         const auto& next = kAngle[(i + 1) % kAngle.size()];
         ExpectNear(corners[1], {next[0], next[1], 0}, 0);
     }
-    EXPECT_EQ(Faces(Prism(kTriangle, 4))[0].facets.size(), 1u);  // convex: in one piece
+    EXPECT_EQ(Faces(PrismSolid(kTriangle, 4))[0].facets.size(), 1u);  // convex: in one piece
 }
 
 TEST(Geometry, AGearHasItsCirclesAndItsToothThickness) {
     constexpr double kModule = 2;
     constexpr int kTeeth = 25;
-    const auto faces = Faces(Gear(kModule, kTeeth, 20, 14));
+    const auto faces = Faces(GearSolid(kModule, kTeeth, 20, 14));
     std::set<long long> radii;
     for (std::size_t i = 3; i < faces.size(); ++i) {
         for (const Vec3& p : faces[i].facets.at(0).corners) {
@@ -321,7 +272,7 @@ TEST(Geometry, AGearHasItsCirclesAndItsToothThickness) {
 
 TEST(Geometry, TeethOfAnyNumberKeepGapsAndLands) {
     for (int teeth = 3; teeth <= 120; ++teeth) {
-        const Solid gear = Gear(1, teeth, 1, 0);
+        const Solid gear = GearSolid(1, teeth, 1, 0);
         const auto faces = Faces(gear);
         const double tooth = 2 * pi / teeth;
         for (std::size_t i = 0; i < 4; ++i) {  // flank, tip, flank, root land of the first tooth
@@ -343,7 +294,7 @@ TEST(Geometry, TeethOfAnyNumberKeepGapsAndLands) {
 }
 
 TEST(Geometry, ExtentsOfRoundSolidsReachTheirDiameter) {
-    Solid solid = Cylinder(20, 50);
+    Solid solid = CylinderSolid(20, 50);
     solid.at = {5, 6, 7};
     Extents box = ExtentsOf(solid);
     ExpectNear(box.low, {-5, -4, 7}, 1e-12);
@@ -353,7 +304,7 @@ TEST(Geometry, ExtentsOfRoundSolidsReachTheirDiameter) {
     ExpectNear(box.low, {5, -4, -3}, 1e-12);
     ExpectNear(box.high, {55, 16, 17}, 1e-12);
 
-    const Extents plate = ExtentsOf(Prism(kAngle, 8));
+    const Extents plate = ExtentsOf(PrismSolid(kAngle, 8));
     ExpectNear(plate.low, {0, 0, 0}, 0);
     ExpectNear(plate.high, {30, 20, 8}, 0);
 }

@@ -10,63 +10,23 @@
 
 #include "simhost/model/session.h"
 #include "simhost/model/shape.h"
+#include "tests/support/solids.h"
 
 using namespace simhost;
 using std::numbers::pi;
+using workbench::BoxSolid;
+using workbench::ConeSolid;
+using workbench::CylinderSolid;
+using workbench::ExpectBox;
+using workbench::GearSolid;
+using workbench::PrismSolid;
+using workbench::TubeSolid;
 
 namespace {
 
-Solid NewSolid(int id, Shape kind) {
-    Solid solid;
-    solid.id = id;
-    solid.shape = kind;
-    return solid;
-}
-
-Solid Box(int id, Vec3 size) {
-    Solid solid = NewSolid(id, Shape::Box);
-    solid.size = size;
-    return solid;
-}
-
-Solid Cylinder(int id, double diameter, double length) {
-    Solid solid = NewSolid(id, Shape::Cylinder);
-    solid.diameter = diameter;
-    solid.length = length;
-    return solid;
-}
-
-Solid Tube(int id) {
-    Solid solid = NewSolid(id, Shape::Tube);
-    solid.outer = 20;
-    solid.inner = 12;
-    solid.length = 5;
-    return solid;
-}
-
-Solid Cone(int id, double diameter, double top) {
-    Solid solid = NewSolid(id, Shape::Cone);
-    solid.diameter = diameter;
-    solid.top = top;
-    solid.length = 10;
-    return solid;
-}
-
-Solid Gear(int id, double bore) {
-    Solid solid = NewSolid(id, Shape::Gear);
-    solid.module = 2;
-    solid.teeth = 20;
-    solid.width = 10;
-    solid.bore = bore;
-    return solid;
-}
-
 // An angle: not convex, so that its lids are of several facets.
 Solid Angle(int id) {
-    Solid solid = NewSolid(id, Shape::Prism);
-    solid.outline = {{0, 0}, {30, 0}, {30, 10}, {10, 10}, {10, 20}, {0, 20}};
-    solid.height = 5;
-    return solid;
+    return PrismSolid({{0, 0}, {30, 0}, {30, 10}, {10, 10}, {10, 20}, {0, 20}}, 5, id);
 }
 
 int Count(const PartShape& shape, EdgeKind kind) {
@@ -88,18 +48,8 @@ const ShapeEdge& EdgeOf(const PartShape& shape, int id) {
     throw std::out_of_range("no edge " + std::to_string(id));
 }
 
-void ExpectBox(const Extents& box, Vec3 low, Vec3 high) {
-    constexpr double kNear = 1e-9;
-    EXPECT_NEAR(box.low.x, low.x, kNear);
-    EXPECT_NEAR(box.low.y, low.y, kNear);
-    EXPECT_NEAR(box.low.z, low.z, kNear);
-    EXPECT_NEAR(box.high.x, high.x, kNear);
-    EXPECT_NEAR(box.high.y, high.y, kNear);
-    EXPECT_NEAR(box.high.z, high.z, kNear);
-}
-
 TEST(PartShape, ABoxHasSixPlanesTwelveLinesAndEightVertices) {
-    const PartShape shape = ShapeOf({Box(10, {2, 3, 4})});
+    const PartShape shape = ShapeOf({BoxSolid({2, 3, 4}, 10)});
     EXPECT_EQ(Count(shape, FaceKind::Plane), 6);
     EXPECT_EQ(Count(shape, EdgeKind::Line), 12);
     EXPECT_EQ(shape.edges.size(), 12u);
@@ -120,7 +70,7 @@ TEST(PartShape, ABoxHasSixPlanesTwelveLinesAndEightVertices) {
 }
 
 TEST(PartShape, TheFacesOfABoxLookOutOfItAlongItsAxes) {
-    Solid turned = Box(10, {2, 3, 4});
+    Solid turned = BoxSolid({2, 3, 4}, 10);
     turned.at = {100, 200, 300};
     turned.turn = {0, 0, 90};
     const PartShape shape = ShapeOf({turned});
@@ -135,7 +85,7 @@ TEST(PartShape, TheFacesOfABoxLookOutOfItAlongItsAxes) {
 }
 
 TEST(PartShape, ACylinderHasTwoCirclesAndOneRoundFace) {
-    Solid rod = Cylinder(20, 10, 30);
+    Solid rod = CylinderSolid(10, 30, 20);
     rod.at = {1, 2, 3};
     const PartShape shape = ShapeOf({rod});
     ASSERT_EQ(shape.faces.size(), 3u);
@@ -158,7 +108,7 @@ TEST(PartShape, ACylinderHasTwoCirclesAndOneRoundFace) {
 }
 
 TEST(PartShape, AConeTapersToItsTipWhichIsAVertexWithoutAnEdge) {
-    const PartShape shape = ShapeOf({Cone(40, 12, 0)});
+    const PartShape shape = ShapeOf({ConeSolid(12, 0, 10, 40)});
     ASSERT_EQ(shape.faces.size(), 2u);
     EXPECT_EQ(shape.faces[0].kind, FaceKind::Cone);
     EXPECT_EQ(shape.faces[0].radius, 6);
@@ -169,7 +119,7 @@ TEST(PartShape, AConeTapersToItsTipWhichIsAVertexWithoutAnEdge) {
     EXPECT_EQ(shape.vertices[1], (Vec3{0, 0, 10}));
     EXPECT_NEAR(shape.volume, 120 * pi, 1e-9);
 
-    const PartShape hanging = ShapeOf({Cone(40, 0, 12)});
+    const PartShape hanging = ShapeOf({ConeSolid(0, 12, 10, 40)});
     ASSERT_EQ(hanging.edges.size(), 1u);
     EXPECT_EQ(hanging.edges[0].faces[1], 42);
     EXPECT_EQ(hanging.edges[0].frame.origin, (Vec3{0, 0, 10}));
@@ -178,7 +128,7 @@ TEST(PartShape, AConeTapersToItsTipWhichIsAVertexWithoutAnEdge) {
 }
 
 TEST(PartShape, AConeOfTwoLidsHasACircleAtEach) {
-    const PartShape shape = ShapeOf({Cone(40, 12, 6)});
+    const PartShape shape = ShapeOf({ConeSolid(12, 6, 10, 40)});
     ASSERT_EQ(shape.edges.size(), 2u);
     EXPECT_EQ(shape.edges[0].radius, 6);
     EXPECT_EQ(shape.edges[0].faces[1], 42);
@@ -189,7 +139,7 @@ TEST(PartShape, AConeOfTwoLidsHasACircleAtEach) {
 }
 
 TEST(PartShape, ATubeHasAHollowWallAndFourCircles) {
-    const PartShape shape = ShapeOf({Tube(30)});
+    const PartShape shape = ShapeOf({TubeSolid(20, 12, 5, 30)});
     ASSERT_EQ(shape.faces.size(), 4u);
     EXPECT_FALSE(shape.faces[0].hollow);
     EXPECT_TRUE(shape.faces[1].hollow);
@@ -214,19 +164,19 @@ TEST(PartShape, TheLidOfAnAngleIsOneFaceWhatFacetsItIsCutInto) {
 }
 
 TEST(PartShape, AGearHasStraightEdgesAtItsTeethAndCirclesAtItsBore) {
-    const PartShape shape = ShapeOf({Gear(200, 16)});
+    const PartShape shape = ShapeOf({GearSolid(2, 20, 10, 16, 200)});
     EXPECT_EQ(shape.faces.size(), 83u);
     EXPECT_EQ(Count(shape, FaceKind::Cylinder), 1);
     EXPECT_TRUE(shape.faces[2].hollow);
     EXPECT_EQ(Count(shape, EdgeKind::Circle), 2);
     // 80 on each lid, and 80 from lid to lid.
     EXPECT_EQ(Count(shape, EdgeKind::Line), 240);
-    EXPECT_NEAR(ShapeOf({Gear(200, 0)}).volume - shape.volume, 640 * pi, 1e-9);
+    EXPECT_NEAR(ShapeOf({GearSolid(2, 20, 10, 0, 200)}).volume - shape.volume, 640 * pi, 1e-9);
 }
 
 // The volume that the facets of a gear enclose, by the sum of tetrahedra from the origin.
 TEST(PartShape, TheVolumeOfAGearIsWhatItsFacetsEnclose) {
-    const Solid gear = Gear(200, 0);
+    const Solid gear = GearSolid(2, 20, 10, 0, 200);
     double sum = 0;
     for (const SolidFace& face : Faces(gear)) {
         for (const Facet& facet : face.facets) {
@@ -239,8 +189,9 @@ TEST(PartShape, TheVolumeOfAGearIsWhatItsFacetsEnclose) {
 }
 
 TEST(PartShape, EveryEdgeHasAnIdOfItsOwnThatOtherSolidsDoNotMove) {
-    const PartShape alone = ShapeOf({Gear(200, 16)});
-    const PartShape last = ShapeOf({Box(10, {1, 1, 1}), Tube(30), Gear(200, 16)});
+    const PartShape alone = ShapeOf({GearSolid(2, 20, 10, 16, 200)});
+    const PartShape last =
+        ShapeOf({BoxSolid({1, 1, 1}, 10), TubeSolid(20, 12, 5, 30), GearSolid(2, 20, 10, 16, 200)});
     std::set<int> ids;
     for (const ShapeEdge& edge : last.edges) EXPECT_TRUE(ids.insert(edge.id).second) << edge.id;
     ASSERT_EQ(last.edges.size(), 12 + 4 + alone.edges.size());
@@ -256,7 +207,7 @@ TEST(PartShape, EveryEdgeHasAnIdOfItsOwnThatOtherSolidsDoNotMove) {
 // A disc leaning by 30 degrees about y: its rim reaches 10 cos 30 along x, 10 along y, 10 sin 30
 // along z.
 TEST(PartShape, TheBoxAroundALeaningRodIsThatOfItsTrueCircles) {
-    Solid rod = Cylinder(20, 20, 40);
+    Solid rod = CylinderSolid(20, 40, 20);
     rod.turn = {0, 30, 0};
     const PartShape shape = ShapeOf({rod});
     const double across = 10 * std::sqrt(3.0) / 2, along = 40 * std::sqrt(3.0) / 2;
@@ -267,7 +218,7 @@ TEST(PartShape, TheBoxAroundALeaningRodIsThatOfItsTrueCircles) {
 }
 
 TEST(PartShape, VolumesOfSeveralSolidsAddUp) {
-    EXPECT_NEAR(ShapeOf({Box(10, {2, 3, 4}), Cylinder(20, 2, 1)}).volume, 24 + pi, 1e-12);
+    EXPECT_NEAR(ShapeOf({BoxSolid({2, 3, 4}, 10), CylinderSolid(2, 1, 20)}).volume, 24 + pi, 1e-12);
 }
 
 // --- Models ask the record ---
@@ -279,7 +230,7 @@ protected:
 };
 
 TEST_F(PartWithShape, TheShapeIsMadeOnceAndAnewAfterASolidChanged) {
-    part_.partData.solids = {Box(10, {2, 3, 4})};
+    part_.partData.solids = {BoxSolid({2, 3, 4}, 10)};
     const PartShape* first = &part_.shape();
     EXPECT_EQ(&part_.shape(), first);
     part_.partData.solids[0].size.x = 5;
@@ -287,10 +238,10 @@ TEST_F(PartWithShape, TheShapeIsMadeOnceAndAnewAfterASolidChanged) {
 }
 
 TEST_F(PartWithShape, SurfacesThatStayKeepTheirHandlesAndGetTheirNewBox) {
-    part_.partData.solids = {Box(10, {2, 3, 4}), Box(20, {1, 1, 1})};
+    part_.partData.solids = {BoxSolid({2, 3, 4}, 10), BoxSolid({1, 1, 1}, 20)};
     const ProSurface stays = part_.Surfaces()[7]->handle;  // the second box's x side
     const ProSurface goes = part_.Surfaces()[0]->handle;
-    part_.partData.solids = {Box(20, {9, 1, 1}), Cylinder(30, 2, 2)};
+    part_.partData.solids = {BoxSolid({9, 1, 1}, 20), CylinderSolid(2, 2, 30)};
     ASSERT_EQ(part_.Surfaces().size(), 9u);
     EXPECT_EQ(part_.Surfaces()[1]->handle, stays);
     ASSERT_EQ(session_.FindSurface(stays), part_.Surfaces()[1].get());

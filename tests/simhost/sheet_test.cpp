@@ -109,6 +109,27 @@ TEST_F(SheetTest, EachLineIsThereOnceAndNotAsAHiddenOneUnderAVisibleOne) {
     for (const DrawnLine& line : views[0].lines) EXPECT_FALSE(line.hidden);
 }
 
+// A longer box in the same place: its level edges go over the part's, whose far end alone adds a
+// line, seen on the longer one's front face. All of the other's edges are on them or under them.
+TEST_F(SheetTest, LinesThatOverlapInPartAreDrawnAsOne) {
+    Model* part = TheHost().session.FindByName(WIDE("箱体"), PRO_MDL_PART);
+    Solid longer = part->partData.solids[0];
+    longer.id = 20;
+    longer.size.x = 50;
+    part->partData.solids.push_back(longer);
+    for (const int style : {PRO_DISPSTYLE_HIDDEN_LINE, PRO_DISPSTYLE_WIREFRAME}) {
+        main_->display.style = ProDisplayStyle(style);
+        const auto lines = ViewsOnSheet(*sheet_, 1)[0].lines;
+        ASSERT_EQ(lines.size(), 5u);
+        double length = 0;
+        for (const DrawnLine& line : lines) {
+            EXPECT_FALSE(line.hidden);
+            length += std::hypot(line.x1 - line.x0, line.y1 - line.y0);
+        }
+        EXPECT_NEAR(length, 2 * 50 + 3 * 20, 1e-3);
+    }
+}
+
 TEST_F(SheetTest, LettersThatTheCodePageLacksAreWrittenByTheirNumbers) {
     sheet_->name = WIDE("轴é");  // U+00E9 is in the code page, U+00E3 is not
     EXPECT_EQ(Count(SheetDxf(*sheet_, 1), "\\U+"), 0);

@@ -77,6 +77,23 @@ TEST_F(Tables, RowsStandWhereTheyAreInserted) {
     EXPECT_EQ(InsertRow("1", "2"), PRO_TK_E_FOUND);
 }
 
+TEST_F(Tables, RowsAreNamedAsTheyAreAtEachQuestion) {
+    const auto names = [] { return Take(ProUITableRownamesGet); };
+    EXPECT_EQ(names(), Names{});
+    EXPECT_EQ(InsertRow("", "1"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(names(), Names{"1"});
+    EXPECT_EQ(InsertRow("1", "2"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(InsertRow("2", "\xcd\xbc"), PRO_TK_NO_ERROR);  // 图 in code page 936
+    EXPECT_EQ(names(), (Names{"1", "2", "\xcd\xbc"}));
+    EXPECT_EQ(InsertRow("1", "between"), PRO_TK_NO_ERROR);
+    EXPECT_EQ(names(), (Names{"1", "between", "2", "\xcd\xbc"}));
+    EXPECT_EQ(InsertRow("2", "2"), PRO_TK_E_FOUND);
+    EXPECT_EQ(names(), (Names{"1", "between", "2", "\xcd\xbc"}));
+    char* gone[] = {Text("1")};
+    EXPECT_EQ(ProUITableRowsDelete(dialog, table, 1, gone), PRO_TK_NO_ERROR);
+    EXPECT_EQ(names(), (Names{"between", "2", "\xcd\xbc"}));
+}
+
 TEST_F(Tables, CellsKeepTheirTextsWhenRowsAndColumnsComeAndGo) {
     InsertRow("", "1");
     InsertRow("1", "2");

@@ -15,6 +15,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools" / "mutants"
 import trial  # noqa: E402
 from equivalents import Equivalents  # noqa: E402
 from places import HERE, Finder  # noqa: E402
+from schema import Schema  # noqa: E402
 from session import Session  # noqa: E402
 from workshop import Build  # noqa: E402
 
@@ -247,6 +248,19 @@ class Mutants(unittest.TestCase):
                 return item.id;
             }
             """), ["F: returns nothing for: item.id"])
+
+    def test_a_returned_reference_stays(self):
+        self.assertEqual(self.found("""\
+            struct Item { int id; };
+            const Item& F(const void* data) { return *static_cast<const Item*>(data); }
+            int G(const void* data) { return F(data).id; }
+            """), ["G: returns nothing for: F(data).id"])
+
+    def test_a_text_keeps_the_sign_that_stands_for_the_number(self):
+        path = self.root / "places.cpp"
+        path.write_text('const char* F() { return "R@D"; }\n', encoding="utf-8")
+        text = Schema(path.read_bytes(), Finder(path, ["-std=c++20"]).mutants).text
+        self.assertIn('&("R@D~")[0] : &("R@D")[0]', text)
 
 
 if __name__ == "__main__":

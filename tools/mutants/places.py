@@ -21,6 +21,7 @@ OPERATORS = {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">",
 COMPARISONS = ("==", "!=")
 FUNCTIONS = (Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.CONSTRUCTOR, Kind.DESTRUCTOR,
              Kind.FUNCTION_TEMPLATE, Kind.CONVERSION_FUNCTION)
+REFERENCES = (cindex.TypeKind.LVALUEREFERENCE, cindex.TypeKind.RVALUEREFERENCE)
 LOOPS = (Kind.FOR_STMT, Kind.CXX_FOR_RANGE_STMT, Kind.WHILE_STMT, Kind.DO_STMT)
 # Marks the place of the text around which a schema is written.
 HERE = "\0"
@@ -64,7 +65,7 @@ class Finder:
         self.starts = [t.extent.start.offset for t in self.tokens]
         self.mutants = []
         self.compared = set()
-        self.function = ""
+        self.function, self.gives_reference = "", False
         for cursor in unit.cursor.get_children():
             if cursor.location.file and cursor.location.file.name == self.path:
                 self.visit(cursor, None)
@@ -119,9 +120,10 @@ class Finder:
     # --- The walk ---
 
     def visit(self, cursor, parent):
-        kind, outer = cursor.kind, self.function
+        kind, outer = cursor.kind, (self.function, self.gives_reference)
         if kind in FUNCTIONS:
             self.function = cursor.spelling
+            self.gives_reference = cursor.result_type.kind in REFERENCES
         if kind == Kind.STATIC_ASSERT or self.is_to_be_filled(cursor) or \
                 self.is_of_a_type(cursor, parent):
             return
@@ -134,7 +136,7 @@ class Finder:
             return
         for child in cursor.get_children():
             self.visit(child, cursor)
-        self.function = outer
+        self.function, self.gives_reference = outer
 
     def is_to_be_filled(self, cursor):
         """`{PRO_TYPE_UNUSED, 0, nullptr}` makes a place for an answer and says nothing."""
@@ -295,8 +297,10 @@ class Finder:
             self.instead(cursor, changed, f"{text} -> {changed}")
 
     def returned(self, cursor, _parent):
+        """A reference stays: nothing in its place would be a temporary that is gone at once, with
+        the mutant and, as the two share a type, without it."""
         value = next(iter(cursor.get_children()), None)
-        if value is None:
+        if value is None or self.gives_reference:
             return
         text, kind = self.of(value), value.type.get_canonical().kind
         if kind == cindex.TypeKind.VOID:

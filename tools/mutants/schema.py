@@ -51,7 +51,9 @@ class Schema:
             if mutant.end > end or mutant.start < at:
                 raise ValueError(f"{mutant.name} crosses another one")
             self.write(blank_constexpr(self.source[at:mutant.start].decode()))
-            before, after = mutant.schema.replace("@", str(mutant.number)).split(HERE)
+            # A text of the source may have the same sign in it.
+            probe = f"VxMutant({mutant.number})"
+            before, after = mutant.schema.replace("VxMutant(@)", probe).split(HERE)
             begin = self.size
             self.write(before)
             inner = self.size

@@ -7,6 +7,7 @@
 #include <Standard_Failure.hxx>
 
 #include <exception>
+#include <new>
 
 #include "simhost/kernel/kernel.h"
 #include "simhost/kernel/occ/read.h"
@@ -47,6 +48,8 @@ private:
             throw;
         } catch (const Standard_Failure& failure) {
             throw Failure(std::string("the kernel: ") + failure.GetMessageString());
+        } catch (const std::bad_alloc&) {
+            throw Failure("there is not enough memory");
         } catch (const std::exception& failure) {
             throw Failure(failure.what());
         }

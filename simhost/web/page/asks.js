@@ -13,6 +13,7 @@ class Ask extends FormWindow {
     this.buttons = [];
     this.row = make('div', { class: 'form-buttons' });
     this.element.addEventListener('keydown', event => {
+      if (event.isComposing) return;
       if (event.key === 'Escape') this.press(this.buttons.length - 1);
       else if (event.key === 'Enter' && event.target.tagName !== 'BUTTON') this.press(0);
       else return;
@@ -29,11 +30,12 @@ class Ask extends FormWindow {
   }
 
   // Once only, and not if the question has gone when its turn comes.
-  press(number) {
+  async press(number) {
     if (this.pressed) return;
     this.pressed = true;
     const line = this.buttons[number].lineOf();
-    this.forms.acts.add(() => (this.element.isConnected ? line : null));
+    await this.forms.acts.add(() => (this.element.isConnected ? line : null));
+    this.pressed = false;  // a line that was not taken can be tried again
   }
 
   show(focused) {
@@ -128,10 +130,11 @@ export class PopupMenu {
     this.element.remove();
   }
 
-  leave(line) {
+  async leave(line) {
     if (this.left) return;
     this.left = true;
-    this.forms.acts.add(() => (this.element.isConnected ? line : null));
+    await this.forms.acts.add(() => (this.element.isConnected ? line : null));
+    this.left = false;
   }
 
   key(event) {

@@ -59,7 +59,7 @@ class Caption extends Part {
   constructor(form, data) {
     super(form, data, data.picture ? make('img', { src: picture(data.picture), alt: data.label })
       : make('span', { class: 'vx-label' }));
-    if (data.picture) this.element.onload = () => form.place();
+    if (data.picture) this.element.onload = () => form.centre();
   }
 
   take(data) {

@@ -12,6 +12,12 @@ export function quoted(text) {
       .replace(/\n/g, '\\n').replace(/\t/g, '\\t') + '"';
 }
 
+// The browser may find that the server has let go of a connection that was idle. Every question can
+// be asked twice, and a line is taken only once, since it carries its version.
+function ask(address, options) {
+  return fetch(address, options).catch(() => fetch(address, options));
+}
+
 export class Connection {
   constructor() {
     this.version = 0;
@@ -88,7 +94,7 @@ export class Connection {
   // The answer as an object, or its bytes; null: what was asked about has gone meanwhile.
   async get(address, as = 'json') {
     const joined = address + (address.includes('?') ? '&' : '?') + 'v=' + this.version;
-    const response = await fetch(joined);
+    const response = await ask(joined);
     if (response.ok) {
       return { bytes: () => response.arrayBuffer(), text: () => response.text(),
         json: () => response.json() }[as]();
@@ -109,7 +115,7 @@ export class Connection {
   }
 
   async post(address, body = '') {
-    const response = await fetch(address, { method: 'POST', body });
+    const response = await ask(address, { method: 'POST', body });
     if (response.ok) return true;
     this.tell('problem', (await response.json().catch(() => ({}))).problem || response.status);
     return false;

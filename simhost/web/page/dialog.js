@@ -27,7 +27,7 @@ export class DialogWindow extends FormWindow {
     this.element.addEventListener('keydown', event => this.keyInForm(event));
     this.element.addEventListener('focusin', event => this.focusCame(event));
     this.update(form);
-    this.place();
+    this.centre();
   }
 
   shows(form) {
@@ -52,8 +52,10 @@ export class DialogWindow extends FormWindow {
 
   grid(grid) {
     const element = make('div', { class: 'form-grid' });
+    // Texts do not break, so min-content clips nothing; max-content would count the spare room that
+    // the grids inside share among their columns as if they needed it.
     element.style.gridTemplateColumns = grid.cols
-      .map(weight => (weight > 0 ? `minmax(max-content, ${weight}fr)` : 'max-content')).join(' ');
+      .map(weight => (weight > 0 ? `minmax(min-content, ${weight}fr)` : 'max-content')).join(' ');
     grid.children.forEach((child, at) => {
       const cell = child.component ? this.component(child.component) : this.grid(child);
       cell.style.gridColumn = String(at % grid.cols.length + 1);

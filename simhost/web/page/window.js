@@ -18,7 +18,8 @@ export class FormWindow {
       'aria-label': title, 'data-form': name }, this.head, this.body);
     this.element.addEventListener('keydown', event => this.key(event));
     this.head.addEventListener('pointerdown', event => this.drag(event));
-    this.resized = () => this.place();
+    this.corner = null;  // where it is, as long as nothing moves it
+    this.resized = () => this.centre();
     window.addEventListener('resize', this.resized);
     layer.append(this.element);
   }
@@ -28,15 +29,22 @@ export class FormWindow {
     this.element.remove();
   }
 
-  // In the middle, or where the user has moved it; as a whole on the page in any case.
+  // In the middle, unless the user has moved it.
+  centre() {
+    this.corner = null;
+    this.place();
+  }
+
+  // Where it was, as a whole on the page: what grows does not jump.
   place() {
     const { offsetWidth: width, offsetHeight: height } = this.element;
-    const moved = places.get(this.name);
-    const left = moved ? moved.left : (window.innerWidth - width) / 2;
-    const top = moved ? moved.top : (window.innerHeight - height) * 0.4;
+    const corner = places.get(this.name) || this.corner ||
+      { left: (window.innerWidth - width) / 2, top: (window.innerHeight - height) * 0.4 };
     const within = (value, room) => Math.round(Math.max(margin, Math.min(value, room - margin)));
-    this.element.style.left = within(left, window.innerWidth - width) + 'px';
-    this.element.style.top = within(top, window.innerHeight - height) + 'px';
+    this.corner = { left: within(corner.left, window.innerWidth - width),
+      top: within(corner.top, window.innerHeight - height) };
+    this.element.style.left = this.corner.left + 'px';
+    this.element.style.top = this.corner.top + 'px';
   }
 
   drag(event) {

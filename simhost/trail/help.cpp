@@ -82,6 +82,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"hold clipboard",     "像另一个程序那样占用剪贴板"},
     {"let go clipboard",   "另一个程序放开剪贴板"},
     {"read-only",          "把文件或文件夹设为只读"},
+    {"clock",              "从此插件询问时间时得到的秒数（自 1970 年起）"},
     {"wait",               "让时间过去若干秒"},
     {"setting",            "写入 VxConfig.ini 的一项设置"},
     {"save",               "保存当前模型，或写出名称的模型"},

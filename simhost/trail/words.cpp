@@ -114,6 +114,7 @@ const std::vector<Word>& Words() {
         {"hold clipboard",   "",                  kAny,  kKeeps,  HoldClipboard,   "keep the clipboard open as another program would"},
         {"let go clipboard", "",                  kAny,  kKeeps,  LetGoClipboard,  "the other program closes the clipboard"},
         {"read-only",        "FILE",              kAny,  kKeeps,  MakeReadOnly,    "let nobody write to a file, or into a folder"},
+        {"clock",            "[SECONDS]",         kAny,  kLeaves, SetTime,         "what the plug-in is told from now on when it asks for the time, in seconds since 1970"},
         {"wait",             "SECONDS",           kAny,  kLeaves, WaitSeconds,     "let time pass"},
         {"setting",          "SECTION KEY VALUE", kAny,  kLeaves, WriteSetting,    "write a setting of VxConfig.ini"},
         {"save",             "[FILE]",            kMain, kLeaves, SaveModel,       "save the current model, or the one named"},

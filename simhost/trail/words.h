@@ -62,6 +62,7 @@ void SaveModel(Trail& trail, const std::string& rest);
 void SaveAllModels(Trail& trail, const std::string& rest);
 void WriteSetting(Trail& trail, const std::string& rest);
 void WaitSeconds(Trail& trail, const std::string& rest);
+void SetTime(Trail& trail, const std::string& rest);
 void DrawPicture(Trail& trail, const std::string& rest);
 void DrawScreen(Trail& trail, const std::string& rest);
 void ExpectTransparency(Trail& trail, const std::string& rest);

@@ -98,6 +98,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"erase dimension",    "删除工程图中的一个尺寸或注释"},
     {"sheet",              "翻到工程图的某一页，从 1 开始"},
     {"add note",           "在当前页写一条注释"},
+    {"add view",           "在当前页按页面比例放置工程图模型的视图；写 X Y beside 视图 则放置其投影"},
     {"hand out",           "把 C 盘的文件复制到结果文件夹"},
     {"make folder",        "新建文件夹：完整路径，或在工作目录中"},
     {"import",             "把别的系统的 STEP 文件变成一个项目，放在空文件夹中"},

@@ -132,6 +132,7 @@ const std::vector<Word>& Words() {
         {"erase dimension",  "NUMBER",            kMain, kLeaves, EraseDimension,  "take a dimension or a note off the drawing"},
         {"sheet",            "NUMBER",            kMain, kLeaves, TurnToSheet,     "turn to a sheet of the drawing, from 1"},
         {"add note",         "X Y TEXT",          kMain, kLeaves, AddNote,         "write a note on the current sheet"},
+        {"add view",         "X Y [turn A B C]",  kMain, kLeaves, AddView,         "place a view of the drawing's model on the current sheet, at its scale; X Y beside VIEW: a projection"},
         {"erase",            "FILE",              kMain, kLeaves, EraseModel,      "drop a model from memory; what was not saved is lost"},
         {"hand out",         "FILE",              kAny,  kKeeps,  HandOut,         "copy a file of drive C to the folder of results"},
         {"script",           "FILE [ON]",         kAny,  kKeeps,  RunScriptFile,   "in the demonstration: let another program, a Python script beside this one, work on a file of drive C"},

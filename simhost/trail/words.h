@@ -112,6 +112,7 @@ void ExpectDimension(Trail& trail, const std::string& rest);
 void ExpectDimensions(Trail& trail, const std::string& rest);
 void EraseDimension(Trail& trail, const std::string& rest);
 void AddNote(Trail& trail, const std::string& rest);
+void AddView(Trail& trail, const std::string& rest);
 void ShowEdges(Trail& trail, const std::string& rest);
 void ShowDimensions(Trail& trail);
 

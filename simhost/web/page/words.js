@@ -55,6 +55,16 @@ const words = {
   rightClick: ['右键菜单', 'Popup menu'],
   startCalls: ['开始记录调用', 'Record calls'],
   stopCalls: ['停止', 'Stop'],
+  view3d: ['三维视图', '3-D view'],
+  no3d: ['浏览器无法显示三维图形：', 'The browser cannot show 3-D pictures:'],
+  rectangle: ['框选', 'Box'],
+  rectangleHelp: ['按住左键拖出矩形，选中完全位于其中的零件（也可按住 Shift 拖动）',
+    'Drag a rectangle: what lies wholly in it is selected (Shift and drag does the same)'],
+  fit: ['适合', 'Fit'],
+  isometricView: ['等轴测', 'Isometric'],
+  frontView: ['前', 'Front'],
+  topView: ['上', 'Top'],
+  rightView: ['右', 'Right'],
   language: ['EN', '中文'],
 };
 

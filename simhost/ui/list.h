@@ -16,6 +16,7 @@ public:
     using Component::Component;
 
     void SetItems(std::vector<std::string> items);
+    const std::vector<std::string>& items() const { return items_; }
     std::string chosen() const;   // empty: nothing
     DialogAction activateAction;  // the double click
 

@@ -64,6 +64,7 @@ class OptionMenu : public TextField {
 public:
     static constexpr const char* kKind = "OptionMenu";
     OptionMenu(Dialog& dialog, const ResourceComponent& declared, const DialogResource& resource);
+    const std::vector<std::string>& names() const { return names_; }
     const std::vector<std::string>& labels() const { return labels_; }
     std::vector<std::string> Picture() const override;
     std::string State() const override;

@@ -33,6 +33,8 @@ const std::vector<Answer>& Answers() {
         {"/faults", FaultsNow},       // what the host complained of
         {"/journal", JournalNow},     // calls through the door
         {"/sheet", SheetNow},         // a sheet of a drawing
+        {"/dialog", DialogNow},       // the open dialog as a form
+        {"/rows", RowsNow},           // rows of a table in it
         {"/model", ModelFacts},       // parameters and relations of a model
     };
     return answers;

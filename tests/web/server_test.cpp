@@ -24,7 +24,8 @@ TEST_F(WebServer, GivesStaticFilesToAnybodyAndNothingElse) {
         EXPECT_EQ(client.Get(address)->status, 200) << address;
     }
     for (const char* address : {"/state", "/tree", "/events", "/files", "/file?path=x", "/model",
-                                "/recording", "/faults", "/journal", "/sheet", "/nothing"}) {
+                                "/recording", "/faults", "/journal", "/sheet", "/dialog", "/rows",
+                                "/nothing"}) {
         EXPECT_EQ(client.Get(address)->status, 401) << address;
     }
     for (const char* address : {"/step?v=1", "/stop", "/restart?v=1"}) {

@@ -167,5 +167,5 @@ line.onkeydown = event => {
 };
 
 // For tests: nothing here is used by the page itself.
-window.vx = { connection, marked };
+window.vx = { connection, forms, marked };
 connection.start();

@@ -12,6 +12,12 @@ export function quoted(text) {
       .replace(/\n/g, '\\n').replace(/\t/g, '\\t') + '"';
 }
 
+// The browser may find that the server has let go of a connection that was idle. Every question can
+// be asked twice, and a line is taken only once, since it carries its version.
+function ask(address, options) {
+  return fetch(address, options).catch(() => fetch(address, options));
+}
+
 export class Connection {
   constructor() {
     this.version = 0;
@@ -19,6 +25,7 @@ export class Connection {
     this.busy = true;
     this.ended = false;
     this.state = null;
+    this.stateVersion = 0;  // the version that `state` is of
     this.listeners = { news: [], state: [], session: [], problem: [] };
     this.nextLine = 0;
     this.waiters = [];
@@ -70,18 +77,26 @@ export class Connection {
     return new Promise(resolve => this.waiters.push(resolve));
   }
 
+  // Resolves when the session waits again, after what was seen at this version.
+  async beyond(version) {
+    while (!this.ended && (this.busy || this.version <= version)) {
+      await new Promise(resolve => this.waiters.push(resolve));
+    }
+  }
+
   async askState() {
     const version = this.version;
     const state = await this.get('/state');
     if (!state || version !== this.version) return;
     this.state = state;
+    this.stateVersion = version;
     this.tell('state', state);
   }
 
   // The answer as an object, or its bytes; null: what was asked about has gone meanwhile.
   async get(address, as = 'json') {
     const joined = address + (address.includes('?') ? '&' : '?') + 'v=' + this.version;
-    const response = await fetch(joined);
+    const response = await ask(joined);
     if (response.ok) {
       return { bytes: () => response.arrayBuffer(), text: () => response.text(),
         json: () => response.json() }[as]();
@@ -102,7 +117,7 @@ export class Connection {
   }
 
   async post(address, body = '') {
-    const response = await fetch(address, { method: 'POST', body });
+    const response = await ask(address, { method: 'POST', body });
     if (response.ok) return true;
     this.tell('problem', (await response.json().catch(() => ({}))).problem || response.status);
     return false;

@@ -1,0 +1,203 @@
+// What the page is told of a dialog: all that its resource declares, with what it holds now.
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "simhost/core/disk.h"
+#include "simhost/ui/resource.h"
+#include "simhost/ui/table.h"
+#include "simhost/web/dialog_form.h"
+#include "tests/support/places.h"
+#include "tests/web/web_ground.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using web_tests::Json;
+
+std::vector<fs::path> ShippedResources() {
+    std::vector<fs::path> files;
+    const fs::path folder = fs::path(workbench::kSourceFolder) / "text" / "resource";
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (entry.path().extension() == ".res") files.push_back(entry.path());
+    }
+    return files;
+}
+
+simhost::Dialog DialogOf(const std::string& name, const std::string& text) {
+    return {name, simhost::ParseResource(text, name)};
+}
+
+void CollectLaidOut(const simhost::Json& grid, std::multiset<std::string>* names) {
+    if (grid.contains("component")) names->insert(grid["component"].get<std::string>());
+    if (!grid.contains("children")) return;
+    for (const simhost::Json& child : grid["children"]) CollectLaidOut(child, names);
+}
+
+TEST(FormOfADialog, HasEveryComponentOfEveryShippedResource) {
+    const std::vector<fs::path> files = ShippedResources();
+    ASSERT_GE(files.size(), 16u);
+    for (const fs::path& file : files) {
+        SCOPED_TRACE(file.filename().string());
+        const auto dialog = DialogOf(file.stem().string(), simhost::ReadFile(file));
+        const simhost::Json form = simhost::FormOf(dialog);
+        EXPECT_EQ(form["title"], simhost::Utf8(dialog.title()));
+        const auto& declared = dialog.resource().components;
+        ASSERT_EQ(form["components"].size(), declared.size());
+        for (std::size_t i = 0; i < declared.size(); ++i) {
+            EXPECT_EQ(form["components"][i]["name"], declared[i].name) << "in their order";
+            EXPECT_EQ(form["components"][i]["kind"], declared[i].kind);
+        }
+        std::multiset<std::string> laidOut;
+        CollectLaidOut(form["layout"], &laidOut);
+        for (const auto& [name, grid] : form["layouts"].items()) CollectLaidOut(grid, &laidOut);
+        for (const auto& each : declared) {
+            // The panel of which the cells of the table get copies has no place of its own.
+            const std::size_t places = each.name == "name_input" ? 0 : 1;
+            EXPECT_EQ(laidOut.count(each.name), places) << each.name;
+        }
+    }
+}
+
+TEST(FormOfADialog, HasTheGridsAsTheResourceNestsThem) {
+    const auto dialog = DialogOf("Nested", R"((Dialog Nested
+        (Components (Label Head) (Layout Group) (InputPanel Name) (PushButton OK))
+        (Resources
+            (Group.Layout (Grid (Rows 1) (Cols 1) Name))
+            (OK.TopOffset 4)
+            (.DefaultButton "OK")
+            (.Layout (Grid (Rows 0 1) (Cols 0 2) Head (Grid (Rows 1) (Cols 1) Group) OK)))))");
+    const simhost::Json form = simhost::FormOf(dialog);
+    const simhost::Json layout = simhost::Json::parse(R"({"rows": [0, 1], "cols": [0, 2],
+        "children": [{"component": "Head"},
+                     {"rows": [1], "cols": [1], "children": [{"component": "Group"}]},
+                     {"component": "OK"}]})");
+    EXPECT_EQ(form["layout"], layout);
+    EXPECT_EQ(form["layouts"]["Group"]["children"][0]["component"], "Name");
+    EXPECT_EQ(form["defaultButton"], "OK");
+    EXPECT_EQ(form["closes"], false) << "nothing would happen";
+    EXPECT_EQ(form["components"][3]["offsets"], simhost::Json::parse(R"({"Top": 4})"));
+    EXPECT_FALSE(form["components"][0].contains("offsets"));
+}
+
+TEST(FormOfADialog, HasTheFirstRowsOfALongTableAndGivesTheOthersWhenAsked) {
+    const auto dialog = DialogOf("Long", R"((Dialog Long
+        (Components (Table List))
+        (Resources (List.ColumnNames "num") (.Layout (Grid (Rows 1) (Cols 1) List)))))");
+    auto& table = dynamic_cast<simhost::Table&>(*dialog.Find("List"));
+    std::vector<std::string> names;
+    for (int i = 0; i < 1200; ++i) names.push_back("row" + std::to_string(i));
+    table.InsertRows("", names);
+    table.RequireCell("row1199", "num").label = WIDE("末");
+
+    const simhost::Json first = simhost::FormOf(dialog)["components"][0]["first"];
+    EXPECT_EQ(first["count"], 1200);
+    ASSERT_EQ(first["rows"].size(), simhost::kRowsWithDialog);
+    EXPECT_EQ(first["rows"][99]["name"], "row99");
+
+    const simhost::Json end = simhost::RowsOf(table, 1195, 100);
+    ASSERT_EQ(end["rows"].size(), 5u) << "there are no more";
+    EXPECT_EQ(end["from"], 1195);
+    EXPECT_EQ(end["rows"][0]["name"], "row1195");
+    EXPECT_EQ(end["rows"][4]["cells"][0]["text"], "末");
+    EXPECT_EQ(simhost::RowsOf(table, 0, 1200)["rows"].size(), simhost::kMostRowsAtOnce);
+    EXPECT_TRUE(simhost::RowsOf(table, 5000, 10)["rows"].empty());
+    EXPECT_TRUE(simhost::RowsOf(table, SIZE_MAX, SIZE_MAX)["rows"].empty());
+}
+
+// --- The dialogs of commands, asked as the page asks ---
+
+class WebDialog : public web_tests::WebBench {
+protected:
+    void Open(const std::string& command) {
+        Start();
+        Step("@ open gearbox.asm");
+        Step("~ Command `" + command + "`");
+    }
+    Json Component(const std::string& name) {
+        const Json form = Get("/dialog");
+        for (const Json& each : form["components"]) {
+            if (each["name"] == name) return each;
+        }
+        ADD_FAILURE() << "no component " << name;
+        return {};
+    }
+    Json Cell(const std::string& table, std::size_t row, std::size_t column) {
+        return Component(table)["first"]["rows"][row]["cells"][column];
+    }
+};
+
+TEST_F(WebDialog, IsEmptyWhereNoneIsOpen) {
+    Start();
+    EXPECT_EQ(Get("/dialog"), Json::object());
+    EXPECT_EQ(StatusOf("/rows?component=bom_list"), 404);
+}
+
+TEST_F(WebDialog, ShowsWhatTheUserHasTypedAndChosen) {
+    Open("VxRelations");
+    EXPECT_EQ(Get("/dialog")["name"], "Relations");
+    EXPECT_EQ(Get("/dialog")["closes"], true);
+    EXPECT_EQ(Component("TypeRadio")["selected"], "AsmAndPart");
+    Step("~ Select `Relations` `TypeRadio` 1 `Part`");
+    Step("~ Input `Relations` `RelTxtarea` `a=1\\nb=\\\\2`");
+    Step("~ Input `Relations` `InputKeyWords` `标准件`");
+    EXPECT_EQ(Component("TypeRadio")["selected"], "Part");
+    EXPECT_EQ(Component("RelTxtarea")["value"], "a=1\nb=\\2");
+    EXPECT_EQ(Component("InputKeyWords")["value"], "标准件");
+}
+
+TEST_F(WebDialog, ShowsWhatTheCommandGreys) {
+    Open("VxBom");
+    EXPECT_EQ(Component("LevelOption")["enabled"], false) << "a sum has no levels";
+    Step("~ Select `VxBom` `BomRadio` 1 `LevelBom`");
+    EXPECT_EQ(Component("LevelOption")["enabled"], true);
+    Step("~ Select `VxBom` `LevelOption` 1 `2`");
+    EXPECT_EQ(Component("LevelOption")["value"], "2");
+    EXPECT_EQ(Component("DrawingArea")["drawn"][0]["picture"], "VxQQ2.gif");
+}
+
+TEST_F(WebDialog, ShowsTheColoursOfCells) {
+    Open("VxBom");
+    const Json table = Component("bom_list");
+    EXPECT_EQ(table["tableColumns"][0]["label"], "序号");
+    EXPECT_EQ(table["activates"], true);
+    EXPECT_EQ(table["arms"], false);
+    EXPECT_EQ(Cell("bom_list", 0, 0), Json::parse(R"({"text": "1", "colour": 17})"));
+    EXPECT_FALSE(Cell("bom_list", 2, 0).contains("colour")) << "a part is none";
+    const Json last = Get("/rows?component=bom_list&from=2&count=1");
+    EXPECT_EQ(last["rows"].size(), 1u);
+    EXPECT_EQ(last["rows"][0], table["first"]["rows"][2]);
+}
+
+TEST_F(WebDialog, ShowsTheComponentsInCells) {
+    Open("VxRename");
+    Step("~ Input `VxRename` `input3` `frame`");
+    const Json input = Cell("mdl_list", 2, 3)["component"];
+    EXPECT_EQ(input["name"], "input3");
+    EXPECT_EQ(input["kind"], "InputPanel");
+    EXPECT_EQ(input["value"], "frame");
+    EXPECT_EQ(Cell("mdl_list", 3, 3)["component"]["value"], "底板") << "as the model is called";
+    EXPECT_EQ(Component("mdl_list")["policy"], "browse");
+    EXPECT_EQ(Component("mdl_list")["arms"], true);
+}
+
+TEST_F(WebDialog, ShowsWhichRowsAreSelected) {
+    Open("VxExport");
+    EXPECT_EQ(Component("drw_list")["policy"], "extended");
+    EXPECT_EQ(Component("drw_list")["selected"], Json::array());
+    Step("~ Select `VxExport` `drw_list` 4 `2` `num` `4` `num`");
+    EXPECT_EQ(Component("drw_list")["selected"], Json({"2", "4"}));
+    Step("~ Select `VxExport` `drw_list` 0");
+    EXPECT_EQ(Component("drw_list")["selected"], Json::array());
+}
+
+TEST_F(WebDialog, StaysWhileABoxWaitsAboveIt) {
+    Open("VxRelations");
+    Step("~ Activate `Relations` `AddRels`");
+    EXPECT_EQ(Get("/state")["wait"]["kind"], "box");
+    EXPECT_EQ(Get("/dialog")["name"], "Relations");
+}
+
+}  // namespace

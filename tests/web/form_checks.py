@@ -1,0 +1,526 @@
+#!/usr/bin/python3
+"""Checks of the workbench's forms in Chromium: every dialog against what the host says of it, the
+keys, the order of lines, long tables. Takes the simhost program; without it the quick build's."""
+import contextlib
+import re
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+from selenium import webdriver
+from selenium.webdriver.chrome.service import Service
+from selenium.webdriver.common.action_chains import ActionChains
+from selenium.webdriver.common.by import By
+from selenium.webdriver.common.keys import Keys
+
+SOURCE = Path(__file__).resolve().parents[2]
+SIZE = (1400, 900)
+PATIENCE = 60  # seconds, on a busy computer
+
+# The commands that open a dialog, with a model for which they can be pressed.
+DIALOGS = {
+    "gearbox.asm": ["AboutVx", "SetUnit", "TweViews", "VxBom", "VxConfig", "VxExIgs", "VxExport",
+                    "VxParams", "VxQQGroup", "VxRelations", "VxRemoveCons", "VxRename"],
+    "gearbox.drw": ["VxDimModify", "VxFrmReplace"],
+}
+STOPS = {"CheckButton", "InputPanel", "List", "OptionMenu", "PushButton", "RadioGroup", "Table",
+         "TextArea"}
+
+
+class Page:
+    """A workbench and a browser that has its page open."""
+
+    def __init__(self, simhost, *arguments):
+        self.server = subprocess.Popen([simhost, "workbench", *arguments], text=True,
+                                       stdout=subprocess.PIPE)
+        try:
+            address = next(line for line in self.server.stdout if "http://" in line).strip()
+            options = webdriver.ChromeOptions()
+            for argument in ("--headless=new", "--no-sandbox", "--lang=zh-CN",
+                             "--window-size=%d,%d" % SIZE):
+                options.add_argument(argument)
+            options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
+            self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"),
+                                           options=options)
+        except BaseException:
+            self.end_server()
+            raise
+        self.driver.set_script_timeout(PATIENCE)
+        self.driver.get(address)
+        self.settle()
+
+    def end_server(self):
+        self.server.terminate()
+        self.server.wait()
+
+    def end(self):
+        # A question may meet a session that is at work again; the page asks anew then.
+        problems = [each for each in self.driver.get_log("browser")
+                    if not re.search(r"status of (409|503)", each["message"])]
+        self.driver.quit()
+        self.end_server()
+        assert not problems, problems
+
+    def wait_for(self, script, *arguments):
+        """What a script resolves to, which is the body of an asynchronous function."""
+        text = "const done = arguments[arguments.length - 1];" \
+               "(async (...given) => {" + script + "})(...arguments).then(done," \
+               " error => done({thrown: String(error)}));"
+        result = self.driver.execute_async_script(text, *arguments)
+        assert not (isinstance(result, dict) and "thrown" in result), result
+        return result
+
+    def settle(self):
+        """Until nothing is on its way and the page shows what the session waits for."""
+        self.wait_for("""
+            while (!window.vx) await new Promise(resolve => setTimeout(resolve, 20));
+            const { connection, forms } = window.vx;
+            for (let last = null; last !== forms.acts.last;) {
+              last = forms.acts.last;
+              await last;
+            }
+            await connection.settled();
+            await forms.shown();""")
+
+    def step(self, line):
+        self.wait_for("""
+            const { connection, forms } = window.vx;
+            const before = connection.version;
+            if (await connection.step(given[0])) await connection.beyond(before);
+            await forms.shown();""", line)
+
+    def get(self, address):
+        self.settle()
+        return self.wait_for("return window.vx.connection.get(given[0]);", address)
+
+    def waiting(self):
+        """What the session waits for: box, dialog and so on; None: the main window."""
+        self.settle()
+        wait = self.driver.execute_script("return window.vx.connection.state.wait")
+        return wait["kind"] if wait else None
+
+    def recording(self):
+        return self.wait_for("return (await (await fetch('/recording')).text());").splitlines()
+
+    def find(self, selector):
+        return self.driver.find_element(By.CSS_SELECTOR, selector)
+
+    def part(self, name):
+        return self.find('.form-window [data-vx="%s"]' % name)
+
+    def press(self, name):
+        self.part(name).click()
+        self.settle()
+
+    def keys(self, *keys):
+        ActionChains(self.driver).send_keys(*keys).perform()
+
+    def zoom(self, factor):
+        """As the browser's own zoom: fewer pixels of the page in the same window."""
+        width, height = self.driver.execute_script("return [window.innerWidth, window.innerHeight]")
+        if factor == 1:
+            self.driver.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
+        else:
+            self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
+                "width": int(width / factor), "height": int(height / factor),
+                "deviceScaleFactor": factor, "mobile": False})
+
+    def close_all(self):
+        """Leaves whatever is open."""
+        for _ in range(6):
+            kind = self.waiting()
+            if kind is None:
+                return
+            if kind == "dialog":
+                self.step("~ Close `%s`" % self.get("/dialog")["name"])
+            else:
+                self.step("@ ok" if kind == "box" else "@ quit")
+        raise AssertionError("something stays open")
+
+
+# --- What a form shows ------------------------------------------------------------------------
+
+SHOWN = """
+const part = document.querySelector(`.form-window.dialog [data-vx="${arguments[0]}"]`);
+if (!part) return null;
+const inside = part.querySelector('input') || part;
+const radio = part.querySelector('input:checked');
+return {text: part.textContent, value: inside.value, checked: inside.checked,
+  disabled: Boolean(inside.disabled), selected: radio ? radio.value : null,
+  seen: getComputedStyle(part).visibility === 'visible', source: part.getAttribute('src'),
+  labels: [...part.querySelectorAll(':scope > label')].map(each => each.textContent),
+  options: [...(part.options || [])].map(each => each.textContent),
+  legend: (part.querySelector(':scope > legend') || {}).textContent || '',
+  heads: [...part.querySelectorAll('th')].map(each => each.textContent)};
+"""
+
+
+def placed(form):
+    """The names of the components that the layouts hold."""
+    def below(grid):
+        if "component" in grid:
+            return [grid["component"]]
+        return [name for child in grid["children"] for name in below(child)]
+    return {name for grid in [form["layout"], *form["layouts"].values()] for name in below(grid)}
+
+
+def compare(page, component):
+    shown = page.driver.execute_script(SHOWN, component["name"])
+    name, kind = component["name"], component["kind"]
+    assert shown, name + " is not there"
+    pairs = [(shown["seen"], component["visible"])]
+    if kind in ("Label", "PushButton", "CheckButton") and not component.get("picture"):
+        pairs.append((shown["text"], component["label"]))
+    if component.get("picture"):
+        pairs.append((shown["source"], "/icons/" + component["picture"]))
+    if kind in ("InputPanel", "TextArea", "OptionMenu"):
+        pairs.append((shown["value"], component["value"]))
+    if kind == "OptionMenu":
+        pairs.append((shown["options"], component["labels"]))
+    if kind == "CheckButton":
+        pairs.append((shown["checked"], component["set"]))
+    if kind == "RadioGroup":
+        pairs += [(shown["selected"], component["selected"]), (shown["labels"], component["labels"])]
+    if kind == "Layout":
+        pairs.append((shown["legend"], component["label"]))
+    if kind == "Table":
+        pairs.append((shown["heads"], [each["label"] for each in component["tableColumns"]]))
+    if kind in STOPS - {"Table"}:
+        pairs.append((shown["disabled"], not component["enabled"]))
+    for found, wanted in pairs:
+        assert found == wanted, "%s: %r, not %r" % (name, found, wanted)
+
+
+CLIPPED = """
+const form = document.querySelector('.form-window.dialog');
+const problems = [];
+const name = each => each.dataset.vx || each.className || each.tagName;
+for (const each of [form, ...form.querySelectorAll('*')]) {
+  if (each.closest('.vx-table') && !each.matches('td, th')) continue;
+  if (each.matches('input, option')) continue;   // a text may be longer than its field
+  if (each.clientWidth && each.scrollWidth > each.clientWidth) {
+    problems.push(`${name(each)}: ${each.scrollWidth} in ${each.clientWidth}`);
+  }
+}
+const box = form.getBoundingClientRect();
+if (box.left < 0 || box.top < 0 || box.right > innerWidth || box.bottom > innerHeight) {
+  problems.push('the window reaches out of the page');
+}
+const parts = [...form.querySelectorAll('.vx-part')].filter(each =>
+  !each.classList.contains('vx-layout') && !each.closest('td'));
+parts.forEach((one, at) => {
+  const a = one.getBoundingClientRect();
+  for (const other of parts.slice(at + 1)) {
+    const b = other.getBoundingClientRect();
+    if (Math.min(a.right, b.right) - Math.max(a.left, b.left) > 0.5 &&
+        Math.min(a.bottom, b.bottom) - Math.max(a.top, b.top) > 0.5) {
+      problems.push(`${name(one)} lies over ${name(other)}`);
+    }
+  }
+});
+return problems;
+"""
+
+
+def check_room(page):
+    for factor in (1, 1.5):
+        page.zoom(factor)
+        problems = page.driver.execute_script(CLIPPED)
+        page.zoom(1)
+        assert not problems, "at %d %%: %s" % (100 * factor, problems)
+
+
+def tab_round(page, most):
+    """The names that Tab goes through, up to the first again; cells of tables left out."""
+    active = "const at = document.activeElement; return [at.closest('[data-vx]') ? " \
+             "at.closest('[data-vx]').dataset.vx : at.tagName, Boolean(at.closest('td'))]"
+    names = []
+    for _ in range(most):
+        name, in_cell = page.driver.execute_script(active)
+        if names and name == names[0]:
+            return names
+        if not in_cell:
+            names.append(name)
+        page.keys(Keys.TAB)
+    raise AssertionError("Tab finds no end: %s" % names)
+
+
+def check_tab_order(page, form):
+    there = placed(form)
+    wanted = [each["name"] for each in form["components"]
+              if each["kind"] in STOPS and each["name"] in there and each["visible"] and
+              (each["enabled"] or each["kind"] == "Table")]
+    found = tab_round(page, 400)
+    assert found == wanted, "Tab goes %s, not %s" % (found, wanted)
+
+
+def check_dialog(page, command):
+    page.step("~ Command `%s`" % command)
+    assert page.waiting() == "dialog", "%s opens no dialog but %s" % (command, page.waiting())
+    form = page.get("/dialog")
+    assert page.find(".form-window.dialog .form-title .text").text == form["title"]
+    there = placed(form)
+    for component in form["components"]:
+        if component["name"] in there:
+            compare(page, component)
+    check_room(page)
+    check_tab_order(page, form)
+    default = [each.get_attribute("data-vx")
+               for each in page.driver.find_elements(By.CSS_SELECTOR, ".form-body .default")]
+    assert default == [form["defaultButton"]] or not default and not form["defaultButton"]
+    check_escape(page, form)
+    page.close_all()
+
+
+def check_escape(page, form):
+    before = page.recording()
+    page.keys(Keys.ESCAPE)
+    page.settle()
+    said = page.recording()[len(before):]
+    assert said == (["~ Close `%s`" % form["name"]] if form["closes"] else []), said
+    if not form["closes"]:
+        page.press(form["defaultButton"])
+
+
+def check_every_dialog(page):
+    for model, commands in DIALOGS.items():
+        page.step("@ open " + model)
+        for command in commands:
+            try:
+                check_dialog(page, command)
+            except Exception as error:
+                raise AssertionError("%s: %s" % (command, error)) from error
+
+
+# --- What the user does -----------------------------------------------------------------------
+
+def check_a_button_waits_for_the_text(page):
+    page.step("~ Command `VxRelations`")
+    before = len(page.recording())
+    page.part("RelTxtarea").send_keys("试验 = 1\n路径 = \"a\\b\"")
+    assert len(page.recording()) == before, "a line for each key"
+    page.press("AddRels")
+    assert page.waiting() == "box"
+    assert page.recording()[before:] == [
+        '~ Input `Relations` `RelTxtarea` `试验 = 1\\n路径 = "a\\\\b"`',
+        "~ Activate `Relations` `AddRels`"], page.recording()[before:]
+    page.keys(Keys.ENTER)
+    assert page.waiting() == "dialog", "Enter answers the box"
+    facts = page.get("/model")
+    assert facts["relations"][-2:] == ["试验 = 1", '路径 = "a\\b"'], facts["relations"]
+    page.close_all()
+
+
+def check_enter_presses_the_default_button(page):
+    page.step("~ Command `VxRelations`")
+    before = len(page.recording())
+    page.part("RelTxtarea").send_keys("a", Keys.ENTER)
+    assert page.waiting() == "dialog", "a new line in a text of several lines"
+    page.part("InputKeyWords").send_keys("bolt", Keys.ENTER)
+    assert page.waiting() is None, "its default button closes it"
+    assert page.recording()[before:] == ["~ Input `Relations` `RelTxtarea` `a\\n`",
+                                         "~ Input `Relations` `InputKeyWords` `bolt`", "@ enter"]
+
+
+def check_marks_and_menus(page):
+    page.step("~ Command `VxBom`")
+    before = len(page.recording())
+    page.find('[data-vx="BomRadio"] input[value="SumBom"]').send_keys(Keys.ARROW_RIGHT)
+    page.settle()
+    menu = page.part("LevelOption")
+    assert menu.is_enabled(), "the command lets go of the levels"
+    menu.send_keys("2")
+    page.keys(Keys.TAB)
+    page.settle()
+    assert page.recording()[before:] == ["~ Select `VxBom` `BomRadio` 1 `LevelBom`",
+                                         "~ Select `VxBom` `LevelOption` 1 `2`"]
+    page.close_all()
+    page.step("~ Command `VxExport`")
+    before = len(page.recording())
+    check = page.driver.find_element(By.CSS_SELECTOR, ".form-window [data-kind=CheckButton]")
+    was = check.find_element(By.TAG_NAME, "input").is_selected()
+    check.click()
+    page.settle()
+    assert page.recording()[before:] == [
+        "~ Activate `VxExport` `%s` %d" % (check.get_attribute("data-vx"), not was)]
+    page.close_all()
+
+
+def check_rows_are_selected(page):
+    page.step("~ Command `VxExport`")
+    before = len(page.recording())
+    row = lambda name: page.find('.vx-table tr[data-row="%s"] td' % name)
+    row(2).click()
+    ActionChains(page.driver).key_down(Keys.CONTROL).click(row(5)).key_up(Keys.CONTROL).perform()
+    ActionChains(page.driver).key_down(Keys.SHIFT).click(row(3)).key_up(Keys.SHIFT).perform()
+    page.settle()
+    assert page.recording()[before:] == [
+        "~ Select `VxExport` `drw_list` 2 `2` `num`",
+        "~ Select `VxExport` `drw_list` 4 `2` `num` `5` `num`",
+        "~ Select `VxExport` `drw_list` 6 `3` `num` `4` `num` `5` `num`"], page.recording()[before:]
+    table = next(each for each in page.get("/dialog")["components"] if each["name"] == "drw_list")
+    assert table["selected"] == ["3", "4", "5"]
+    page.close_all()
+
+
+def check_cells_are_filled(page):
+    page.step("~ Command `VxRename`")
+    before = len(page.recording())
+    cell = page.part("input3")
+    cell.send_keys(Keys.CONTROL, "a")
+    cell.send_keys("frame", Keys.ENTER)
+    page.settle()
+    page.keys("2")
+    assert page.driver.execute_script("return document.activeElement.value") == "frame2", \
+        "the caret stays where it is"
+    page.find('.vx-table tr[data-row="5"] td').click()
+    page.settle()
+    assert page.recording()[before:] == [
+        "~ Input `VxRename` `input3` `frame`", "~ Input `VxRename` `input3` `frame2`",
+        "~ Select `VxRename` `mdl_list` 2 `5` `num`", "~ Arm `VxRename` `mdl_list` 2 `5` `num`"], \
+        page.recording()[before:]
+    page.close_all()
+
+
+def check_a_box_is_answered_once(page):
+    page.step("~ Command `VxRelations`")
+    page.press("AddRels")
+    before = len(page.recording())
+    ActionChains(page.driver).double_click(page.find(".ask.box .default")).perform()
+    page.settle()
+    assert page.recording()[before:] == ["@ ok"], page.recording()[before:]
+    page.close_all()
+
+
+def check_a_file_is_chosen(page):
+    page.step("~ Command `VxConfig`")
+    page.press("SelA0Asm")
+    assert page.waiting() == "prompt"
+    page.find(".ask.file input").clear()
+    page.find(".ask.file input").send_keys("nothing.drw", Keys.ENTER)
+    assert page.waiting() == "prompt", "there is no such file"
+    assert page.find(".ask.file input").get_attribute("value") == "nothing.drw", "to be mended"
+    page.find(".ask.file input").clear()
+    page.find(".ask.file input").send_keys("C:\\Work\\gearbox.drw", Keys.ENTER)
+    assert page.waiting() == "dialog"
+    assert page.part("A0Asmpath").get_attribute("value") == "C:\\Work\\gearbox.drw"
+    page.press("SelA0Asm")
+    page.keys(Keys.ESCAPE)
+    assert page.waiting() == "dialog", "Escape leaves the file dialog only"
+    page.close_all()
+
+
+def check_a_file_is_chosen_from_the_list(page):
+    page.step("@ open housing.prt")
+    page.step("~ Command `SetMat`")
+    before = len(page.recording())
+    file = page.find(".ask.file option")
+    name = file.text
+    file.click()
+    assert page.find(".ask.file input").get_attribute("value") == name
+    ActionChains(page.driver).double_click(file).perform()
+    page.settle()
+    assert page.recording()[before:] == ['@ answer "%s"' % name], page.recording()[before:]
+    page.close_all()
+
+
+def check_a_popup_is_used(page):
+    before = len(page.recording())
+    row = page.find('#tree [data-path="base_plate"]')
+    ActionChains(page.driver).context_click(row).perform()
+    page.wait_for("while (!document.querySelector('.form-popup')) "
+                  "await new Promise(resolve => setTimeout(resolve, 20));")
+    page.settle()
+    page.find('.form-popup [data-entry="隐藏"]').click()
+    page.settle()
+    assert page.recording()[before:] == ['@ select "base_plate"', "@ right-click",
+                                         '@ choose "隐藏"'], page.recording()[before:]
+    assert page.get("/tree")["rows"][1].get("hidden"), page.get("/tree")["rows"][1]
+    assert not page.driver.find_elements(By.CSS_SELECTOR, ".form-popup")
+
+
+def check_a_backtick_is_told(page):
+    page.step("~ Command `VxRelations`")
+    before = len(page.recording())
+    page.part("InputKeyWords").send_keys("a`b")
+    page.press("AddRels")
+    assert page.recording()[before:] == [], "nothing is done with half of what was typed"
+    assert "`" in page.find("#notice").text
+    assert page.part("InputKeyWords").get_attribute("value") == "a`b"
+    page.close_all()
+
+
+def check_a_dialog_is_moved(page):
+    page.step("~ Command `VxConfig`")
+    window = lambda: page.driver.execute_script(
+        "const box = document.querySelector('.form-window').getBoundingClientRect();"
+        "return [box.left, box.top]")
+    left, top = window()
+    title = page.find(".form-title .text")
+    ActionChains(page.driver).drag_and_drop_by_offset(title, -60, 25).perform()
+    assert window() == [left - 60, top + 25], (left, top, window())
+    ActionChains(page.driver).drag_and_drop_by_offset(title, -500, 0).perform()
+    assert window()[0] >= 0, "it stays in sight"
+    page.close_all()
+
+
+def check_a_long_table(simhost):
+    with tempfile.TemporaryDirectory() as folder:
+        subprocess.run([simhost, "generate", "--out", folder, "--occurrences", "3000",
+                        "--models", "2500"], check=True, stdout=subprocess.DEVNULL)
+        page = Page(simhost, "--project", folder)
+        with contextlib.ExitStack() as stack:
+            stack.callback(page.end)
+            top = page.driver.execute_script("return window.vx.connection.state.openable")
+            page.step("@ open " + next(each for each in top if each.endswith(".asm")))
+            page.step("~ Command `VxBom`")
+            scroll_through(page)
+
+
+def scroll_through(page):
+    table = next(each for each in page.get("/dialog")["components"] if each["kind"] == "Table")
+    count = table["first"]["count"]
+    assert count > 2000, count
+    for at in (count, count // 2, 0, count):
+        page.driver.execute_script(
+            "document.querySelector('.vx-table').scrollTop = arguments[0]", (at - 1) * 24)
+        at = min(max(at, 1), count)
+        wanted = page.get("/rows?component=%s&from=%d&count=1" % (table["name"], at - 1))["rows"][0]
+        cells = page.wait_for("""
+            const [name] = given;
+            for (;;) {
+              const row = document.querySelector(`.vx-table tr[data-row="${name}"]`);
+              if (row) return [...row.cells].map(cell => cell.textContent);
+              await new Promise(resolve => setTimeout(resolve, 20));
+            }""", wanted["name"])
+        assert cells == [each.get("text", "") for each in wanted["cells"]], cells
+        drawn = len(page.driver.find_elements(By.CSS_SELECTOR, ".vx-table tbody tr"))
+        assert drawn < 60, "%d rows are elements" % drawn
+
+
+CHECKS = [check_every_dialog, check_a_button_waits_for_the_text,
+          check_enter_presses_the_default_button, check_marks_and_menus, check_rows_are_selected,
+          check_cells_are_filled, check_a_box_is_answered_once, check_a_file_is_chosen,
+          check_a_file_is_chosen_from_the_list, check_a_popup_is_used, check_a_backtick_is_told, check_a_dialog_is_moved]
+
+
+def main():
+    simhost = sys.argv[1] if len(sys.argv) > 1 else str(SOURCE / "build/quick/simhost")
+    wanted = re.compile(sys.argv[2] if len(sys.argv) > 2 else "")
+    page = Page(simhost)
+    with contextlib.ExitStack() as stack:
+        stack.callback(page.end)
+        page.step("@ open gearbox.asm")
+        for check in CHECKS:
+            if wanted.search(check.__name__):
+                print(check.__name__, flush=True)
+                check(page)
+                page.step("@ open gearbox.asm")
+    if wanted.search(check_a_long_table.__name__):
+        print(check_a_long_table.__name__, flush=True)
+        check_a_long_table(simhost)
+
+
+if __name__ == "__main__":
+    main()

@@ -25,6 +25,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"select",             "沿模型树选择元件：UNIT/GEAR:2；选择项目：GEAR#12、GEAR/edge#7；顶层模型：."},
     {"clear selection",    "清除选择"},
     {"selection empty",    "测试用：没有选择任何项目，但选择集仍可读取"},
+    {"turn",               "旋转窗口中的模型：从 x 向右、y 向上的位置起，依次绕屏幕的右、上、前轴各转若干度；充满窗口，或每毫米 S 个屏幕点、模型原点位于 X Y"},
     {"right-click",        "打开右键菜单，不写名称则为 \"Sel Obj Menu\""},
     {"choose",             "按下右键菜单中的按钮"},
     {"press",              "按菜单名和按钮名按下按钮"},

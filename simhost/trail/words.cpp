@@ -57,6 +57,7 @@ const std::vector<Word>& Words() {
         {"select",           "PATH[, PATH…]",     kAny,  kLeaves, SelectItems,     "select components down the tree: UNIT/GEAR:2, items: GEAR#12, GEAR/edge#7, the top: ."},
         {"clear selection",  "",                  kAny,  kLeaves, ClearSelection,  "select nothing"},
         {"selection empty",  "",                  kMain, kLeaves, SelectNothing,   "for tests: nothing is selected, and the selection can be read all the same"},
+        {"turn",             "A B C [scale S at X Y]", kAny, kKeeps, TurnView,     "turn what the window shows: by so many degrees about the screen's axes to the right, up and to the viewer, one after the other, from x right and y up; as large as it fits, or S points of the screen to a mm with the model's origin at X Y"},
         {"right-click",      "[POPUP]",           kMain, kKeeps,  RightClick,      "open a popup menu, \"Sel Obj Menu\" if none is named"},
         {"choose",           "LABEL",             kAny,  kKeeps,  ChooseEntry,     "press a button of the open popup", true},
         {"press",            "MENU/BUTTON",       kMain, kLeaves, PressMenuButton, "press a button by its menu and its name", true},

@@ -56,6 +56,7 @@ void SwitchWindow(Trail& trail, const std::string& rest);
 void CloseModel(Trail& trail, const std::string& rest);
 void ChangeDirectory(Trail& trail, const std::string& rest);
 void SelectItems(Trail& trail, const std::string& rest);
+void TurnView(Trail& trail, const std::string& rest);
 void ClearSelection(Trail& trail, const std::string& rest);
 void SelectNothing(Trail& trail, const std::string& rest);
 void SaveModel(Trail& trail, const std::string& rest);

@@ -125,6 +125,8 @@ class Page:
             self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
                 "width": int(width / factor), "height": int(height / factor),
                 "deviceScaleFactor": factor, "mobile": False})
+        # The page is told of its new size before it is painted again.
+        self.wait_for("for (let i = 0; i < 2; ++i) await new Promise(requestAnimationFrame);")
 
     def close_all(self):
         """Leaves whatever is open."""
@@ -412,8 +414,9 @@ def check_a_file_is_chosen(page):
 
 
 def check_a_file_is_chosen_from_the_list(page):
-    page.step("@ open housing.prt")
-    page.step("~ Command `SetMat`")
+    page.step("@ open gearbox.drw")
+    page.step("~ Command `VxFrmReplace`")
+    page.press("VxFrmReplaceAct")
     before = len(page.recording())
     file = page.find(".ask.file option")
     name = file.text

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <deque>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "hostapi/host.h"
@@ -252,7 +253,8 @@ TEST_F(Scripts, ALabelThatTwoCommandsBearIsRefusedWithBothNames) {
     commands.AddMenu("Trials", WIDE("Trials"), nullptr, true);
     for (const char* name : {"Runs", "Asks", "ShowsABox"}) {
         const WideText label = name == std::string("ShowsABox") ? WIDE("Box") : WIDE("Go on");
-        commands.AddButton("Trials", {name, label, {}, &commands.RequireName(name)}, nullptr, true);
+        MenuButton button{name, label, {}, &commands.RequireName(name), {}, {}};
+        commands.AddButton("Trials", std::move(button), nullptr, true);
     }
     EXPECT_EQ(Failure("~ Command `Go on`"),
               "line 1: \"Go on\" is the label of Runs and Asks; say which by its name");

@@ -25,6 +25,7 @@ export class Connection {
     this.busy = true;
     this.ended = false;
     this.state = null;
+    this.stateVersion = 0;  // the version that `state` is of
     this.listeners = { news: [], state: [], session: [], problem: [] };
     this.nextLine = 0;
     this.waiters = [];
@@ -88,6 +89,7 @@ export class Connection {
     const state = await this.get('/state');
     if (!state || version !== this.version) return;
     this.state = state;
+    this.stateVersion = version;
     this.tell('state', state);
   }
 

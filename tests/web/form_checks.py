@@ -12,7 +12,7 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from browser import Page
+from form_page import Page
 
 SOURCE = Path(__file__).resolve().parents[2]
 
@@ -319,8 +319,13 @@ def check_a_file_is_chosen_from_the_list(page):
 
 def check_a_popup_is_used(page):
     before = len(page.recording())
-    row = page.find('#tree [data-path="base_plate"]')
-    ActionChains(page.driver).context_click(row).perform()
+    # By its place, since the tree makes its rows anew.
+    x, y = page.driver.execute_script(
+        "const box = document.querySelector('#tree [data-path=base_plate]')"
+        ".getBoundingClientRect(); return [Math.round(box.left) + 40, Math.round(box.top) + 8]")
+    mouse = ActionChains(page.driver)
+    mouse.w3c_actions.pointer_action.move_to_location(x, y)
+    mouse.context_click().perform()
     page.wait_for("while (!document.querySelector('.form-popup')) "
                   "await new Promise(resolve => setTimeout(resolve, 20));")
     page.settle()

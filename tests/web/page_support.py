@@ -113,6 +113,11 @@ def click(browser, selector):
 
 
 def console_errors(browser):
-    """What the page told its console that is an error; the driver forgets what it has told."""
+    """What the page told its console that is an error; the driver forgets what it has told.
+
+    A browser tells every answer that is no 2xx. Icons that are not there are shown as an empty
+    place; 409, 410 and 503 say that what was asked about has gone meanwhile.
+    """
+    usual = re.compile(r"/icons/|status of (409|410|503) ")
     return [entry["message"] for entry in browser.get_log("browser")
-            if entry["level"] == "SEVERE" and "/icons/" not in entry["message"]]
+            if entry["level"] == "SEVERE" and not usual.search(entry["message"])]

@@ -1,49 +1,26 @@
-"""A workbench with a browser that has its page open, for checks from outside: what is clicked, what
-the session waits for, what was recorded."""
-import re
-import subprocess
-
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
+"""A workbench with its page in a browser, and what the checks of forms do with it."""
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 
-SIZE = (1400, 900)
-PATIENCE = 60  # seconds, on a busy computer
+from page_support import Bench, console_errors, open_page
 
 
 class Page:
     """A workbench and a browser that has its page open."""
 
     def __init__(self, simhost, *arguments):
-        self.server = subprocess.Popen([simhost, "workbench", *arguments], text=True,
-                                       stdout=subprocess.PIPE)
+        self.bench = Bench(simhost, *arguments)
         try:
-            address = next(line for line in self.server.stdout if "http://" in line).strip()
-            options = webdriver.ChromeOptions()
-            for argument in ("--headless=new", "--no-sandbox", "--lang=zh-CN",
-                             "--window-size=%d,%d" % SIZE):
-                options.add_argument(argument)
-            options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-            self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"),
-                                           options=options)
+            self.driver = open_page(self.bench)
         except BaseException:
-            self.end_server()
+            self.bench.close()
             raise
-        self.driver.set_script_timeout(PATIENCE)
-        self.driver.get(address)
         self.settle()
 
-    def end_server(self):
-        self.server.terminate()
-        self.server.wait()
-
     def end(self):
-        # A question may meet a session that is at work again; the page asks anew then.
-        problems = [each for each in self.driver.get_log("browser")
-                    if not re.search(r"status of (409|503)", each["message"])]
+        problems = console_errors(self.driver)
         self.driver.quit()
-        self.end_server()
+        self.bench.close()
         assert not problems, problems
 
     def wait_for(self, script, *arguments):
@@ -58,7 +35,6 @@ class Page:
     def settle(self):
         """Until nothing is on its way and the page shows what the session waits for."""
         self.wait_for("""
-            while (!window.vx) await new Promise(resolve => setTimeout(resolve, 20));
             const { connection, forms } = window.vx;
             for (let last = null; last !== forms.acts.last;) {
               last = forms.acts.last;

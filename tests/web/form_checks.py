@@ -8,15 +8,13 @@ import sys
 import tempfile
 from pathlib import Path
 
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
+from form_page import Page
+
 SOURCE = Path(__file__).resolve().parents[2]
-SIZE = (1400, 900)
-PATIENCE = 60  # seconds, on a busy computer
 
 # The commands that open a dialog, with a model for which they can be pressed.
 DIALOGS = {
@@ -28,117 +26,6 @@ STOPS = {"CheckButton", "InputPanel", "List", "OptionMenu", "PushButton", "Radio
          "TextArea"}
 
 
-class Page:
-    """A workbench and a browser that has its page open."""
-
-    def __init__(self, simhost, *arguments):
-        self.server = subprocess.Popen([simhost, "workbench", *arguments], text=True,
-                                       stdout=subprocess.PIPE)
-        try:
-            address = next(line for line in self.server.stdout if "http://" in line).strip()
-            options = webdriver.ChromeOptions()
-            for argument in ("--headless=new", "--no-sandbox", "--lang=zh-CN",
-                             "--window-size=%d,%d" % SIZE):
-                options.add_argument(argument)
-            options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-            self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"),
-                                           options=options)
-        except BaseException:
-            self.end_server()
-            raise
-        self.driver.set_script_timeout(PATIENCE)
-        self.driver.get(address)
-        self.settle()
-
-    def end_server(self):
-        self.server.terminate()
-        self.server.wait()
-
-    def end(self):
-        # A question may meet a session that is at work again; the page asks anew then.
-        problems = [each for each in self.driver.get_log("browser")
-                    if not re.search(r"status of (409|503)", each["message"])]
-        self.driver.quit()
-        self.end_server()
-        assert not problems, problems
-
-    def wait_for(self, script, *arguments):
-        """What a script resolves to, which is the body of an asynchronous function."""
-        text = "const done = arguments[arguments.length - 1];" \
-               "(async (...given) => {" + script + "})(...arguments).then(done," \
-               " error => done({thrown: String(error)}));"
-        result = self.driver.execute_async_script(text, *arguments)
-        assert not (isinstance(result, dict) and "thrown" in result), result
-        return result
-
-    def settle(self):
-        """Until nothing is on its way and the page shows what the session waits for."""
-        self.wait_for("""
-            while (!window.vx) await new Promise(resolve => setTimeout(resolve, 20));
-            const { connection, forms } = window.vx;
-            for (let last = null; last !== forms.acts.last;) {
-              last = forms.acts.last;
-              await last;
-            }
-            await connection.settled();
-            await forms.shown();""")
-
-    def step(self, line):
-        self.wait_for("""
-            const { connection, forms } = window.vx;
-            const before = connection.version;
-            if (await connection.step(given[0])) await connection.beyond(before);
-            await forms.shown();""", line)
-
-    def get(self, address):
-        self.settle()
-        return self.wait_for("return window.vx.connection.get(given[0]);", address)
-
-    def waiting(self):
-        """What the session waits for: box, dialog and so on; None: the main window."""
-        self.settle()
-        wait = self.driver.execute_script("return window.vx.connection.state.wait")
-        return wait["kind"] if wait else None
-
-    def recording(self):
-        return self.wait_for("return (await (await fetch('/recording')).text());").splitlines()
-
-    def find(self, selector):
-        return self.driver.find_element(By.CSS_SELECTOR, selector)
-
-    def part(self, name):
-        return self.find('.form-window [data-vx="%s"]' % name)
-
-    def press(self, name):
-        self.part(name).click()
-        self.settle()
-
-    def keys(self, *keys):
-        ActionChains(self.driver).send_keys(*keys).perform()
-
-    def zoom(self, factor):
-        """As the browser's own zoom: fewer pixels of the page in the same window."""
-        width, height = self.driver.execute_script("return [window.innerWidth, window.innerHeight]")
-        if factor == 1:
-            self.driver.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
-        else:
-            self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
-                "width": int(width / factor), "height": int(height / factor),
-                "deviceScaleFactor": factor, "mobile": False})
-
-    def close_all(self):
-        """Leaves whatever is open."""
-        for _ in range(6):
-            kind = self.waiting()
-            if kind is None:
-                return
-            if kind == "dialog":
-                self.step("~ Close `%s`" % self.get("/dialog")["name"])
-            else:
-                self.step("@ ok" if kind == "box" else "@ quit")
-        raise AssertionError("something stays open")
-
-
 # --- What a form shows ------------------------------------------------------------------------
 
 SHOWN = """
@@ -146,9 +33,10 @@ const part = document.querySelector(`.form-window.dialog [data-vx="${arguments[0
 if (!part) return null;
 const inside = part.querySelector('input') || part;
 const radio = part.querySelector('input:checked');
-return {text: part.textContent, value: inside.value, checked: inside.checked,
-  disabled: Boolean(inside.disabled), selected: radio ? radio.value : null,
-  seen: getComputedStyle(part).visibility === 'visible', source: part.getAttribute('src'),
+const style = getComputedStyle(part);
+return {text: part.textContent, space: style.whiteSpace, value: inside.value,
+  checked: inside.checked, disabled: Boolean(inside.disabled), selected: radio ? radio.value : null,
+  seen: style.visibility === 'visible', source: part.getAttribute('src'),
   labels: [...part.querySelectorAll(':scope > label')].map(each => each.textContent),
   options: [...(part.options || [])].map(each => each.textContent),
   legend: (part.querySelector(':scope > legend') || {}).textContent || '',
@@ -172,6 +60,7 @@ def compare(page, component):
     pairs = [(shown["seen"], component["visible"])]
     if kind in ("Label", "PushButton", "CheckButton") and not component.get("picture"):
         pairs.append((shown["text"], component["label"]))
+        pairs.append((shown["space"], "pre"))  # blanks of a text are seen
     if component.get("picture"):
         pairs.append((shown["source"], "/icons/" + component["picture"]))
     if kind in ("InputPanel", "TextArea", "OptionMenu"):
@@ -181,7 +70,8 @@ def compare(page, component):
     if kind == "CheckButton":
         pairs.append((shown["checked"], component["set"]))
     if kind == "RadioGroup":
-        pairs += [(shown["selected"], component["selected"]), (shown["labels"], component["labels"])]
+        pairs.append((shown["selected"], component["selected"]))
+        pairs.append((shown["labels"], component["labels"]))
     if kind == "Layout":
         pairs.append((shown["legend"], component["label"]))
     if kind == "Table":
@@ -204,8 +94,9 @@ for (const each of [form, ...form.querySelectorAll('*')]) {
   }
 }
 const box = form.getBoundingClientRect();
-if (box.left < 0 || box.top < 0 || box.right > innerWidth || box.bottom > innerHeight) {
-  problems.push('the window reaches out of the page');
+const margin = 7;
+if (Math.min(box.left, box.top, innerWidth - box.right, innerHeight - box.bottom) < margin) {
+  problems.push('the window is too near to the edges of the page');
 }
 const parts = [...form.querySelectorAll('.vx-part')].filter(each =>
   !each.classList.contains('vx-layout') && !each.closest('td'));
@@ -412,8 +303,9 @@ def check_a_file_is_chosen(page):
 
 
 def check_a_file_is_chosen_from_the_list(page):
-    page.step("@ open housing.prt")
-    page.step("~ Command `SetMat`")
+    page.step("@ open gearbox.drw")
+    page.step("~ Command `VxFrmReplace`")
+    page.press("VxFrmReplaceAct")
     before = len(page.recording())
     file = page.find(".ask.file option")
     name = file.text
@@ -427,8 +319,13 @@ def check_a_file_is_chosen_from_the_list(page):
 
 def check_a_popup_is_used(page):
     before = len(page.recording())
-    row = page.find('#tree [data-path="base_plate"]')
-    ActionChains(page.driver).context_click(row).perform()
+    # By its place, since the tree makes its rows anew.
+    x, y = page.driver.execute_script(
+        "const box = document.querySelector('#tree [data-path=base_plate]')"
+        ".getBoundingClientRect(); return [Math.round(box.left) + 40, Math.round(box.top) + 8]")
+    mouse = ActionChains(page.driver)
+    mouse.w3c_actions.pointer_action.move_to_location(x, y)
+    mouse.context_click().perform()
     page.wait_for("while (!document.querySelector('.form-popup')) "
                   "await new Promise(resolve => setTimeout(resolve, 20));")
     page.settle()
@@ -499,10 +396,20 @@ def scroll_through(page):
         assert drawn < 60, "%d rows are elements" % drawn
 
 
-CHECKS = [check_every_dialog, check_a_button_waits_for_the_text,
-          check_enter_presses_the_default_button, check_marks_and_menus, check_rows_are_selected,
-          check_cells_are_filled, check_a_box_is_answered_once, check_a_file_is_chosen,
-          check_a_file_is_chosen_from_the_list, check_a_popup_is_used, check_a_backtick_is_told, check_a_dialog_is_moved]
+CHECKS = [
+    check_every_dialog,
+    check_a_button_waits_for_the_text,
+    check_enter_presses_the_default_button,
+    check_marks_and_menus,
+    check_rows_are_selected,
+    check_cells_are_filled,
+    check_a_box_is_answered_once,
+    check_a_file_is_chosen,
+    check_a_file_is_chosen_from_the_list,
+    check_a_popup_is_used,
+    check_a_backtick_is_told,
+    check_a_dialog_is_moved,
+]
 
 
 def main():

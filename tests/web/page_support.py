@@ -37,7 +37,8 @@ class Bench:
 
     def close(self):
         self.process.send_signal(2)
-        rest = self.process.stdout.read()
+        with self.process.stdout:
+            rest = self.process.stdout.read()
         status = self.process.wait(timeout=PATIENCE)
         return status, rest
 

@@ -26,7 +26,7 @@ class PageTest(unittest.TestCase):
 
     def setUp(self):
         self.bench = Bench(SIMHOST)
-        self.addCleanup(self.bench.close)
+        self.addCleanup(lambda: self.assertEqual(self.bench.close()[0], 0))
         self.page = open_page(self.bench, language=self.language)
         self.addCleanup(self.page.quit)
 

@@ -25,10 +25,11 @@ Json ParametersOf(const Model& model) {
 
 }  // namespace
 
-// Without a path it is about the current model.
+// Without a path it is about the current model. Null: nothing of that path is in memory, as after
+// another window was taken.
 Reply ModelFacts(const Seat&, const Query& query) {
     const Model* model = ModelAt(query.Text("path"));
-    if (!model) return Refused(404, "there is no such component in memory");
+    if (!model) return {200, Reply().type, "null", {}};
     Json relations = Json::array();
     if (model->relations.initial) {
         for (const WideText& line : *model->relations.initial) relations.push_back(Text(line));

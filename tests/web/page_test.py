@@ -165,9 +165,9 @@ class Drawings(PageTest):
         wait_for(self.page, "return document.querySelector('#sheet svg');", "the sheet is shown")
         self.press("VxSingleDim")
         self.assertEqual(state(self.page)["wait"]["kind"], "pick")
-        # 308 mm at 3:4 about x = 240: its ends.
-        self.click_sheet(240 - 308 * 0.75 / 2, 195)
-        self.click_sheet(240 + 308 * 0.75 / 2, 195)
+        # 308 mm at 3:4 from x = 90: the rims of both ends, beside the axis.
+        self.click_sheet(90, 203)
+        self.click_sheet(90 + 308 * 0.75, 203)
         self.assertEqual(state(self.page)["wait"]["kind"], "click")
         self.click_sheet(205, 150)
         click(self.page, "#hint button:last-child")

@@ -155,7 +155,7 @@ export class Facts {
     if (!state.current) return this.element.replaceChildren();
     const path = state.selection.includes(this.path) ? this.path : '';
     const facts = await this.connection.get('/model?path=' + encodeURIComponent(path));
-    if (!facts) return undefined;
+    if (!facts) return this.element.replaceChildren();
     const rows = facts.parameters.map(one => make('tr', {}, make('td', {}, one.name),
       make('td', {}, one.value + (one.unit ? ' ' + one.unit : ''))));
     const line = (word, value) => (value ? make('div', {}, say(word) + ' ' + value) : null);

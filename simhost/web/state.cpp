@@ -152,10 +152,11 @@ Json UnsavedNow() {
 }  // namespace
 
 Reply StateNow(const Seat& seat, const Query&) {
-    const Host& host = TheHost();
+    Host& host = TheHost();
     const Model* current = host.session.CurrentModel();
     const Json state = {{"waitingFor", seat.trail.WaitingFor()},
                         {"wait", WaitNow(seat.trail)},
+                        {"message", Text(host.messages.last())},
                         {"popup", PopupNow()},
                         {"menus", MenusNow(seat.trail.waiting() != nullptr)},
                         {"current", current ? ModelNow(*current) : Json(nullptr)},

@@ -79,14 +79,15 @@ function showWindows(state) {
 
 // --- What the host waits for ---
 
-function showHint(wait) {
+function showHint({ wait, message }) {
   const hint = by('hint');
   hint.hidden = !wait || !['pick', 'click'].includes(wait.kind);
   if (hint.hidden) return;
   const button = (word, line) => make('button', { onclick: () => connection.step(line) }, say(word));
-  hint.replaceChildren(...(wait.kind === 'pick'
-    ? [say('pickWaits') + wait.question + ' ', button('pickNone', '@ pick nothing')]
-    : [say('clickWaits') + ' ']), button('quitPick', '@ quit'));
+  const isPick = wait.kind === 'pick';
+  const what = isPick ? say('pickWaits') + wait.question : say('clickWaits');
+  hint.replaceChildren(make('b', {}, message), make('span', { class: 'what', title: what }, what),
+    ...(isPick ? [button('pickNone', '@ pick nothing')] : []), button('quitPick', '@ quit'));
 }
 
 function showWelcome(state) {
@@ -104,7 +105,7 @@ connection.on('state', state => {
   by('view').hidden = isDrawing;
   by('sheet').hidden = !isDrawing;
   showWindows(state);
-  showHint(state.wait);
+  showHint(state);
   showWelcome(state);
   menus.update(state);
   tree.update(state);

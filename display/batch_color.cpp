@@ -2,7 +2,6 @@
 // come from one of two palettes or are free random values, as the settings say.
 #include <algorithm>
 #include <cstdint>
-#include <ctime>
 #include <random>
 #include <string>
 #include <utility>
@@ -10,6 +9,7 @@
 #include "display/appearance.h"
 #include "display/commands.h"
 #include "frame/services.h"
+#include "hostapi/windows.h"
 
 namespace {
 
@@ -18,6 +18,16 @@ AppearanceRecord record = {};
 
 // The C library's generator, but with the same values 0 to 32767 on every system.
 std::linear_congruential_engine<std::uint32_t, 214013, 2531011, 0> generator;
+
+// The time in seconds: the low half of it, which is all that the generator takes.
+std::uint32_t Seconds() {
+    constexpr std::uint64_t kStepsInASecond = 10'000'000;
+    constexpr std::uint64_t kSecondsTo1970 = 11'644'473'600;  // from 1601, as Windows counts
+    FILETIME time = {};
+    GetSystemTimeAsFileTime(&time);
+    const std::uint64_t steps = std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+    return std::uint32_t(steps / kStepsInASecond - kSecondsTo1970);
+}
 
 int Draw() {
     return int((generator() >> 16) & 0x7fff);
@@ -131,7 +141,7 @@ bool ColourAssembly(ProMdl assembly, const Colouring& colouring) {
 void BatchColor() {
     ProMdl model = nullptr;
     if (ProMdlCurrentGet(&model) != PRO_TK_NO_ERROR) return;
-    generator.seed(std::uint32_t(std::time(nullptr)));
+    generator.seed(Seconds());
     SetRecordButColour();
     Colouring colouring;
     colouring.mode = ConfigValue(WIDE("VxRandomColorOpt"), Place::BesideModule);

@@ -1,5 +1,7 @@
 // SameScale, VxUpdateSheetScale, VxUpdateMainViewScale: one scale for the sheet and for all views
 // that have one of their own. They differ in where the scale comes from.
+#include <optional>
+
 #include "drawing/commands.h"
 #include "frame/services.h"
 
@@ -56,6 +58,39 @@ double ScaleOfView(ProDrawing drawing, ProView view) {
     return scale;
 }
 
+// Where the scale comes from; `views` is not empty. Nothing: it cannot be read.
+using ScaleSource = std::optional<double> (*)(ProDrawing drawing, int sheet, const ViewArray& views,
+                                              int count);
+
+// Scales of sheets are kept for each model; that of the first view's stands for all.
+std::optional<double> ScaleOfSheet(ProDrawing drawing, int sheet, const ViewArray& views, int) {
+    const ProSolid solid = SolidOf(drawing, views.data()[0]);
+    double scale = 0.0;
+    if (!solid || ProDrawingScaleGet(drawing, solid, sheet, &scale) != PRO_TK_NO_ERROR) return {};
+    return scale;
+}
+
+std::optional<double> ScaleOfMainView(ProDrawing drawing, int, const ViewArray& views, int count) {
+    double scale = 0.0;
+    if (ProView mainView = MainView(drawing, views, count)) scale = ScaleOfView(drawing, mainView);
+    return scale == 0.0 ? ScaleOfView(drawing, views.data()[0]) : scale;
+}
+
+void UpdateScales(ScaleSource scaleFrom) {
+    ProMdl model = nullptr;
+    if (ProMdlCurrentGet(&model) != PRO_TK_NO_ERROR) return;
+    const auto drawing = static_cast<ProDrawing>(model);
+    int sheet = 0;
+    ProDrawingCurrentSheetGet(drawing, &sheet);
+    const ViewArray views = CollectViews(drawing);
+    const int count = views.Size();
+    if (count == 0) return;
+    const std::optional<double> scale = scaleFrom(drawing, sheet, views, count);
+    if (!scale) return;
+    SetScales(drawing, views, count, *scale);
+    ProDwgSheetRegenerate(drawing, sheet);
+}
+
 }  // namespace
 
 void SameScale() {
@@ -73,34 +108,9 @@ void SameScale() {
 }
 
 void VxUpdateSheetScale() {
-    ProMdl model = nullptr;
-    if (ProMdlCurrentGet(&model) != PRO_TK_NO_ERROR) return;
-    const auto drawing = static_cast<ProDrawing>(model);
-    int sheet = 0;
-    ProDrawingCurrentSheetGet(drawing, &sheet);
-    const ViewArray views = CollectViews(drawing);
-    const int count = views.Size();
-    if (count == 0) return;
-    // Scales of sheets are kept for each model; that of the first view's stands for all.
-    const ProSolid solid = SolidOf(drawing, views.data()[0]);
-    double scale = 0.0;
-    if (!solid || ProDrawingScaleGet(drawing, solid, sheet, &scale) != PRO_TK_NO_ERROR) return;
-    SetScales(drawing, views, count, scale);
-    ProDwgSheetRegenerate(drawing, sheet);
+    UpdateScales(ScaleOfSheet);
 }
 
 void VxUpdateMainViewScale() {
-    ProMdl model = nullptr;
-    if (ProMdlCurrentGet(&model) != PRO_TK_NO_ERROR) return;
-    const auto drawing = static_cast<ProDrawing>(model);
-    int sheet = 0;
-    ProDrawingCurrentSheetGet(drawing, &sheet);
-    const ViewArray views = CollectViews(drawing);
-    const int count = views.Size();
-    if (count == 0) return;
-    double scale = 0.0;
-    if (ProView mainView = MainView(drawing, views, count)) scale = ScaleOfView(drawing, mainView);
-    if (scale == 0.0) scale = ScaleOfView(drawing, views.data()[0]);
-    SetScales(drawing, views, count, scale);
-    ProDwgSheetRegenerate(drawing, sheet);
+    UpdateScales(ScaleOfMainView);
 }

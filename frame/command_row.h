@@ -8,7 +8,14 @@
 #include <string_view>
 
 #include "frame/command_table.h"
-#include "frame/not_built.h"
+#include "frame/services/guard.h"
+
+// A command's name as a template argument.
+template <std::size_t Size>
+struct CommandName {
+    char text[Size];
+    consteval CommandName(const char (&name)[Size]) { std::copy_n(name, Size, text); }
+};
 
 // A name with something after it. The text is part of the module and lives as long as it.
 template <CommandName Name, CommandName Ending>
@@ -43,24 +50,14 @@ private:
     }
 };
 
-// A command that is built: Row<"VxBom">(Command<VxBom>, AccessAssemblyOrMfg).
+// The row of a command: Row<"VxBom">(Command<VxBom>, AccessAssemblyOrMfg).
 template <CommandName Name>
 constexpr RowMaker Row(uiCmdCmdActFn action, uiCmdAccessFn access) {
     return {{Name.text, kJoined<Name, "_Help">.data(), kJoined<Name, ".png">.data(), action, access,
-             /*designated=*/true, /*built=*/true}};
+             /*designated=*/true}};
 }
 
-// One that is not: Row<"VxBox">(NotBuilt, AccessAssemblyOrMfg).
-struct NotBuiltYet {};
-inline constexpr NotBuiltYet NotBuilt;
-template <CommandName Name>
-constexpr RowMaker Row(NotBuiltYet, uiCmdAccessFn access) {
-    RowMaker maker = Row<Name>(&Command<NotBuiltAction<Name>>, access);
-    maker.row.built = false;
-    return maker;
-}
-
-// The row of a command. A name without a row is refused by the compiler.
+// The row of this name in a table. A name without a row is refused by the compiler.
 template <std::size_t Size>
 consteval const CommandRow* RowOf(const std::array<CommandRow, Size>& table,
                                   std::string_view name) {

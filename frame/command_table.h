@@ -13,7 +13,6 @@ struct CommandRow {
     uiCmdCmdActFn action;
     uiCmdAccessFn access;
     bool designated;  // offered for the customising of the ribbon
-    bool built;       // false: the action is a notice that names the command
 };
 
 // All commands of the menu `Menu`, in its order.

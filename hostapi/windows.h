@@ -255,6 +255,15 @@ HOST_API BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BO
 // and returns its length, or the size needed if that is greater than `size`. 0 on failure.
 HOST_API UINT GetSystemDirectoryW(WideChar* path, UINT size);
 
+// --- Clock --------------------------------------------------------------------------------------
+
+typedef struct {
+    DWORD dwLowDateTime, dwHighDateTime;
+} FILETIME;
+
+// Receives the time: steps of 100 nanoseconds since 1601 (UTC).
+HOST_API void GetSystemTimeAsFileTime(FILETIME* time);
+
 // --- Clipboard and the memory that is handed to it ---------------------------------------------
 
 #define CF_UNICODETEXT 13u

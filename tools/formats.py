@@ -15,6 +15,7 @@ from pathlib import Path
 
 HOME = Path(__file__).resolve().parent.parent / "samples" / "gearbox"
 BINDING = 25
+COMPANY = "岚枢示例"
 # Width and height, and the edge that is not bound.
 SIZES = {"A0": (1189, 841, 10), "A1": (841, 594, 10), "A2": (594, 420, 10),
          "A3": (420, 297, 5), "A4": (210, 297, 5), "A4H": (297, 210, 5)}
@@ -48,27 +49,29 @@ def border(wide, high, edge):
     return text
 
 
-def table(number_, left, top, columns, heights, cells, text_height=3.5):
+def table(number_, left, top, columns, heights, cells, text_height=3.5, sheet=1, rest=""):
     rows = ", ".join("[" + ", ".join(f'"{cell}"' for cell in row) + "]" for row in cells)
-    return (f"\n[[table]]\nid = {number_}\nsheet = 1\nat = {numbers([left, top])}\n"
+    return (f"\n[[table]]\nid = {number_}\nsheet = {sheet}\nat = {numbers([left, top])}\n"
             f"columns = {numbers(columns)}\nheights = {numbers(heights)}\ncells = [{rows}]\n"
-            + ("" if text_height == 3.5 else f"text_height = {number(text_height)}\n"))
+            + ("" if text_height == 3.5 else f"text_height = {number(text_height)}\n") + rest)
 
 
-def title_block(wide, edge, company):
-    """Changes and signatures on the left, material and scale in the middle, names on the right."""
+def title_block(wide, edge, company, sheet=1, rest=""):
+    """Changes and signatures on the left, material and scale in the middle, names on the right. On
+    sheets of drawings there are lines more, the same for each table."""
+    tables = [
+        (0, 0, [16, 24, 20, 20], [8] * 7,
+         [["标记", "处数", "更改文件号", "日期"], [], [], ["设计", "", "日期", ""],
+          ["校核", "", "日期", ""], ["审核", "", "日期", ""], ["批准", "", "日期", ""]]),
+        (80, 0, [50], [28], [["&材料"]], 5),
+        (80, 28, [12.5] * 4, [8, 10],
+         [["图幅", "重量", "比例", "单位"], ["&format", "&重量", "&scale", "mm"]]),
+        (80, 46, [25, 25], [10], [["共 &total_sheets 张", "第 &current_sheet 张"]]),
+        (130, 0, [50], [20, 18, 18], [["&名称"], ["&代号"], [company]], 5)]
     left, top = wide - edge - TITLE_WIDE, edge + TITLE_HIGH
-    signed = [["标记", "处数", "更改文件号", "日期"], [], [],
-              ["设计", "", "日期", ""], ["校核", "", "日期", ""],
-              ["审核", "", "日期", ""], ["批准", "", "日期", ""]]
-    return (table(1, left, top, [16, 24, 20, 20], [8] * 7, signed)
-            + table(2, left + 80, top, [50], [28], [["&材料"]], 5)
-            + table(3, left + 80, top - 28, [12.5] * 4, [8, 10],
-                    [["图幅", "重量", "比例", "单位"], ["&format", "&重量", "&scale", "mm"]])
-            + table(4, left + 80, top - 46, [25, 25], [10],
-                    [["共 &total_sheets 张", "第 &current_sheet 张"]])
-            + table(5, left + 130, top, [50], [20, 18, 18],
-                    [["&名称"], ["&代号"], [company]], 5))
+    return "".join(
+        table(len(tables) * (sheet - 1) + number_, left + x, top - y, *more, sheet=sheet, rest=rest)
+        for number_, (x, y, *more) in enumerate(tables, 1))
 
 
 def format_text(size, company, note):
@@ -118,7 +121,7 @@ def template_text(size, kind):
 def files():
     wanted = {}
     for size in SIZES:
-        wanted[f"图框/{size.lower()}.frm.1"] = format_text(size, "岚枢示例", f"图框 {size}")
+        wanted[f"图框/{size.lower()}.frm.1"] = format_text(size, COMPANY, f"图框 {size}")
         for kind in ("asm", "prt"):
             wanted[f"工程图模板/{size.lower()}_{kind}.drw.1"] = template_text(size, kind)
     # What a company changes to: in its third version, and kept elsewhere.

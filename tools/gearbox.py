@@ -64,8 +64,6 @@ def data_lines(model):
         lines += ["", "[relations]", f"initial = {toml(model['relations'])}"]
     if "generic" in model:
         lines += ["", "[family]", f"generic = {toml(model['generic'])}"]
-    if "sizes" in model:
-        lines += ["", "[sheets]", f"sizes = {toml(model['sizes'])}"]
     lines += model.get("sheets", [])
     return lines
 
@@ -167,9 +165,9 @@ Below `gearbox.asm` are {places} components in {levels} levels, the top included
 - Parameters: 代号 and 名称 everywhere, 材料 and 重量 (kg) on parts. Relations decide 重量 of
   `housing.prt` and 数量 of `washer_12.prt`, so nobody else can change these two.
 - Family table: `bolt_m12.prt` is the generic of the two M12 bolts; it is in no assembly.
-- Drawings of `gearbox.asm`, `housing.prt` (two sheets) and `output_shaft.asm`: no more yet than the
-  sizes of their sheets. That of `gear_z60.prt` has views, whose scale is not the sheet's; that of
-  `输入轴.prt` has two views and no dimensions.
+- Drawings of `gearbox.asm`, `housing.prt` (two sheets) and `output_shaft.asm` with formats and
+  views, without dimensions yet. That of `gear_z60.prt` has views whose scale is not the sheet's;
+  that of `输入轴.prt` has two views and no format.
 - Formats in `图框/`, with one to change to in `图框/新图框/`, and templates for drawings in
   `工程图模板/`: six sizes for parts and for assemblies. `tools/formats.py` writes them.
   `settings.pro` has the plug-in's settings that name the templates.

@@ -2,6 +2,7 @@
 table, and drawings with the names of their models.
 """
 
+from formats import COMPANY, SIZES, title_block
 from gearbox_modelling import cylinder, hexagon, models, part, volume
 from gearbox_models import BLACK
 
@@ -50,10 +51,33 @@ def set_by_relation(name, parameter, value=None):
     models[name]["relations"] = [f"{parameter} = {rows[parameter]:g}"]
 
 
-def drawing(name, note, sizes, lines=None):
-    """A drawing of sheets that have nothing but a size, or of what the lines say."""
-    sheets = {"sizes": sizes} if lines is None else {"sheets": lines}
-    models[name + ".drw"] = {"note": note, "title": "工程图", "features": [], **sheets}
+def drawing(name, note, lines):
+    models[name + ".drw"] = {"note": note, "title": "工程图", "features": [], "sheets": lines}
+
+
+def view_lines(number, at, rest):
+    return ["", "[[view]]", f"id = {number}", *rest, f"at = [{at[0]}, {at[1]}]",
+            'style = "no_hidden"']
+
+
+def sheets_with_formats(model, sheets):
+    """Lines of sheets with their formats, title blocks about the model and views of it. A sheet is
+    its size, its scale, and its main view's place, turn and projections: sides and places."""
+    heads, tables, views = [], [], []
+    for sheet, (size, scale, at, turn, projections) in enumerate(sheets, 1):
+        heads += ["", "[[sheet]]", f'size = "{size}"', f"scale = {scale}",
+                  f'format = "{size.lower()}.frm"', f'about = "{model}"']
+        wide, _, edge = SIZES[size]
+        marks = f'from_format = true\nabout = "{model}"\n'
+        tables += title_block(wide, edge, COMPANY, sheet, marks).rstrip().splitlines()
+        main = len(views) + 1
+        views.append((at, [f'model = "{model}"', f"sheet = {sheet}", f"turn = {turn}"]))
+        views += [(place, [f"parent = {main}", f'side = "{side}"'])
+                  for side, place in projections]
+    lines = heads + tables + ["", "[drawing]", 'projection = "first-angle"']
+    for number, (at, rest) in enumerate(views, 1):
+        lines += view_lines(number, at, rest)
+    return lines
 
 
 SHAFT_SHEETS = """
@@ -125,10 +149,15 @@ def add_model_data():
         models[f"bolt_m12x{length}.prt"]["generic"] = "bolt_m12.prt"
     set_by_relation("housing.prt", "重量")
     set_by_relation("washer_12.prt", "数量", 34)
-    drawing("gearbox", "General arrangement of the gearbox.", ["A0"])
-    drawing("housing", "Housing: castings and machining.", ["A1", "A3"])
-    drawing("output_shaft", "Output shaft with its gear.", ["A2"])
-    drawing("gear_z60", "Wheel of the second stage; the scale of its views is not the sheet's.", [],
+    front, lying, plan = "[-90, 0, 0]", "[0, 90, 0]", "[0, 0, 0]"
+    drawing("gearbox", "General arrangement of the gearbox.", sheets_with_formats("gearbox.asm", [
+        ("A0", 0.4, (253, 607), front, [("right", (670, 607)), ("below", (253, 322))])]))
+    drawing("housing", "Housing: castings and machining.", sheets_with_formats("housing.prt", [
+        ("A1", 0.5, (220, 460), front, [("right", (620, 460)), ("below", (220, 230))]),
+        ("A3", 0.4, (90, 185), plan, [("right", (385, 185))])]))
+    drawing("output_shaft", "Output shaft with its gear.", sheets_with_formats("output_shaft.asm", [
+        ("A2", 0.5, (190, 260), lying, [("right", (430, 260))])]))
+    drawing("gear_z60", "Wheel of the second stage; the scale of its views is not the sheet's.",
             GEAR_SHEETS)
-    drawing("输入轴", "Input shaft from its side and from its end, without dimensions yet.", [],
+    drawing("输入轴", "Input shaft from its side and from its end, without dimensions yet.",
             SHAFT_SHEETS)

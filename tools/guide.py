@@ -6,7 +6,7 @@ no server and no script.
 
 What the product knows of itself is taken from it: place in the menu, help text, access rule, the
 picture of the dialog. What only a person can write is in docs/guide/. The example of each page is
-run. A built command without a page, a component, setting or message without a line, a broken link
+run. A command without a page, a component, setting or message without a line, a broken link
 and an example that fails are findings; the exit status is then 1.
 Its test is tests/tools/guide_test.py.
 """
@@ -77,7 +77,7 @@ class Product:
         return {lines[i]: (lines[i + 1], lines[i + 2]) for i in range(0, len(lines) - 3, 4)}
 
     def read_commands(self):
-        """(help key, access rule, whether it is built) by name, in the menu's order."""
+        """(help key, access rule) by name, in the menu's order."""
         table = self.read("frame/command_table.cpp")
         commands = {}
         for row in re.finditer(r'^\s*Row<"(\w+)">\s*\((.*?)\)(?=,?\s*$|\s*\.)([^,]*)', table, re.M):
@@ -86,12 +86,8 @@ class Product:
             if not access or name not in self.texts:
                 continue
             own = re.search(r'\.Help\("(\w+)"\)', more)
-            commands[name] = (own[1] if own else name + "_Help", access[0],
-                              "NotBuilt" not in given)
+            commands[name] = (own[1] if own else name + "_Help", access[0])
         return commands
-
-    def built(self):
-        return [name for name, row in self.commands.items() if row[2]]
 
     def dialog(self, command):
         """The resource of the command's dialog; empty if it has none."""
@@ -144,7 +140,7 @@ def quotes_in(page):
 
 def gaps(product, pages):
     """What the pages do not tell; `pages` are the texts by the names of their commands."""
-    for command in product.built():
+    for command in product.commands:
         if command not in pages:
             yield f"{command} works and has no page (docs/guide/commands/{command}.md)"
             continue
@@ -159,7 +155,7 @@ def gaps(product, pages):
         for message in product.messages(command):
             if not any(covers(quote, message) for quote in quotes_in(page)):
                 yield f"{command}.md has no line on the message “{message}”"
-    for command in pages.keys() - set(product.built()):
+    for command in pages.keys() - product.commands.keys():
         yield f"{command}.md is a page of no command that works"
     named = [name for page in pages.values() for name in names_in(page)]
     for file, section in product.settings():
@@ -207,10 +203,9 @@ class Guide:
         lines = [f'<a href="{self.chapter_file(path)}">{self.chapter_title(path)}</a>'
                  for path in self.chapters]
         lines.append("<hr>")
-        for name, row in self.product.commands.items():
+        for name in self.product.commands:
             label = html.escape(self.product.texts[name][1])
-            lines.append(f'<a href="{name}.html">{label}</a>' if row[2]
-                         else f'<span title="尚未提供">{label}</span>')
+            lines.append(f'<a href="{name}.html">{label}</a>')
         return "\n".join(lines)
 
     def chapter_file(self, path):
@@ -221,7 +216,7 @@ class Guide:
         return path.read_text(encoding="utf-8").splitlines()[0].removeprefix("# ")
 
     def facts(self, command):
-        help_key, access, _ = self.product.commands[command]
+        help_key, access = self.product.commands[command]
         label, help_text = self.product.texts[command][1], self.product.texts[help_key][1]
         lines = [f"**{help_text}**", "",
                  f"菜单：{self.product.texts['Menu'][1]} → {label}（命令 `{command}`）；"

@@ -393,7 +393,7 @@ def read_messages(tree, path):
 
 
 # A row of the table: what follows from its name is written only where it differs.
-ROW = re.compile(r'Row<"(?P<name>\w+)">\s*\((?P<action>NotBuilt|Command<\w+>),\s*\w+\)'
+ROW = re.compile(r'Row<"(?P<name>\w+)">\s*\((?P<action>Command<\w+>),\s*\w+\)'
                  r'(?P<differs>(?:\s*\.\w+\([^()]*\))*)')
 
 
@@ -407,10 +407,9 @@ def help_key(row):
     return other[1] if other else row["name"] + "_Help"
 
 
-def built_commands(code):
-    """The names of the commands that have an action of their own, with their lines."""
-    return {row["name"]: line_of(code, row.start()) for row in ROW.finditer(code)
-            if row["action"] != "NotBuilt"}
+def all_commands(code):
+    """The names of all commands with their lines, that of the popup menus, too."""
+    return {row["name"]: line_of(code, row.start()) for row in ROW.finditer(code)}
 
 
 def commands_have_their_texts(tree):
@@ -453,7 +452,7 @@ def rows_name_their_own_command(tree):
         return
     code = tree.without_comments(COMMAND_TABLE)
     for row in ROW.finditer(code):
-        if row["action"] not in ("NotBuilt", f"Command<{row['name']}>"):
+        if row["action"] != f"Command<{row['name']}>":
             yield Finding(COMMAND_TABLE, line_of(code, row.start()),
                           f'"{row["name"]}" runs {row["action"]} (a row runs its own command)')
 
@@ -465,7 +464,7 @@ def commands_are_named_by_their_file(tree):
         return
     first = {path: tree.text(path).split("\n", 1)[0]
              for path in tree.plugin_sources() if path.endswith(".cpp")}
-    for name, line in built_commands(tree.without_comments(COMMAND_TABLE)).items():
+    for name, line in all_commands(tree.without_comments(COMMAND_TABLE)).items():
         files = [path for path, text in first.items() if re.search(rf"\b{name}\b", text)]
         if len(files) != 1:
             found = ", ".join(files) or "no file"
@@ -478,29 +477,29 @@ WHAT_WORKS = "## What works today"
 
 
 def readme_tells_what_works(tree):
-    """A stranger believes the README. A command that is built and not told is never tried, and one
-    that is told and not built is tried once."""
+    """A stranger believes the README. A command that is not told is never tried, and one that is
+    told and not there is tried once."""
     if COMMAND_TABLE not in tree.paths or README not in tree.paths:
         return
     text = tree.text(README)
     start = text.find(WHAT_WORKS)
     if start < 0:
-        yield Finding(README, 1, f'no heading "{WHAT_WORKS}" (the commands that are built)')
+        yield Finding(README, 1, f'no heading "{WHAT_WORKS}" (all commands)')
         return
     section = text[start + len(WHAT_WORKS):].split("\n## ", 1)[0]
     told = {}
     for row in re.finditer(r"^\|([^|\n]*)\|", section, re.MULTILINE):
         for name in re.findall(r"`(\w+)`", row[1]):
             told[name] = line_of(text, start + len(WHAT_WORKS) + row.start())
-    built = built_commands(tree.without_comments(COMMAND_TABLE))
-    for name, line in built.items():
+    there = all_commands(tree.without_comments(COMMAND_TABLE))
+    for name, line in there.items():
         if name not in told:
             yield Finding(COMMAND_TABLE, line, f'"{name}" is not in the table of {README} '
                           "(what works is told there)")
     for name, line in told.items():
-        if name not in built:
+        if name not in there:
             yield Finding(README, line, f'"{name}" is told to work, but the command table has no '
-                          "action for it")
+                          "row for it")
 
 
 # Functions that hand a key on to ProMessageDisplay, by the file that defines them.

@@ -5,19 +5,21 @@
 
 #include "simhost/door/door.h"
 #include "simhost/model/screen_view.h"
+#include "simhost/model/shown.h"
 
 using namespace simhost;
 
 namespace {
 
-// The model whose view is meant; a null model is the current one. Saved views there are none.
+// The model whose view is meant; a null model is the current one, and a manufacturing model has the
+// view of the assembly that is seen in it. Saved views there are none.
 Model& RequireShown(ProMdl handle, ProView view) {
     const Session& session = TheHost().session;
     if (view) Complain(PRO_TK_BAD_INPUTS, "a model has no such saved view");
-    if (handle) return session.Require(handle);
+    if (handle) return ContentsOf(session.Require(handle));
     Model* current = session.CurrentModel();
     if (!current) Refuse(PRO_TK_BAD_CONTEXT);
-    return *current;
+    return ContentsOf(*current);
 }
 
 void Copy(const ProMatrix from, ProMatrix to) {

@@ -37,9 +37,9 @@ void Tell(int pipe, std::string_view bytes) {
 
 // The thread that waits for signals is not in the copy, and a crash is told by who waits for it.
 void LeaveNothingOfTheParent(pid_t parent) {
-    for (const int each :
-         {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT})
-        signal(each, SIG_DFL);
+    constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGSEGV,
+                                SIGBUS, SIGFPE,  SIGILL, SIGABRT};
+    for (const int each : kSignals) signal(each, SIG_DFL);
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -51,18 +51,19 @@ void LeaveNothingOfTheParent(pid_t parent) {
     if (nowhere >= 0) dup2(nowhere, STDOUT_FILENO);
 }
 
-[[noreturn]] void BeTheCopy(const std::function<std::string()>& work, int pipe, pid_t parent) {
+[[noreturn]] void BeTheCopy(const std::string& name, const std::function<std::string()>& work,
+                            int pipe, pid_t parent) {
     LeaveNothingOfTheParent(parent);
     std::string told;
     try {
         told = work();
         told.insert(told.begin(), kDone);
     } catch (const std::bad_alloc&) {
-        told = "-there is not enough memory";
+        told = kFailed + name + " takes more memory than there is";
     } catch (const std::exception& error) {
         told = kFailed + std::string(error.what());
     } catch (...) {
-        told = "-it failed without a word";
+        told = kFailed + name + " failed without a word";
     }
     Tell(pipe, told);
     _exit(0);
@@ -108,6 +109,9 @@ public:
 
     void ExpectGoodEnd() {
         const int status = Wait();
+        if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) {
+            Fail("was ended from outside, as where memory runs out");
+        }
         if (WIFSIGNALED(status)) {
             throw BrokenOff(fmt::format("{} broke off ({})", name_, strsignal(WTERMSIG(status))));
         }
@@ -168,7 +172,7 @@ std::string DoneApart(const std::string& name, const std::function<std::string()
     std::optional<OpenFile> to(ends[1]);
     const pid_t parent = getpid(), process = fork();
     if (process < 0) throw std::runtime_error(name + " needs a process, and got none");
-    if (process == 0) BeTheCopy(work, to->number(), parent);
+    if (process == 0) BeTheCopy(name, work, to->number(), parent);
     Watch watch(name, process, bounds);
     to.reset();
     std::string told = watch.Listen(from.number());

@@ -28,6 +28,8 @@ public:
     // What is asked, for the user: "part, any number, or a box".
     std::string Question() const;
     bool byBox() const { return byBox_; }
+    int most() const { return most_; }  // -1: any number
+    bool Allows(ProType type) const;
 
     // --- Answers. One that is not allowed is no answer: what is wrong with it comes back as a
     // --- sentence for the user, who is asked again. Empty: it was taken.
@@ -48,7 +50,6 @@ public:
     const std::vector<Selection>& taken() const { return taken_; }
 
 private:
-    bool Allows(ProType type) const;
     // At most so many of the items on the screen that may be picked; those in a box, or all. And of
     // those on the current sheet of a drawing.
     std::vector<Selection> OnScreen(const ScreenBox* box, std::size_t most) const;

@@ -56,8 +56,10 @@ Vec3 NormalOf(const Points& corners) {
 void JoinEdges(Skin* skin, std::size_t first) {
     std::map<PointKey, std::uint64_t> numbers;
     std::vector<std::vector<std::uint64_t>> corners;  // of each facet, by their numbers
+    corners.reserve(skin->size() - first);
     for (std::size_t f = first; f < skin->size(); ++f) {
         auto& own = corners.emplace_back();
+        own.reserve((*skin)[f].corners.size());
         for (const Vec3& p : (*skin)[f].corners) {
             own.push_back(numbers.try_emplace(KeyOf(p), numbers.size()).first->second);
         }
@@ -113,6 +115,7 @@ void AddPart(const Skin& skin, const Placement& placement, bool withHidden,
     Points corners;
     for (std::size_t f = 0; f < skin.size(); ++f) {
         corners.clear();
+        corners.reserve(skin[f].corners.size());
         for (const Vec3& p : skin[f].corners) corners.push_back(placement.Point(p));
         for (std::size_t i = 0; i < corners.size(); ++i) {
             const std::size_t other = skin[f].beyond[i];

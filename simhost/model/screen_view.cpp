@@ -16,9 +16,11 @@ Placement IsometricView() {
 }
 
 ScreenView& ScreenOf(Model& model) {
-    if (model.screen) return *model.screen;
-    model.screen = std::make_shared<ScreenView>();
-    const Placement frame = IsometricView();
+    if (!model.screen) ShowAsLargeAsItFits(model, IsometricView());
+    return *model.screen;
+}
+
+void ShowAsLargeAsItFits(Model& model, const Placement& frame) {
     const Extents shown = ExtentsIn(model, frame, Sight::Measures);
     const Vec3 size = shown.high - shown.low;
     double scale = 1;  // screen points in a mm
@@ -28,8 +30,12 @@ ScreenView& ScreenOf(Model& model) {
     }
     const Vec3 middle = 0.5 * (shown.low + shown.high);
     const Vec3 place = Vec3{kScreenWidth / 2, kScreenHeight / 2, 0} - scale * middle;
+    ShowAt(model, frame, scale, place);
+}
+
+void ShowAt(Model& model, const Placement& frame, double scale, Vec3 place) {
+    if (!model.screen) model.screen = std::make_shared<ScreenView>();
     SetMatrix(frame, scale * LengthUnit(model), place, model.screen->matrix);
-    return *model.screen;
 }
 
 bool FrameOf(const ProMatrix matrix, Placement* frame, double* scale) {

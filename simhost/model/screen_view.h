@@ -21,6 +21,11 @@ Placement IsometricView();
 // The model's view; one that was never set is isometric, and as large as the screen takes it.
 ScreenView& ScreenOf(Model& model);
 
+// Turns the model on the screen: `frame` takes its directions into the view. As large as the screen
+// takes it, in the middle; or with so many points of the screen to a mm and its origin at `place`.
+void ShowAsLargeAsItFits(Model& model, const Placement& frame);
+void ShowAt(Model& model, const Placement& frame, double scale, Vec3 place);
+
 // The rows of a matrix as the axes of a frame, divided by their length. False unless they are of
 // one length (more than 0), at right angles and right-handed.
 bool FrameOf(const ProMatrix matrix, Placement* frame, double* scale);

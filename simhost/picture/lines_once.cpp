@@ -125,15 +125,15 @@ private:
         DrawnLine line;
     };
 
-    // Sorts by a number and hands out the groups in which it differs by no more than `near`.
+    // Sorts by a number and hands out the groups in which it differs by no more than `apart`.
     template <class Each>
-    static void EachGroup(Intervals* all, double Interval::*number, double near, Each&& each) {
+    static void EachGroup(Intervals* all, double Interval::*number, double apart, Each&& each) {
         std::sort(all->begin(), all->end(), [&](const Interval& a, const Interval& b) {
             return a.*number != b.*number ? a.*number < b.*number : a.line < b.line;
         });
         for (auto begin = all->begin(); begin != all->end();) {
             auto end = begin;
-            const double limit = (*begin).*number + near;
+            const double limit = (*begin).*number + apart;
             while (end != all->end() && (*end).*number <= limit) ++end;
             each(begin, end);
             begin = end;

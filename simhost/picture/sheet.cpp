@@ -83,7 +83,9 @@ public:
         PaintAnnotations(model_, sheet_, UpperLeft(), canvas_);
         // A sheet with a format is a workshop's, which tells nothing about the making of its views.
         if (furniture_.hasFormat) return PaintCaption();
-        // The sizes of gaps have one place; names and the sign move out of their way.
+        // Dimensions and notes stay where the draughtsman has put them. The sizes of gaps have one
+        // place; names and the sign move out of their way.
+        TakeAnnotations();
         for (const ViewOnSheet& view : views_) PaintGap(view);
         for (const Measured& one : measured_) PaintMeasuredText(one);
         PaintProjectionSign();
@@ -126,6 +128,39 @@ private:
     // Half as wide as high for each column of a terminal: as wide as the widest fonts are.
     static double WidthOf(const std::string& text, double size) {
         return 0.55 * size * double(DisplayWidth(text));
+    }
+
+    void TakeAnnotations() {
+        for (const DrawnAnnotation& each : AnnotationsOnSheet(model_, sheet_)) {
+            for (const DrawnText& text : each.texts) TakeText(text);
+            for (const auto& [from, to] : each.lines) TakeLine(from, to);
+        }
+    }
+
+    // The rectangle around a text, turned as it is; its letters reach a little below their line.
+    void TakeText(const DrawnText& text) {
+        const double wide = 0.62 * text.height * double(DisplayWidth(text.text));
+        const Placement turned = PlacementFrom(text.at, {0, 0, text.turn});
+        Extents around;
+        for (const double x : {0.0, wide}) {
+            for (const double y : {-0.25, 1.0}) around.Add(turned.Point({x, y * text.height, 0}));
+        }
+        taken_.push_back(PlaceOf(around));
+    }
+
+    // In short pieces, so that a slanting line does not take the whole rectangle around it.
+    void TakeLine(Vec3 from, Vec3 to) {
+        const double thick = 0.3 * unit_, length = std::hypot(to.x - from.x, to.y - from.y);
+        const int pieces = std::clamp(int(length / (2 * unit_)), 1, 200);
+        const Vec3 step = 1.0 / pieces * (to - from);
+        for (int i = 0; i < pieces; ++i) {
+            Extents around;
+            around.Add(from + i * step);
+            around.Add(from + (i + 1) * step);
+            const Place place = PlaceOf(around);
+            taken_.push_back(
+                {place.x0 - thick, place.y0 - thick, place.x1 + thick, place.y1 + thick});
+        }
     }
 
     void PaintFrame() {

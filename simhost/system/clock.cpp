@@ -1,12 +1,36 @@
-// Lets time pass on the clock of whichever Windows this is.
+// Time on the clock of whichever Windows this is.
 #include "simhost/system/clock.h"
+
+#include <ctime>
+#include <utility>
 
 #include "simhost/system/windows.h"
 
 namespace simhost {
+namespace {
+
+// On the host's thread only.
+std::optional<std::int64_t> setTime, toldTime;
+
+}  // namespace
 
 void AdvanceClock(unsigned milliseconds) {
     TheWindows().AdvanceClock(milliseconds);
+}
+
+void SetClock(std::optional<std::int64_t> seconds) {
+    setTime = seconds;
+    toldTime.reset();
+}
+
+std::optional<std::int64_t> TakeToldTime() {
+    return std::exchange(toldTime, std::nullopt);
+}
+
+std::int64_t TellTime() {
+    const std::int64_t now = setTime.value_or(std::time(nullptr));
+    if (!toldTime) toldTime = now;
+    return now;
 }
 
 }  // namespace simhost

@@ -10,6 +10,7 @@
 
 #include "simhost/core/text.h"
 #include "simhost/model/picking.h"
+#include "simhost/system/clock.h"
 #include "simhost/trail/file_choice.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/labels.h"
@@ -349,20 +350,29 @@ void Trail::Perform(const Step& given) {
     // Whoever types sees that something happened.
     if (!said_ && patient() && waits_.empty() && !stopped_) Say(Either("done", "完成"));
     current_ = outer;
+    NoteTime();
     recording_ = outerRecording;
+}
+
+// The clock that a step was told belongs to what it did.
+void Trail::NoteTime() {
+    const auto told = TakeToldTime();
+    if (told && recording_ > 0) recorded_[recording_ - 1].time = told;
 }
 
 void Trail::Record(const Step& step) {
     if (step.line == 0) return void(recording_ = 0);  // the session's own beginning
     // A word that was typed without its sign needs it in a script.
     const bool bare = step.kind == Step::Kind::Word && !step.written.starts_with('@');
-    recorded_.push_back({(bare ? "@ " : "") + step.written, {}});
+    NoteTime();
+    recorded_.push_back({(bare ? "@ " : "") + step.written, {}, {}});
     recording_ = recorded_.size();
 }
 
 std::string Trail::Recording() const {
     std::string text;
-    for (const auto& [line, slip] : recorded_) {
+    for (const auto& [line, slip, time] : recorded_) {
+        if (time) text += fmt::format("@ clock {}\n", *time);
         text += slip.empty() ? line : fmt::format("! {}   ({})", line, InOneLine(slip));
         text += '\n';
     }

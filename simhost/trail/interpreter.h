@@ -2,6 +2,7 @@
 // whatever the host asks meanwhile with the lines that follow.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -96,6 +97,7 @@ private:
     void PerformInner(const Step& step);
     void PerformTrail(const Step& step);
     void Record(const Step& step);
+    void NoteTime();
     void Count(const std::string& what);  // a failure, whoever types
     Step Resolved(Step step) const;
     void TellWhatWasShown();
@@ -111,6 +113,7 @@ private:
     const Step* current_ = nullptr;
     struct Recorded {
         std::string line, slip;
+        std::optional<std::int64_t> time;  // that the plug-in asked for during it
     };
     std::vector<Recorded> recorded_;
     std::size_t recording_ = 0;  // the number of the step in hand there, from 1; 0: none

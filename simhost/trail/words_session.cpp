@@ -242,6 +242,17 @@ void WaitSeconds(Trail& trail, const std::string& rest) {
     TheHost().commands.RunMacros();
 }
 
+void SetTime(Trail& trail, const std::string& rest) {
+    if (rest.empty()) return SetClock(std::nullopt);
+    std::int64_t seconds = 0;
+    const char* end = rest.data() + rest.size();
+    const auto [parsed, error] = std::from_chars(rest.data(), end, seconds);
+    if (error != std::errc() || parsed != end || seconds < 0) {
+        return trail.Fail(fmt::format("\"{}\" is no number of seconds since 1970", rest));
+    }
+    SetClock(seconds);
+}
+
 void DrawPicture(Trail& trail, const std::string& rest) {
     Draw(trail, rest, /*asOnScreen=*/false);
 }

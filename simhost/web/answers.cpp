@@ -26,6 +26,7 @@ const std::vector<Answer>& Answers() {
     static const std::vector<Answer> answers = {
         {"/state", StateNow},         // what the user can do now
         {"/tree", TreeNow},           // the components of the current model
+        {"/scene", SceneNow},         // what the window shows of them
         {"/files", FilesNow},         // what lies on the drive
         {"/file", OneFile},           // one of them
         {"/recording", RecordingNow}, // what was done, as a script

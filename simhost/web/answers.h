@@ -43,6 +43,7 @@ const std::vector<Answer>& Answers();
 
 Reply StateNow(const Seat& seat, const Query& query);       // state.cpp
 Reply TreeNow(const Seat& seat, const Query& query);        // tree.cpp
+Reply SceneNow(const Seat& seat, const Query& query);       // scene.cpp
 Reply DialogNow(const Seat& seat, const Query& query);     // dialog_form.cpp
 Reply RowsNow(const Seat& seat, const Query& query);
 Reply FilesNow(const Seat& seat, const Query& query);       // files.cpp

@@ -74,6 +74,21 @@ Json BoxOf(const Box& box) {
             {"caption", box.hasCaption ? Text(box.caption) : std::string()}};
 }
 
+// The kinds of items that a click in the 3-D view can mean.
+Json TakenBy(const Picking& picking) {
+    struct Kind {
+        const char* word;
+        ProType type;
+    };
+    constexpr Kind kKinds[] = {
+        {"part", PRO_PART}, {"assembly", PRO_ASSEMBLY}, {"surface", PRO_SURFACE}};
+    Json taken = Json::array();
+    for (const Kind& kind : kKinds) {
+        if (picking.Allows(kind.type)) taken.push_back(kind.word);
+    }
+    return taken;
+}
+
 // What waits for the user; null: nothing but the main window.
 Json WaitNow(Trail& trail) {
     const Wait* wait = trail.waiting();
@@ -90,6 +105,8 @@ Json WaitNow(Trail& trail) {
         case Wait::Kind::Pick:
             return {{"kind", "pick"},
                     {"question", wait->picking->Question()},
+                    {"takes", TakenBy(*wait->picking)},
+                    {"most", wait->picking->most()},
                     {"byBox", wait->picking->byBox()}};
         case Wait::Kind::Click: return {{"kind", "click"}};
         case Wait::Kind::Prompt: break;

@@ -13,6 +13,7 @@
 #include "simhost/app/session_words.h"
 #include "simhost/core/disk.h"
 #include "simhost/host.h"
+#include "simhost/system/clock.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/user/language.h"
 #include "simhost/user/progress.h"
@@ -76,7 +77,10 @@ public:
         const bool replays = !replay.lines.empty();
         BrowserSource source(board_, std::move(replay.lines));
         if (replays) {
-            source.replayed = [&] { tell(Compared(replay.before, WrittenBy(workplace_))); };
+            source.replayed = [&] {
+                SetClock(std::nullopt);
+                tell(Compared(replay.before, WrittenBy(workplace_)));
+            };
         }
         Trail trail(source, tell);
         const Seat seat{trail, workplace_};

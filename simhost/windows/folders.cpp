@@ -1,9 +1,11 @@
 // Where the folders of the user and of Windows itself lie.
+#include <cstdint>
 #include <algorithm>
 #include <filesystem>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
+#include "simhost/system/clock.h"
 #include "simhost/windows/simulated.h"
 
 using namespace simhost;
@@ -30,6 +32,20 @@ BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create
         },
         "owner", static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create",
         create);
+}
+
+void GetSystemTimeAsFileTime(FILETIME* time) {
+    Operation& op = Op<"GetSystemTimeAsFileTime">;
+    constexpr std::uint64_t kStepsInASecond = 10'000'000;
+    constexpr std::uint64_t kSecondsTo1970 = 11'644'473'600;
+    op.CallOr([](int) { return 0; },
+              [&] {
+                  Need(time, "the place for the time");
+                  const auto steps =
+                      (std::uint64_t(TellTime()) + kSecondsTo1970) * kStepsInASecond;
+                  *time = {DWORD(steps & 0xffffffff), DWORD(steps >> 32)};
+                  return 0;
+              });
 }
 
 UINT GetSystemDirectoryW(WideChar* path, UINT size) {

@@ -4,8 +4,10 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
 
 #include "simhost/core/text.h"
+#include "simhost/system/clock.h"
 
 namespace simhost {
 
@@ -30,6 +32,7 @@ Windows& TheWindows() {
 
 void RestartWindows() {
     Instance().reset();
+    SetClock(std::nullopt);
     SetSystemCodePage(936);
 }
 

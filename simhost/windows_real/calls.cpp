@@ -1,12 +1,14 @@
 // The plug-in's calls of a real Windows on their way there: counted, told to fail, written into the
 // journal and remembered where something is left open. Windows itself answers them; only programs
 // are noted and not run, since no test may open a browser.
+#include <cstdint>
 #include <algorithm>
 #include <cstring>
 
 #include "simhost/core/operation.h"
 #include "simhost/core/text.h"
 #include "simhost/system/clicks.h"
+#include "simhost/system/clock.h"
 #include "simhost/system/programs.h"
 #include "simhost/user/save_dialog.h"
 #include "simhost/windows_real/clipboard.h"
@@ -357,6 +359,19 @@ BOOL WINAPI SpecialFolder(HWND owner, WideChar* path, int folder, BOOL create) {
         static_cast<const void*>(owner), "path", Out(path), "folder", folder, "create", create);
 }
 
+// What a script has set, else what Windows says.
+void WINAPI SystemTime(FILETIME* time) {
+    Operation& op = Op<"GetSystemTimeAsFileTime">;
+    constexpr std::uint64_t kStepsInASecond = 10'000'000;
+    constexpr std::uint64_t kSecondsTo1970 = 11'644'473'600;
+    op.CallOr([](int) { return 0; },
+              [&] {
+                  const auto steps = (std::uint64_t(TellTime()) + kSecondsTo1970) * kStepsInASecond;
+                  *time = {DWORD(steps & 0xffffffff), DWORD(steps >> 32)};
+                  return 0;
+              });
+}
+
 UINT WINAPI SystemFolder(WideChar* path, UINT size) {
     Operation& op = Op<"GetSystemDirectoryW">;
     return op.CallOr([](int) { return UINT{0}; }, [&] { return GetSystemDirectoryW(path, size); },
@@ -474,6 +489,7 @@ void* WatcherOf(const char* name) {
         {"mouse_event",                Address(Click)},
         {"SHGetSpecialFolderPathW",    Address(SpecialFolder)},
         {"GetSystemDirectoryW",        Address(SystemFolder)},
+        {"GetSystemTimeAsFileTime",    Address(SystemTime)},
         {"MultiByteToWideChar",        Address(ToWide)},
         {"WideCharToMultiByte",        Address(ToNarrow)},
         {"_wsetlocale",                Address(SetLocale)},

@@ -4,9 +4,11 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 #include "simhost/core/text.h"
+#include "simhost/system/clock.h"
 
 namespace simhost {
 
@@ -37,6 +39,7 @@ Windows& TheWindows() {
 
 void RestartWindows() {
     Instance().reset();
+    SetClock(std::nullopt);
     _wsetlocale(LC_ALL, L"C");
     Real();
     CatchBoxes();

@@ -22,9 +22,14 @@ protected:
 
 const Names kRead = {"GetPrivateProfileStringW"};
 // The mode from beside the module, the model's type and name, the paths of both palettes.
-const Names kBeginning = {
-    "GetModuleHandleW", "GetModuleFileNameW",        "GetPrivateProfileStringW", "ProMdlTypeGet",
-    "ProMdlNameGet",    "ProToolkitApplTextPathGet", "ProToolkitApplTextPathGet"};
+const Names kBeginning = {"GetSystemTimeAsFileTime",
+                          "GetModuleHandleW",
+                          "GetModuleFileNameW",
+                          "GetPrivateProfileStringW",
+                          "ProMdlTypeGet",
+                          "ProMdlNameGet",
+                          "ProToolkitApplTextPathGet",
+                          "ProToolkitApplTextPathGet"};
 
 Names Repeated(int times, const Names& calls) {
     Names all;

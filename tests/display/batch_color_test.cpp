@@ -3,6 +3,8 @@
 #include <bit>
 #include <ctime>
 
+#include "simhost/system/clock.h"
+#include "simhost/trail/interpreter.h"
 #include "tests/display/colour_bench.h"
 
 namespace {
@@ -393,6 +395,24 @@ TEST_F(BatchColor, AManufacturingModelIsColouredFromItsAssembly) {
 }
 
 // --- Two runs ----------------------------------------------------------------------------------
+
+TEST_F(BatchColor, DrawsByTheTimeThatAScriptSays) {
+    Model& part = Part("single");
+    Open(part);
+    Setting("VxRandomColorOpt", "random");
+    // 4 294 967 297 is one more than the generator can tell from 1.
+    for (const char* seconds : {"1", "4294967297"}) {
+        Play(std::string("@ clock ") + seconds + "\n~ Command `BatchColor`");
+        workbench::Draws draws(1);
+        for (const double part255 : {ColourOf(part).red, ColourOf(part).green, ColourOf(part).blue})
+            EXPECT_EQ(part255, draws.Next() % 256) << seconds;
+    }
+    Play("@ clock");
+    EXPECT_NEAR(double(TellTime()), double(std::time(nullptr)), 60);
+    for (const char* wrong : {"-1", "soon", "1 2", "9999999999999999999999"}) {
+        EXPECT_FALSE(RunScript(std::string("@ clock ") + wrong).empty()) << wrong;
+    }
+}
 
 TEST_F(BatchColor, TwoRunsGiveOtherColoursUnlessTheyFallWithinOneSecond) {
     Model& part = Part("single");

@@ -47,12 +47,12 @@ TEST(WorkApart, FailsInItsOwnWords) {
     EXPECT_EQ(HowItFailed([]() -> std::string { throw std::runtime_error("x is no y"); }),
               "x is no y");
     EXPECT_EQ(HowItFailed([]() -> std::string { throw std::bad_alloc(); }),
-              "there is not enough memory");
-    EXPECT_EQ(HowItFailed([]() -> std::string { throw 1; }), "it failed without a word");
+              "working takes more memory than there is");
+    EXPECT_EQ(HowItFailed([]() -> std::string { throw 1; }), "working failed without a word");
 }
 
 TEST(WorkApart, ThatASignalEndsOrThatLeavesIsTold) {
-    for (const int each : {SIGSEGV, SIGABRT, SIGFPE, SIGKILL}) {
+    for (const int each : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS}) {
         const std::string how = HowItFailed([each] {
             signal(each, SIG_DFL);  // sanitizers have handlers of their own
             raise(each);
@@ -60,6 +60,11 @@ TEST(WorkApart, ThatASignalEndsOrThatLeavesIsTold) {
         });
         EXPECT_EQ(how, std::string("working broke off (") + strsignal(each) + ")");
     }
+    const std::string killed = HowItFailed([] {
+        raise(SIGKILL);
+        return std::string("survived");
+    });
+    EXPECT_EQ(killed, "working was ended from outside, as where memory runs out");
     EXPECT_EQ(HowItFailed([]() -> std::string { _exit(3); }), "working broke off (status 3)");
     EXPECT_EQ(HowItFailed([]() -> std::string { _exit(0); }), "working broke off without a word");
 }

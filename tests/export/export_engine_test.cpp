@@ -213,6 +213,14 @@ TEST_F(EngineNames, ThatWindowsOrTheCodePageHasNotLeaveTheFileUnderTheDrawingsNa
     EXPECT_EQ(NameOf(std::string(200, 'x') + ",代号", "_"), "P-1.dxf");
 }
 
+TEST_F(Engine, ADrawingOfWhichTheHostNamesNoModelsIsPassedOver) {
+    Formats({"STPCheck"});
+    Fail("ProDrawingSolidsCollect", {.n = 1, .status = PRO_TK_NO_ERROR});
+    const Names calls = Export({"1"});
+    EXPECT_EQ(calls.back(), "ProDrawingSolidsCollect");
+    EXPECT_FALSE(Exists(WIDE("C:\\Work\\STP")));
+}
+
 // --- DWG and DXF ---
 
 TEST_F(Engine, DwgAsksForItsReleaseFolderSheetsAndThenForTheFile) {

@@ -12,7 +12,7 @@ import time
 import unittest
 
 PROGRAM = sys.argv.pop(1) if len(sys.argv) > 1 else "build/quick/simhost"
-PATIENCE = 120  # seconds
+PATIENCE = 600  # seconds
 
 
 def run(*words):

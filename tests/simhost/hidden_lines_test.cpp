@@ -16,7 +16,7 @@ void AddPlate(HiddenLineScene* scene, double x0, double y0, double x1, double y1
                     {0, 0, 1});
 }
 
-double LengthOf(const std::vector<DrawnLine>& lines, bool hidden) {
+double DrawnLength(const std::vector<DrawnLine>& lines, bool hidden) {
     double sum = 0;
     for (const DrawnLine& line : lines) {
         if (line.hidden == hidden) sum += std::hypot(line.x1 - line.x0, line.y1 - line.y0);
@@ -77,8 +77,8 @@ TEST(HiddenLines, AmongManyPlatesEveryEdgeIsHiddenJustByThoseThatItGoesUnder) {
     scene.AddEdge({5, 0, 30.5}, {5, 400, 30.5});  // before the rows 0 to 20, behind the others
     const double diagonal = std::sqrt(2.0);
     const auto lines = PiecesOf(scene, /*withHidden=*/true);
-    EXPECT_NEAR(LengthOf(lines, /*hidden=*/true), 320 + 320 + 320 * diagonal + 19 * 8, 0.5);
-    EXPECT_NEAR(LengthOf(lines, /*hidden=*/false), 80 + 80 + 80 * diagonal + 390 + 400 - 19 * 8,
+    EXPECT_NEAR(DrawnLength(lines, /*hidden=*/true), 320 + 320 + 320 * diagonal + 19 * 8, 0.5);
+    EXPECT_NEAR(DrawnLength(lines, /*hidden=*/false), 80 + 80 + 80 * diagonal + 390 + 400 - 19 * 8,
                 0.5);
 }
 

@@ -10,6 +10,8 @@
 
 #include "simhost/core/text.h"
 #include "simhost/host.h"
+#include "simhost/model/annotations.h"
+#include "simhost/model/view_items.h"
 #include "simhost/picture/dxf.h"
 #include "simhost/picture/sheet.h"
 #include "simhost/picture/sheet_lines.h"
@@ -201,6 +203,47 @@ TEST_F(SheetTest, NoWordsCoverOthers) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         for (std::size_t k = 0; k < i; ++k) EXPECT_FALSE(words[i].Meets(words[k])) << i << ' ' << k;
     }
+}
+
+// The place of a word of the picture, by what it says.
+Words WordsSaying(const std::string& svg, const std::string& text) {
+    const std::size_t end = svg.find('>' + text + "</text>");
+    EXPECT_NE(end, std::string::npos) << text;
+    const std::string tag = svg.substr(svg.rfind("<text ", end), end);
+    const double size = NumberAfter(tag, "font-size");
+    return {NumberAfter(tag, "x"), NumberAfter(tag, "y"), size,
+            0.5 * size * double(DisplayWidth(text))};
+}
+
+// The main view is 20 high. Its name is below it, where a note or a dimension of its lower edge
+// then is; so it goes to the other side.
+TEST_F(SheetTest, NamesOfViewsGiveWayToNotesAndDimensions) {
+    const Words usual = WordsSaying(SheetSvg(*sheet_, 1, 800), "主视图");
+    SheetNote note;
+    note.at = {95, 85, 0};
+    note.text = {WIDE("NOTE")};
+    Annotations& annotations = AnnotationsOf(*sheet_);
+    const int id = annotations.Add(note).id;
+    const std::string noted = SheetSvg(*sheet_, 1, 800);
+    const Words beside = WordsSaying(noted, "主视图");
+    EXPECT_FALSE(beside.Meets(WordsSaying(noted, "NOTE")));
+    EXPECT_TRUE(usual.Meets(WordsSaying(noted, "NOTE")));
+
+    annotations.Erase(id);
+    EXPECT_EQ(WordsSaying(SheetSvg(*sheet_, 1, 800), "主视图").y, usual.y);
+    Dimension length;
+    for (const ItemWay& way : ItemsOfView(*main_, {PRO_EDGE})) {
+        const SeenItem edge = *SeenIn(*main_, way);
+        if (edge.from.y < 0 && edge.to.y < 0 && edge.from.x != edge.to.x) length.to = {{way}};
+    }
+    ASSERT_EQ(length.to.size(), 1u);
+    length.view = main_->id;
+    length.kind = DimensionKind::Horizontal;
+    // Its text is well to the right: only the line of the dimension is in the name's way.
+    length.at = {40, -14, 0};
+    length.shown = true;
+    annotations.Add(length);
+    EXPECT_LT(WordsSaying(SheetSvg(*sheet_, 1, 800), "主视图").y, usual.y - 20);
 }
 
 // By the first-angle rule the sign's place is the lower right corner of the frame, 10 inside the

@@ -16,11 +16,12 @@ constexpr std::array<CommandRow, 3> kCommandTable = {{
     Row<"VxBom">      (Command<VxBom>,      AccessAssemblyOrMfg),
     Row<"BatchColor"> (Command<BatchColor>, AccessSolid)
         .Help("Color_Help").Icon("RandomColor.png"),
-    Row<"VxLater">    (NotBuilt,            AccessAlways).MenuOnly(),
+    Row<"VxLast">     (Command<VxLast>,     AccessAlways).MenuOnly(),
 }};
 """
 TEXTS = ("Menu\nV\n菜单\n#\nVxBom\nBill\nBOM表\n#\nVxBom_Help\nShow\n显示BOM表\n#\n"
-         "BatchColor\nColour\n上色\n#\nColor_Help\nC\n给零件上色\n#\nVxLater\nL\n以后\n#\n")
+         "BatchColor\nColour\n上色\n#\nColor_Help\nC\n给零件上色\n#\nVxLast\nL\n最后\n#\n"
+         "VxLast_Help\nL\n最后一个\n#\n")
 RESOURCE = """(Dialog VxBom (Components (Label Lab) (PushButton Load) (Table rows))
 (Resources (Load.Label "载入")))"""
 SOURCE = """// The command VxBom: a table.
@@ -48,7 +49,8 @@ class Made(unittest.TestCase):
         self.write("text/resource/VxBom.res", RESOURCE)
         self.write("tables/bom.cpp", SOURCE)
         self.write("VXconfig/VxBom.ini", "[cols_sum]\ncontent=a\n[7]\nvalue=1\n")
-        self.pages = {"VxBom": PAGE, "BatchColor": "## 步骤\n## 注意\n## 示例\n"}
+        self.pages = {"VxBom": PAGE, "BatchColor": "## 步骤\n## 注意\n## 示例\n",
+                      "VxLast": "## 步骤\n## 注意\n## 示例\n"}
 
     def write(self, name, text, encoding="utf-8"):
         path = self.root / name
@@ -65,18 +67,18 @@ class Gaps(Made):
 
     def test_help_and_access_come_from_the_row_or_follow_the_name(self):
         commands = guide.Product(self.root).commands
-        self.assertEqual(commands["BatchColor"], ("Color_Help", "AccessSolid", True))
-        self.assertEqual(commands["VxBom"], ("VxBom_Help", "AccessAssemblyOrMfg", True))
-        self.assertEqual(commands["VxLater"], ("VxLater_Help", "AccessAlways", False))
+        self.assertEqual(commands["BatchColor"], ("Color_Help", "AccessSolid"))
+        self.assertEqual(commands["VxBom"], ("VxBom_Help", "AccessAssemblyOrMfg"))
+        self.assertEqual(commands["VxLast"], ("VxLast_Help", "AccessAlways"))
 
-    def test_a_built_command_without_a_page_is_found(self):
+    def test_a_command_without_a_page_is_found(self):
         del self.pages["BatchColor"]
         self.assertEqual(self.gaps(), ["BatchColor works and has no page "
                                        "(docs/guide/commands/BatchColor.md)"])
 
-    def test_a_page_of_an_unbuilt_command_is_found(self):
-        self.pages["VxLater"] = ""
-        self.assertEqual(self.gaps(), ["VxLater.md is a page of no command that works"])
+    def test_a_page_of_no_command_is_found(self):
+        self.pages["VxNever"] = ""
+        self.assertEqual(self.gaps(), ["VxNever.md is a page of no command that works"])
 
     def test_a_component_without_a_line_is_found(self):
         self.pages["VxBom"] = PAGE.replace("`rows`", "")
@@ -110,7 +112,8 @@ class WrittenGuide(Made):
         (self.root / "simhost").chmod(0o755)
         self.write("pages/00-start.md", "# Start\n[bom](VxBom.html)\n")
         self.write("pages/commands/VxBom.md", PAGE + example)
-        self.write("pages/commands/BatchColor.md", self.pages["BatchColor"])
+        for command in ("BatchColor", "VxLast"):
+            self.write(f"pages/commands/{command}.md", self.pages[command])
         made = guide.Guide(guide.Product(self.root), self.root / "pages", self.root / "simhost",
                            self.root / "out")
         made.write()
@@ -130,7 +133,7 @@ class WrittenGuide(Made):
         text = (self.root / "out/VxBom.html").read_text(encoding="utf-8")
         self.assertIn("菜单：菜单 → BOM表", text)
         self.assertIn("打开组件或制造模型时可用", text)
-        self.assertIn('<span title="尚未提供">以后</span>', text)
+        self.assertIn('<a href="VxLast.html">最后</a>', text)
 
 
 if __name__ == "__main__":

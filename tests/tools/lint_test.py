@@ -287,8 +287,8 @@ class CommandTexts(RuleTest):
         self.keys += sorted(lint.MENU_KEYS_WITHOUT_ROW)
 
     def lay(self):
-        table = "".join('    Row<"%s">  (NotBuilt, Always),\n' % name for name in self.rows)
-        table += 'Row = Row<"VxOpenDrw">(NotBuilt, Always).MenuOnly().NoIcon();\n'
+        table = "".join(f'    Row<"{name}">  (Command<{name}>, Always),\n' for name in self.rows)
+        table += 'Row = Row<"VxOpenDrw">(Command<VxOpenDrw>, Always).MenuOnly().NoIcon();\n'
         self.write("frame/command_table.cpp", BANNER + table)
         menu = "".join(f"{key}\nEnglish\n中文\n#\n" for key in self.keys)
         self.write("text/vxMenu.txt", "\ufeff" + menu)
@@ -350,11 +350,13 @@ class CommandRows(RuleTest):
     def setUp(self):
         super().setUp()
         self.table('    Row<"VxBom">   (Command<VxBom>, Always),\n'
-                   '    Row<"VxIsolate">   (NotBuilt, Always)\n        .Help("H").Icon("i.png"),\n'
+                   '    Row<"VxIsolate">   (Command<VxIsolate>, Always)\n'
+                   '        .Help("H").Icon("i.png"),\n'
                    '    Row<"Paint">   (Command<Paint>, Always).MenuOnly(),\n')
         self.write("tables/bom.cpp", "// VxBom: the list of all parts, in a table.\n")
         self.write("display/paint.cpp", "// Paint: a colour for each and every part.\n")
-        self.readme("| `VxBom`, `Paint` | lists and paints; `VxIsolate` is told elsewhere |\n")
+        self.write("display/isolate.cpp", "// VxIsolate: one component and nothing else.\n")
+        self.readme("| `VxBom`, `Paint`, `VxIsolate` | three; `VxLater` is told elsewhere |\n")
 
     def table(self, rows):
         self.write("frame/command_table.cpp", BANNER + rows)
@@ -392,12 +394,12 @@ class CommandRows(RuleTest):
         self.write("tables/commands.h", "// VxBom and all other commands of this very room.\n")
         self.assertEqual(self.found(lint.commands_are_named_by_their_file), [])
 
-    def test_a_built_command_that_the_readme_forgets_is_found_at_its_row(self):
-        self.readme("| `VxBom` | lists; `Paint` in the second column does not count |\n")
+    def test_a_command_that_the_readme_forgets_is_found_at_its_row(self):
+        self.readme("| `VxBom`, `VxIsolate` | both; `Paint` in another column does not count |\n")
         self.assertEqual(self.found(lint.readme_tells_what_works), ["frame/command_table.cpp:5"])
 
     def test_a_command_that_the_readme_promises_too_early_is_found_there(self):
-        self.readme("| `VxBom`, `Paint` | both |\n| `VxIsolate` | not yet |\n")
+        self.readme("| `VxBom`, `Paint`, `VxIsolate` | all |\n| `VxLater` | not yet |\n")
         self.assertEqual(self.found(lint.readme_tells_what_works), ["README.md:8"])
 
     def test_a_readme_without_the_table_is_found(self):

@@ -11,6 +11,8 @@ import tempfile
 import time
 import unittest
 
+from selenium.webdriver.common.action_chains import ActionChains
+
 sys.path.insert(0, os.path.dirname(__file__))
 from page_support import (Bench, click, console_errors, get, get_json, open_page, settle, state,
                           step, wait_for)
@@ -147,13 +149,36 @@ class InEnglish(PageTest):
 
 
 class Drawings(PageTest):
-    def test_a_sheet_is_shown_and_its_dimensions_are_selected_by_clicks(self):
-        self.open("input_shaft.drw")
-        wait_for(self.page, "return document.querySelector('#sheet svg');", "the sheet is shown")
+    def click_sheet(self, x, y):
+        """Clicks a point of the sheet, in its millimetres from the lower left corner."""
+        settle(self.page)
+        paper = self.page.find_element("css selector", ".paper")
         sheet = get_json(self.page, "/sheet")
-        shown = self.page.execute_script(
-            "const p = document.querySelector('.paper'); return p.offsetWidth / p.offsetHeight;")
-        self.assertAlmostEqual(shown, sheet["width"] / sheet["height"], places=1)
+        across = paper.size["width"] / sheet["width"]
+        ActionChains(self.page).move_to_element_with_offset(
+            paper, round((x - sheet["width"] / 2) * across),
+            round((sheet["height"] / 2 - y) * across)).click().perform()
+        settle(self.page)
+
+    def test_a_shaft_is_dimensioned_by_clicks_on_its_sheet(self):
+        self.open("输入轴.drw")
+        wait_for(self.page, "return document.querySelector('#sheet svg');", "the sheet is shown")
+        self.press("VxSingleDim")
+        self.assertEqual(state(self.page)["wait"]["kind"], "pick")
+        # 308 mm at 3:4 about x = 240: its ends.
+        self.click_sheet(240 - 308 * 0.75 / 2, 195)
+        self.click_sheet(240 + 308 * 0.75 / 2, 195)
+        self.assertEqual(state(self.page)["wait"]["kind"], "click")
+        self.click_sheet(205, 150)
+        click(self.page, "#hint button:last-child")
+        self.assertIsNone(state(self.page)["wait"])
+        step(self.page, "@ expect dimension 1 308")
+        self.assertEqual(get_json(self.page, "/faults")["failures"], [])
+        item = get_json(self.page, "/sheet")["items"][0]
+        self.assertEqual(item["path"], "dimension#1")
+        click(self.page, ".paper .item[data-path='dimension#1']")
+        self.assertEqual(state(self.page)["selection"], ["dimension#1"])
+        self.assertIn("308", self.texts(".paper svg text"))
 
 
 class RandomClicks(PageTest):

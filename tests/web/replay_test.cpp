@@ -1,9 +1,11 @@
 // What is sent through the page's address is the same session as a script, and what was recorded
 // does it again.
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <map>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -152,6 +154,28 @@ TEST_F(WebReplay, BeginsNothingAnewOnADriveThatStays) {
     EXPECT_FALSE(Get("/files")["temporary"]);
     End();
     fs::remove_all(drive);
+}
+
+// The colours are drawn by the time.
+TEST_F(WebReplay, TellsThePluginTheTimeThatItWasToldBefore) {
+    Start();
+    Play("@ open gearbox.asm\n~ Command `BatchColor`\n@ save all");
+    const Written before = FilesOnTheDrive();
+    EXPECT_GT(before.size(), 40u);
+    std::smatch clock;
+    const std::string recording = Recording();
+    ASSERT_TRUE(std::regex_match(
+        recording, clock,
+        std::regex("@ open gearbox.asm\n@ clock (\\d+)\n~ Command `BatchColor`\n@ save all\n")))
+        << recording;
+    // A later second gives other colours, unless the clock says the same.
+    while (std::to_string(std::time(nullptr)) == clock[1].str()) std::this_thread::yield();
+    const auto version = Settle();
+    Client().Post("/restart?replay=1&v=" + std::to_string(version), Token(), "", "text/plain");
+    while (Transcript().find("replayed") == std::string::npos) Settle();
+    EXPECT_EQ(FilesOnTheDrive(), before);
+    End();
+    EXPECT_EQ(FilesOfScript(options_.workplace, recording), before);
 }
 
 // A step costs the same whether few or many went before, and nothing is kept but the recording.

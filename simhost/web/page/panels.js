@@ -10,6 +10,8 @@ function kindOf(line) {
   if (text.startsWith('!!')) return 'fault';
   if (text.startsWith('message:')) return 'message';
   if (text.startsWith('changed:')) return 'changed';
+  // Dialogs and boxes as a terminal shows them: the page has better ones.
+  if (text.startsWith('+-') || text.startsWith('|')) return 'frame';
   return text.startsWith('~') || text.startsWith('@') ? 'step' : 'line';
 }
 
@@ -145,13 +147,13 @@ export class Facts {
     this.path = '';
   }
 
-  async choose(path) {
+  choose(path) {
     this.path = path;
   }
 
   async update(state) {
     if (!state.current) return this.element.replaceChildren();
-    const path = state.selection.length ? this.path : '';
+    const path = state.selection.includes(this.path) ? this.path : '';
     const facts = await this.connection.get('/model?path=' + encodeURIComponent(path));
     if (!facts) return undefined;
     const rows = facts.parameters.map(one => make('tr', {}, make('td', {}, one.name),

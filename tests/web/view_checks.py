@@ -1,0 +1,260 @@
+#!/usr/bin/python3
+"""The 3-D view of the workbench in a real browser: colours, hiding, clicks and turning, by pixels
+and paths. Runs alone; each check takes a page on which the gearbox is open."""
+import colorsys
+import json
+import struct
+import subprocess
+import sys
+import time
+
+from selenium import webdriver
+from selenium.webdriver.chrome.options import Options
+from selenium.webdriver.chrome.service import Service
+from selenium.webdriver.common.action_chains import ActionChains
+from selenium.webdriver.common.keys import Keys
+
+PATIENCE = 120  # seconds
+SWITCHES = ("--headless=new --no-sandbox --use-angle=swiftshader --enable-unsafe-swiftshader "
+            "--window-size=1400,900").split()
+
+
+class Page:
+    """A workbench of its own and a browser that shows it."""
+
+    def __init__(self, simhost, *words):
+        self.server = subprocess.Popen([simhost, "workbench", *words], stdout=subprocess.PIPE,
+                                       text=True)
+        address = next(line.strip() for line in self.server.stdout if line.startswith("http"))
+        options = Options()
+        for switch in SWITCHES:
+            options.add_argument(switch)
+        options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
+        self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
+        self.driver.set_script_timeout(PATIENCE)
+        self.driver.get(address)
+        self.until("window.vx && vx.connection.state && window.vxView")
+
+    def end(self):
+        """Ends both; what the browser complained of."""
+        problems = [each["message"] for each in self.driver.get_log("browser")
+                    if each["level"] == "SEVERE"]
+        self.driver.quit()
+        self.server.terminate()
+        self.server.wait()
+        return problems
+
+    def give(self, script, *arguments):
+        return self.driver.execute_script("return " + script, *arguments)
+
+    def until(self, condition):
+        end = time.monotonic() + PATIENCE
+        while not self.give(condition):
+            if time.monotonic() > end:
+                raise AssertionError(f"never came: {condition}")
+            time.sleep(0.05)
+
+    def settle(self):
+        """Until what is painted is what the session shows."""
+        self.until("!vx.connection.busy && vxView.ready")
+
+    def step(self, *lines):
+        for line in lines:
+            self.settle()
+            before = self.give("vx.connection.version")
+            self.give("vx.connection.step(arguments[0])", line)
+            self.until(f"vx.connection.version > {before}")
+        self.settle()
+
+    def fetch(self, address, kind):
+        """What the server answers: json or text."""
+        return self.driver.execute_async_script(
+            "const [address, kind, done] = arguments;"
+            "fetch(address).then(answer => answer[kind]()).then(done)", address, kind)
+
+    def recorded(self):
+        return self.fetch("/recording", "text").splitlines()
+
+    def selection(self):
+        return self.fetch("/state", "json")["selection"]
+
+    def scene(self):
+        """The header of the host's own picture."""
+        numbers = self.driver.execute_async_script(
+            "const done = arguments[0]; fetch('/scene').then(answer => answer.arrayBuffer())"
+            ".then(buffer => done([...new Uint8Array(buffer)].slice(0, 4 +"
+            " new DataView(buffer).getUint32(0, true))))")
+        data = bytes(numbers)
+        return json.loads(data[4:4 + struct.unpack("<I", data[:4])[0]])
+
+    def mouse(self, x, y):
+        """Actions of the mouse that begin at a place of the page."""
+        return self.at(ActionChains(self.driver, duration=20), x, y)
+
+    @staticmethod
+    def at(actions, x, y):
+        """The same, gone on to another place."""
+        actions.w3c_actions.pointer_action.move_to_location(round(x), round(y))
+        return actions
+
+    def spots(self, wanted):
+        """Places at and around which so many parts of different names are the foremost, in whole
+        pixels: [(path, x, y)]."""
+        found, names = [], set()
+        for path in self.give("vxView.paths"):
+            name = path.split(":")[0]
+            if name in names:
+                continue
+            spot = self.give("vxView.spot(arguments[0])", path)
+            if spot and self.is_foremost(path, round(spot["x"]), round(spot["y"])):
+                names.add(name)
+                found.append((path, round(spot["x"]), round(spot["y"])))
+            if len(found) == wanted:
+                return found
+        raise AssertionError(f"only {len(found)} parts can be seen")
+
+    def is_foremost(self, path, x, y):
+        """Not its border, where an edge is painted."""
+        return self.give("[[0, 0], [3, 0], [-3, 0], [0, 3], [0, -3]].every(([dx, dy]) =>"
+                         " vxView.pathAt(arguments[0] + dx, arguments[1] + dy) === arguments[2])",
+                         x, y, path)
+
+    def colour(self, x, y):
+        return self.give("vxView.colourAt(arguments[0], arguments[1])", x, y)
+
+    def leave_view(self):
+        """What lies under the pointer is painted in another colour."""
+        self.mouse(20, 20).perform()
+        self.settle()
+
+
+def check_every_part_has_its_colour(page):
+    page.step("~ Command `BatchColor`")
+    page.leave_view()
+    rows = {row["path"]: row for row in page.fetch("/tree", "json")["rows"]}
+    compared = 0
+    for path, x, y in page.spots(12):
+        code = rows[path]["colour"]
+        wanted = [int(code[at:at + 2], 16) / 255 for at in (1, 3, 5)]
+        red, green, blue, opacity = page.colour(x, y)
+        assert opacity == 255, f"{path} is painted: {opacity}"
+        hue, saturation, _ = colorsys.rgb_to_hsv(*wanted)
+        seen = colorsys.rgb_to_hsv(red / 255, green / 255, blue / 255)
+        if saturation < 0.3 or seen[1] < 0.15:
+            continue  # too grey for a hue, or where the light is mirrored
+        off = abs(seen[0] - hue)
+        assert min(off, 1 - off) < 0.05, f"{path}: {code}, but {red} {green} {blue}"
+        compared += 1
+    assert compared >= 4, "enough colours were compared"
+
+
+def check_a_click_selects(page):
+    (one, x1, y1), (other, x2, y2) = page.spots(2)
+    page.mouse(x1, y1).click().perform()
+    page.until("vx.connection.state.selection.length === 1")
+    page.settle()
+    assert page.selection() == [one], page.selection()
+    page.mouse(x2, y2).key_down(Keys.CONTROL).click().key_up(Keys.CONTROL).perform()
+    page.until("vx.connection.state.selection.length === 2")
+    page.settle()
+    assert page.selection() == [one, other], page.selection()
+    page.leave_view()
+    _, green, blue, _ = page.colour(x2, y2)
+    page.step("@ clear selection")
+    _, usual_green, usual_blue, _ = page.colour(x2, y2)
+    assert (green, blue) != (usual_green, usual_blue), "what is selected is seen"
+    page.step(f'@ select "{one}"')
+    box = page.give("document.querySelector('#view canvas').getBoundingClientRect()")
+    page.mouse(box["x"] + 20, box["y"] + box["height"] / 2).click().perform()
+    page.until("vx.connection.state.selection.length === 0")
+
+
+def check_turning_reaches_the_host(page):
+    page.settle()
+    turns = sum(line.startswith("@ turn") for line in page.recorded())
+    before = page.give("vxView.view")
+    (_, x, y), = page.spots(1)
+    frames = page.give("vxView.frames")
+    actions = page.mouse(x, y).click_and_hold()
+    for step in range(1, 9):
+        page.at(actions, x + 6 * step, y + 3 * step)
+    actions.release().perform()
+    page.until(f"vxView.frames > {frames}")
+    page.settle()
+    view = page.give("vxView.view")
+    assert view["axes"] != before["axes"], "it has turned"
+    lines = [line for line in page.recorded() if line.startswith("@ turn")]
+    assert len(lines) == turns + 1, f"one line for one turn: {lines}"
+    matrix = page.scene()["screen"]["matrix"]
+    for axis in range(3):
+        for at in range(3):
+            off = matrix[axis][at] - view["scale"] * view["axes"][axis][at]
+            assert abs(off) < 1e-9, f"the host has the view that is seen: {matrix} {view}"
+    page.leave_view()
+    page.step("~ Command `VxNormalView`")
+    straight = page.give("vxView.view")["axes"]
+    assert all(min(abs(each), abs(abs(each) - 1)) < 1e-9 for axis in straight for each in axis), \
+        f"a view that the host turns is seen: {straight}"
+
+
+def check_a_pick_is_answered_by_click_and_by_rectangle(page):
+    page.give("document.querySelector('[data-view=isometric]').click()")
+    page.settle()
+    page.step("~ Command `BoxSel`")
+    page.until("vx.connection.state.wait && vx.connection.state.wait.kind === 'pick'")
+    page.settle()
+    (path, x, y), = page.spots(1)
+    page.mouse(x, y).click().perform()
+    page.until("!vx.connection.state.wait")
+    assert page.recorded()[-1] == f'@ pick "{path}"', page.recorded()[-1]
+    page.step("~ Command `BoxSel`")
+    box = page.give("document.querySelector('#view canvas').getBoundingClientRect()")
+    left, top = box["x"] + 3, box["y"] + 60
+    actions = page.mouse(left, top).click_and_hold()
+    page.at(actions, left + 50, top + 50)
+    page.at(actions, box["x"] + box["width"] - 3, box["y"] + box["height"] - 3)
+    actions.release().perform()
+    page.until("!vx.connection.state.wait")
+    assert page.recorded()[-1].startswith("@ pick box "), page.recorded()[-1]
+    parts = set(page.give("vxView.paths"))
+    assert set(page.selection()) == parts, "all that is seen lies in the box"
+    page.step("@ clear selection", "~ Command `VxBoxSelSur`")
+    page.settle()
+    page.mouse(x, y).click().perform()
+    page.until("!vx.connection.state.wait")
+    assert page.recorded()[-1].startswith(f'@ pick "{path}/surface#'), page.recorded()[-1]
+    page.step("@ clear selection")
+
+
+def check_what_is_hidden_is_not_seen(page):
+    (path, x, y), *others = page.spots(6)
+    page.step(f'@ select "{path}"', "~ Command `VxIsolate`", "@ clear selection")
+    page.leave_view()
+    assert page.give("vxView.paths") == [path]
+    assert page.colour(x, y)[3] == 255
+    for other, at_x, at_y in others:
+        if page.give("vxView.pathAt(arguments[0], arguments[1])", at_x, at_y) is None:
+            assert page.colour(at_x, at_y)[3] == 0, f"{other} is hidden"
+    page.step("~ Command `VxShowAllComp`")
+    assert len(page.give("vxView.paths")) > 100
+    assert page.colour(*others[0][1:])[3] == 255, "it is back"
+
+
+CHECKS = [check_every_part_has_its_colour, check_a_click_selects, check_turning_reaches_the_host,
+          check_a_pick_is_answered_by_click_and_by_rectangle, check_what_is_hidden_is_not_seen]
+
+
+def main():
+    page = Page(sys.argv[1] if len(sys.argv) > 1 else "build/quick/simhost")
+    try:
+        page.step("@ open gearbox.asm")
+        for check in CHECKS:
+            check(page)
+            print("ok", check.__name__)
+    finally:
+        problems = page.end()
+    assert not problems, problems
+
+
+if __name__ == "__main__":
+    main()

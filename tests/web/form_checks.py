@@ -255,6 +255,27 @@ def check_rows_are_selected(page):
     page.close_all()
 
 
+def check_a_double_click_is_one(page):
+    page.step("~ Command `VxBom`")
+    before = len(page.recording())
+    cell = page.find('.vx-table tr[data-row="3"] td')
+    ActionChains(page.driver).double_click(cell).perform()
+    page.settle()
+    assert page.recording()[before:] == [
+        "~ Select `VxBom` `bom_list` 2 `3` `num`", "~ Activate `VxBom` `bom_list` 2 `3` `num`"], \
+        page.recording()[before:]
+    page.close_all()
+    page.step("~ Command `VxRename`")
+    before = len(page.recording())
+    ActionChains(page.driver).double_click(
+        page.find('.vx-table tr[data-row="4"] td')).perform()
+    page.settle()
+    assert page.recording()[before:] == [
+        "~ Select `VxRename` `mdl_list` 2 `4` `num`", "~ Arm `VxRename` `mdl_list` 2 `4` `num`"], \
+        "its second click picks nothing again: %s" % page.recording()[before:]
+    page.close_all()
+
+
 def check_cells_are_filled(page):
     page.step("~ Command `VxRename`")
     before = len(page.recording())
@@ -402,6 +423,7 @@ CHECKS = [
     check_enter_presses_the_default_button,
     check_marks_and_menus,
     check_rows_are_selected,
+    check_a_double_click_is_one,
     check_cells_are_filled,
     check_a_box_is_answered_once,
     check_a_file_is_chosen,

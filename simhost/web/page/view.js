@@ -69,7 +69,11 @@ export class View {
     on('pointermove', this.move);
     on('pointerup', this.release);
     on('pointercancel', this.cancel);
-    on('pointerleave', () => this.setUnder(null));
+    on('pointerleave', () => {
+      cancelAnimationFrame(this.looking);
+      this.looking = 0;
+      this.setUnder(null);
+    });
     on('contextmenu', event => event.preventDefault());
     on('wheel', this.wheel, { passive: false });
     on('keydown', this.key);

@@ -20,9 +20,9 @@ void Put(Out out, Vec3 v) {
 }
 
 // The numbers of one line, one after the other.
-class Numbers {
+class NumberReader {
 public:
-    explicit Numbers(std::string_view line) : at_(line.data()), end_(at_ + line.size()) {}
+    explicit NumberReader(std::string_view line) : at_(line.data()), end_(at_ + line.size()) {}
     double Real() { return Next<double>(); }
     int Whole() { return Next<int>(); }
     Vec3 Vector() {
@@ -48,7 +48,7 @@ private:
     bool well_ = true;
 };
 
-ImportedFace ReadFace(Numbers& numbers) {
+ImportedFace ReadFace(NumberReader& numbers) {
     ImportedFace face;
     face.kind = FaceKind(std::clamp(numbers.Whole(), 0, int(FaceKind::Other)));
     face.origin = numbers.Vector();
@@ -65,7 +65,7 @@ ImportedFace ReadFace(Numbers& numbers) {
     return face;
 }
 
-ImportedEdge ReadEdge(Numbers& numbers, EdgeKind kind) {
+ImportedEdge ReadEdge(NumberReader& numbers, EdgeKind kind) {
     ImportedEdge edge;
     edge.kind = kind;
     for (int& face : edge.faces) face = numbers.Whole();
@@ -82,7 +82,7 @@ ImportedEdge ReadEdge(Numbers& numbers, EdgeKind kind) {
 }
 
 bool ReadLine(std::string_view line, ImportedBody* body) {
-    Numbers numbers(line.substr(std::min<std::size_t>(line.size(), 1)));
+    NumberReader numbers(line.substr(std::min<std::size_t>(line.size(), 1)));
     switch (line.empty() ? '\0' : line[0]) {
         case 'p': body->points.push_back(numbers.Vector()); break;
         case 'f': body->faces.push_back(ReadFace(numbers)); break;

@@ -224,8 +224,8 @@ void AddWorkplaceOptions(CLI::App* command, Options* options) {
 
 struct CommandLine {
     CLI::App app{"The simulated host of Vorlatix. Without a command: a prompt."};
-    CLI::App *workbench = nullptr, *run = nullptr, *demo = nullptr, *generate = nullptr, *dialogs = nullptr,
-             *import = nullptr;
+    CLI::App *workbench = nullptr, *run = nullptr, *demo = nullptr, *generate = nullptr,
+             *dialogs = nullptr, *import = nullptr;
 
     explicit CommandLine(Options* options) {
         app.set_version_flag("--version", "simhost " VX_VERSION);

@@ -46,12 +46,12 @@ std::string FirstOf(const std::vector<std::string>& names) {
 void TellWhereItWorks(const Workplace& workplace, const Print& print) {
     if (workplace.isTemporary()) {
         print(Either("Works on a copy of ", "在副本上工作，原项目：") +
-                  workplace.options().project.string() +
-                  Either(" that is gone at the end; --drive DIR keeps it.",
-                         "。结束时副本即删除；--drive DIR 可保留。"));
+              workplace.options().project.string() +
+              Either(" that is gone at the end; --drive DIR keeps it.",
+                     "。结束时副本即删除；--drive DIR 可保留。"));
     } else {
         print(Either("Works in ", "工作位置：") + workplace.drive().string() +
-                  Either(", which stays.", "，结束后保留。"));
+              Either(", which stays.", "，结束后保留。"));
     }
     print(Either("Type help, or quit to end.", "输入 help 查看用法，quit 退出。"));
 }
@@ -90,12 +90,11 @@ void TellWhatIsWritten(const Workplace& workplace, const Print& print) {
         written.emplace_back(name.begin(), name.end());
     }
     if (!written.empty() && workplace.isTemporary()) {
-        print(Either("gone with the temporary drive: ", "随临时驱动器删除：") +
-                  FirstOf(written) +
-                  Either(" (--drive DIR keeps it)", "（用 --drive DIR 可保留）"));
+        print(Either("gone with the temporary drive: ", "随临时驱动器删除：") + FirstOf(written) +
+              Either(" (--drive DIR keeps it)", "（用 --drive DIR 可保留）"));
     } else if (!written.empty()) {
         print(Either("kept in ", "已保留在 ") + workplace.drive().string() + ": " +
-                  FirstOf(written));
+              FirstOf(written));
     }
 }
 

@@ -57,8 +57,8 @@ const Messages::File* Messages::Load(WideView file) {
             break;
         }
         const bool translated = !lines[at + 2].empty() && !IsEndMark(lines[at + 2]);
-        known.texts.emplace(
-            lines[at], File::Text{lines[at + 1], translated ? lines[at + 2] : lines[at + 1]});
+        known.texts.emplace(lines[at],
+                            File::Text{lines[at + 1], translated ? lines[at + 2] : lines[at + 1]});
     }
     return &known;
 }

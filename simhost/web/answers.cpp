@@ -1,8 +1,9 @@
 // The table of what can be asked.
 #include "simhost/web/answers.h"
 
-#include <charconv>
 #include <nlohmann/json.hpp>
+
+#include <charconv>
 
 namespace simhost {
 
@@ -24,18 +25,18 @@ Reply Refused(int status, const std::string& why) {
 
 const std::vector<Answer>& Answers() {
     static const std::vector<Answer> answers = {
-        {"/state", StateNow},         // what the user can do now
-        {"/tree", TreeNow},           // the components of the current model
-        {"/scene", SceneNow},         // what the window shows of them
-        {"/files", FilesNow},         // what lies on the drive
-        {"/file", OneFile},           // one of them
-        {"/recording", RecordingNow}, // what was done, as a script
-        {"/faults", FaultsNow},       // what the host complained of
-        {"/journal", JournalNow},     // calls through the door
-        {"/sheet", SheetNow},         // a sheet of a drawing
-        {"/dialog", DialogNow},       // the open dialog as a form
-        {"/rows", RowsNow},           // rows of a table in it
-        {"/model", ModelFacts},       // parameters and relations of a model
+        {"/state", StateNow},          // what the user can do now
+        {"/tree", TreeNow},            // the components of the current model
+        {"/scene", SceneNow},          // what the window shows of them
+        {"/files", FilesNow},          // what lies on the drive
+        {"/file", OneFile},            // one of them
+        {"/recording", RecordingNow},  // what was done, as a script
+        {"/faults", FaultsNow},        // what the host complained of
+        {"/journal", JournalNow},      // calls through the door
+        {"/sheet", SheetNow},          // a sheet of a drawing
+        {"/dialog", DialogNow},        // the open dialog as a form
+        {"/rows", RowsNow},            // rows of a table in it
+        {"/model", ModelFacts},        // parameters and relations of a model
     };
     return answers;
 }

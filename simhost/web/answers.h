@@ -41,12 +41,12 @@ const std::vector<Answer>& Answers();
 
 // --- By topic: see docs/workbench.md for what each looks like ---
 
-Reply StateNow(const Seat& seat, const Query& query);       // state.cpp
-Reply TreeNow(const Seat& seat, const Query& query);        // tree.cpp
-Reply SceneNow(const Seat& seat, const Query& query);       // scene.cpp
-Reply DialogNow(const Seat& seat, const Query& query);     // dialog_form.cpp
+Reply StateNow(const Seat& seat, const Query& query);   // state.cpp
+Reply TreeNow(const Seat& seat, const Query& query);    // tree.cpp
+Reply SceneNow(const Seat& seat, const Query& query);   // scene.cpp
+Reply DialogNow(const Seat& seat, const Query& query);  // dialog_form.cpp
 Reply RowsNow(const Seat& seat, const Query& query);
-Reply FilesNow(const Seat& seat, const Query& query);       // files.cpp
+Reply FilesNow(const Seat& seat, const Query& query);  // files.cpp
 Reply OneFile(const Seat& seat, const Query& query);
 Reply RecordingNow(const Seat& seat, const Query& query);  // records.cpp
 Reply FaultsNow(const Seat& seat, const Query& query);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+
 #include <string>
 
 #include "hostapi/wide.h"

@@ -34,14 +34,11 @@ Reply ModelFacts(const Seat&, const Query& query) {
     if (model->relations.initial) {
         for (const WideText& line : *model->relations.initial) relations.push_back(Text(line));
     }
-    const Json facts = {{"file", model->FileName()},
-                        {"title", model->title},
-                        {"version", model->version},
-                        {"changed", model->modified},
-                        {"size", SizeText(*model)},
-                        {"material", Text(model->partData.material)},
-                        {"parameters", ParametersOf(*model)},
-                        {"relations", std::move(relations)}};
+    const Json facts = {
+        {"file", model->FileName()},          {"title", model->title},
+        {"version", model->version},          {"changed", model->modified},
+        {"size", SizeText(*model)},           {"material", Text(model->partData.material)},
+        {"parameters", ParametersOf(*model)}, {"relations", std::move(relations)}};
     return {200, Reply().type, Dump(facts), {}};
 }
 

@@ -2,10 +2,10 @@
 #include "simhost/web/server.h"
 
 #include <fmt/format.h>
-#include <httplib.h>
 
 #include <atomic>
 #include <chrono>
+#include <httplib.h>
 #include <optional>
 #include <random>
 #include <stdexcept>
@@ -63,8 +63,8 @@ std::string Escaped(const std::string& text) {
     for (const char each : text) {
         const bool plain = (each >= '0' && each <= '9') || (each >= 'A' && each <= 'Z') ||
                            (each >= 'a' && each <= 'z') || each == '.' || each == '-';
-        escaped += plain ? std::string(1, each)
-                         : fmt::format("%{:02X}", static_cast<unsigned char>(each));
+        escaped +=
+            plain ? std::string(1, each) : fmt::format("%{:02X}", static_cast<unsigned char>(each));
     }
     return escaped;
 }
@@ -96,10 +96,11 @@ std::optional<std::uint64_t> VersionIn(const httplib::Request& request) {
 }
 
 std::string NewsText(const Board::News& news) {
-    Json json = {{"v", news.version},       {"session", news.session}, {"busy", news.busy},
-                 {"ended", news.ended},     {"waiting", news.waiting}, {"next", news.nextLine},
-                 {"lines", news.lines},     {"calls", news.calls},     {"lastCall", news.lastCall},
-                 {"seconds", news.busySeconds}, {"work", news.work}};
+    Json json = {
+        {"v", news.version},           {"session", news.session}, {"busy", news.busy},
+        {"ended", news.ended},         {"waiting", news.waiting}, {"next", news.nextLine},
+        {"lines", news.lines},         {"calls", news.calls},     {"lastCall", news.lastCall},
+        {"seconds", news.busySeconds}, {"work", news.work}};
     return "data: " + Dump(json) + "\n\n";
 }
 
@@ -133,8 +134,9 @@ public:
         });
         AddPages();
         AddActions();
-        port_ = options_.port == 0 ? http_.bind_to_any_port(kHere)
-                                   : (http_.bind_to_port(kHere, options_.port) ? options_.port : -1);
+        port_ = options_.port == 0
+                    ? http_.bind_to_any_port(kHere)
+                    : (http_.bind_to_port(kHere, options_.port) ? options_.port : -1);
         if (port_ <= 0) {
             throw std::runtime_error(
                 fmt::format("port {} of this computer is not free", options_.port));
@@ -207,9 +209,8 @@ private:
         http_.Get("/", [this](const httplib::Request& request, httplib::Response& response) {
             if (request.has_param("t")) {
                 if (request.get_param_value("t") == token_) {
-                    response.set_header("Set-Cookie",
-                                        CookieName() + "=" + token_ +
-                                            "; Path=/; HttpOnly; SameSite=Strict");
+                    response.set_header("Set-Cookie", CookieName() + "=" + token_ +
+                                                          "; Path=/; HttpOnly; SameSite=Strict");
                 }
                 // The token is not to stay in the address, where it is seen and kept.
                 response.set_redirect("/", 303);
@@ -245,28 +246,29 @@ private:
             SendOutcome(Board::Outcome::Done, response);
         });
         // A new session on a new copy of the project, with what was recorded or with nothing.
-        http_.Post("/restart", [this](const httplib::Request& request,
-                                      httplib::Response& response) {
-            const bool replay = request.get_param_value("replay") == "1";
-            const auto version = VersionIn(request).value_or(0);
-            std::vector<std::string> lines;
-            bool isTemporary = false;
-            Board::Outcome outcome = board_.Ask(
-                [&] {
-                    isTemporary = seat_ && seat_->workplace.isTemporary();
-                    if (replay) lines = Recorded();
-                },
-                version);
-            if (outcome == Board::Outcome::Done && !isTemporary) {
-                return Send(Refused(403, "the drive is kept, so nothing begins anew on it; "
-                                         "simhost run replays a recording"),
-                            response);
-            }
-            if (outcome == Board::Outcome::Done) {
-                outcome = board_.Restart(std::move(lines), version);
-            }
-            SendOutcome(outcome, response);
-        });
+        http_.Post("/restart",
+                   [this](const httplib::Request& request, httplib::Response& response) {
+                       const bool replay = request.get_param_value("replay") == "1";
+                       const auto version = VersionIn(request).value_or(0);
+                       std::vector<std::string> lines;
+                       bool isTemporary = false;
+                       Board::Outcome outcome = board_.Ask(
+                           [&] {
+                               isTemporary = seat_ && seat_->workplace.isTemporary();
+                               if (replay) lines = Recorded();
+                           },
+                           version);
+                       if (outcome == Board::Outcome::Done && !isTemporary) {
+                           return Send(Refused(403,
+                                               "the drive is kept, so nothing begins anew on it; "
+                                               "simhost run replays a recording"),
+                                       response);
+                       }
+                       if (outcome == Board::Outcome::Done) {
+                           outcome = board_.Restart(std::move(lines), version);
+                       }
+                       SendOutcome(outcome, response);
+                   });
     }
 
     std::vector<std::string> Recorded() const {
@@ -285,7 +287,8 @@ private:
         try {
             const auto outcome = board_.Ask(
                 [&] {
-                    reply = seat_ ? answer.give(*seat_, query) : Refused(503, "there is no session");
+                    reply =
+                        seat_ ? answer.give(*seat_, query) : Refused(503, "there is no session");
                 },
                 VersionIn(request));
             if (outcome != Board::Outcome::Done) {
@@ -316,9 +319,8 @@ private:
         response.set_chunked_content_provider(
             "text/event-stream",
             [this, reader](std::size_t, httplib::DataSink& sink) {
-                const auto news =
-                    board_.WaitForNews(reader->change, reader->fromLine,
-                                       reader->busy ? kNewsWhileBusy : kNewsAtLeast);
+                const auto news = board_.WaitForNews(reader->change, reader->fromLine,
+                                                     reader->busy ? kNewsWhileBusy : kNewsAtLeast);
                 reader->change = news.change;
                 reader->fromLine = news.nextLine;
                 reader->busy = news.busy;

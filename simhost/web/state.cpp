@@ -62,10 +62,10 @@ Json PopupNow() {
 Json FileQuestionOf(const FileQuestion& question) {
     Json files = Json::array();
     for (const WideText& file : question.files) files.push_back(Text(file));
-    return {{"title", Text(question.title)},       {"filter", Text(question.filter)},
-            {"folder", Text(question.folder)},     {"proposed", Text(question.proposed)},
-            {"toWrite", question.toWrite},         {"mayBeMissing", question.mayBeMissing},
-            {"forFolder", question.forFolder},     {"files", std::move(files)}};
+    return {{"title", Text(question.title)},   {"filter", Text(question.filter)},
+            {"folder", Text(question.folder)}, {"proposed", Text(question.proposed)},
+            {"toWrite", question.toWrite},     {"mayBeMissing", question.mayBeMissing},
+            {"forFolder", question.forFolder}, {"files", std::move(files)}};
 }
 
 Json BoxOf(const Box& box) {

@@ -102,7 +102,8 @@ private:
     }
 
     void End(const Trail& trail, const std::function<void(const std::string&)>& print) {
-        if (const std::string unsaved = TellUnsaved(workplace_, /*typed=*/false); !unsaved.empty()) {
+        if (const std::string unsaved = TellUnsaved(workplace_, /*typed=*/false);
+            !unsaved.empty()) {
             print(unsaved);
         }
         TellWhatIsWritten(workplace_, print);

@@ -1,6 +1,6 @@
 // Where the folders of the user and of Windows itself lie.
-#include <cstdint>
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 
 #include "simhost/core/operation.h"
@@ -41,8 +41,7 @@ void GetSystemTimeAsFileTime(FILETIME* time) {
     op.CallOr([](int) { return 0; },
               [&] {
                   Need(time, "the place for the time");
-                  const auto steps =
-                      (std::uint64_t(TellTime()) + kSecondsTo1970) * kStepsInASecond;
+                  const auto steps = (std::uint64_t(TellTime()) + kSecondsTo1970) * kStepsInASecond;
                   *time = {DWORD(steps & 0xffffffff), DWORD(steps >> 32)};
                   return 0;
               });

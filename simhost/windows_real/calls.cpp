@@ -1,8 +1,8 @@
 // The plug-in's calls of a real Windows on their way there: counted, told to fail, written into the
 // journal and remembered where something is left open. Windows itself answers them; only programs
 // are noted and not run, since no test may open a browser.
-#include <cstdint>
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 #include "simhost/core/operation.h"

@@ -162,8 +162,9 @@ TEST(TheBoard, EndsRatherThanBeginsAnewWhenBothAreAskedFor) {
 TEST(TheBoard, TellsReadersThatItIsOver) {
     Board board;
     board.Close();
-    EXPECT_TRUE(board.WaitForNews(board.WaitForNews(0, 0, std::chrono::seconds(0)).change, 0,
-                                  std::chrono::minutes(1))
+    EXPECT_TRUE(board
+                    .WaitForNews(board.WaitForNews(0, 0, std::chrono::seconds(0)).change, 0,
+                                 std::chrono::minutes(1))
                     .ended);
 }
 

@@ -192,7 +192,8 @@ class RandomClicks(PageTest):
                               '#layer [role=radio], #layer td');
             return modal.length ? modal
                 : all('#menus button, .dropdown .command, #tree .row, #hint button, ' +
-                      '#windows button, #tabs button, #welcome .command, #save, #sheet .item, .paper');
+                      '#windows button, #tabs button, #welcome .command, #save, .paper, ' +
+                      '#sheet .item');
             """)
 
     def test_half_a_minute_of_them_is_borne_and_replayed(self):
@@ -228,7 +229,8 @@ class RandomClicks(PageTest):
         self.page.execute_script("window.vx.connection.restart(true);")
         found = wait_for(
             self.page, "const t = document.querySelector('#transcript').textContent;"
-            "return (t.match(/replayed[^\\n]*?(as before|:)[^\\n]*/) || [null])[0];", "replayed", 120)
+            "return (t.match(/replayed[^\\n]*?(as before|:)[^\\n]*/) || [null])[0];",
+            "replayed", 120)
         self.assertIn("the same", found, f"seed {seed}\n{recording}")
 
 

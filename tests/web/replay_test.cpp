@@ -81,8 +81,7 @@ TEST_P(WebTrail, WritesTheSameFilesAsTheScript) {
     EXPECT_EQ(FilesOfScript(options_.workplace, recording), scripted) << recording;
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, WebTrail,
-                         ::testing::Values("colour", "model_data", "bom"),
+INSTANTIATE_TEST_SUITE_P(Samples, WebTrail, ::testing::Values("colour", "model_data", "bom"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_F(WebReplay, RecordsWhatWasTypedPlainlyAsAScriptTakesIt) {

@@ -23,9 +23,9 @@ TEST_F(WebServer, GivesStaticFilesToAnybodyAndNothingElse) {
                                 "/icons/AboutVx.png"}) {
         EXPECT_EQ(client.Get(address)->status, 200) << address;
     }
-    for (const char* address : {"/state", "/tree", "/events", "/files", "/file?path=x", "/model",
-                                "/recording", "/faults", "/journal", "/sheet", "/dialog", "/rows",
-                                "/nothing"}) {
+    for (const char* address :
+         {"/state", "/tree", "/events", "/files", "/file?path=x", "/model", "/recording", "/faults",
+          "/journal", "/sheet", "/dialog", "/rows", "/nothing"}) {
         EXPECT_EQ(client.Get(address)->status, 401) << address;
     }
     for (const char* address : {"/step?v=1", "/stop", "/restart?v=1"}) {
@@ -44,9 +44,9 @@ TEST_F(WebServer, TakesNoTokenButItsOwn) {
          {name + "=" + other, name + "=", std::string("vx_1=") + other, other}) {
         EXPECT_EQ(client.Get("/state", {{"Cookie", cookie}})->status, 401) << cookie;
     }
-    EXPECT_EQ(client.Get("/state", {{"Cookie", "a=b; " + Token().begin()->second + "; c=d"}})
-                  ->status,
-              200);
+    EXPECT_EQ(
+        client.Get("/state", {{"Cookie", "a=b; " + Token().begin()->second + "; c=d"}})->status,
+        200);
 }
 
 TEST_F(WebServer, MakesACookieOfTheFirstAddressAndLeadsToOneWithoutTheToken) {
@@ -58,7 +58,8 @@ TEST_F(WebServer, MakesACookieOfTheFirstAddressAndLeadsToOneWithoutTheToken) {
     const auto answer = client.Get("/?t=" + token);
     EXPECT_EQ(answer->status, 303);
     EXPECT_EQ(answer->get_header_value("Location"), "/");
-    EXPECT_EQ(answer->get_header_value("Set-Cookie"), cookie + "; Path=/; HttpOnly; SameSite=Strict");
+    EXPECT_EQ(answer->get_header_value("Set-Cookie"),
+              cookie + "; Path=/; HttpOnly; SameSite=Strict");
     const auto wrong = client.Get("/?t=0123");
     EXPECT_EQ(wrong->status, 303);
     EXPECT_FALSE(wrong->has_header("Set-Cookie"));
@@ -98,9 +99,9 @@ TEST_F(WebServer, TellsTheBrowserToTrustNothingElse) {
 
 TEST_F(WebServer, TakesOneLineOfText) {
     Start();
-    for (const std::string& body : {std::string(), std::string("@ note a\n@ note b"),
-                                    std::string("@ note a\r"), std::string("a\0b", 3),
-                                    std::string("@ note \xff")}) {
+    for (const std::string& body :
+         {std::string(), std::string("@ note a\n@ note b"), std::string("@ note a\r"),
+          std::string("a\0b", 3), std::string("@ note \xff")}) {
         EXPECT_EQ(StepAs(body, Settle()), 400) << body;
     }
     EXPECT_EQ(StepAs(std::string(simhost::Server::kLongestLine + 1, 'a'), Settle()), 413);
@@ -128,12 +129,12 @@ TEST_F(WebServer, HandsOutFilesOfTheDriveOnly) {
     EXPECT_EQ(StatusOf("/file?path=Work/gearbox.asm.1"), 200);
     std::ofstream(fs::path(drive) / ".." / "beside.txt") << "secret";
     fs::create_symlink("/etc/passwd", fs::path(drive) / "Work" / "link.txt");
-    for (const char* path : {"../beside.txt", "Work/../../beside.txt", "/etc/passwd", "",
-                             "Work", "Work/link.txt", "nothing.txt", "Work/%00"}) {
+    for (const char* path : {"../beside.txt", "Work/../../beside.txt", "/etc/passwd", "", "Work",
+                             "Work/link.txt", "nothing.txt", "Work/%00"}) {
         EXPECT_EQ(StatusOf(std::string("/file?path=") + path), 404) << path;
     }
-    for (const char* address : {"/page/../server.cpp", "/page/%2e%2e/server.cpp",
-                                "/icons/../../CMakeLists.txt"}) {
+    for (const char* address :
+         {"/page/../server.cpp", "/page/%2e%2e/server.cpp", "/icons/../../CMakeLists.txt"}) {
         EXPECT_NE(StatusOf(address), 200) << address;
     }
     fs::remove(fs::path(drive) / ".." / "beside.txt");
@@ -191,12 +192,13 @@ TEST_F(WebServer, BoundsTheStreamsOfEvents) {
     int status = 429;
     for (int tries = 0; status == 429 && tries < 100; ++tries) {
         Step("@ note again");
-        Client().Get("/events", Token(),
-                     [&](const httplib::Response& response) {
-                         status = response.status;
-                         return false;
-                     },
-                     [](const char*, std::size_t) { return false; });
+        Client().Get(
+            "/events", Token(),
+            [&](const httplib::Response& response) {
+                status = response.status;
+                return false;
+            },
+            [](const char*, std::size_t) { return false; });
     }
     EXPECT_EQ(status, 200);
 }

@@ -3,11 +3,11 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <httplib.h>
+#include <nlohmann/json.hpp>
 
 #include <filesystem>
+#include <httplib.h>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <thread>
 #include <vector>

@@ -5,7 +5,9 @@ VX_SWEEP=full makes the random clicks last for five minutes in place of half a m
 """
 
 import os
+import pathlib
 import random
+import subprocess
 import sys
 import tempfile
 import time
@@ -179,6 +181,99 @@ class Drawings(PageTest):
         click(self.page, ".paper .item[data-path='dimension#1']")
         self.assertEqual(state(self.page)["selection"], ["dimension#1"])
         self.assertIn("308", self.texts(".paper svg text"))
+
+
+class EveryCommand(PageTest):
+    """Each command is pressed, and whatever it asks is left, with the mouse alone."""
+
+    def press_button_of_dialog(self, name):
+        """Presses buttons of a dialog that has no other way out, the last one first."""
+        buttons = self.page.execute_script(
+            "return [...document.querySelectorAll('.form-window.dialog button[data-vx]')]"
+            ".filter(b => !b.disabled && b.offsetParent).map(b => b.dataset.vx);")
+        for button in reversed(buttons):
+            click(self.page, f".form-window.dialog button[data-vx='{button}']")
+            wait = state(self.page)["wait"]
+            if not wait or wait.get("name") != name:
+                return
+        self.fail(f"nothing ends the dialog {name}")
+
+    def leave(self, wait):
+        kind = wait["kind"]
+        if kind in ("pick", "click"):
+            return click(self.page, "#hint button:last-child")
+        if kind == "box":
+            return click(self.page, ".ask.box [data-button=ok]")
+        if kind == "question":
+            return click(self.page, ".ask.question [data-button=no]")
+        if kind in ("prompt", "file"):
+            return click(self.page, f".ask.{'file' if wait['file'] else 'prompt'} "
+                                    "[data-button=cancel]")
+        closer = ".form-window.dialog .closer"
+        if self.page.find_element("css selector", closer).is_displayed():
+            click(self.page, closer)
+            still = state(self.page)["wait"]
+            if not still or still.get("name") != wait["name"]:
+                return None
+        return self.press_button_of_dialog(wait["name"])
+
+    def available(self):
+        return {b["command"] for m in state(self.page)["menus"] if m["onBar"]
+                for b in m["buttons"] if b["state"] == "available"}
+
+    def leave_all(self, command):
+        for _ in range(40):
+            wait = state(self.page)["wait"]
+            if not wait:
+                return
+            self.leave(wait)
+        self.fail(f"{command} asks for ever: {wait}")
+
+    def test_is_pressed_and_ended_with_the_mouse(self):
+        buttons = {b["command"] for m in state(self.page)["menus"] for b in m["buttons"]}
+        self.assertEqual(len(buttons), 56)
+        left = set(buttons)
+        for model in (None, "gearbox.asm", "housing.prt", "防护罩.prt", "输入轴.drw"):
+            for command in sorted(left):
+                # What was pressed before may have opened another model.
+                current = state(self.page)["current"]
+                if model and (not current or current["file"] != model):
+                    step(self.page, f"@ open {model}")
+                if command not in self.available():
+                    continue
+                self.press(command)
+                self.leave_all(command)
+                self.assertEqual(get_json(self.page, "/faults")["complaints"], [], command)
+                left.discard(command)
+        self.assertEqual(left, set())
+
+
+class Started(unittest.TestCase):
+    def test_on_a_step_file_and_keeps_what_was_done(self):
+        with tempfile.TemporaryDirectory() as folder:
+            trail = os.path.join(folder, "export.trail")
+            with open(trail, "w", encoding="utf-8") as lines:
+                lines.write("@ open pin_8x30.prt\n~ Command `VxExportStp`\n")
+            subprocess.run([SIMHOST, "run", trail, "--drive", folder], check=True,
+                           stdout=subprocess.DEVNULL)
+            exported = next(pathlib.Path(folder).rglob("*.stp"))
+            recording = os.path.join(folder, "recording.trail")
+            bench = Bench(SIMHOST, "--import", str(exported), "--recording", recording)
+            page = open_page(bench)
+            try:
+                files = state(page)["openable"]
+                self.assertEqual([f for f in files if f.endswith(".prt")], files)
+                step(page, f"@ open {files[0]}")
+                step(page, "~ Command `BatchColor`")
+                self.assertEqual(console_errors(page), [])
+            finally:
+                page.quit()
+                status, said = bench.close()
+            self.assertEqual(status, 0)
+            self.assertIn("changed and not saved: " + files[0], said)
+            with open(recording, encoding="utf-8") as lines:
+                self.assertRegex(lines.read(), rf"^@ open {files[0]}\n@ clock \d+\n"
+                                               r"~ Command `BatchColor`\n$")
 
 
 class RandomClicks(PageTest):

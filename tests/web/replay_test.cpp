@@ -63,7 +63,8 @@ protected:
 
 class WebTrail : public WebReplay, public ::testing::WithParamInterface<const char*> {};
 
-// Saves what was changed, so that there is something to compare.
+// Saves what was changed, so that there is something to compare. The demonstration is left out: it
+// lets another program fill in a spreadsheet, which no page may start.
 TEST_P(WebTrail, WritesTheSameFilesAsTheScript) {
     std::ifstream file(fs::path(workbench::kSourceFolder) / "samples" / "trails" /
                        (std::string(GetParam()) + ".trail"));

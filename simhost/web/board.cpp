@@ -118,16 +118,17 @@ Board::Outcome Board::Offer(std::string line, std::uint64_t version) {
     return Outcome::Done;
 }
 
-Board::Outcome Board::Ask(const std::function<void()>& ask, std::optional<std::uint64_t> version) {
+Board::Outcome Board::Ask(const std::function<void()>& question,
+                          std::optional<std::uint64_t> version) {
     std::unique_lock lock(mutex_);
     const Outcome ready = Readiness(version);
     if (ready != Outcome::Done) return ready;
-    Question question{&ask, std::nullopt, nullptr};
-    questions_.push_back(&question);
+    Question asked{&question, std::nullopt, nullptr};
+    questions_.push_back(&asked);
     forSession_.notify_all();
-    forServer_.wait(lock, [&] { return question.outcome.has_value(); });
-    if (question.thrown) std::rethrow_exception(question.thrown);
-    return *question.outcome;
+    forServer_.wait(lock, [&] { return asked.outcome.has_value(); });
+    if (asked.thrown) std::rethrow_exception(asked.thrown);
+    return *asked.outcome;
 }
 
 Board::Outcome Board::Restart(std::vector<std::string> lines, std::uint64_t version) {

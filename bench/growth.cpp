@@ -125,7 +125,8 @@ void DrawSheet(Workplace& workplace, int count) {
         sheet.drawingData.sheets.assign(1, Sheet(WIDE("A0")));
         for (int i = 0; i < kViews; ++i) {
             // Each round has a scale of its own, so that no lines of the last one can be kept.
-            const Vec3 at{150.0 + 300 * (i % 4), 150.0 + 250 * (i / 4), 0};
+            const int row = i / 4;
+            const Vec3 at{150.0 + 300 * (i % 4), 150.0 + 250 * row, 0};
             DrawingView& view = DrawingOf(sheet).AddGeneral(
                 top, 1, at, 0.1 + 0.001 * round, PlacementFrom({}, {90.0 * (i % 4), 30.0 * i, 0}));
             view.display.style = PRO_DISPSTYLE_HIDDEN_LINE;

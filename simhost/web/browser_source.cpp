@@ -18,7 +18,9 @@ std::optional<std::string> BrowserSource::Next(const std::string& waiting) {
     if (at_ < first_.size() && !stopped) return Shown(first_[at_++]);
     at_ = first_.size();
     if (replayed) std::exchange(replayed, nullptr)();
-    return Shown(board_.NextLine(waiting));
+    auto line = board_.NextLine(waiting);
+    TheProgress().stop = false;  // asked for while nothing was at work
+    return Shown(std::move(line));
 }
 
 }  // namespace simhost

@@ -123,6 +123,13 @@ TEST_F(WebServer, RefusesAnAnswerForABoxThatHasGone) {
     EXPECT_EQ(StatusOf("/state?v=-1"), 409);
 }
 
+TEST_F(WebServer, LetsNoStopThatCameTooLateEndTheNextWork) {
+    Start();
+    EXPECT_EQ(Client().Post("/stop", Token(), "", "text/plain")->status, 202);
+    Step("@ open gearbox.asm");
+    EXPECT_EQ(Get("/state")["current"]["file"], "gearbox.asm") << Transcript();
+}
+
 TEST_F(WebServer, HandsOutFilesOfTheDriveOnly) {
     Start();
     const std::string drive = Get("/files")["drive"];

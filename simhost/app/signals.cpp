@@ -1,6 +1,7 @@
 // A thread of its own waits for the signals, so that it may do what a handler must not.
 #include "simhost/app/signals.h"
 
+#include <semaphore>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -53,7 +54,10 @@ void Tell(std::string_view line) {
     _exit(128 + signal);
 }
 
+std::binary_semaphore watching(0);
+
 void Watch(sigset_t signals, const std::function<std::string()>& interrupt) {
+    watching.release();
     for (;;) {
         int signal = 0;
         if (sigwait(&signals, &signal) != 0) continue;
@@ -73,6 +77,9 @@ void WatchSignals(std::function<std::string()> interrupt) {
     for (const int each : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, each);
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     std::thread(Watch, signals, std::move(interrupt)).detach();
+    // A thread that is still being made holds locks of the memory, which a copy of this process
+    // would find locked for ever.
+    watching.acquire();
 }
 
 #endif

@@ -28,4 +28,8 @@ bool ExportBench::Exists(const WideText& path) {
     return std::filesystem::exists(host().disk.Real(path));
 }
 
+void ExportBench::Remove(const WideText& file) {
+    std::filesystem::remove(host().disk.Real(WIDE("C:\\Work\\") + file));
+}
+
 }  // namespace workbench

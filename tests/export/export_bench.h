@@ -19,6 +19,8 @@ protected:
     // What lies in a folder, in the order of the names; empty where there is no such folder.
     Names FilesIn(const WideText& folder);
     bool Exists(const WideText& path);
+    // Takes a file out of the working folder, "a.drw.1".
+    void Remove(const WideText& file);
 };
 
 }  // namespace workbench

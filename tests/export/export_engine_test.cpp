@@ -47,6 +47,17 @@ TEST_F(Engine, WithoutAFormatEveryDrawingIsFetchedAndItsNameComposed) {
                              "PDFOptionCheck", "PDFBlackCheck", "MultiSheetCheck"}));
 }
 
+TEST_F(Engine, AFormatWhoseButtonIsNotToldIsOff) {
+    Formats({"DWGCheck", "PDFCheck", "DXFCheck", "STPCheck", "IGSCheck"});
+    Fail("ProUICheckbuttonGetState", {.n = 1, .forGood = true});
+    const Names calls = Export({"1"});
+    EXPECT_EQ(calls.back(), "ProMdlEraseNotDisplayed");
+    for (const WideChar* format :
+         {WIDE("DWG"), WIDE("PDF"), WIDE("DXF"), WIDE("STP"), WIDE("IGS")}) {
+        EXPECT_FALSE(Exists(WideText(WIDE("C:\\Work\\")) + format));
+    }
+}
+
 TEST_F(Engine, ThePatternIsReadBeforeTheSeparator) {
     Export({"1"});
     const Names lines = LinesOf("ProUIInputpanelValueGet");

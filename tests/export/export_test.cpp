@@ -1,5 +1,5 @@
-// The dialog VxExport from outside: its rows, columns, selection, settings and what its buttons
-// fill in; what is exported is another file's.
+// The dialog VxExport from outside: its rows, columns, selection and settings. What its buttons
+// fill in and what is exported are other files'.
 #include <algorithm>
 #include <filesystem>
 
@@ -12,7 +12,6 @@ namespace {
 
 using namespace simhost;
 using workbench::ExportDialog;
-using workbench::GeneralView;
 using workbench::Joined;
 using workbench::Names;
 using workbench::SheetsOf;
@@ -24,9 +23,6 @@ constexpr const char* kNoModels =
 
 class ExportRows : public ExportDialog {
 protected:
-    void Remove(const WideText& file) {
-        std::filesystem::remove(host().disk.Real(WIDE("C:\\Work\\") + file));
-    }
     void RemoveDrawings() {
         for (const WideChar* file : {WIDE("a.drw.1"), WIDE("b.drw.2"), WIDE("b.drw.3")}) {
             Remove(file);
@@ -85,6 +81,31 @@ TEST_F(ExportRows, HaveTheDrawingsOfTheFolderWithTheirNumbers) {
         "@ expect columns drw_list \"序号|图纸名称|代号|名称|图幅大小|页数\"\n"
         "@ expect rows drw_list 2\n@ expect row drw_list 1 \"1|a||||\"\n"
         "@ expect row drw_list 2 \"2|b||||\"\n");
+}
+
+TEST_F(ExportRows, ComeAfterTheLastOneAndHaveTheirNumbersFirst) {
+    WriteDrawing("c.drw.1", SheetsOf(1));
+    Check("@ expect rows drw_list 3\n");
+    Names rows, columns;
+    for (const std::string& line : LinesOf("ProUITableRowsInsert")) {
+        rows.push_back(line.substr(line.find("after=")));
+    }
+    for (const std::string& line : LinesOf("ProUITableCellLabelSet")) {
+        columns.push_back(line.substr(line.find("row=")));
+    }
+    EXPECT_EQ(rows, (Names{"after=\"\", names=[\"1\"]) = 0", "after=\"1\", names=[\"2\"]) = 0",
+                           "after=\"2\", names=[\"3\"]) = 0"}));
+    EXPECT_EQ(columns, (Names{"row=\"1\", column=\"num\", label=\"1\") = 0",
+                              "row=\"1\", column=\"drw_name\", label=\"a\") = 0",
+                              "row=\"2\", column=\"num\", label=\"2\") = 0",
+                              "row=\"2\", column=\"drw_name\", label=\"b\") = 0",
+                              "row=\"3\", column=\"num\", label=\"3\") = 0",
+                              "row=\"3\", column=\"drw_name\", label=\"c\") = 0"}));
+}
+
+TEST_F(ExportRows, AreThereWithASingleModelInTheFolder) {
+    Remove(WIDE("pin.prt.1"));
+    Check("@ expect rows drw_list 2\n@ expect no box\n");
 }
 
 TEST_F(ExportRows, ARefusedCreationActivationOrDestructionIsTold) {
@@ -149,6 +170,15 @@ TEST_F(ExportSettings, WithoutAFileThereAreFourColumnsEmptyPanelsAndButtonsLeftA
     EXPECT_EQ(LinesOf("ProUICheckbuttonUnset"), Names{});
 }
 
+TEST_F(ExportSettings, ColumnsAreLabelledFromTheFirstToTheLast) {
+    Check("");
+    const Names lines = LinesOf("ProUITableColumnlabelsSet");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("[\"序号\", \"图纸名称\", \"代号\", \"名称\", \"图幅大小\", \"页数\"]"),
+              std::string::npos)
+        << lines[0];
+}
+
 TEST_F(ExportSettings, ColumnsThatCannotBeInsertedGetNoLabels) {
     Fail("ProUITableColumnsInsert");
     Check("@ expect columns drw_list \"序号|图纸名称|图幅大小|页数\"\n");
@@ -184,6 +214,16 @@ TEST_F(ExportSettings, OneSetsAndZeroClearsInTheOrderOfTheButtons) {
     }
     EXPECT_EQ(set, (Names{"DWGCheck 1", "DXFCheck 0", "STPCheck 1", "PDFOptionCheck 1",
                           "PDFBlackCheck 0", "MultiSheetCheck 1"}));
+}
+
+TEST_F(ExportSettings, FillThePanelsBeforeTheyReachTheButtons) {
+    Configure("DWGCheck", "value", "1");
+    Configure("MultiSheetCheck", "value", "0");
+    const Names calls = Check("");
+    const auto from = std::find(calls.begin(), calls.end(), "ProUIInputpanelValueSet");
+    EXPECT_EQ(Names(from, std::min(from + 5, calls.end())),
+              (Names{"ProUIInputpanelValueSet", "ProUIInputpanelValueSet", "ProUICheckbuttonSet",
+                     "ProUICheckbuttonUnset", "ProUIDialogActivate"}));
 }
 
 TEST_F(ExportSettings, OfPdfIsReadAndSetUnderANameWithABracketTooMany) {
@@ -230,6 +270,13 @@ TEST_F(ExportSettings, ReadAnewGiveOtherColumnsAndPanelsAndKeepRowsAndButtons) {
                      "ProUIInputpanelValueSet", "ProUIInputpanelValueSet"}));
     EXPECT_NE(LinesOf("ProUITableColumnsDelete").at(0).find("[\"param1\", \"param2\"]"),
               std::string::npos);
+}
+
+TEST_F(ExportSettings, ReadAnewAreReadBeforeTheOldColumnsGo) {
+    DoMeanwhile("ProUITableColumnsDelete", 1, [] { Configure("tableCols", "content", "名称"); });
+    const std::string again = "~ Activate `VxExport` `VxUpdateIni`\n@ expect columns drw_list ";
+    Check(again + "\"序号|图纸名称|代号|名称|图幅大小|页数\"\n" + again +
+          "\"序号|图纸名称|名称|图幅大小|页数\"\n");
 }
 
 TEST_F(ExportSettings, ReadAnewWithoutParameterColumnsDeleteNone) {
@@ -288,6 +335,12 @@ TEST_F(ExportSelection, ReversedSelectsAllAndClearsWhatWas) {
     ExpectPress("", "reverseSel", "1 2 ", "");
 }
 
+TEST_F(ExportSelection, ReversedTwiceIsWhatItWas) {
+    const std::string press = "~ Activate `VxExport` `reverseSel`\n";
+    // Of the first press the row 1 is left, so that the second one clears it.
+    ExpectPress(kSecond + press, "reverseSel", "1 2 1 2 ", "2 1 ");
+}
+
 TEST_F(ExportSelection, ReversedDoesNothingWithoutTheNamesOfTheRows) {
     // The first two questions are those of the rows at the opening.
     Fail("ProUITableRownamesGet", {.n = 3});
@@ -336,6 +389,9 @@ TEST_F(ExportSource, OfAPartIsOneRowAtMost) {
           "@ expect rows drw_list 1\n"
           "@ expect row drw_list 1 \"1|BOX||||\"\n" +
           Source("workDir") + "@ expect rows drw_list 3\n");
+    // At the opening, and after each change.
+    EXPECT_EQ(LinesOf("ProUITableSelectionpolicySet").size(), 3u);
+    EXPECT_EQ(LinesOf("ProUITableColumnselectionpolicySet").size(), 3u);
 }
 
 TEST_F(ExportSource, OfAManufacturingModelIsTheDrawingOfItsAssembly) {
@@ -392,115 +448,6 @@ TEST_F(ExportSource, IsAskedForInThisOrder) {
               (Names{"ProUIRadiogroupSelectednamesGet", "ProUITableColumnlabelsGet",
                      "ProUITableRownamesGet", "ProUITableRowsDelete", "ProStringarrayFree",
                      "ProMdlCurrentGet", "ProMdlTypeGet", "ProMdlNameGet", "ProMdlRetrieve"}));
-}
-
-// --- Cells ---
-
-class ExportCells : public ExportRows {};
-
-TEST_F(ExportCells, OfSheetsHaveTheirSizesAndTheirNumber) {
-    WriteDrawing("b.drw.3",
-                 "\n[[sheet]]\nsize = \"A3\"\n\n[[sheet]]\nsize = \"A1\"\n"
-                 "\n[drawing]\nprojection = \"first-angle\"\n");
-    Write(WIDE("C:\\Work\\c.drw.1"), "no drawing");
-    Check(
-        "~ Activate `VxExport` `VxLoadDrwInfo`\n@ expect row drw_list 1 \"1|a|||A3|1\"\n"
-        "@ expect row drw_list 2 \"2|b|||A3,A1|2\"\n@ expect row drw_list 3 \"3|c||||\"\n");
-    EXPECT_TRUE(Complaints().empty());
-}
-
-TEST_F(ExportCells, OfSheetsAreWrittenCountFirst) {
-    Remove(WIDE("b.drw.2"));
-    Remove(WIDE("b.drw.3"));
-    const Names calls = Check("~ Activate `VxExport` `VxLoadDrwInfo`\n");
-    const auto from = std::find(calls.begin(), calls.end(), "ProUITableCellLabelGet");
-    EXPECT_EQ(Names(from, std::min(from + 6, calls.end())),
-              (Names{"ProUITableCellLabelGet", "ProMdlRetrieve", "ProDrawingSheetsCount",
-                     "ProUITableCellLabelSet", "ProDrawingSheetTrfGet", "ProUITableCellLabelSet"}));
-    EXPECT_NE(LinesOf("ProUITableCellLabelSet").back().find("\"sheet_size\""), std::string::npos);
-}
-
-TEST_F(ExportCells, OfParametersShowEachKindAsItsText) {
-    Configure("tableCols", "content", "r,s,i,y,n,none");
-    Model& part = BoxPart("A", 1, 1, 1);
-    part.parameters.Set(RealParameter(WIDE("r"), 2.0 / 3));
-    part.parameters.Set(TextParameter(WIDE("s"), WIDE("文字")));
-    part.parameters.Set(WholeParameter(WIDE("i"), -12));
-    part.parameters.Set(FlagParameter(WIDE("y"), true));
-    part.parameters.Set(FlagParameter(WIDE("n"), false));
-    host().session.Save(part);
-    Check(
-        "~ Activate `VxExport` `VxLoadParams`\n"
-        "@ expect row drw_list 1 \"1|a|0.667|文字|-12|是|否|||\"\n");
-}
-
-TEST_F(ExportCells, OfAPartAndAnAssemblyOfOneNameAreThePartsWhereItHasThem) {
-    Model& assembly = workbench::MakeModel("A", PRO_MDL_ASSEMBLY);
-    Model& part = BoxPart("A", 1, 1, 1);
-    assembly.parameters.Set(TextParameter(WIDE("代号"), WIDE("asm")));
-    assembly.parameters.Set(TextParameter(WIDE("名称"), WIDE("asm")));
-    part.parameters.Set(TextParameter(WIDE("代号"), WIDE("prt")));
-    host().session.Save(assembly);
-    host().session.Save(part);
-    Check("~ Activate `VxExport` `VxLoadParams`\n@ expect row drw_list 1 \"1|a|prt|asm||\"\n");
-}
-
-TEST_F(ExportCells, OfParametersAreFoundWhateverTheLettersOfTheNameButNotOfTheExtension) {
-    Model& part = BoxPart("A", 1, 1, 1);
-    part.parameters.Set(TextParameter(WIDE("代号"), WIDE("found")));
-    host().session.Save(part);
-    std::filesystem::rename(host().disk.Real(WIDE("C:\\Work\\a.drw.1")),
-                            host().disk.Real(WIDE("C:\\Work")) / "A.drw.1");
-    Check("~ Activate `VxExport` `VxLoadParams`\n@ expect row drw_list 1 \"1|A|found|||\"\n");
-    std::filesystem::rename(host().disk.Real(WIDE("C:\\Work\\a.prt.1")),
-                            host().disk.Real(WIDE("C:\\Work")) / "a.PRT.1");
-    Check("~ Activate `VxExport` `VxLoadParams`\n@ expect row drw_list 1 \"1|A||||\"\n");
-}
-
-TEST_F(ExportCells, OfParametersAreThoseOfTheWorkingFolderOnly) {
-    Configure("tableCols", "content", "代号");
-    Model& part = BoxPart("ELSEWHERE", 1, 1, 1);
-    part.parameters.Set(TextParameter(WIDE("代号"), WIDE("unseen")));
-    WriteDrawing("elsewhere.drw.1", SheetsOf(1));
-    Open(part);
-    Check(
-        "~ Select `VxExport` `SelDirRadio` 1 `curMdl`\n~ Activate `VxExport` `VxLoadParams`\n"
-        "@ expect row drw_list 1 \"1|ELSEWHERE|||\"\n");
-}
-
-TEST_F(ExportCells, OfParametersAreAskedForOnceForEachFileOfTheName) {
-    BoxPart("A", 1, 1, 1);
-    host().session.Save(*host().session.FindByFile("a.prt"));
-    const Names calls = Check("~ Activate `VxExport` `VxLoadParams`\n");
-    const auto from = std::find(calls.rbegin(), calls.rend(), "ProFilesList").base();
-    EXPECT_EQ(Names(from, calls.end() - 2),
-              (Names{"ProArraySizeGet", "ProUITableColumnlabelsGet", "ProFilenameParse",
-                     "ProFilenameParse", "ProFilenameParse", "ProUITableCellLabelGet",
-                     "ProMdlRetrieve", "ProMdlToModelitem", "ProParameterInit", "ProParameterInit",
-                     "ProUITableCellLabelGet", "ProArrayFree", "ProArrayFree", "ProUIDialogExit",
-                     "ProUIDialogDestroy", "ProArrayFree", "ProArrayFree"}));
-}
-
-TEST_F(ExportCells, OfAnEmptyTableAreNotFilled) {
-    Open(*host().session.FindByFile("pin.prt"));
-    const std::string none = "@ expect box 当前工作目录中无工程图\n@ ok\n";
-    Check("~ Select `VxExport` `SelDirRadio` 1 `curMdl`\n~ Activate `VxExport` `VxLoadDrwInfo`\n" +
-          none + "~ Activate `VxExport` `VxLoadParams`\n" + none);
-    EXPECT_EQ(Boxes(), Names(2, "\t\t当前工作目录中无工程图\t\t"));
-    EXPECT_EQ(AllBoxes()[0].flags, 0x40000u);
-    EXPECT_EQ(LinesOf("ProFilesList").size(), 2u);
-}
-
-TEST_F(ExportCells, OfParametersStayWhereTheFolderHasNoModelsAnyMore) {
-    DoMeanwhile("WinExec", 1, [&] {
-        Remove(WIDE("box.prt.1"));
-        Remove(WIDE("pin.prt.1"));
-    });
-    Check(
-        "~ Activate `VxExport` `VxOpenDrwIni`\n~ Activate `VxExport` `VxLoadParams`\n"
-        "@ expect no box\n@ expect row drw_list 1 \"1|a||||\"\n");
-    EXPECT_EQ(LinesOf("ProFilesList").size(), 3u);
-    EXPECT_EQ(LinesOf("ProUITableColumnlabelsGet"), Names{});
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 """Tests of tools/mutants on a small source: what a test notices is told from what none does, and
 results are kept until something changes."""
 
+import argparse
 import contextlib
+import runpy
 import stat
 import sys
 import tempfile
@@ -17,7 +19,7 @@ from equivalents import Equivalents  # noqa: E402
 from places import HERE, Finder  # noqa: E402
 from schema import Schema  # noqa: E402
 from session import Session  # noqa: E402
-from workshop import Build  # noqa: E402
+from workshop import Build, test_programs  # noqa: E402
 
 SOURCE = """\
 enum Colour { Red, Green };
@@ -109,12 +111,12 @@ class Mutants(unittest.TestCase):
         cls.rooms.close()
 
     @classmethod
-    def session(cls):
+    def session(cls, program=None, names=()):
         compiler = ["g++", "-std=c++20", "-fPIC", "-O0"]
         links = {"small.so": ["g++", "-shared", "-o", f"{HERE}/small.so", "OBJECT"]}
         build = Build(cls.root, cls.source, compiler, "small.so", links,
-                      {"small_tests": cls.program})
-        return Session(cls.root, build, cls.root / "build")
+                      {"small_tests": program or cls.program})
+        return Session(cls.root, build, cls.root / "build", names)
 
     @classmethod
     def equivalents(cls, text):
@@ -183,6 +185,39 @@ class Mutants(unittest.TestCase):
         changed = self.session().result(self.equivalents(""))
         self.assertGreater(self.runs(), before)
         self.assertEqual(self.survivors(changed), self.survivors())
+
+    # --- Some programs only ---
+
+    def test_what_some_programs_do_not_notice_is_not_remembered_as_what_none_does(self):
+        few = self.root / "few_tests"
+        few.write_text("".join(line for line in self.program.read_text(encoding="utf-8")
+                               .splitlines(keepends=True) if '"Sum"' not in line),
+                       encoding="utf-8")
+        few.chmod(self.program.stat().st_mode)
+        name = "Sum: left out: sum += n"
+        result = self.session(few, ["few"]).result(self.equivalents(""))
+        self.assertIn(name, self.survivors(result))
+        before = self.runs()
+        self.assertNotIn(name, self.survivors(self.session().result(self.equivalents(""))))
+        again = self.session(few, ["few"]).result(self.equivalents(""))
+        self.assertIn(name, self.survivors(again))
+        self.assertEqual(self.runs(), before)
+
+    def test_programs_are_all_but_the_long_ones_or_those_of_the_names(self):
+        tests = self.root / "programs" / "tests"
+        tests.mkdir(parents=True)
+        for name in ("export_tests", "unit_tests", "sweep_tests", "export_tests.json"):
+            (tests / name).touch()
+        self.assertEqual(list(test_programs(tests.parent)), ["export_tests", "unit_tests"])
+        self.assertEqual(test_programs(tests.parent, ["unit", "sweep"]),
+                         {"unit_tests": tests / "unit_tests", "sweep_tests": tests / "sweep_tests"})
+        with self.assertRaisesRegex(RuntimeError, "has no program eksport_tests"):
+            test_programs(tests.parent, ["eksport"])
+
+    def test_names_of_programs_come_with_or_without_their_ending(self):
+        tool = runpy.run_path(str(Path(trial.__file__).with_name("__main__.py")))
+        self.assertEqual(tool["names_in"]("export, unit_tests,"), ["export", "unit"])
+        self.assertRaises(argparse.ArgumentTypeError, tool["names_in"], ",")
 
     # --- Equivalents ---
 

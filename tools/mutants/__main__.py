@@ -1,6 +1,6 @@
 """Changes the plug-in's sources one small thing at a time, and tells which changes no test notices.
 
-    tools/mutants [--build DIR] [--doubt | --stale] [FILE...]
+    tools/mutants [--build DIR] [--programs NAME,...] [--doubt | --stale] [FILE...]
 
 All mutants of a source are compiled into one module in which a number chooses; each is tried with
 the test cases that reach it. Results stay in build/mutants until the source, what it includes,
@@ -21,6 +21,14 @@ from session import ROOMS, Session  # noqa: E402
 from workshop import cmake_build, parser_arguments  # noqa: E402
 
 ROOT = Path(__file__).resolve().parents[2]
+
+
+def names_in(text):
+    """The programs of an argument, without the ending that all of them have."""
+    names = [name.strip().removesuffix("_tests") for name in text.split(",") if name.strip()]
+    if not names:
+        raise argparse.ArgumentTypeError("names no program")
+    return names
 
 
 def sources(names):
@@ -47,6 +55,9 @@ def main():
         "Changes sources by a little, and lists the changes that no test notices."))
     parser.add_argument("--build", default=ROOT / "build/quick", type=Path, metavar="DIR",
                         help="build to start from (build/quick)")
+    parser.add_argument("--programs", default=[], type=names_in, metavar="NAME,...",
+                        help="try these test programs only: export,unit for export_tests and "
+                             "unit_tests")
     parser.add_argument("--doubt", action="store_true",
                         help="try those listed as equivalent, too, and tell which are noticed")
     parser.add_argument("--stale", action="store_true",
@@ -62,8 +73,9 @@ def main():
     print("\n".join(lost), end="\n" if lost else "")
     left = bool(lost)
     for source in sources(arguments.files):
-        build = cmake_build(arguments.build.resolve(), source)
-        session = Session(ROOT, build, arguments.build.resolve().parent / "mutants")
+        build = cmake_build(arguments.build.resolve(), source, arguments.programs)
+        session = Session(ROOT, build, arguments.build.resolve().parent / "mutants",
+                          arguments.programs)
         result = session.result(equivalents, arguments.doubt)
         print(result.report(), flush=True)
         left = left or not result.is_good()

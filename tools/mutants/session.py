@@ -24,13 +24,15 @@ REJECTED = "rejected"
 
 class Session:
     """One source. What was found out lies in the folder as JSON, with the hash of what it depends
-    on and who noticed which mutant: after a change these are asked first."""
+    on and who noticed which mutant: after a change these are asked first. `names` are those of the
+    programs if only some are run: what they do not notice others may, so theirs is a file of its
+    own."""
 
-    def __init__(self, root, build, folder):
+    def __init__(self, root, build, folder, names=()):
         self.root, self.build = root, build
         self.file = str(build.source.relative_to(root))
         self.place = folder / self.file.replace("/", "_")
-        self.memory = self.place / "result.json"
+        self.memory = self.place / f"{' '.join(['result', *sorted(set(names))])}.json"
         self.contents = {}
 
     # --- Memory ---

@@ -129,7 +129,21 @@ def compile_alone(build, source, mutant, place):
 LEFT_OUT = ("simhost_tests", "sweep_tests")
 
 
-def cmake_build(folder, source):
+def test_programs(folder, names=()):
+    """The test programs of the build: "export" is export_tests. Without names, those that tell
+    something about a single source."""
+    built = {p.name: p for p in sorted(folder.glob("tests/*_tests"))}
+    if not names:
+        return {name: path for name, path in built.items() if name not in LEFT_OUT}
+    wanted = [f"{name}_tests" for name in names]
+    for name in wanted:
+        if name not in built:
+            raise RuntimeError(f"{folder} has no program {name}")
+    return {name: built[name] for name in wanted}
+
+
+def cmake_build(folder, source, names=()):
+    """What the build does with this source, and its test programs, or those of these names."""
     entries = json.loads((folder / "compile_commands.json").read_text(encoding="utf-8"))
     entry = next((e for e in entries if Path(e["file"]) == source), None)
     if entry is None:
@@ -137,7 +151,7 @@ def cmake_build(folder, source):
     words = shlex.split(entry["command"])
     own = words[words.index("-o") + 1]
     compiler = [w for w in words[:words.index("-o")] if w != "-Werror"]
-    programs = {p.name: p for p in sorted(folder.glob("tests/*_tests")) if p.name not in LEFT_OUT}
+    programs = test_programs(folder, names)
     links = {}
     module = "vorlatix5.1.so"
     links[module] = link_command(folder, module, own)

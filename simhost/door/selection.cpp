@@ -100,6 +100,7 @@ ProError ProSelectionModelitemGet(ProSelection selection, ProModelitem* item) {
             // What is seen of a round face is no item of its model.
             if (found.item.type == kSilhouette) Refuse(PRO_TK_GENERAL_ERROR);
             *item = found.item;
+            if (item->type == kDatumPlane) item->type = PRO_SURFACE;
         },
         ARG(selection), OUT(item));
 }

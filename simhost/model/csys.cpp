@@ -3,18 +3,16 @@
 
 #include <climits>
 
+#include "simhost/model/datums.h"
+
 namespace simhost {
 
 int CsysIdOf(const Feature& feature) {
-    return feature.csysId > 0 ? feature.csysId : feature.id + 1;
+    return DatumIdOf(feature);
 }
 
 Feature* FindCsys(Model& model, int csysId) {
-    for (const Feature& feature : model.features()) {
-        if (feature.type != PRO_FEAT_CSYS || CsysIdOf(feature) != csysId) continue;
-        return model.FindFeature(feature.id);
-    }
-    return nullptr;
+    return FindDatum(model, PRO_CSYS, csysId);
 }
 
 ProCsys CsysHandles::Of(Model& model, const Feature& feature) {

@@ -12,7 +12,7 @@
 
 namespace simhost {
 
-// Usually one more than the feature's number; a file may say otherwise.
+// As of every datum.
 int CsysIdOf(const Feature& feature);
 
 // The feature of a coordinate system of the model, by its number as an item. Null: there is none.

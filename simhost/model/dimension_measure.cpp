@@ -20,6 +20,7 @@ struct Mark {
     Vec3 from, to;
     double radius = 0;   // of a circle, whose centre is `from`
     bool round = false;  // a line: a circle that is seen on edge
+    bool endless = false;
 };
 
 Vec3 Flat(Vec3 v) {
@@ -47,7 +48,11 @@ Mark LineMark(Vec3 from, Vec3 to) {
 Mark MarkOf(const SeenItem& item) {
     switch (item.kind) {
         case SeenItem::Kind::Point: return PointMark(item.from);
-        case SeenItem::Kind::Line: return LineMark(item.from, item.to);
+        case SeenItem::Kind::Line: {
+            Mark line = LineMark(item.from, item.to);
+            line.endless = item.endless;
+            return line;
+        }
         case SeenItem::Kind::Circle: break;
     }
     const Vec3 centre = item.circle.origin;
@@ -64,6 +69,7 @@ Mark MarkOf(const SeenItem& item) {
 // The point of an item that a sense names. Nothing, and *status: there is none.
 std::optional<Mark> PointBySense(const SeenItem& item, int sense, ProError* status) {
     *status = PRO_TK_BAD_INPUTS;
+    if (item.endless) return std::nullopt;
     if (item.kind == SeenItem::Kind::Line && sense == 1) return PointMark(item.from);
     if (item.kind == SeenItem::Kind::Line && sense == 2) return PointMark(item.to);
     if (item.kind != SeenItem::Kind::Circle || sense != 3) return std::nullopt;
@@ -120,7 +126,7 @@ DimensionKind KindByHint(int hint) {
 std::optional<DimensionKind> KindOfMarks(const std::vector<Mark>& marks, int hint) {
     const Mark& first = marks.front();
     if (marks.size() == 1) {
-        if (first.kind == Mark::Kind::Point) return std::nullopt;
+        if (first.kind == Mark::Kind::Point || first.endless) return std::nullopt;
         if (IsLine(first)) return first.round ? DimensionKind::Slanted : KindByHint(hint);
         return hint == 3 ? DimensionKind::Diameter : DimensionKind::Radius;
     }

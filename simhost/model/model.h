@@ -49,8 +49,9 @@ struct Feature {
     WideText name;
     std::string file;              // components: "housing.prt"
     Model* model = nullptr;        // components: null while the model is not in memory
-    Placement placement;           // components and coordinate systems: in the owner's coordinates
-    int csysId = 0;                // coordinate systems: their number as items; 0: see CsysIdOf
+    Placement placement;           // components and datums: in the owner's coordinates
+    int itemId = 0;                // datums: their number as items; 0: see DatumIdOf
+    bool placed = false;           // datums but coordinate systems: where they are is known
     std::vector<int> parents;      // the features that it hangs on
     std::shared_ptr<Group> group;  // groups and merges: what they are made from
     std::shared_ptr<Merge> merge;

@@ -1,10 +1,16 @@
 // The features in the file of a part or an assembly, and with them an assembly's components.
+#include <algorithm>
 #include <climits>
+#include <set>
+#include <span>
+#include <string>
 #include <unordered_set>
+#include <utility>
 
-#include "simhost/model/csys.h"
+#include "simhost/model/datums.h"
 #include "simhost/model/model_file_group.h"
 #include "simhost/model/model_file_sections.h"
+#include "simhost/model/shape.h"
 
 namespace simhost {
 
@@ -29,15 +35,17 @@ constexpr Field<Feature> kComponentFields[] = {
     RequiredLink<&Feature::file, &Feature::model>("model"),
 };
 
-constexpr Field<Feature> kCsysFields[] = {
-    Whole<1, &Feature::csysId>("csys"),
-};
+// Of datums; the key tells the kind.
+Field<Feature> ItemIdField(const DatumKind& kind) {
+    return Whole<1, &Feature::itemId>(kind.word);
+}
 
-// Of components and coordinate systems.
-constexpr Field<Feature> kPlaceFields[] = {
-    Of<&Feature::placement, &Placement::origin>("at"),
-    TurnField<&Feature::placement>("turn"),
-};
+// Of components and datums.
+constexpr Field<Feature> kAtField = Of<&Feature::placement, &Placement::origin>("at");
+constexpr Field<Feature> kTurnField = TurnField<&Feature::placement>("turn");
+constexpr Field<Feature> kPlaceFields[] = {kAtField, kTurnField};
+// Of those whose place need not be known.
+constexpr Field<Feature> kKnownPlaceFields[] = {Always(kAtField), kTurnField};
 
 constexpr const char* kConstraintKey = "constraint";
 
@@ -114,11 +122,54 @@ void RefuseAll(const toml::table& table, const Rows& rows, const char* where) {
     }
 }
 
+// "coordinate systems (type 979)".
+std::string FeaturesOf(const DatumKind& kind) {
+    return std::string(kind.names) + " (type " + std::to_string(kind.feature) + ")";
+}
+
+// Where a component or a datum is. Of a datum that is no coordinate system a file need not say it.
+void ReadPlace(const toml::table& table, Feature* feature) {
+    const bool component = feature->type == PRO_FEAT_COMPONENT;
+    if (!component && !DatumKindOf(*feature)) {
+        std::string where = "components (type 1000)";
+        for (const DatumKind& kind : DatumKinds()) where += ", " + FeaturesOf(kind);
+        RefuseAll(table, kPlaceFields, where.c_str());
+    }
+    ReadFields(table, kPlaceFields, feature);
+    if (component || feature->type == PRO_FEAT_CSYS) return;
+    feature->placed = table.get(kAtField.key) != nullptr;
+    const toml::node* turn = table.get(kTurnField.key);
+    if (turn && feature->type == kDatumPointFeature) {
+        Fail(turn->source(), Quoted(kTurnField.key) + " is not for datum points (type 931)");
+    }
+    if (turn && !feature->placed) {
+        Fail(turn->source(), Quoted(kTurnField.key) + " needs " + Quoted(kAtField.key));
+    }
+}
+
+void ReadItemId(const toml::table& table, Feature* feature) {
+    for (const DatumKind& kind : DatumKinds()) {
+        const Field<Feature> field = ItemIdField(kind);
+        if (kind.feature == feature->type) {
+            ReadField(table, field, feature);
+        } else {
+            RefuseAll(table, std::span(&field, 1), FeaturesOf(kind).c_str());
+        }
+    }
+}
+
+Keys KeysOfFeatures() {
+    Keys keys = KeysOf(kFeatureFields, kComponentFields, kPlaceFields);
+    for (const DatumKind& kind : DatumKinds()) keys.push_back(kind.word);
+    keys.push_back(kConstraintKey);
+    keys.insert(keys.end(), kSolidFeatureKeys.begin(), kSolidFeatureKeys.end());
+    return keys;
+}
+
 Feature ReadFeature(const toml::table& table) {
     Feature feature;
     ReadField(table, kFeatureTypeField, &feature);
     const bool component = feature.type == PRO_FEAT_COMPONENT;
-    const bool csys = feature.type == PRO_FEAT_CSYS;
     constexpr const char* kComponents = "components (type 1000)";
     if (!component) {
         RefuseAll(table, kComponentFields, kComponents);
@@ -127,36 +178,48 @@ Feature ReadFeature(const toml::table& table) {
             Fail(constraints->source(), Quoted(kConstraintKey) + " is only for " + kComponents);
         }
     }
-    if (!csys) RefuseAll(table, kCsysFields, "coordinate systems (type 979)");
-    if (!component && !csys) {
-        RefuseAll(table, kPlaceFields, "components (type 1000) and coordinate systems (type 979)");
-    }
-    Keys keys = KeysOf(kFeatureFields, kComponentFields, kCsysFields, kPlaceFields);
-    keys.push_back(kConstraintKey);
-    keys.insert(keys.end(), kSolidFeatureKeys.begin(), kSolidFeatureKeys.end());
-    Allow(table, keys);
+    ReadItemId(table, &feature);
+    ReadPlace(table, &feature);
+    Allow(table, KeysOfFeatures());
     ReadSolidFeature(table, &feature);
     ReadFields(table, kFeatureFields, &feature);
     if (component) ReadFields(table, kComponentFields, &feature);
-    if (csys) ReadFields(table, kCsysFields, &feature);
-    ReadFields(table, kPlaceFields, &feature);
     ReadConstraints(table, &feature);
     feature.hidden = feature.hiddenInFile;
     return feature;
 }
 
+// A datum's number is its own among those of its kind, and where the kind shares its numbers with
+// faces (an axis, a plane), theirs too.
+void CheckDatum(const toml::table& table, const Feature& feature, const Model& model,
+                std::set<std::pair<ProType, int>>* datums) {
+    const DatumKind* kind = DatumKindOf(feature);
+    if (!kind) return;
+    const int id = DatumIdOf(feature);
+    if (!datums->insert({kind->item, id}).second) {
+        Fail(table.source(),
+             "the " + std::string(kind->name) + " " + std::to_string(id) + " is there twice");
+    }
+    if (!feature.placed) return;
+    OnlyIn(model, PRO_MDL_PART, table.get(kAtField.key), kAtField.key);
+    const auto& faces = model.shape().faces;
+    const bool taken =
+        std::any_of(faces.begin(), faces.end(), [id](const auto& face) { return face.id == id; });
+    if (kind->feature == kDatumPointFeature || !taken) return;
+    Fail(table.source(), "the part has a surface " + std::to_string(id) + "; give the " +
+                             kind->name + " another number by " + Quoted(kind->word));
+}
+
 void ReadFeatures(const toml::table& root, const char* key, Model* model) {
-    std::unordered_set<int> ids, csyses;
+    std::unordered_set<int> ids;
+    std::set<std::pair<ProType, int>> datums;
     EachTable(root, key, [&](const toml::table& table) {
         Feature feature = ReadFeature(table);
         if (!ids.insert(feature.id).second) {
             Fail(table.get("id")->source(),
                  "the feature " + std::to_string(feature.id) + " is there twice");
         }
-        if (feature.type == PRO_FEAT_CSYS && !csyses.insert(CsysIdOf(feature)).second) {
-            Fail(table.source(),
-                 "the coordinate system " + std::to_string(CsysIdOf(feature)) + " is there twice");
-        }
+        CheckDatum(table, feature, *model, &datums);
         for (const int parent : feature.parents) {
             if (ids.count(parent) > 0 && parent != feature.id) continue;
             Fail(table.get("parents")->source(),
@@ -171,10 +234,11 @@ void AddFeatures(std::string* text, const char* key, const Model& model) {
         *text += std::string("\n[[") + key + "]]\n";
         AddFields(text, kFeatureFields, feature);
         const bool component = feature.type == PRO_FEAT_COMPONENT;
-        const bool csys = feature.type == PRO_FEAT_CSYS;
+        const DatumKind* kind = DatumKindOf(feature);
         if (component) AddFields(text, kComponentFields, feature);
-        if (csys) AddFields(text, kCsysFields, feature);
-        if (component || csys) AddFields(text, kPlaceFields, feature);
+        if (kind) AddField(text, ItemIdField(*kind), feature);
+        if (component || feature.type == PRO_FEAT_CSYS) AddFields(text, kPlaceFields, feature);
+        if (feature.placed) AddFields(text, kKnownPlaceFields, feature);
         AddConstraints(text, feature);
         AddSolidFeature(text, feature);
     }

@@ -29,7 +29,7 @@ const std::map<std::string, std::vector<ProType>>& FilterWords() {
         {"surface", {PRO_SURFACE}},
         {"sldface", {PRO_SURFACE}},
         {"qltface", {}},
-        // In drawings. Parts have neither datum planes, points nor curves, and no quilts.
+        // In drawings. Parts have no curves.
         {"edge", {PRO_EDGE}},
         {"sldedge", {PRO_EDGE}},
         {"qltedge", {}},
@@ -37,8 +37,8 @@ const std::map<std::string, std::vector<ProType>>& FilterWords() {
         {"silhedge", {kSilhouette}},
         {"dtl_axis", {kAxis}},
         {"csys", {PRO_CSYS}},
-        {"point", {}},
-        {"datum", {}},
+        {"point", {kPoint}},
+        {"datum", {kDatumPlane}},
         {"curve", {}},
         {"dimension", {PRO_DIMENSION}},
     };

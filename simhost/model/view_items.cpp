@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "simhost/model/csys.h"
+#include "simhost/model/datums.h"
 #include "simhost/model/frames.h"
 #include "simhost/model/session.h"
 #include "simhost/model/shape.h"
@@ -23,8 +23,8 @@ struct ViewItemRow {
     const char* word;
 };
 constexpr ViewItemRow kViewItemRows[] = {
-    {PRO_EDGE, "edge"}, {kEdgeStart, "start"}, {kEdgeEnd, "end"},
-    {kAxis, "axis"},    {PRO_CSYS, "csys"},    {kSilhouette, "silhouette"},
+    {PRO_EDGE, "edge"}, {kEdgeStart, "start"},       {kEdgeEnd, "end"},      {kAxis, "axis"},
+    {PRO_CSYS, "csys"}, {kSilhouette, "silhouette"}, {kDatumPlane, "datum"}, {kPoint, "point"},
 };
 
 constexpr double kSameInView = 1e-6;
@@ -105,16 +105,41 @@ SeenItem EdgeIn(const ShapeEdge& edge, const Placement& placement, double unit) 
     return item;
 }
 
+// The line through a point of it, as long as the part beside it; `way` is of length 1.
+SeenItem EndlessLine(const PartShape& shape, const Placement& placement, Vec3 point, Vec3 way) {
+    constexpr double kBare = 50;  // mm to both sides where there is no material
+    Placement along;
+    for (std::size_t i = 0; i < 3; ++i) along.axes[i] = {Dot(placement.axes[i], way), 0, 0};
+    along.origin = {Dot(placement.origin - point, way), 0, 0};
+    const Extents reach = ExtentsIn(shape, along);
+    const double low = reach.empty ? -kBare : reach.low.x;
+    const double high = reach.empty ? kBare : reach.high.x;
+    SeenItem item = LineBetween(point + low * way, point + high * way);
+    item.endless = true;
+    return item;
+}
+
+// The z axis of a datum's frame is the normal of a plane and the direction of an axis.
+std::optional<SeenItem> DatumIn(const PartShape& shape, const Feature& datum,
+                                const Placement& placement, double unit) {
+    const Vec3 point = placement.Point(datum.placement.origin);
+    if (datum.type == kDatumPointFeature || datum.type == PRO_FEAT_CSYS) return PointAt(point);
+    const Vec3 z = 1 / unit * placement.Direction(datum.placement.axes[2]);
+    if (datum.type == kDatumPlaneFeature) {
+        if (std::fabs(z.z) > kSameInView) return std::nullopt;
+        return EndlessLine(shape, placement, point, {-z.y, z.x, 0});
+    }
+    if (std::hypot(z.x, z.y) < kSameInView) return PointAt(point);
+    return EndlessLine(shape, placement, point, z);
+}
+
 // `placement` takes the owner's points to what is seen.
 std::optional<SeenItem> ItemIn(Model& owner, const ItemWay& way, const Placement& placement,
                                double unit) {
-    if (way.type == PRO_CSYS) {
-        const Feature* csys = FindCsys(owner, way.id);
-        if (!csys) return std::nullopt;
-        return PointAt(placement.Point(csys->placement.origin));
-    }
-    if (owner.type != PRO_MDL_PART) return std::nullopt;
     const PartShape& shape = owner.shape();
+    const Feature* datum = FindDatum(owner, way.type, way.id);
+    if (datum && IsDatumThere(*datum)) return DatumIn(shape, *datum, placement, unit);
+    if (owner.type != PRO_MDL_PART) return std::nullopt;
     if (way.type == PRO_EDGE || way.type == kEdgeStart || way.type == kEdgeEnd) {
         const ShapeEdge* edge = FindEdge(shape, way.id);
         if (!edge) return std::nullopt;
@@ -122,12 +147,15 @@ std::optional<SeenItem> ItemIn(Model& owner, const ItemWay& way, const Placement
         return PointAt(placement.Point(way.type == kEdgeStart ? edge->from : edge->to));
     }
     const bool axis = way.type == kAxis;
+    if (!axis && way.type != kSilhouette) return std::nullopt;
     const ShapeFace* face = FindRound(shape, axis ? way.id : way.id / 10);
     if (!face) return std::nullopt;
     const std::vector<AxisEnd> ends = EndsOf(shape, *face);
     if (!axis) return SilhouetteOf(ends, way.id % 10, placement, unit);
     if (ends.empty()) return std::nullopt;
-    return LineBetween(placement.Point(ends[0].centre), placement.Point(ends[1].centre));
+    SeenItem line = LineBetween(placement.Point(ends[0].centre), placement.Point(ends[1].centre));
+    line.endless = true;
+    return line;
 }
 
 // The model at the end of a way; `placement` becomes what takes its points, in its unit, to what is
@@ -160,9 +188,10 @@ void AddItemsOf(const Model& part, const std::vector<int>& path, ProType type,
         if (type != kSilhouette) continue;
         for (const int side : {1, 2}) ways->push_back({path, type, 10 * face.id + side});
     }
-    if (type != PRO_CSYS) return;
     for (const Feature& feature : part.features()) {
-        if (feature.type == PRO_FEAT_CSYS) ways->push_back({path, type, CsysIdOf(feature)});
+        const DatumKind* kind = DatumKindOf(feature);
+        if (!kind || kind->item != type || !IsDatumThere(feature)) continue;
+        ways->push_back({path, type, DatumIdOf(feature)});
     }
 }
 

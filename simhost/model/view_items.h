@@ -1,5 +1,5 @@
 // What can be picked and measured in a view of a drawing: edges, their ends, axes, silhouettes,
-// coordinate systems, each as it is seen on the sheet.
+// datums, each as it is seen on the sheet.
 #pragma once
 
 #include <optional>
@@ -11,14 +11,14 @@
 
 namespace simhost {
 
-// Kinds of items beside those that the door has names for. A silhouette is no item of a model, so
-// its kind never leaves the host.
+// Kinds of items beside those that the door has names for. A silhouette is no item of a model, and
+// a datum plane is a surface of it, so their kinds never leave the host.
 inline constexpr ProType kEdgeStart = ProType(71), kEdgeEnd = ProType(72);
 inline constexpr ProType kAxis = ProType(23), kPoint = ProType(29), kNote = ProType(32);
-inline constexpr ProType kSilhouette = ProType(-100);
+inline constexpr ProType kSilhouette = ProType(-100), kDatumPlane = ProType(-101);
 
 // The words of scripts and files for kinds of items in views: "edge", "start", "end", "axis",
-// "csys", "silhouette". Null and nothing for all others.
+// "csys", "silhouette", "datum" (a plane), "point". Null and nothing for all others.
 const char* ViewItemWord(ProType type);
 std::optional<ProType> ViewItemOfWord(const std::string& word);
 
@@ -30,11 +30,14 @@ struct SeenItem {
     Placement circle;   // its centre, and its plane by the x and y axes
     double radius = 0;  // of a circle
     double scale = 1;   // mm of one unit of its model
+
+    // A line that ends nowhere: how far it is drawn says nothing.
+    bool endless = false;
 };
 
 // An item of a view by the way of components to it from the view's model. The ids of axes are those
-// of their round faces; of silhouettes ten times those, and 1 or 2. Nothing: it is not there, or, a
-// silhouette, is not seen from here.
+// of their round faces, or of datums; of silhouettes ten times those of faces, and 1 or 2. Nothing:
+// it is not there, or, a silhouette or a datum plane, is not seen as a line from here.
 struct ItemWay {
     std::vector<int> path;
     ProType type = PRO_EDGE;

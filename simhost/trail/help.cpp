@@ -35,7 +35,7 @@ constexpr ChineseWord kChineseWords[] = {
     {"answer",             "在提示处输入；不写内容则取缺省值"},
     {"pick",               "主程序等待选取时：选取项目，写法同 select"},
     {"pick box",           "框选：选取完全位于框内的全部项目，以两个角点表示，坐标见图片的标尺"},
-    {"pick edge",          "主程序等待选取时：选取视图中的边，编号见 show edges；2/start#17、end、axis、csys、silhouette 同理"},
+    {"pick edge",          "主程序等待选取时：选取视图中的边，编号见 show edges；2/start#17、end、axis、csys、silhouette、datum、point 同理"},
     {"pick at",            "选取离图纸上某点最近的项目"},
     {"pick nothing",       "不选任何项目，结束选取"},
     {"click",              "主程序等待点击时：图纸上的位置；按键 left、middle 或 right"},

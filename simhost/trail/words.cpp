@@ -68,7 +68,7 @@ const std::vector<Word>& Words() {
         {"quit",             "",                  kAny,  kKeeps,  Quit,            "leave the prompt, the pick, the click or the popup; by hand also: end (again, where changes would be lost)"},
         {"pick",             "PATH[, PATH…]",     kAny,  kKeeps,  PickItems,       "what the host waits for: items as select takes them"},
         {"pick box",         "X Y X Y",           kAny,  kKeeps,  PickBox,         "all that lies wholly in a box, by two corners in the coordinates of a picture's ruler"},
-        {"pick edge",        "VIEW/ID [at X Y]",  kAny,  kKeeps,  PickInView,      "an edge of a view, by its number in show edges; 2/start#17, end, axis, csys and silhouette likewise"},
+        {"pick edge",        "VIEW/ID [at X Y]",  kAny,  kKeeps,  PickInView,      "an edge of a view, by its number in show edges; 2/start#17, end, axis, csys, silhouette, datum and point likewise"},
         {"pick at",          "X Y",               kAny,  kKeeps,  PickAt,          "what is nearest to a point of the sheet"},
         {"pick nothing",     "",                  kAny,  kKeeps,  PickNothing,     "end the pick without an item"},
         {"click",            "X Y [BUTTON]",      kAny,  kKeeps,  ClickSheet,      "what the host waits for: a place on the sheet; left, middle or right"},

@@ -216,7 +216,8 @@ void ShowEdges(Trail& trail, const std::string& rest) {
     const bool number = TakeWhole(&words, &id) && words.empty();
     const DrawingView* view = number ? DrawingOf(*drawing).FindView(id) : nullptr;
     if (!view) return trail.Fail(fmt::format("the drawing has no view {}", rest));
-    const auto ways = ItemsOfView(*view, {PRO_EDGE, kAxis, kSilhouette, PRO_CSYS});
+    const auto ways =
+        ItemsOfView(*view, {PRO_EDGE, kAxis, kSilhouette, PRO_CSYS, kDatumPlane, kPoint});
     for (const ItemWay& way : ways) {
         const SeenItem seen = *SeenIn(*view, way);
         trail.Say(fmt::format("{} {} {}", Padded(fmt::format("{}/{}", id, WordsOf(way)), 24),

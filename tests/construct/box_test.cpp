@@ -45,7 +45,7 @@ protected:
         csys.type = PRO_FEAT_CSYS;
         csys.placement.origin = at;
         csys.parents = std::move(parents);
-        csys.csysId = number;
+        csys.itemId = number;
         return CsysIdOf(model.AddFeature(csys));
     }
     static const Feature* GroupOf(const Model& part) {

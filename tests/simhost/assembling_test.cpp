@@ -118,7 +118,7 @@ TEST_F(Assembling, CoordinateSystemsAreVisitedInTheOrderOfTheTree) {
     Model& part = Part("plate");
     Feature own = CsysAt({1, 0, 0}, {});
     own.id = 20;
-    own.csysId = 99;
+    own.itemId = 99;
     part.AddFeature(own);
     Feature first = CsysAt({2, 0, 0}, {}, "CS_低");
     first.id = 5;

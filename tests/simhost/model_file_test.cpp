@@ -434,8 +434,8 @@ TEST(ModelFile, NamesWhatBelongsToAnotherKindOfModel) {
     EXPECT_EQ(PartWith("[manufacturing]\nassembly = \"a.asm\"\n"),
               "trial.prt.1:3: \"manufacturing\" belongs only in a model of type \"manufacturing\"");
     EXPECT_EQ(PartWith("[[feature]]\nid = 1\ntype = 917\nat = [1, 2, 3]\n"),
-              "trial.prt.1:6: \"at\" is only for components (type 1000) and coordinate systems "
-              "(type 979)");
+              "trial.prt.1:6: \"at\" is only for components (type 1000), coordinate systems (type "
+              "979), datum planes (type 923), datum axes (type 926), datum points (type 931)");
 }
 
 TEST(ModelFile, NamesSizesThatMakeNoSolid) {

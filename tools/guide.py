@@ -1,13 +1,13 @@
 #!/usr/bin/python3
 """Makes the user's guide: one page for each command that works, in Chinese, as HTML files that need
-no server and no script.
+no server.
 
     tools/guide.py --simhost PROGRAM [--out DIR]
 
 What the product knows of itself is taken from it: place in the menu, help text, access rule, the
-picture of the dialog. What only a person can write is in docs/guide/. The example of each page is
-run. A command without a page, a component, setting or message without a line, a broken link
-and an example that fails are findings; the exit status is then 1.
+dialog as the workbench shows it. What only a person can write is in docs/guide/. The example of
+each page is run. A command without a page, a component, setting or message without a line, a broken
+link and an example that fails are findings; the exit status is then 1.
 Its test is tests/tools/guide_test.py.
 """
 
@@ -35,6 +35,9 @@ ACCESS = {"AccessAlways": "随时可用",
 WORKED_WITH = {"TextArea", "InputPanel", "RadioGroup", "OptionMenu", "CheckButton", "PushButton",
                "Table"}
 
+# How a link to a dialog's file begins: a script beside the files shows the dialog above it.
+DIALOG = '<a class="dialog"'
+
 STYLE = """
 body { margin: 0; display: flex; color: #222; background: #fff;
        font: 15px/1.7 "Microsoft YaHei", "WenQuanYi Zen Hei", sans-serif; }
@@ -49,6 +52,8 @@ th { background: #f3f5f7; }
 code, pre { font: 13px/1.5 Consolas, "WenQuanYi Zen Hei Mono", monospace; background: #f3f5f7; }
 pre { padding: .8em 1em; overflow-x: auto; }
 img { max-width: 100%; border: 1px solid #dde3e8; }
+@media print { nav { display: none; } main { padding: 0; } }
+a.dialog { color: #1d4f80; font-size: 13px; }
 .facts { color: #555; } .english { color: #888; font-weight: normal; font-size: 60%; }
 """
 
@@ -178,9 +183,11 @@ def run_example(simhost, script, folder, label):
 
 def page_html(title, english, body, navigation):
     head = html.escape(title)
+    script = '<script src="dialogs/frames.js" defer></script>' if DIALOG in body else ""
     tail = f' <span class="english">{html.escape(english)}</span>' if english else ""
     return ('<!DOCTYPE html>\n<html lang="zh-CN"><head><meta charset="utf-8">'
-            f"<title>{head} – Vorlatix 用户指南</title><style>{STYLE}</style></head>\n"
+            f"<title>{head} – Vorlatix 用户指南</title><style>{STYLE}</style>\n"
+            f"{script}</head>\n"
             f"<body><nav>{navigation}</nav>\n<main><h1>{head}{tail}</h1>\n{body}\n"
             "</main></body></html>\n")
 
@@ -223,7 +230,8 @@ class Guide:
                  f"{ACCESS[access]}。"]
         dialog = self.product.dialog(command)
         if dialog:
-            lines += ["", f"![对话框 {label}](dialogs/{dialog}.png)"]
+            lines += ["", f'<p>{DIALOG} href="dialogs/{dialog}.html">'
+                          f"对话框 {html.escape(label)}</a></p>"]
         return "\n".join(lines) + "\n\n"
 
     def example(self, command, page):
@@ -238,10 +246,10 @@ class Guide:
     def write(self):
         (self.out / "images").mkdir(parents=True, exist_ok=True)
         self.findings += gaps(self.product, self.pages)
-        drawn = subprocess.run([str(self.simhost), "dialogs", "--out", str(self.out / "dialogs")],
-                               capture_output=True, text=True)
-        if drawn.returncode:
-            self.findings.append(f"the dialogs cannot be drawn: {drawn.stderr.strip()}")
+        made = subprocess.run([str(self.simhost), "dialogs", "--out", str(self.out / "dialogs")],
+                              capture_output=True, text=True)
+        if made.returncode:
+            self.findings.append(f"the dialogs cannot be written: {made.stderr.strip()}")
         navigation = self.navigation()
         for path in self.chapters:
             text = path.read_text(encoding="utf-8").partition("\n")[2]

@@ -11,7 +11,6 @@
 #include "simhost/app/report.h"
 #include "simhost/core/disk.h"
 #include "simhost/host.h"
-#include "simhost/picture/dialogs.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 
@@ -59,27 +58,14 @@ std::string WorkOn(const fs::path& script, const fs::path& file, const fs::path&
     return std::system(command.c_str()) == 0 ? "" : script.filename().string() + " has failed";
 }
 
-// Where there is no drawing library there are no pictures of dialogs.
-std::set<std::string> DrawDialogsInto(const fs::path& folder, const fs::path& resources) {
-    std::set<std::string> names;
-    try {
-        for (const fs::path& picture : DrawDialogs(resources, folder)) {
-            names.insert(picture.stem().string());
-        }
-    } catch (const std::runtime_error&) {
-        return {};
-    }
-    return names;
-}
-
 }  // namespace
 
 int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& out,
-            const std::function<void(const std::string&)>& print) {
+            const std::function<void(const std::string&)>& print, const DialogWriter& dialogs) {
     bool found = false;
     const std::string lines = ReadFile(script, &found);
     if (!found) throw std::runtime_error("cannot read " + script.string());
-    const fs::path whole = fs::absolute(out), resources = options.installed / "text" / "resource";
+    const fs::path whole = fs::absolute(out);
     const DemoDrive drive(whole);
     if (const std::string kept = drive.MakeRoom(); !kept.empty()) print(kept);
     options.drive = drive.folder();
@@ -113,8 +99,8 @@ int RunDemo(WorkplaceOptions options, const fs::path& script, const fs::path& ou
     TheHooks() = {};
     drive.NoteFiles();
     const fs::path page = whole / "index.html";
-    const auto dialogs = DrawDialogsInto(whole / "dialogs", resources);
-    if (!WriteFile(page, report.Html("Vorlatix: " + script.stem().string(), dialogs))) {
+    const auto written = dialogs ? dialogs(whole / "dialogs") : std::set<std::string>();
+    if (!WriteFile(page, report.Html("Vorlatix: " + script.stem().string(), written))) {
         throw std::runtime_error("cannot write " + page.string());
     }
     print("");

@@ -10,6 +10,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -27,12 +28,12 @@
 #include "simhost/core/text.h"
 #include "simhost/host.h"
 #include "simhost/kernel/import.h"
-#include "simhost/picture/dialogs.h"
 #include "simhost/trail/hooks.h"
 #include "simhost/trail/interpreter.h"
 #include "simhost/ui/near_name.h"
 #include "simhost/user/language.h"
 #ifndef _WIN32
+#include "simhost/web/dialog_files.h"
 #include "simhost/web/workbench.h"
 #endif
 
@@ -261,8 +262,8 @@ struct CommandLine {
                      "Give up a file that takes longer to read (default: 600)");
         NumberOption(import, "--memory", &options->megabytes, 1'000'000,
                      "Give up a file that takes more MB (default: 3/4 of the machine's)");
-        dialogs = app.add_subcommand("dialogs", "Draw every dialog of the plug-in");
-        FolderOption(dialogs, "--out", &options->out, "Folder for the pictures")->required();
+        dialogs = app.add_subcommand("dialogs", "Write a page with each dialog of the plug-in");
+        FolderOption(dialogs, "--out", &options->out, "Folder for the pages")->required();
     }
 };
 
@@ -283,22 +284,39 @@ int Import(const Options& options) {
     return 0;
 }
 
-int Dialogs(const Options& options) {
-    MakeFolder("--out", options.out);
-    const fs::path resources = fs::path(VX_SOURCE_DIR) / "text" / "resource";
-    for (const fs::path& picture : DrawDialogs(resources, options.out)) {
-        PrintLine("drawn: " + picture.string());
-    }
-    return 0;
+#ifdef _WIN32
+
+int Dialogs(const Options&) {
+    throw UsageError("the pages of dialogs are not to be had on Windows");
 }
 
-#ifdef _WIN32
+std::set<std::string> DialogsForDemo(const fs::path&) {
+    return {};
+}
 
 int Workbench(const Options&) {
     throw UsageError("the workbench is not to be had on Windows");
 }
 
 #else
+
+std::vector<fs::path> WriteDialogs(const fs::path& out) {
+    const fs::path source = VX_SOURCE_DIR;
+    return WriteDialogFiles(source / "simhost" / "web" / "page", source / "text" / "resource", out);
+}
+
+int Dialogs(const Options& options) {
+    MakeFolder("--out", options.out);
+    for (const fs::path& file : WriteDialogs(options.out)) PrintLine("written: " + file.string());
+    PrintLine("all of them: " + (options.out / "index.html").string());
+    return 0;
+}
+
+std::set<std::string> DialogsForDemo(const fs::path& out) {
+    std::set<std::string> names;
+    for (const fs::path& file : WriteDialogs(out)) names.insert(file.stem().string());
+    return names;
+}
 
 int Workbench(Options options) {
     Board board;
@@ -332,7 +350,7 @@ int Workbench(Options options) {
 int Demo(const Options& options) {
     MakeFolder("--out", options.out);
     const fs::path trail = fs::path(VX_SOURCE_DIR) / "samples" / "trails" / "demo.trail";
-    return RunDemo(options.workplace, trail, options.out, PrintLine);
+    return RunDemo(options.workplace, trail, options.out, PrintLine, DialogsForDemo);
 }
 
 int Do(const CommandLine& line, const Options& options) {

@@ -37,6 +37,11 @@ std::string ImageOf(const std::string& file) {
     return fmt::format("<a href=\"{0}\"><img src=\"{0}\" alt=\"{0}\"></a>\n", SvgText(file));
 }
 
+std::string FrameOf(const std::string& dialog) {
+    return fmt::format("<p><a class=\"dialog\" href=\"dialogs/{0}.html\">{0}</a></p>\n",
+                       SvgText(dialog));
+}
+
 }  // namespace
 
 void Report::Begin(const std::string& title) {
@@ -56,15 +61,16 @@ void Report::Add(const std::string& file) {
 std::string Report::Html(const std::string& title, const std::set<std::string>& dialogs) const {
     std::string html = fmt::format(
         "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>{0}</title>\n<style>\n{1}"
-        "</style></head>\n<body><h1>{0}</h1>\n",
-        SvgText(title), kStyle);
+        "</style>{2}</head>\n<body><h1>{0}</h1>\n",
+        SvgText(title), kStyle,
+        dialogs.empty() ? "" : "\n<script src=\"dialogs/frames.js\" defer></script>");
     std::set<std::string> left = dialogs;
     for (const Part& part : parts_) {
         html += "<section>\n";
         if (!part.title.empty()) html += "<h2>" + SvgText(part.title) + "</h2>\n";
         for (const std::string& line : part.lines) {
             const std::string dialog = DialogOf(line);
-            if (left.erase(dialog) > 0) html += ImageOf("dialogs/" + dialog + ".png");
+            if (left.erase(dialog) > 0) html += FrameOf(dialog);
         }
         for (const std::string& file : part.files) {
             html += IsPicture(file)

@@ -18,8 +18,8 @@ public:
     // A file in the folder of the page: a picture is shown, another one can be opened.
     void Add(const std::string& file);
 
-    // The page as HTML in UTF-8. `dialogs` are the names of those of which dialogs/NAME.png is
-    // there; each is shown in the first part that uses it.
+    // The page as HTML in UTF-8. `dialogs` are the names of those of which dialogs/NAME.html is
+    // there, with frames.js; each is shown in the first part that uses it.
     std::string Html(const std::string& title, const std::set<std::string>& dialogs) const;
 
 private:

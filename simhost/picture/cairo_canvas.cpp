@@ -59,20 +59,6 @@ public:
         cairo_set_line_width(cairo_, 0.5);
         cairo_stroke(cairo_);
     }
-    void Image(const Rectangle& box, const std::filesystem::path& png) override {
-        const CairoSurface image(cairo_image_surface_create_from_png(png.c_str()),
-                                 cairo_surface_destroy);
-        if (cairo_surface_status(image.get()) != CAIRO_STATUS_SUCCESS) {
-            throw std::runtime_error("cannot read " + png.string());
-        }
-        cairo_save(cairo_);
-        cairo_translate(cairo_, box.x, box.y);
-        cairo_scale(cairo_, box.width / cairo_image_surface_get_width(image.get()),
-                    box.height / cairo_image_surface_get_height(image.get()));
-        cairo_set_source_surface(cairo_, image.get(), 0, 0);
-        cairo_paint(cairo_);
-        cairo_restore(cairo_);
-    }
     void Stroke(const Path& path, const Pen& pen) override {
         Follow(path);
         Draw(pen);
@@ -205,24 +191,6 @@ std::string PdfOf(const std::vector<Picture>& pages, const std::string& title,
                                    "2000-01-01T00:00:00Z");
     PaintPages(surface.get(), pages, options);
     return bytes;
-}
-
-struct Ruler::Inside {
-    CairoSurface surface{cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1, 1),
-                         cairo_surface_destroy};
-    Context cairo{cairo_create(surface.get()), cairo_destroy};
-};
-
-Ruler::Ruler() : inside_(std::make_unique<Inside>()) {
-    Family(inside_->cairo.get());
-}
-Ruler::~Ruler() = default;
-
-double Ruler::Width(const std::string& text, double size) const {
-    cairo_set_font_size(inside_->cairo.get(), size);
-    cairo_text_extents_t extents;
-    cairo_text_extents(inside_->cairo.get(), text.c_str(), &extents);
-    return extents.x_advance;
 }
 
 }  // namespace simhost

@@ -1,9 +1,7 @@
-// Pictures as PNG and PDF, and the widths of texts, by the drawing library. Not on Windows, where
-// there is none.
+// Pictures as PNG and PDF, by the drawing library. Not on Windows, where there is none.
 #pragma once
 
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,17 +20,5 @@ void WritePdf(const std::vector<Picture>& pages, const std::filesystem::path& fi
 // should know of the file.
 std::string PdfOf(const std::vector<Picture>& pages, const std::string& title,
                   const PlotOptions& options, std::string* note);
-
-// Tells how wide a text is.
-class Ruler {
-public:
-    Ruler();
-    ~Ruler();
-    double Width(const std::string& text, double size) const;
-
-private:
-    struct Inside;
-    std::unique_ptr<Inside> inside_;
-};
 
 }  // namespace simhost

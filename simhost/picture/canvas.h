@@ -3,7 +3,6 @@
 // where there is a drawing library.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -73,8 +72,6 @@ public:
     virtual void Box(const Rectangle& box, const std::string& fill, const Pen* pen) = 0;
     // `y` is the line that the letters are written on. UTF-8.
     virtual void Text(double x, double y, const Letters& letters, const std::string& text) = 0;
-    // A PNG file, stretched over the box. Throws std::runtime_error if it cannot be read.
-    virtual void Image(const Rectangle& box, const std::filesystem::path& png) = 0;
 };
 
 // A picture that can be painted on any canvas, as often as one likes.

@@ -2,7 +2,6 @@
 #include <stdexcept>
 
 #include "simhost/picture/cairo_canvas.h"
-#include "simhost/picture/dialogs.h"
 
 namespace simhost {
 
@@ -24,10 +23,6 @@ std::string PdfOf(const std::vector<Picture>&, const std::string& title, const P
                   std::string* note) {
     *note = "holds a line of text, because there is no PDF on Windows";
     return "In place of a PDF file of " + title + "\r\n";
-}
-std::vector<std::filesystem::path> DrawDialogs(const std::filesystem::path&,
-                                               const std::filesystem::path&) {
-    Refuse();
 }
 
 }  // namespace simhost

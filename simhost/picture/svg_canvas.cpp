@@ -4,11 +4,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <cstdint>
 #include <cstdlib>
-#include <stdexcept>
-
-#include "simhost/core/disk.h"
 
 namespace simhost {
 
@@ -49,23 +45,6 @@ std::string Strokes(const Pen& pen) {
     return text;
 }
 
-// Three bytes as four letters, the last ones filled up with =.
-std::string Base64(const std::string& bytes) {
-    constexpr const char* kLetters =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string text;
-    for (std::size_t at = 0; at < bytes.size(); at += 3) {
-        unsigned three = 0;
-        for (std::size_t i = at; i < at + 3; ++i) {
-            three = three << 8 | (i < bytes.size() ? static_cast<std::uint8_t>(bytes[i]) : 0u);
-        }
-        for (std::size_t i = 0; i < 4; ++i) {
-            text += at + i > bytes.size() ? '=' : kLetters[three >> (18 - 6 * i) & 63];
-        }
-    }
-    return text;
-}
-
 class SvgCanvas : public Canvas {
 public:
     explicit SvgCanvas(const Picture& picture) {
@@ -96,14 +75,6 @@ public:
         // A thin edge of its own colour closes the hairline between neighbours.
         svg_ += opacity < 1 ? Attribute("fill-opacity", opacity) : Attribute("stroke", fill);
         svg_ += Attribute("d", WayOf(path)) + "/>\n";
-    }
-    void Image(const Rectangle& box, const std::filesystem::path& png) override {
-        bool found = false;
-        const std::string bytes = ReadFile(png, &found);
-        if (!found) throw std::runtime_error("cannot read " + png.string());
-        svg_ += "<image" + Attribute("x", box.x) + Attribute("y", box.y) +
-                Attribute("width", box.width) + Attribute("height", box.height) +
-                Attribute("href", "data:image/png;base64," + Base64(bytes)) + "/>\n";
     }
     void Stroke(const Path& path, const Pen& pen) override {
         if (path.empty()) return;

@@ -1,11 +1,8 @@
-// Labels with pictures: the file is looked for and looked at, and is seen in the dialog's picture.
+// Labels with pictures: the file is looked for and looked at when the dialog is made.
 #include <filesystem>
-#include <fstream>
 
 #include "hostapi/host.h"
 #include "simhost/core/disk.h"
-#include "simhost/picture/dialogs.h"
-#include "simhost/picture/svg_canvas.h"
 #include "simhost/ui/label.h"
 #include "tests/support/places.h"
 #include "tests/support/workbench.h"
@@ -62,39 +59,6 @@ TEST_F(LabelPictures, HaveTheSizeThatTheirHeadTells) {
     EXPECT_FALSE(PngSize("").has_value());
     EXPECT_FALSE(PngSize(Shipped("VxQQ2.gif")).has_value());
     EXPECT_FALSE(PngSize(Shipped("VxQQGroup.png").substr(0, 20)).has_value());
-}
-
-// A dialog with a picture is larger by it.
-TEST_F(LabelPictures, AreDrawnInThePictureOfTheDialog) {
-    const fs::path folder = host().disk.Real(workbench::kTextFolder + WIDE("\\text\\resource"));
-    Write(Place("sign.png"), Shipped("AboutVx.png"));
-    const fs::path out = folder / "out";
-    DrawDialogs(folder, out);
-    const std::string with = ReadFile(out / "Logo.png");
-    Write(Place("sign.png"), Shipped("VxQQGroup.png"));
-    DrawDialogs(folder, out);
-    const std::string other = ReadFile(out / "Logo.png");
-    ASSERT_TRUE(PngSize(with).has_value());
-    EXPECT_GT(PngSize(with)->height, 96 + 30);
-    EXPECT_EQ(PngSize(with)->height, PngSize(other)->height);
-    EXPECT_NE(with, other);
-    fs::remove(folder / "sign.png");
-    EXPECT_THROW(DrawDialogs(folder, out), std::runtime_error);
-}
-
-TEST_F(LabelPictures, LieInsideAnSvg) {
-    const fs::path file = host().disk.Real(WIDE("C:\\Work")) / "three.bin";
-    Picture picture{10, 10, 10, 10, [&](Canvas& canvas) { canvas.Image({1, 2, 3, 4}, file); }};
-    EXPECT_THROW(SvgOf(picture), std::runtime_error);
-    for (const auto& [bytes, base64] :
-         {std::pair{"M", "TQ=="}, {"Ma", "TWE="}, {"Man", "TWFu"}, {"\xff\xff\xbe", "//++"}}) {
-        Write(WIDE("C:\\Work\\three.bin"), bytes);
-        EXPECT_NE(SvgOf(picture).find(std::string("<image x=\"1\" y=\"2\" width=\"3\" height=\"4\" "
-                                                  "href=\"data:image/png;base64,") +
-                                      base64 + "\"/>"),
-                  std::string::npos)
-            << base64;
-    }
 }
 
 }  // namespace

@@ -92,10 +92,12 @@ TEST(ReportPage, ShowsPicturesLinksFilesAndEachDialogWhereItIsFirstUsed) {
     EXPECT_LT(page.find("<h2>One &amp; two</h2>"), second);
     EXPECT_LT(page.find("<img src=\"a.svg\""), second);
     EXPECT_LT(page.find("<p><a href=\"b.xlsx\">b.xlsx</a></p>"), second);
-    EXPECT_LT(page.find("dialogs/VxParams.png"), second);
-    EXPECT_EQ(page.find("dialogs/VxParams.png", second), std::string::npos);
-    EXPECT_EQ(page.find("dialogs/VxBom.png"), std::string::npos);
-    EXPECT_EQ(page.find("Unknown.png"), std::string::npos);
+    EXPECT_NE(page.find("<script src=\"dialogs/frames.js\" defer>"), std::string::npos);
+    EXPECT_LT(page.find("<a class=\"dialog\" href=\"dialogs/VxParams.html\">"), second);
+    EXPECT_EQ(page.find("dialogs/VxParams.html", second), std::string::npos);
+    EXPECT_EQ(page.find("dialogs/VxBom.html"), std::string::npos);
+    EXPECT_EQ(page.find("Unknown.html"), std::string::npos);
+    EXPECT_EQ(report.Html("Title", {}).find("dialogs/"), std::string::npos) << "none is there";
 }
 
 TEST(FactTables, PutSideBySideWhatModelsHeldAtEachMoment) {

@@ -121,7 +121,22 @@ class WrittenGuide(Made):
 
     def test_links_to_what_is_not_there_are_found(self):
         self.assertEqual(self.made(""),
-                         ["VxBom.html leads to dialogs/VxBom.png, which is not there"])
+                         ["VxBom.html leads to dialogs/frames.js, which is not there",
+                          "VxBom.html leads to dialogs/VxBom.html, which is not there"])
+
+    def test_a_page_shows_the_dialog_that_the_program_writes(self):
+        writing = ('#!/bin/sh\n[ "$1" = dialogs ] || exit 0\nmkdir -p "$3"\n'
+                   'touch "$3/frames.js" "$3/VxBom.html"\n')
+        self.assertEqual(self.made("", writing), [])
+        text = (self.root / "out/VxBom.html").read_text(encoding="utf-8")
+        self.assertIn('<a class="dialog" href="dialogs/VxBom.html">对话框 BOM表</a>', text)
+        self.assertIn('<script src="dialogs/frames.js" defer></script>', text)
+        other = (self.root / "out/VxLast.html").read_text(encoding="utf-8")
+        self.assertNotIn("frames.js", other)
+
+    def test_dialogs_that_cannot_be_written_are_found(self):
+        failing = '#!/bin/sh\n[ "$1" = dialogs ] || exit 0\necho "no room" >&2\nexit 2\n'
+        self.assertIn("the dialogs cannot be written: no room", self.made("", failing))
 
     def test_an_example_that_fails_is_found_with_what_went_wrong(self):
         failing = '#!/bin/sh\n[ "$1" = run ] || exit 0\necho "!! no box is open"\nexit 1\n'

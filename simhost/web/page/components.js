@@ -4,8 +4,9 @@ import { marked } from './connection.js';
 import { make } from './parts.js';
 import { TablePart } from './table.js';
 
+// A file of the resources, unless the form brings the picture along.
 function picture(name) {
-  return '/icons/' + encodeURIComponent(name);
+  return name.startsWith('data:') ? name : '/icons/' + encodeURIComponent(name);
 }
 
 // What is only there to be seen, and what all have in common.

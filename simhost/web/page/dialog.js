@@ -3,7 +3,6 @@
 import { makeComponent } from './components.js';
 import { marked } from './connection.js';
 import { make } from './parts.js';
-import { say } from './words.js';
 import { FormWindow } from './window.js';
 
 // What a form is made of, without what its components hold.
@@ -132,7 +131,7 @@ export class DialogWindow extends FormWindow {
   }
 
   refuseText() {
-    this.forms.connection.tell('problem', say('noBacktick'));
+    this.forms.connection.tell('problem', 'noBacktick');
   }
 
   keyInForm(event) {

@@ -164,30 +164,33 @@ def cmake_build(folder, source, names=()):
     own = words[words.index("-o") + 1]
     compiler = [w for w in words[:words.index("-o")] if w != "-Werror"]
     programs = test_programs(folder, names)
-    target = re.match(r"CMakeFiles/([^/]+)\.dir/", own)
-    archive = target and ARCHIVES.get(target[1], f"lib{target[1]}.a")
-    links = {}
-    for library in (MODULE, HOST):
-        command = link_command(folder, library, own)
-        if "OBJECT" in command:
-            links[library] = command
-    for name in programs:
-        command = link_command(folder, f"tests/{name}", None)
-        if archive in command:
-            # In front of the archive, which then is not asked for its own.
-            command.insert(command.index(archive), "OBJECT")
-            links[name] = command
+    targets = [MODULE, HOST, *(f"tests/{name}" for name in programs)]
+    links = {Path(target).name: link_with(own, link_command(folder, target)) for target in targets}
+    links = {name: command for name, command in links.items() if command}
     if not links:
-        raise RuntimeError(f"no test loads {source}")
+        raise RuntimeError(f"no test program loads {source}")
     return Build(folder, source, compiler, MODULE, links, programs)
 
 
-def link_command(folder, target, own):
+def link_command(folder, target):
     last = checked(["ninja", "-t", "commands", target], folder).splitlines()[-1]
     words = shlex.split(re.sub(r"^: && | && :$", "", last))
     at = words.index("-o") + 1
     words[at] = f"{HERE}/{Path(words[at]).name}"
-    return ["OBJECT" if w == own else w for w in words]
+    return words
+
+
+def link_with(own, command):
+    """The command with OBJECT in the place of the object `own`, or in front of the archive that
+    holds it, which then is not asked for its own; None if it takes neither."""
+    if own in command:
+        return ["OBJECT" if w == own else w for w in command]
+    target = re.match(r"CMakeFiles/([^/]+)\.dir/", own)
+    archive = target and ARCHIVES.get(target[1], f"lib{target[1]}.a")
+    if archive not in command:
+        return None
+    at = command.index(archive)
+    return command[:at] + ["OBJECT"] + command[at:]
 
 
 def parser_arguments(compiler):

@@ -27,10 +27,12 @@ std::optional<std::int64_t> TakeToldTime() {
     return std::exchange(toldTime, std::nullopt);
 }
 
-std::int64_t TellTime() {
+std::uint64_t TellTime() {
+    constexpr std::uint64_t kStepsInASecond = 10'000'000;
+    constexpr std::uint64_t kSecondsTo1970 = 11'644'473'600;
     const std::int64_t now = setTime.value_or(std::time(nullptr));
     if (!toldTime) toldTime = now;
-    return now;
+    return (std::uint64_t(now) + kSecondsTo1970) * kStepsInASecond;
 }
 
 }  // namespace simhost

@@ -15,7 +15,7 @@ void SetClock(std::optional<std::int64_t> seconds);
 // The seconds that the plug-in was told first since the last call; nothing: it did not ask.
 std::optional<std::int64_t> TakeToldTime();
 
-// For the Windows: the time to tell.
-std::int64_t TellTime();
+// For the Windows: the time to tell, in steps of 100 nanoseconds since 1601 (UTC).
+std::uint64_t TellTime();
 
 }  // namespace simhost

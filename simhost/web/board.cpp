@@ -35,12 +35,12 @@ std::optional<std::string> Board::NextLine(const std::string& waiting) {
     }
     waiting_ = false;
     busySince_ = Clock::now();
-    // Whoever still asks would be answered by a session that has gone on.
-    for (Question* question : std::exchange(questions_, {})) question->outcome = Outcome::Busy;
     Changed();
     return ending_ ? std::nullopt : std::exchange(line_, std::nullopt);
 }
 
+// All of them, so that none is left to a session that has gone on: while a line lies here, or the
+// end, no question is taken.
 void Board::AnswerQuestions(std::unique_lock<std::mutex>& lock) {
     while (!questions_.empty()) {
         Question* question = questions_.front();
@@ -52,7 +52,7 @@ void Board::AnswerQuestions(std::unique_lock<std::mutex>& lock) {
             question->thrown = std::current_exception();
         }
         lock.lock();
-        question->outcome = Outcome::Done;
+        question->answered = true;
         forServer_.notify_all();
     }
 }
@@ -123,12 +123,12 @@ Board::Outcome Board::Ask(const std::function<void()>& question,
     std::unique_lock lock(mutex_);
     const Outcome ready = Readiness(version);
     if (ready != Outcome::Done) return ready;
-    Question asked{&question, std::nullopt, nullptr};
+    Question asked{&question};
     questions_.push_back(&asked);
     forSession_.notify_all();
-    forServer_.wait(lock, [&] { return asked.outcome.has_value(); });
+    forServer_.wait(lock, [&] { return asked.answered; });
     if (asked.thrown) std::rethrow_exception(asked.thrown);
-    return *asked.outcome;
+    return Outcome::Done;
 }
 
 Board::Outcome Board::Restart(std::vector<std::string> lines, std::uint64_t version) {

@@ -74,8 +74,8 @@ public:
 private:
     struct Question {
         const std::function<void()>* ask;
-        std::optional<Outcome> outcome;
-        std::exception_ptr thrown;
+        bool answered = false;
+        std::exception_ptr thrown = nullptr;
     };
     void Changed();  // with the mutex held
     void AnswerQuestions(std::unique_lock<std::mutex>& lock);

@@ -37,24 +37,15 @@ constexpr const char* kContentPolicy =
     "default-src 'self'; img-src 'self' data: blob:; style-src 'self'; object-src 'none'; "
     "base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
 
-std::string ReasonOf(Board::Outcome outcome) {
+Reply ReplyTo(Board::Outcome outcome) {
     switch (outcome) {
-        case Board::Outcome::Busy: return "the session is at work";
-        case Board::Outcome::Stale: return "what you saw is not what there is any more";
-        case Board::Outcome::Ended: return "the session has ended";
+        case Board::Outcome::Busy: return Refused(503, "the session is at work");
+        case Board::Outcome::Stale:
+            return Refused(409, "what you saw is not what there is any more");
+        case Board::Outcome::Ended: return Refused(410, "the session has ended");
         case Board::Outcome::Done: break;
     }
-    return {};
-}
-
-int StatusOf(Board::Outcome outcome) {
-    switch (outcome) {
-        case Board::Outcome::Busy: return 503;
-        case Board::Outcome::Stale: return 409;
-        case Board::Outcome::Ended: return 410;
-        case Board::Outcome::Done: break;
-    }
-    return 200;
+    return {202, Reply().type, "{}", {}};
 }
 
 // Every byte that is no ASCII letter, digit, dot or dash as %E5.
@@ -79,12 +70,6 @@ void Send(const Reply& reply, httplib::Response& response) {
     response.set_content(reply.body, reply.type);
 }
 
-void SendOutcome(Board::Outcome outcome, httplib::Response& response) {
-    Send(outcome == Board::Outcome::Done ? Reply{202, Reply().type, "{}", {}}
-                                         : Refused(StatusOf(outcome), ReasonOf(outcome)),
-         response);
-}
-
 std::optional<std::uint64_t> VersionIn(const httplib::Request& request) {
     if (!request.has_param("v")) return std::nullopt;
     const std::string text = request.get_param_value("v");
@@ -93,6 +78,13 @@ std::optional<std::uint64_t> VersionIn(const httplib::Request& request) {
         return 0;  // a version that never was
     }
     return std::stoull(text);
+}
+
+std::vector<std::string> RecordedBy(const Trail& trail) {
+    std::vector<std::string> lines;
+    TextSource source(trail.Recording());
+    while (auto line = source.Next({})) lines.push_back(std::move(*line));
+    return lines;
 }
 
 std::string NewsText(const Board::News& news) {
@@ -146,8 +138,7 @@ public:
     }
 
     ~Inner() {
-        stopping_ = true;
-        board_.Close();
+        board_.Close();  // so that the streams end
         http_.stop();
         thread_.join();
     }
@@ -239,11 +230,11 @@ private:
                 Utf8(Wide(line)) != line) {
                 return Send(Refused(400, "one line of UTF-8 text belongs there"), response);
             }
-            SendOutcome(board_.Offer(line, VersionIn(request).value_or(0)), response);
+            Send(ReplyTo(board_.Offer(line, VersionIn(request).value_or(0))), response);
         });
         http_.Post("/stop", [](const httplib::Request&, httplib::Response& response) {
             TheProgress().stop = true;
-            SendOutcome(Board::Outcome::Done, response);
+            Send(ReplyTo(Board::Outcome::Done), response);
         });
         // A new session on a new copy of the project, with what was recorded or with nothing.
         http_.Post("/restart",
@@ -254,8 +245,9 @@ private:
                        bool isTemporary = false;
                        Board::Outcome outcome = board_.Ask(
                            [&] {
-                               isTemporary = seat_ && seat_->workplace.isTemporary();
-                               if (replay) lines = Recorded();
+                               if (!seat_) return;
+                               isTemporary = seat_->workplace.isTemporary();
+                               if (replay) lines = RecordedBy(seat_->trail);
                            },
                            version);
                        if (outcome == Board::Outcome::Done && !isTemporary) {
@@ -267,16 +259,8 @@ private:
                        if (outcome == Board::Outcome::Done) {
                            outcome = board_.Restart(std::move(lines), version);
                        }
-                       SendOutcome(outcome, response);
+                       Send(ReplyTo(outcome), response);
                    });
-    }
-
-    std::vector<std::string> Recorded() const {
-        std::vector<std::string> lines;
-        if (!seat_) return lines;
-        TextSource source(seat_->trail.Recording());
-        while (auto line = source.Next({})) lines.push_back(std::move(*line));
-        return lines;
     }
 
     void AskSession(const Answer& answer, const httplib::Request& request,
@@ -291,9 +275,7 @@ private:
                         seat_ ? answer.give(*seat_, query) : Refused(503, "there is no session");
                 },
                 VersionIn(request));
-            if (outcome != Board::Outcome::Done) {
-                reply = Refused(StatusOf(outcome), ReasonOf(outcome));
-            }
+            if (outcome != Board::Outcome::Done) reply = ReplyTo(outcome);
         } catch (const std::exception& error) {
             reply = Refused(500, error.what());
         }
@@ -326,7 +308,7 @@ private:
                 reader->busy = news.busy;
                 const std::string text = NewsText(news);
                 if (!sink.write(text.data(), text.size())) return false;
-                if (stopping_ || news.ended) sink.done();
+                if (news.ended) sink.done();
                 return true;
             },
             [this](bool) { --streams_; });
@@ -339,7 +321,6 @@ private:
     int port_ = 0;
     std::thread thread_;
     std::atomic<int> streams_ = 0;
-    std::atomic<bool> stopping_ = false;
     const Seat* seat_ = nullptr;  // read and set on the session's thread
 };
 

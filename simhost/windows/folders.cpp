@@ -36,15 +36,15 @@ BOOL SHGetSpecialFolderPathW(HWND owner, WideChar* path, int folder, BOOL create
 
 void GetSystemTimeAsFileTime(FILETIME* time) {
     Operation& op = Op<"GetSystemTimeAsFileTime">;
-    constexpr std::uint64_t kStepsInASecond = 10'000'000;
-    constexpr std::uint64_t kSecondsTo1970 = 11'644'473'600;
+    std::uint64_t steps = 0;
     op.CallOr([](int) { return 0; },
               [&] {
                   Need(time, "the place for the time");
-                  const auto steps = (std::uint64_t(TellTime()) + kSecondsTo1970) * kStepsInASecond;
+                  steps = TellTime();
                   *time = {DWORD(steps & 0xffffffff), DWORD(steps >> 32)};
                   return 0;
-              });
+              },
+              "time", Out(&steps));
 }
 
 UINT GetSystemDirectoryW(WideChar* path, UINT size) {

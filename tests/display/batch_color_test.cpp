@@ -408,10 +408,25 @@ TEST_F(BatchColor, DrawsByTheTimeThatAScriptSays) {
             EXPECT_EQ(part255, draws.Next() % 256) << seconds;
     }
     Play("@ clock");
-    EXPECT_NEAR(double(TellTime()), double(std::time(nullptr)), 60);
+    // There are 11 644 473 600 seconds from 1601 to 1970.
+    EXPECT_NEAR(double(TellTime()) / 1e7 - 11644473600.0, double(std::time(nullptr)), 60);
     for (const char* wrong : {"-1", "soon", "1 2", "9999999999999999999999"}) {
         EXPECT_FALSE(RunScript(std::string("@ clock ") + wrong).empty()) << wrong;
     }
+}
+
+// 2000-01-01: 399 years with 96 leap days are 145 731 days since 1601, each of 864 000 000 000
+// steps.
+TEST_F(BatchColor, TheJournalTellsTheTimeInTheStepsOfWindows) {
+    Open(Part("single"));
+    Setting("VxRandomColorOpt", "random");
+    Play("@ clock 946684800");
+    Record();
+    Press("BatchColor");
+    Recorded();
+    EXPECT_EQ(Lines("GetSystemTimeAsFileTime"),
+              Names{"GetSystemTimeAsFileTime(time=125911584000000000) = 0"});
+    EXPECT_EQ(TellTime(), 125911584000000000u);
 }
 
 TEST_F(BatchColor, TwoRunsGiveOtherColoursUnlessTheyFallWithinOneSecond) {

@@ -19,7 +19,7 @@ from equivalents import Equivalents  # noqa: E402
 from places import HERE, Finder  # noqa: E402
 from schema import Schema  # noqa: E402
 from session import Session  # noqa: E402
-from workshop import Build, test_programs  # noqa: E402
+from workshop import HOST, MODULE, Build, link_with, test_programs  # noqa: E402
 
 SOURCE = """\
 enum Colour { Red, Green };
@@ -213,6 +213,25 @@ class Mutants(unittest.TestCase):
                          {"unit_tests": tests / "unit_tests", "sweep_tests": tests / "sweep_tests"})
         with self.assertRaisesRegex(RuntimeError, "has no program eksport_tests"):
             test_programs(tests.parent, ["eksport"])
+
+    def test_an_object_takes_the_place_of_its_own_in_whatever_is_linked_with_it(self):
+        page = "CMakeFiles/simhost_web.dir/simhost/web/server.cpp.o"
+        room = "CMakeFiles/plugin_objects.dir/frame/access.cpp.o"
+        self.assertEqual(link_with(room, ["g++", "a.o", room, "-o", "x"]),
+                         ["g++", "a.o", "OBJECT", "-o", "x"])
+        self.assertEqual(link_with(page, ["g++", "a.o", "libsimhost_web.a"]),
+                         ["g++", "a.o", "OBJECT", "libsimhost_web.a"])
+        self.assertEqual(link_with(room, ["g++", "libvorlatix_static.a"]),
+                         ["g++", "OBJECT", "libvorlatix_static.a"])
+        self.assertIsNone(link_with(page, ["g++", "a.o", room, "libvorlatix_static.a"]))
+
+    def test_what_is_not_linked_anew_is_loaded_from_the_build(self):
+        command = ["g++", "OBJECT"]
+        build = Build(self.root, self.source, [], MODULE, {HOST: command}, {})
+        self.assertEqual(build.environment(Path("/made")),
+                         {"VX_MODULE_FILE": str(self.root / MODULE), "LD_LIBRARY_PATH": "/made"})
+        build.links = {MODULE: command}
+        self.assertEqual(build.environment(Path("/made")), {"VX_MODULE_FILE": f"/made/{MODULE}"})
 
     def test_names_of_programs_come_with_or_without_their_ending(self):
         tool = runpy.run_path(str(Path(trial.__file__).with_name("__main__.py")))

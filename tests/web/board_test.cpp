@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdint>
+#include <future>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -101,6 +103,18 @@ TEST(TheBoard, KeepsTheLastLinesOfTheTranscriptOnly) {
     EXPECT_EQ(news.lines.back(), std::to_string(all - 1));
 }
 
+TEST(TheBoard, SendsAReaderBackAtOnceAsLongAsThereAreMoreLines) {
+    Board board;
+    const std::size_t all = Board::kMostLinesAtOnce + 1;
+    for (std::size_t i = 0; i < all; ++i) board.Print(std::to_string(i));
+    const auto first = board.WaitForNews(0, 0, std::chrono::seconds(0));
+    EXPECT_EQ(first.nextLine, Board::kMostLinesAtOnce);
+    EXPECT_EQ(first.change, 0u) << "as if nothing had been heard yet";
+    const auto last = board.WaitForNews(first.change, first.nextLine, std::chrono::seconds(0));
+    EXPECT_EQ(last.lines, std::vector<std::string>{std::to_string(all - 1)});
+    EXPECT_EQ(last.change, all) << "each line is a change";
+}
+
 TEST(TheBoard, ShowsALineOnceToAReaderWhoComesAgain) {
     Board board;
     board.Print("one");
@@ -122,10 +136,93 @@ TEST(TheBoard, WakesAReaderAtOnce) {
     EXPECT_EQ(news.lines, std::vector<std::string>{"now"});
 }
 
+// A session that has taken a line and is at work until it is told to go on.
+class ASessionAtWork {
+public:
+    explicit ASessionAtWork(Board& board) : board_(board) {
+        thread_ = std::thread([this] {
+            if (board_.NextLine("vx")) done_.get_future().wait();
+        });
+        version = VersionAfter(board_, 0);
+    }
+    ~ASessionAtWork() {
+        board_.End();
+        done_.set_value();
+        thread_.join();
+    }
+    std::uint64_t version = 0;
+
+private:
+    Board& board_;
+    std::promise<void> done_;
+    std::thread thread_;
+};
+
+double SecondsSince(Board::Clock::time_point begin) {
+    return std::chrono::duration<double>(Board::Clock::now() - begin).count();
+}
+
+TEST(TheBoard, TellsReadersWhenTheSessionTakesALineAndHowLongItIsAtWork) {
+    constexpr auto kAWhile = std::chrono::milliseconds(20);
+    Board board;
+    ASessionAtWork session(board);
+    std::this_thread::sleep_for(kAWhile);
+    const auto before = board.WaitForNews(0, 0, std::chrono::seconds(0));
+    EXPECT_FALSE(before.busy);
+    EXPECT_EQ(before.waiting, "vx");
+    EXPECT_EQ(before.busySeconds, 0);
+    const auto begin = Board::Clock::now();
+    ASSERT_EQ(board.Offer("work", session.version), Outcome::Done);
+    const auto taken = board.WaitForNews(before.change, 0, std::chrono::seconds(10));
+    EXPECT_EQ(taken.change, before.change + 1);
+    EXPECT_TRUE(taken.busy);
+    EXPECT_LE(taken.busySeconds, SecondsSince(begin)) << "the time before was no work";
+    std::this_thread::sleep_for(kAWhile);
+    const auto later = board.WaitForNews(taken.change, 0, std::chrono::seconds(0));
+    EXPECT_GE(later.busySeconds, 0.02);
+    EXPECT_LE(later.busySeconds, SecondsSince(begin));
+}
+
+TEST(TheBoard, CountsBeginningsAndTellsReadersOfThem) {
+    Board board;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const auto before = board.WaitForNews(0, 0, std::chrono::seconds(0));
+    const auto begin = Board::Clock::now();
+    board.BeginSession();
+    auto news = board.WaitForNews(before.change, 0, std::chrono::seconds(0));
+    EXPECT_EQ(news.change, before.change + 1);
+    EXPECT_EQ(news.session, 1u);
+    EXPECT_LE(news.busySeconds, SecondsSince(begin));
+    board.BeginSession();
+    EXPECT_EQ(board.WaitForNews(news.change, 0, std::chrono::seconds(0)).session, 2u);
+}
+
+TEST(TheBoard, LeavesNoLineOfASessionThatEndedToTheNext) {
+    Board board;
+    {
+        ASession session(board);
+        const auto version = VersionAfter(board, 0);
+        const auto lineThenEnd = [&] {
+            EXPECT_EQ(board.Offer("of the first", version), Outcome::Done);
+            board.End();
+        };
+        EXPECT_EQ(board.Ask(lineThenEnd, version), Outcome::Done);
+    }
+    board.BeginSession();
+    ASession session(board);
+    const auto version = VersionAfter(board, 1);
+    EXPECT_EQ(board.Offer("of the second", version), Outcome::Done);
+    VersionAfter(board, version);
+    session.End();
+    EXPECT_EQ(session.lines, std::vector<std::string>{"of the second"});
+}
+
 TEST(TheBoard, TellsHowFarLongWorkIs) {
     Board board;
     board.TellWork("opening", 3, 10);
-    EXPECT_EQ(board.WaitForNews(0, 0, std::chrono::seconds(0)).work, "opening: 3 / 10");
+    const auto told = board.WaitForNews(0, 0, std::chrono::seconds(0));
+    EXPECT_EQ(told.work, "opening: 3 / 10");
+    EXPECT_EQ(told.change, 1u) << "so that it is seen";
     board.TellWork("opening", 4, 10);  // too soon for the eye
     EXPECT_EQ(board.WaitForNews(0, 0, std::chrono::seconds(0)).work, "opening: 3 / 10");
     ASession session(board);
@@ -161,11 +258,13 @@ TEST(TheBoard, EndsRatherThanBeginsAnewWhenBothAreAskedFor) {
 
 TEST(TheBoard, TellsReadersThatItIsOver) {
     Board board;
+    const auto before = board.WaitForNews(0, 0, std::chrono::seconds(0));
+    EXPECT_FALSE(before.ended);
     board.Close();
-    EXPECT_TRUE(board
-                    .WaitForNews(board.WaitForNews(0, 0, std::chrono::seconds(0)).change, 0,
-                                 std::chrono::minutes(1))
-                    .ended);
+    const auto after = board.WaitForNews(before.change, 0, std::chrono::minutes(1));
+    EXPECT_TRUE(after.ended);
+    EXPECT_EQ(after.change, before.change + 1) << "whoever waits already is woken";
+    EXPECT_TRUE(board.WaitForNews(after.change, 0, std::chrono::minutes(1)).ended) << "at once";
 }
 
 }  // namespace

@@ -5,9 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "hostapi/host/dialog_table.h"
 #include "simhost/core/disk.h"
+#include "simhost/ui/drawingarea.h"
+#include "simhost/ui/list.h"
 #include "simhost/ui/resource.h"
 #include "simhost/ui/table.h"
+#include "simhost/ui/textfield.h"
 #include "simhost/web/dialog_form.h"
 #include "tests/support/places.h"
 #include "tests/web/web_ground.h"
@@ -82,6 +86,101 @@ TEST(FormOfADialog, HasTheGridsAsTheResourceNestsThem) {
     EXPECT_FALSE(form["components"][0].contains("offsets"));
 }
 
+// The component of this name holds at least these values.
+void ExpectHolds(const simhost::Json& form, const std::string& name, const char* values) {
+    SCOPED_TRACE(name);
+    const simhost::Json wanted = simhost::Json::parse(values);
+    for (const simhost::Json& each : form["components"]) {
+        if (each["name"] != name) continue;
+        for (const auto& [key, value] : wanted.items()) {
+            EXPECT_EQ(each.value(key, simhost::Json("missing")), value) << key;
+        }
+        return;
+    }
+    ADD_FAILURE() << "no such component";
+}
+
+TEST(FormOfADialog, TellsWhatEachKindHolds) {
+    const auto dialog = DialogOf("Kinds", R"((Dialog Kinds
+        (Components (InputPanel Name) (TextArea Lines) (OptionMenu Type) (RadioGroup Scope)
+                    (RadioGroup Side) (CheckButton Order) (DrawingArea Area) (Label Logo)
+                    (Label Head) (PushButton OK))
+        (Resources
+            (Name.Value "M8") (Name.Columns 12) (Name.Label "名称")
+            (Lines.Value "a=1") (Lines.Columns 30) (Lines.Rows 7)
+            (Type.Names "int" "real") (Type.Labels "整数" "实数") (Type.Value "int")
+            (Scope.Names "Part" "Asm") (Scope.Labels "零件" "组件") (Scope.SelectedNames "Asm")
+            (Side.Names "Left" "Right") (Side.Orientation Horizontal)
+            (Order.Set True) (Order.Sensitive False) (Order.Visible False)
+            (Area.Width 70) (Area.Height 50)
+            (Logo.Bitmap "Logo.png")
+            (OK.TopOffset 1) (OK.BottomOffset 2) (OK.LeftOffset 3) (OK.RightOffset 4)
+            (Head.TopOffset 5)
+            (.Label "种类")
+            (.Layout (Grid (Rows 1) (Cols 0 0 0 0 0 0 0 0 0 0)
+                Name Lines Type Scope Side Order Area Logo Head OK)))
+        ))");
+    dynamic_cast<simhost::DrawingArea&>(*dialog.Find("Area")).drawn = {{"a.gif", 5, 6},
+                                                                       {"b.gif", 7, 8}};
+    const simhost::Json form = simhost::FormOf(dialog);
+    EXPECT_EQ(form["name"], "Kinds");
+    EXPECT_EQ(form["title"], "种类");
+    EXPECT_EQ(form["defaultButton"], nullptr);
+    ExpectHolds(form, "Name", R"({"kind": "InputPanel", "label": "名称", "enabled": true,
+        "visible": true, "value": "M8", "columns": 12, "tellsFocus": "missing"})");
+    ExpectHolds(form, "Lines", R"({"value": "a=1", "columns": 30, "rows": 7})");
+    ExpectHolds(form, "Type", R"({"value": "int", "names": ["int", "real"],
+        "labels": ["整数", "实数"]})");
+    ExpectHolds(form, "Scope", R"({"names": ["Part", "Asm"], "labels": ["零件", "组件"],
+        "horizontal": false, "selected": "Asm"})");
+    ExpectHolds(form, "Side", R"({"horizontal": true, "selected": null})");
+    ExpectHolds(form, "Order", R"({"set": true, "enabled": false, "visible": false})");
+    ExpectHolds(form, "Area", R"({"width": 70, "height": 50,
+        "drawn": [{"picture": "a.gif", "x": 5, "y": 6}, {"picture": "b.gif", "x": 7, "y": 8}]})");
+    ExpectHolds(form, "Logo", R"({"picture": "Logo.png"})");
+    ExpectHolds(form, "Head", R"({"picture": "missing", "offsets": {"Top": 5}})");
+    ExpectHolds(form, "OK", R"({"offsets": {"Top": 1, "Bottom": 2, "Left": 3, "Right": 4}})");
+}
+
+TEST(FormOfADialog, TellsWhoseFocusTheCommandWantsToKnow) {
+    const auto dialog = DialogOf("Focus", R"((Dialog Focus
+        (Components (InputPanel First) (InputPanel Second))
+        (Resources (.Layout (Grid (Rows 1) (Cols 1 1) First Second)))))");
+    auto& second = dynamic_cast<simhost::InputPanel&>(*dialog.Find("Second"));
+    second.focusInAction.function = [](char*, char*, ProAppData) {};
+    const simhost::Json form = simhost::FormOf(dialog);
+    ExpectHolds(form, "First", R"({"tellsFocus": "missing"})");
+    ExpectHolds(form, "Second", R"({"tellsFocus": true})");
+}
+
+TEST(FormOfADialog, TellsWhatAListHoldsAndWhichEntryIsChosen) {
+    simhost::DialogResource resource;
+    resource.components = {{simhost::List::kKind, "Names", 0}};
+    const simhost::Dialog dialog("Files", resource);
+    dynamic_cast<simhost::List&>(*dialog.Find("Names")).SetItems({"a.prt", "b.prt"});
+    ExpectHolds(simhost::FormOf(dialog), "Names", R"({"items": ["a.prt", "b.prt"], "chosen": ""})");
+    EXPECT_EQ(dialog.Find("Names")->Use(simhost::Verb::Select, {"b.prt"}), "");
+    ExpectHolds(simhost::FormOf(dialog), "Names", R"({"chosen": "b.prt"})");
+}
+
+TEST(FormOfADialog, TellsHowRowsOfATableAreSelected) {
+    const auto dialog = DialogOf("Policy", R"((Dialog Policy
+        (Components (Table List))
+        (Resources (List.ColumnNames "num" "name") (List.ColumnLabels "序号" "名称")
+                   (List.Columns 33) (List.VisibleRows 9)
+                   (.Layout (Grid (Rows 1) (Cols 1) List)))))");
+    auto& table = dynamic_cast<simhost::Table&>(*dialog.Find("List"));
+    ExpectHolds(simhost::FormOf(dialog), "List", R"({"columns": 33, "visibleRows": 9,
+        "tableColumns": [{"name": "num", "label": "序号"}, {"name": "name", "label": "名称"}],
+        "activates": false, "arms": false, "selected": [],
+        "first": {"count": 0, "from": 0, "rows": []}})");
+    const char* const words[] = {"single", "browse", "multiple", "extended"};
+    for (int policy = PROUISELPOLICY_SINGLE; policy <= PROUISELPOLICY_EXTENDED; ++policy) {
+        table.rowPolicy = policy;
+        EXPECT_EQ(simhost::FormOf(dialog)["components"][0]["policy"], words[policy]);
+    }
+}
+
 TEST(FormOfADialog, HasTheFirstRowsOfALongTableAndGivesTheOthersWhenAsked) {
     const auto dialog = DialogOf("Long", R"((Dialog Long
         (Components (Table List))
@@ -132,7 +231,9 @@ protected:
 TEST_F(WebDialog, IsEmptyWhereNoneIsOpen) {
     Start();
     EXPECT_EQ(Get("/dialog"), Json::object());
-    EXPECT_EQ(StatusOf("/rows?component=bom_list"), 404);
+    const auto answer = Client().Get("/rows?component=bom_list", Token());
+    EXPECT_EQ(answer->status, 404);
+    EXPECT_EQ(Json::parse(answer->body), Json({{"problem", "no such table is open"}}));
 }
 
 TEST_F(WebDialog, ShowsWhatTheUserHasTypedAndChosen) {
@@ -169,6 +270,9 @@ TEST_F(WebDialog, ShowsTheColoursOfCells) {
     const Json last = Get("/rows?component=bom_list&from=2&count=1");
     EXPECT_EQ(last["rows"].size(), 1u);
     EXPECT_EQ(last["rows"][0], table["first"]["rows"][2]);
+    EXPECT_EQ(Get("/rows?component=bom_list"), table["first"]) << "from the first row on";
+    EXPECT_EQ(StatusOf("/rows?component=LevelOption"), 404) << "it is no table";
+    EXPECT_EQ(StatusOf("/rows"), 404);
 }
 
 TEST_F(WebDialog, ShowsTheComponentsInCells) {

@@ -4,9 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <functional>
 #include <map>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -69,15 +67,7 @@ struct SceneSeen {
 
 class WebScene : public web_tests::WebBench {
 protected:
-    // Runs this where the session is.
-    void Do(const std::function<void()>& act) {
-        Settle();
-        ASSERT_EQ(board_.Ask(act, std::nullopt), Board::Outcome::Done);
-    }
-    void Open(const std::string& models) {
-        Start();
-        Do([&] { TheHost().session.Open(workbench::MakeModels(models)); });
-    }
+    void Open(const std::string& models) { OpenModels(models); }
     SceneSeen Scene(const std::string& query = "") {
         Settle();
         const auto answer = Client().Get("/scene" + query, Token());

@@ -2,9 +2,12 @@
 #include "tests/web/web_ground.h"
 
 #include <chrono>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
+#include "simhost/host.h"
+#include "tests/support/models.h"
 #include "tests/support/places.h"
 
 namespace web_tests {
@@ -100,6 +103,16 @@ void WebBench::Play(const std::string& lines) {
         if (line.empty() || line[0] == '!') continue;
         EXPECT_EQ(Step(line), 202) << line;
     }
+}
+
+void WebBench::Do(const std::function<void()>& act) {
+    Settle();
+    ASSERT_EQ(board_.Ask(act, std::nullopt), Board::Outcome::Done);
+}
+
+void WebBench::OpenModels(const std::string& models) {
+    Start();
+    Do([&] { TheHost().session.Open(workbench::MakeModels(models)); });
 }
 
 Json WebBench::Get(const std::string& address) {

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
+#include <functional>
 #include <httplib.h>
 #include <memory>
 #include <string>
@@ -35,6 +36,11 @@ protected:
     int StepAs(const std::string& line, std::uint64_t version);
     // All lines of a script but for the empty ones and comments.
     void Play(const std::string& lines);
+
+    // Runs this where the session is, which waits meanwhile.
+    void Do(const std::function<void()>& act);
+    // Starts a workbench, and opens what this text makes: see tests/support/models.h.
+    void OpenModels(const std::string& models);
 
     // What an address answers; the test fails where that is no JSON.
     Json Get(const std::string& address);

@@ -1,4 +1,4 @@
-"""Changes the plug-in's sources one small thing at a time, and tells which changes no test notices.
+"""Changes sources one small thing at a time, and tells which changes no test notices.
 
     tools/mutants [--build DIR] [--programs NAME,...] [--doubt | --stale] [FILE...]
 

@@ -23,8 +23,8 @@ class Reach:
     seconds: dict  # (program, case) -> time
 
 
-def environment(drive, module, **more):
-    return dict(os.environ, TMPDIR=drive, VX_MODULE_FILE=str(module),
+def environment(drive, loaded, **more):
+    return dict(os.environ, TMPDIR=drive, **loaded,
                 **{key: str(value) for key, value in more.items()})
 
 
@@ -61,7 +61,7 @@ class Trials:
     def run(self, program, cases, limit, place=None, **more):
         place = place or self.place
         with tempfile.TemporaryDirectory(dir=DRIVES, prefix="vx mutant ") as drive:
-            env = environment(drive, place / self.build.module, **more)
+            env = environment(drive, self.build.environment(place), **more)
             return failed_case(self.build.program(program, place), cases, limit, env)
 
     # --- Which case comes by which mutant ---

@@ -12,6 +12,10 @@ from pathlib import Path
 from places import HERE
 from schema import Schema, alone
 
+MODULE = "vorlatix5.1.so"
+HOST = "libsimhost.so"
+# The archive of a target's objects, where it does not have the target's name.
+ARCHIVES = {"plugin_objects": "libvorlatix_static.a"}
 RUNTIME = Path(__file__).with_name("runtime.cpp")
 # A choice between two numbers is no constant: what is fine in braces for the one is narrowing then.
 LENIENT = ["-w", "-Wno-narrowing", "-Wno-error"]
@@ -34,8 +38,8 @@ def checked(command, folder):
 class Build:
     """What the build tells about one source: how it is compiled, and how what it is part of is
     linked. `links` has a name for each result, and a command with HERE for the results' folder and
-    the list of objects; `programs` has the test programs by name; a linked one takes the place of
-    the built one."""
+    the list of objects; `programs` has the test programs by name. A linked module, library or
+    program takes the place of the built one."""
     folder: Path
     source: Path
     compiler: list
@@ -51,11 +55,11 @@ class Build:
         return [] if done.returncode == 0 else list(errors(done.stderr, text, place))
 
     def link(self, objects, place, programs=None):
-        """The module and these programs (all if None) with these objects in the place of the
-        source's own, into the folder."""
+        """The module, the host's library and these programs (all if None) with these objects in
+        the place of the source's own, into the folder."""
         place.mkdir(parents=True, exist_ok=True)
         for name, command in self.links.items():
-            if programs is not None and name not in {self.module, *programs}:
+            if programs is not None and name in set(self.programs) - set(programs):
                 continue
             at = command.index("OBJECT")
             checked([w.replace(HERE, str(place)) for w in
@@ -72,6 +76,14 @@ class Build:
 
     def program(self, name, place):
         return place / name if name in self.links else self.programs[name]
+
+    def environment(self, place):
+        """What makes a program load what was linked into the folder."""
+        variables = {"VX_MODULE_FILE": str(
+            (place if self.module in self.links else self.folder) / self.module)}
+        if HOST in self.links:
+            variables["LD_LIBRARY_PATH"] = str(place)
+        return variables
 
 
 def errors(output, text, place):
@@ -152,24 +164,33 @@ def cmake_build(folder, source, names=()):
     own = words[words.index("-o") + 1]
     compiler = [w for w in words[:words.index("-o")] if w != "-Werror"]
     programs = test_programs(folder, names)
-    links = {}
-    module = "vorlatix5.1.so"
-    links[module] = link_command(folder, module, own)
-    for name in programs:
-        command = link_command(folder, f"tests/{name}", None)
-        if "libvorlatix_static.a" in command:
-            # In front of the archive, which then is not asked for its own.
-            command.insert(command.index("libvorlatix_static.a"), "OBJECT")
-            links[name] = command
-    return Build(folder, source, compiler, module, links, programs)
+    targets = [MODULE, HOST, *(f"tests/{name}" for name in programs)]
+    links = {Path(target).name: link_with(own, link_command(folder, target)) for target in targets}
+    links = {name: command for name, command in links.items() if command}
+    if not links:
+        raise RuntimeError(f"no test program loads {source}")
+    return Build(folder, source, compiler, MODULE, links, programs)
 
 
-def link_command(folder, target, own):
+def link_command(folder, target):
     last = checked(["ninja", "-t", "commands", target], folder).splitlines()[-1]
     words = shlex.split(re.sub(r"^: && | && :$", "", last))
     at = words.index("-o") + 1
     words[at] = f"{HERE}/{Path(words[at]).name}"
-    return ["OBJECT" if w == own else w for w in words]
+    return words
+
+
+def link_with(own, command):
+    """The command with OBJECT in the place of the object `own`, or in front of the archive that
+    holds it, which then is not asked for its own; None if it takes neither."""
+    if own in command:
+        return ["OBJECT" if w == own else w for w in command]
+    target = re.match(r"CMakeFiles/([^/]+)\.dir/", own)
+    archive = target and ARCHIVES.get(target[1], f"lib{target[1]}.a")
+    if archive not in command:
+        return None
+    at = command.index(archive)
+    return command[:at] + ["OBJECT"] + command[at:]
 
 
 def parser_arguments(compiler):

@@ -24,8 +24,8 @@ struct BrokenOff : std::runtime_error {
 // with the words of whatever the work threw, or with a sentence that begins with `name` ("reading
 // x.stp") and tells how it ended instead: BrokenOff by a signal or by leaving, others because it
 // took more than it may or than there is. The work changes nothing here, and what it prints is
-// lost. It ends with this process at the latest. Other threads must be at rest: the copy has none of
-// them, and what they hold stays held in it. On Windows, where there is no geometry kernel that
+// lost. It ends with this process at the latest. Other threads must be at rest: the copy has none
+// of them, and what they hold stays held in it. On Windows, where there is no geometry kernel that
 // could break off, it is just done.
 std::string DoneApart(const std::string& name, const std::function<std::string()>& work,
                       const Bounds& bounds);

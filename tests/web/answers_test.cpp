@@ -253,6 +253,7 @@ TEST_F(WebAnswers, AFileComesAsItLies) {
 TEST_F(WebAnswers, TheRecordingIsAFileToKeep) {
     Start();
     const auto answer = Client().Get("/recording", Token());
+    EXPECT_EQ(answer->status, 200);
     EXPECT_EQ(answer->get_header_value("Content-Type"), "text/plain; charset=utf-8");
     EXPECT_EQ(answer->get_header_value("Content-Disposition"),
               "attachment; filename*=UTF-8''recording.trail");
@@ -287,6 +288,7 @@ TEST_F(WebAnswers, TheJournalBeginsWithTheFirstQuestionAndEndsWhenItIsToldTo) {
     });
     const Json first = Get("/journal");
     EXPECT_EQ(first["all"], 2001);
+    EXPECT_EQ(first["from"], 0);
     EXPECT_EQ(first["lines"].size(), 2000u) << "at once";
     EXPECT_EQ(first["lines"][0].get<std::string>().find("ProArraySizeGet("), 0u);
     const Json rest = Get("/journal?from=1999");

@@ -163,6 +163,13 @@ TEST(FormOfADialog, TellsWhatAListHoldsAndWhichEntryIsChosen) {
     ExpectHolds(simhost::FormOf(dialog), "Names", R"({"chosen": "b.prt"})");
 }
 
+TEST(FormOfADialog, OfADialogThatHoldsNothingIsEmpty) {
+    const simhost::Dialog dialog("Empty", simhost::DialogResource());
+    const simhost::Json form = simhost::FormOf(dialog);
+    EXPECT_EQ(form.value("layout", simhost::Json("missing")), nullptr);
+    EXPECT_EQ(form.value("components", simhost::Json("missing")), simhost::Json::array());
+}
+
 TEST(FormOfADialog, TellsHowRowsOfATableAreSelected) {
     const auto dialog = DialogOf("Policy", R"((Dialog Policy
         (Components (Table List))

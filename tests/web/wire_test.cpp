@@ -1,29 +1,16 @@
 // What the server says over the wire, byte by byte where that matters, with a board in place of a
 // whole session.
-#include <arpa/inet.h>
-#include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <nlohmann/json.hpp>
-#include <sys/socket.h>
-
-#include <atomic>
-#include <chrono>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <httplib.h>
-#include <memory>
 #include <stdexcept>
 #include <string>
-#include <thread>
-#include <unistd.h>
-#include <utility>
 #include <vector>
 
 #include "simhost/user/progress.h"
 #include "simhost/web/server.h"
-#include "tests/support/places.h"
 #include "tests/web/web_ground.h"
+#include "tests/web/wire_bench.h"
 
 namespace {
 
@@ -31,101 +18,12 @@ namespace fs = std::filesystem;
 using simhost::Board;
 using simhost::Server;
 using simhost::ServerOptions;
+using web_tests::ExchangeBytes;
+using web_tests::ExpectProblem;
 using web_tests::Json;
+using web_tests::ThePages;
 
-ServerOptions ThePages() {
-    const fs::path source = workbench::kSourceFolder;
-    return {source / "simhost" / "web" / "page", "/usr/share/javascript/three",
-            source / "text" / "resource", 0};
-}
-
-// All that comes back for these bytes until the server closes the connection.
-std::string Exchange(int port, const std::string& request) {
-    const int wire = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(std::uint16_t(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    std::string answer;
-    if (connect(wire, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-        send(wire, request.data(), request.size(), 0) == ssize_t(request.size())) {
-        char part[4096];
-        for (ssize_t size = 0; (size = recv(wire, part, sizeof part, 0)) > 0;) {
-            answer.append(part, std::size_t(size));
-        }
-    }
-    close(wire);
-    return answer;
-}
-
-// A server whose board is handled by the test.
-class WebWire : public ::testing::Test {
-protected:
-    ~WebWire() override { EndSession(); }
-
-    // A session that only waits, and takes lines.
-    void WaitForLines() {
-        session_ = std::thread([this] {
-            while (auto line = board_.NextLine("vx")) lines_.push_back(*line);
-        });
-        while (board_.WaitForNews(0, 0, std::chrono::seconds(0)).busy) std::this_thread::yield();
-    }
-    void EndSession() {
-        board_.End();
-        if (session_.joinable()) session_.join();
-    }
-
-    std::string Cookie() const {
-        return "vx_" + std::to_string(server_.port()) + "=" + server_.token();
-    }
-    httplib::Result Get(const std::string& address) {
-        return Client().Get(address, {{"Cookie", Cookie()}});
-    }
-    httplib::Result Post(const std::string& address, const std::string& body = "") {
-        return Client().Post(address, {{"Cookie", Cookie()}}, body, "text/plain");
-    }
-    httplib::Client Client() const {
-        httplib::Client client("127.0.0.1", server_.port());
-        client.set_read_timeout(60);
-        return client;
-    }
-    // Of a request with just these headers.
-    std::string StatusLine(const std::string& headers, const std::string& address = "/recording") {
-        const std::string answer =
-            Exchange(server_.port(),
-                     "GET " + address + " HTTP/1.1\r\nConnection: close\r\n" + headers + "\r\n");
-        return answer.substr(0, answer.find("\r\n"));
-    }
-    // The first events, as many as these.
-    std::vector<Json> Events(const std::string& address, std::size_t count) {
-        std::string all;
-        std::vector<Json> events;
-        Client().Get(address, {{"Cookie", Cookie()}}, [&](const char* data, std::size_t size) {
-            all.append(data, size);
-            for (std::size_t end = 0; (end = all.find("\n\n")) != std::string::npos;) {
-                EXPECT_EQ(all.find("data: "), 0u) << all;
-                events.push_back(Json::parse(all.substr(6, end - 6)));
-                all.erase(0, end + 2);
-            }
-            return events.size() < count;
-        });
-        return events;
-    }
-
-    Board board_;
-    Server server_{board_, ThePages()};
-    std::vector<std::string> lines_;
-
-private:
-    std::thread session_;
-};
-
-void ExpectProblem(const httplib::Result& answer, int status, const std::string& problem) {
-    ASSERT_TRUE(answer);
-    EXPECT_EQ(answer->status, status);
-    EXPECT_EQ(answer->get_header_value("Content-Type"), "application/json; charset=utf-8");
-    EXPECT_EQ(answer->body, R"({"problem":")" + problem + "\"}");
-}
+class WebWire : public web_tests::WireBench {};
 
 // --- Refusals -----------------------------------------------------------------------------------
 
@@ -306,144 +204,6 @@ TEST_F(WebWire, StopsWhatIsAtWork) {
     EXPECT_TRUE(simhost::TheProgress().stop.exchange(false));
 }
 
-// --- Events -------------------------------------------------------------------------------------
-
-TEST_F(WebWire, SendsTheNewsAsAnEvent) {
-    board_.BeginSession();
-    board_.Print("one");
-    board_.Print("zwei \xff");
-    board_.TellWork("opening", 3, 10);
-    auto event = Events("/events", 1).at(0);
-    EXPECT_TRUE(event["seconds"].is_number());
-    event.erase("seconds");
-    event.erase("calls");
-    event.erase("lastCall");
-    EXPECT_EQ(event, Json::parse(R"({"v": 0, "session": 1, "busy": true, "ended": false,
-        "waiting": "", "next": 2, "lines": ["one", "zwei \ufffd"], "work": "opening: 3 / 10"})"));
-    WaitForLines();
-    event = Events("/events", 1).at(0);
-    EXPECT_EQ(event["v"], 1);
-    EXPECT_EQ(event["busy"], false);
-    EXPECT_EQ(event["waiting"], "vx");
-    EXPECT_EQ(event["seconds"], 0.0);
-    EXPECT_EQ(event["work"], "");
-}
-
-TEST_F(WebWire, BeginsTheTranscriptWhereItIsAskedTo) {
-    board_.Print("zero");
-    board_.Print("one");
-    board_.Close();  // so that each stream ends by itself
-    const auto lines = [&](const std::string& query) {
-        return Events("/events" + query, 1).at(0)["lines"];
-    };
-    const Json both = {"zero", "one"}, last = Json::array({"one"});
-    EXPECT_EQ(lines(""), both);
-    EXPECT_EQ(lines("?from=0"), both);
-    EXPECT_EQ(lines("?from=1"), last);
-    EXPECT_EQ(lines("?from=2"), Json::array());
-    EXPECT_EQ(lines("?from=999999999"), Json::array());
-    for (const char* none : {"?from=", "?from=x", "?from=1x", "?from=-1", "?from=1:", "?from=1~",
-                             "?from=0000000001", "?from=99999999999999999999999"}) {
-        EXPECT_EQ(lines(none), both) << none;
-    }
-}
-
-TEST_F(WebWire, SendsNoNewsTwice) {
-    WaitForLines();
-    board_.Print("one");
-    std::thread later([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        board_.Print("two");
-    });
-    const auto events = Events("/events", 2);
-    later.join();
-    EXPECT_EQ(events[0]["lines"], Json::array({"one"}));
-    EXPECT_EQ(events[1]["lines"], Json::array({"two"}));
-    EXPECT_EQ(events[1]["next"], 2);
-}
-
-TEST_F(WebWire, ShowsThatWorkGoesOn) {
-    board_.BeginSession();
-    const auto begin = std::chrono::steady_clock::now();
-    const auto events = Events("/events", 3);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-    // Twice 0.3 seconds; while nobody works, the next would come only after 5.
-    EXPECT_GE(taken.count(), 0.55);
-    EXPECT_LT(taken.count(), 4.5);
-    EXPECT_EQ(events[2]["busy"], true);
-}
-
-TEST_F(WebWire, EndsTheEventsWithTheSession) {
-    board_.Print("one");
-    std::thread later([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        board_.Close();
-    });
-    std::string all, type;
-    const auto answer = Client().Get(
-        "/events", {{"Cookie", Cookie()}},
-        [&](const httplib::Response& response) {
-            type = response.get_header_value("Content-Type");
-            return true;
-        },
-        [&](const char* data, std::size_t size) {
-            all.append(data, size);
-            return true;
-        });
-    later.join();
-    ASSERT_TRUE(answer) << "it ends as it should";
-    EXPECT_EQ(type, "text/event-stream");
-    EXPECT_NE(all.find("\"ended\":true"), std::string::npos) << all;
-}
-
-TEST_F(WebWire, CountsNoStreamThatHasEndedNorOneThatWasRefused) {
-    board_.Print("one");
-    std::atomic<int> open = 0, right = 0;
-    std::vector<std::thread> pages;
-    for (int i = 0; i < Server::kMostStreams; ++i) {
-        pages.emplace_back([&] {
-            bool first = true;
-            const auto answer =
-                Client().Get("/events", {{"Cookie", Cookie()}}, [&](const char*, std::size_t) {
-                    if (std::exchange(first, false)) ++open;
-                    return true;
-                });
-            if (answer && answer->status == 200) ++right;
-        });
-    }
-    while (open < Server::kMostStreams) std::this_thread::yield();
-    for (int i = 0; i < Server::kMostStreams; ++i) {
-        ExpectProblem(Get("/events"), 429, "too many pages are open");
-    }
-    board_.Close();
-    for (std::thread& page : pages) page.join();
-    EXPECT_EQ(right, Server::kMostStreams);
-    // With the last byte of its answer a stream may still be counted for a moment.
-    int status = 0;
-    for (int i = 0; status != 200 && i < 1000; ++i) status = Get("/events")->status;
-    EXPECT_EQ(status, 200);
-    for (int i = 0; i <= Server::kMostStreams; ++i) {
-        EXPECT_EQ(Get("/events")->status, 200) << i;
-    }
-}
-
-TEST_F(WebWire, EndsAtOnceAlthoughSomebodyListens) {
-    WaitForLines();
-    auto server = std::make_unique<Server>(board_, ThePages());
-    std::atomic<bool> open = false;
-    std::thread page([&, port = server->port(), token = server->token()] {
-        httplib::Client client("127.0.0.1", port);
-        const httplib::Headers cookie = {{"Cookie", "vx_" + std::to_string(port) + "=" + token}};
-        client.Get("/events", cookie, [&](const char*, std::size_t) { return open = true; });
-    });
-    while (!open) std::this_thread::yield();
-    const auto begin = std::chrono::steady_clock::now();
-    server.reset();
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-    EXPECT_LT(taken.count(), 4) << "5 seconds are between two events where nothing happens";
-    page.join();
-}
-
 // --- Folders and ports --------------------------------------------------------------------------
 
 TEST_F(WebWire, GoesWithoutAFolderThatNobodyNamed) {
@@ -485,9 +245,9 @@ TEST_F(WebWire, BeginsAnewOnThePortOfOneThatHasJustEnded) {
     {
         const Server first(board, options);
         options.port = first.port();
-        EXPECT_NE(Exchange(options.port,
-                           "GET / HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(options.port) +
-                               "\r\nConnection: close\r\n\r\n"),
+        EXPECT_NE(ExchangeBytes(options.port, "GET / HTTP/1.1\r\nHost: 127.0.0.1:" +
+                                                  std::to_string(options.port) +
+                                                  "\r\nConnection: close\r\n\r\n"),
                   "");
     }
     EXPECT_EQ(ReasonWhyNot(options), "it runs");
@@ -505,7 +265,7 @@ TEST_F(WebWireOfASession, EscapesTheNameOfAFileAsHeadersWantIt) {
     fs::create_directories(drive / "Work" / "0");
     std::ofstream(drive / "Work" / name) << "text";
     const std::string port = std::to_string(port_);
-    const std::string answer = Exchange(
+    const std::string answer = ExchangeBytes(
         port_, "GET /file?path=" + httplib::detail::encode_query_param("Work/" + name) +
                    " HTTP/1.1\r\nHost: localhost:" + port +
                    "\r\nCookie: " + Token().begin()->second + "\r\nConnection: close\r\n\r\n");

@@ -23,6 +23,8 @@ constexpr ChineseWord kChineseWords[] = {
     {"activate",           "在装配窗口中激活该元件；. 为回到顶层"},
     {"regenerate",         "再生当前模型及其下的全部模型"},
     {"select",             "沿模型树选择元件：UNIT/GEAR:2；选择项目：GEAR#12、GEAR/edge#7；顶层模型：."},
+    {"select box",         "框选：选择完全位于框内的全部零件，以两个角点表示，坐标见图片的标尺"},
+    {"select more box",    "同上，并保留已经选择的项目"},
     {"clear selection",    "清除选择"},
     {"selection empty",    "测试用：没有选择任何项目，但选择集仍可读取"},
     {"turn",               "旋转窗口中的模型：从 x 向右、y 向上的位置起，依次绕屏幕的右、上、前轴各转若干度；充满窗口，或每毫米 S 个屏幕点、模型原点位于 X Y"},

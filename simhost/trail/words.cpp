@@ -55,6 +55,8 @@ const std::vector<Word>& Words() {
         {"regenerate",       "",                  kMain, kLeaves, RegenerateModel, "bring the current model up to date, with all below it"},
         {"directory",        "FOLDER",            kMain, kLeaves, ChangeDirectory, "make this the working folder"},
         {"select",           "PATH[, PATH…]",     kAny,  kLeaves, SelectItems,     "select components down the tree: UNIT/GEAR:2, items: GEAR#12, GEAR/edge#7, the top: ."},
+        {"select box",       "X Y X Y",           kAny,  kLeaves, SelectBox,       "select the parts that lie wholly in a box, by two corners in the coordinates of a picture's ruler"},
+        {"select more box",  "X Y X Y",           kAny,  kLeaves, SelectMoreByBox, "the same, beside what is selected already"},
         {"clear selection",  "",                  kAny,  kLeaves, ClearSelection,  "select nothing"},
         {"selection empty",  "",                  kMain, kLeaves, SelectNothing,   "for tests: nothing is selected, and the selection can be read all the same"},
         {"turn",             "A B C [scale S at X Y]", kAny, kKeeps, TurnView,     "turn what the window shows: by so many degrees about the screen's axes to the right, up and to the viewer, one after the other, from x right and y up; as large as it fits, or S points of the screen to a mm with the model's origin at X Y"},

@@ -13,6 +13,7 @@ namespace simhost {
 
 class Trail;
 class Model;
+struct ScreenBox;
 
 struct Word {
     const char* name;       // one or more words, such as "expect box"
@@ -49,6 +50,11 @@ std::string UnloadedHint();
 bool NeedsTheMainWindow(const Step& step);
 bool KeepsPopup(const Step& step);
 
+// Two corners of a box on the screen, "X Y X Y"; false: they are none, and that has been told.
+bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box);
+// Whether the user can select now; that he cannot has been told.
+bool MaySelect(Trail& trail);
+
 // --- The words by topic (words_*.cpp); all fail through trail.Fail -----------------------------
 
 void OpenModel(Trail& trail, const std::string& rest);
@@ -57,6 +63,8 @@ void CloseModel(Trail& trail, const std::string& rest);
 void ChangeDirectory(Trail& trail, const std::string& rest);
 void SelectItems(Trail& trail, const std::string& rest);
 void TurnView(Trail& trail, const std::string& rest);
+void SelectBox(Trail& trail, const std::string& rest);
+void SelectMoreByBox(Trail& trail, const std::string& rest);
 void ClearSelection(Trail& trail, const std::string& rest);
 void SelectNothing(Trail& trail, const std::string& rest);
 void SaveModel(Trail& trail, const std::string& rest);

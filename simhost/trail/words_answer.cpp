@@ -111,22 +111,29 @@ void PickItems(Trail& trail, const std::string& rest) {
     if (!problem.empty()) trail.Fail(problem);
 }
 
-void PickBox(Trail& trail, const std::string& rest) {
-    Picking* picking = OpenPick(trail);
-    if (!picking) return;
-    ScreenBox box;
-    double* const places[] = {&box.x0, &box.y0, &box.x1, &box.y1};
+bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box) {
+    const auto fail = [&](const char* why) {
+        trail.Fail(why);
+        return false;
+    };
+    double* const places[] = {&box->x0, &box->y0, &box->x1, &box->y1};
     const char* at = rest.data();
     const char* end = rest.data() + rest.size();
     for (double* place : places) {
         while (at < end && (*at == ' ' || *at == '\t')) ++at;
         const auto [parsed, error] = std::from_chars(at, end, *place);
         if (error != std::errc() || !std::isfinite(*place)) {
-            return trail.Fail("a box is two corners: X Y X Y; what is called BOX is ./BOX");
+            return fail("a box is two corners: X Y X Y; what is called BOX is ./BOX");
         }
         at = parsed;
     }
-    if (at != end) return trail.Fail("a box is two corners: X Y X Y, and nothing after them");
+    return at == end || fail("a box is two corners: X Y X Y, and nothing after them");
+}
+
+void PickBox(Trail& trail, const std::string& rest) {
+    Picking* picking = OpenPick(trail);
+    ScreenBox box;
+    if (!picking || !TakeScreenBox(trail, rest, &box)) return;
     const std::string problem = picking->TakeBox(box);
     if (!problem.empty()) return trail.Fail(problem);
     trail.Say(fmt::format("{} in the box", picking->taken().size()));

@@ -154,8 +154,6 @@ void ChangeDirectory(Trail& trail, const std::string& rest) {
     TheHost().session.workingDirectory = folder;
 }
 
-namespace {
-
 // While a dialog is open the user can select, too: palettes stay open for that.
 bool MaySelect(Trail& trail) {
     const Wait* wait = trail.waiting();
@@ -163,8 +161,6 @@ bool MaySelect(Trail& trail) {
     trail.Fail("nothing can be selected before the host has its answer");
     return false;
 }
-
-}  // namespace
 
 void SelectItems(Trail& trail, const std::string& rest) {
     if (!MaySelect(trail)) return;

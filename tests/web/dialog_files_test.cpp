@@ -21,7 +21,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-using simhost::Json;
+using Form = simhost::Json;
 using simhost::OneScript;
 using simhost::ReadFile;
 using simhost::WriteDialogFiles;
@@ -59,10 +59,10 @@ protected:
 };
 
 // The JSON in a dialog's file.
-Json FormInside(const std::string& page) {
+Form FormInside(const std::string& page) {
     const std::string head = "<script id=\"form\" type=\"application/json\">";
     const std::size_t from = page.find(head) + head.size();
-    return Json::parse(page.substr(from, page.find("</script>", from) - from));
+    return Form::parse(page.substr(from, page.find("</script>", from) - from));
 }
 
 int CountOf(const std::string& text, const std::string& part) {
@@ -87,7 +87,7 @@ TEST_F(DialogFiles, AreWrittenForEveryShippedDialogInTheOrderOfTheirNames) {
         EXPECT_EQ(files[i], Out() / (names[i] + ".html"));
         const simhost::Dialog dialog(
             names[i], simhost::ParseResource(ReadFile(kShipped / (names[i] + ".res")), names[i]));
-        const Json form = FormInside(ReadFile(files[i]));
+        const Form form = FormInside(ReadFile(files[i]));
         EXPECT_EQ(form["layout"], simhost::FormOf(dialog)["layout"]) << names[i];
         EXPECT_NE(index.find("<a class=\"dialog\" href=\"" + names[i] + ".html\">" + names[i] +
                              ": " + simhost::Utf8(dialog.title()) + "</a>"),
@@ -123,7 +123,7 @@ TEST_F(DialogFiles, HoldThePicturesOfLabels) {
          {std::pair{"M", "TQ=="}, {"Ma", "TWE="}, {"Man", "TWFu"}, {"\xff\xff\xbe", "//++"}}) {
         Put("sign.png", head + more);
         ASSERT_EQ(Made().size(), 1u);
-        const Json sign = FormInside(MadeFile("Logo.html"))["components"][0];
+        const Form sign = FormInside(MadeFile("Logo.html"))["components"][0];
         EXPECT_EQ(sign["picture"],
                   std::string("data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAEAAAAB") + base64);
     }

@@ -229,6 +229,29 @@ def check_a_pick_is_answered_by_click_and_by_rectangle(page):
     page.step("@ clear selection")
 
 
+def check_a_rectangle_selects_by_one_short_line(page):
+    page.step("@ clear selection")
+    box = page.give("document.querySelector('#view canvas').getBoundingClientRect()")
+    parts = set(page.give("vxView.paths"))
+    left, top = box["x"] + 3, box["y"] + 60
+    right, bottom = box["x"] + box["width"] - 3, box["y"] + box["height"] - 3
+    before = len(page.recorded())
+    actions = page.mouse(left, top).key_down(Keys.SHIFT).click_and_hold()
+    page.at(actions, left + 50, top + 50)
+    page.at(actions, right, bottom)
+    actions.release().key_up(Keys.SHIFT).perform()
+    page.until("vx.connection.state.selection.length > 0")
+    page.settle()
+    assert set(page.selection()) == parts, "all that is seen lies in the rectangle"
+    line, = page.recorded()[before:]
+    assert line.startswith("@ select box "), line
+    actions = page.mouse(left, top).key_down(Keys.SHIFT).click_and_hold()
+    page.at(actions, left + 10, top + 10)
+    actions.release().key_up(Keys.SHIFT).perform()
+    page.until("vx.connection.state.selection.length === 0")
+    page.settle()
+
+
 def check_what_is_hidden_is_not_seen(page):
     (path, x, y), *others = page.spots(6)
     page.step(f'@ select "{path}"', "~ Command `VxIsolate`", "@ clear selection")
@@ -244,7 +267,8 @@ def check_what_is_hidden_is_not_seen(page):
 
 
 CHECKS = [check_every_part_has_its_colour, check_a_click_selects, check_turning_reaches_the_host,
-          check_a_pick_is_answered_by_click_and_by_rectangle, check_what_is_hidden_is_not_seen]
+          check_a_pick_is_answered_by_click_and_by_rectangle,
+          check_a_rectangle_selects_by_one_short_line, check_what_is_hidden_is_not_seen]
 
 
 def main():

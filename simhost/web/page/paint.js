@@ -112,6 +112,7 @@ export class Painter {
     this.marks = [];  // for each occurrence the attribute that holds its mark, and its place there
     this.frames = 0;
     this.coarse = 0;  // 0 all; 1 without edges; 2 also with a quarter of the pixels
+    this.turning = 0; // how coarse it was while the model turned last
     this.cost = 0;    // milliseconds of the last picture that was waited for
   }
 
@@ -119,6 +120,7 @@ export class Painter {
   show(scene) {
     this.drop();
     this.scene = scene;
+    this.turning = 0;
     this.edgeObjects = [];
     if (!scene.count) return;
     this.uniforms.looks.value = textureOf(scene.looks);
@@ -221,11 +223,21 @@ export class Painter {
 
   // Draws while the model is turned: where that takes too long for the eye, coarser from now on.
   drawMoving(view, toPage) {
-    if (this.cost > slow && this.coarse < 2) this.setCoarse(this.coarse + 1);
+    if (this.cost > slow && this.turning < 2) ++this.turning;
+    this.setCoarse(this.turning);
     const before = performance.now();
     this.draw(view, toPage);
     this.colourAt(0, 0);  // returns when all is painted
     this.cost = performance.now() - before;
+  }
+
+  // Draws all, as the view rests. The next turn begins as coarse as the last one ended, a step finer
+  // if that was far from slow.
+  drawResting(view, toPage) {
+    if (this.cost > 0 && this.cost < slow / 4 && this.turning > 0) --this.turning;
+    this.setCoarse(0);
+    this.cost = 0;
+    this.draw(view, toPage);
   }
 
   // `toPage`: from the host's screen to the canvas, {k, x, y, width, height} in pixels of the page.

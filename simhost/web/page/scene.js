@@ -1,5 +1,5 @@
 // What the host shows, as it comes in one run of bytes: parts with their triangles, and where each
-// of them is seen. It answers what lies under a point or in a box of the host's screen.
+// of them is seen. It answers what lies under a point of the host's screen.
 import { onScreen } from './turn.js';
 
 // The header and the numbers after it: see docs/workbench.md.
@@ -190,28 +190,6 @@ export class Scene {
     const { points } = this.mesh(i);
     return this.point(i, ...[0, 1, 2].map(k => points[a + k] + u * (points[b + k] - points[a + k]) +
       v * (points[c + k] - points[a + k])));
-  }
-
-  // The numbers of all occurrences that lie wholly in a box of the screen.
-  within(view, low, high) {
-    const found = [];
-    for (let i = 0; i < this.count; ++i) {
-      const [cx, cy] = onScreen(view, this.centre(i));
-      const reach = this.radius(i) * view.scale;
-      if (cx < low[0] || cx > high[0] || cy < low[1] || cy > high[1]) continue;
-      if (cx - reach >= low[0] && cx + reach <= high[0] && cy - reach >= low[1] &&
-          cy + reach <= high[1]) {
-        found.push(i);
-        continue;
-      }
-      const p = this.projected(i, view);
-      let inside = true;
-      for (let k = 0; inside && k < p.length; k += 3) {
-        inside = p[k] >= low[0] && p[k] <= high[0] && p[k + 1] >= low[1] && p[k + 1] <= high[1];
-      }
-      if (inside) found.push(i);
-    }
-    return found;
   }
 
   // A place of the screen at which this occurrence is the foremost, in the middle of a triangle as

@@ -154,8 +154,7 @@ export class View {
     if (this.drag && this.drag.does) {
       this.painter.drawMoving(this.view, this.toPage());
     } else {
-      this.painter.setCoarse(0);
-      this.painter.draw(this.view, this.toPage());
+      this.painter.drawResting(this.view, this.toPage());
     }
     this.paintAxes();
     this.seen = this.arriving;
@@ -426,16 +425,13 @@ export class View {
     this.setBoxTool(false);
     const [a, b] = [this.fromPage(...from), this.fromPage(...to)];
     const low = [0, 1].map(i => Math.min(a[i], b[i])), high = [0, 1].map(i => Math.max(a[i], b[i]));
-    if (this.picks()) {
-      const corners = [...low, ...high].map(each => Number(each.toFixed(2)));
-      this.tell();
-      this.send('@ pick box ' + corners.join(' '));
-      return;
-    }
-    if (this.wait() && this.wait().kind !== 'dialog') return;
-    const inside = this.scene.within(this.view, low, high).map(i => this.scene.paths[i]);
-    const before = event.ctrlKey || event.metaKey ? this.state.selection : [];
-    this.select([...new Set([...before, ...inside])]);
+    const corners = [...low, ...high].map(each => Number(each.toFixed(2))).join(' ');
+    const wait = this.wait();
+    if (wait && !this.picks() && wait.kind !== 'dialog') return;
+    const more = event.ctrlKey || event.metaKey ? 'more ' : '';
+    // The host finds what lies in it: a line with thousands of paths would be too long.
+    this.tell();
+    this.send((this.picks() ? '@ pick box ' : `@ select ${more}box `) + corners);
   }
 }
 

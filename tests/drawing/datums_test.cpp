@@ -244,7 +244,9 @@ TEST_F(Datums, SavedFilesBringThemBackWithTheirDimensions) {
     Play(
         "@ save block.prt\n@ save shaft.prt\n@ save\n@ erase sheet.drw\n@ open sheet.drw\n"
         "@ expect dimension 1 15\n");
-    const std::string text = ModelText(*drawing_);
+    const Model* again = host().session.FindByFile("sheet.drw");
+    ASSERT_TRUE(again);
+    const std::string text = ModelText(*again);
     EXPECT_NE(text.find("\"datum#101\""), std::string::npos) << text;
     EXPECT_NE(text.find("\"point#107\""), std::string::npos);
 }

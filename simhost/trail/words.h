@@ -50,8 +50,9 @@ std::string UnloadedHint();
 bool NeedsTheMainWindow(const Step& step);
 bool KeepsPopup(const Step& step);
 
-// Two corners of a box on the screen, "X Y X Y"; false: they are none, and that has been told.
-bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box);
+// Two corners of a box on the screen, "X Y X Y"; false: they are none, and that has been told, with
+// the hint behind it.
+bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box, const char* hint = "");
 // Whether the user can select now; that he cannot has been told.
 bool MaySelect(Trail& trail);
 

@@ -111,8 +111,8 @@ void PickItems(Trail& trail, const std::string& rest) {
     if (!problem.empty()) trail.Fail(problem);
 }
 
-bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box) {
-    const auto fail = [&](const char* why) {
+bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box, const char* hint) {
+    const auto fail = [&](const std::string& why) {
         trail.Fail(why);
         return false;
     };
@@ -123,7 +123,7 @@ bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box) {
         while (at < end && (*at == ' ' || *at == '\t')) ++at;
         const auto [parsed, error] = std::from_chars(at, end, *place);
         if (error != std::errc() || !std::isfinite(*place)) {
-            return fail("a box is two corners: X Y X Y; what is called BOX is ./BOX");
+            return fail(std::string("a box is two corners: X Y X Y") + hint);
         }
         at = parsed;
     }
@@ -133,7 +133,7 @@ bool TakeScreenBox(Trail& trail, const std::string& rest, ScreenBox* box) {
 void PickBox(Trail& trail, const std::string& rest) {
     Picking* picking = OpenPick(trail);
     ScreenBox box;
-    if (!picking || !TakeScreenBox(trail, rest, &box)) return;
+    if (!picking || !TakeScreenBox(trail, rest, &box, "; what is called BOX is ./BOX")) return;
     const std::string problem = picking->TakeBox(box);
     if (!problem.empty()) return trail.Fail(problem);
     trail.Say(fmt::format("{} in the box", picking->taken().size()));

@@ -244,7 +244,7 @@ def check_a_rectangle_selects_by_one_short_line(page):
     page.settle()
     assert set(page.selection()) == parts, "all that is seen lies in the rectangle"
     line, = page.recorded()[before:]
-    assert line.startswith("@ select box "), line
+    assert line.startswith("@ rectangle "), line
     actions = page.mouse(left, top).key_down(Keys.SHIFT).click_and_hold()
     page.at(actions, left + 10, top + 10)
     actions.release().key_up(Keys.SHIFT).perform()

@@ -431,7 +431,7 @@ export class View {
     const more = event.ctrlKey || event.metaKey ? 'more ' : '';
     // The host finds what lies in it: a line with thousands of paths would be too long.
     this.tell();
-    this.send((this.picks() ? '@ pick box ' : `@ select ${more}box `) + corners);
+    this.send((this.picks() ? '@ pick box ' : `@ rectangle ${more}`) + corners);
   }
 }
 

@@ -365,13 +365,19 @@ void Trail::Record(const Step& step) {
     // A word that was typed without its sign needs it in a script.
     const bool bare = step.kind == Step::Kind::Word && !step.written.starts_with('@');
     NoteTime();
-    recorded_.push_back({(bare ? "@ " : "") + step.written, {}, {}});
+    const Word* word = step.kind == Step::Kind::Word ? FindWord(step.text, nullptr) : nullptr;
+    const bool turns = word && word->perform == TurnView;
+    recorded_.push_back({(bare ? "@ " : "") + step.written, {}, {}, turns});
     recording_ = recorded_.size();
 }
 
 std::string Trail::Recording() const {
     std::string text;
-    for (const auto& [line, slip, time] : recorded_) {
+    for (std::size_t i = 0; i < recorded_.size(); ++i) {
+        const auto& [line, slip, time, turns] = recorded_[i];
+        // The next one says it all anew: a view that was turned by hand is many of these.
+        const auto isTurn = [](const Recorded& each) { return each.turns && each.slip.empty(); };
+        if (isTurn(recorded_[i]) && i + 1 < recorded_.size() && isTurn(recorded_[i + 1])) continue;
         if (time) text += fmt::format("@ clock {}\n", *time);
         text += slip.empty() ? line : fmt::format("! {}   ({})", line, InOneLine(slip));
         text += '\n';

@@ -114,6 +114,7 @@ private:
     struct Recorded {
         std::string line, slip;
         std::optional<std::int64_t> time;  // that the plug-in asked for during it
+        bool turns = false;                // says anew how the model is turned
     };
     std::vector<Recorded> recorded_;
     std::size_t recording_ = 0;  // the number of the step in hand there, from 1; 0: none

@@ -93,6 +93,19 @@ TEST_F(WebReplay, RecordsWhatWasTypedPlainlyAsAScriptTakesIt) {
               "~ Command `AboutVx`\n");
 }
 
+TEST_F(WebReplay, KeepsOfSeveralTurnsInARowTheLastOne) {
+    Start();
+    Play(
+        "@ open gearbox.asm\n@ turn 0 0 0\n@ turn 10 0 0\n@ turn wrongly\n@ turn 20 0 0\n"
+        "@ turn 30 0 0 scale 0.5 at 500 400\n@ note between\n@ turn 40 0 0");
+    const std::string recording = Recording();
+    EXPECT_EQ(recording.find("@ open gearbox.asm\n@ turn 10 0 0\n! @ turn wrongly   ("), 0u)
+        << recording;
+    const std::string end = "\n@ turn 30 0 0 scale 0.5 at 500 400\n@ note between\n@ turn 40 0 0\n";
+    EXPECT_TRUE(recording.ends_with(end)) << recording;
+    EXPECT_EQ(recording.find("@ turn 20"), std::string::npos) << "the next one says it anew";
+}
+
 TEST_F(WebReplay, KeepsASlipAsACommentThatSaysWhy) {
     Start();
     Play("@ open nothing.asm\n@ note after");

@@ -5,10 +5,13 @@ import {
   InstancedBufferGeometry, LineSegments, Matrix3, Matrix4, Mesh, NearestFilter, RGBAFormat,
   Scene as Stage, ShaderMaterial, WebGLRenderer,
 } from '/three/build/three.module.js';
+import { Moving } from './moving.js';
 import { onScreen } from './turn.js';
 
 const looksInARow = 256;
 const slow = 70;  // milliseconds for a picture
+const mostSorted = 1000;   // parts that one can look through, each painted by itself
+const mostMerged = 1e6;    // points of all parts together
 
 const vertexShader = `
 attribute vec4 row0, row1, row2;  // from the part to the model in mm
@@ -90,7 +93,8 @@ function materialOf(defines, uniforms, more = {}) {
 
 export class Painter {
   constructor(canvas) {
-    const context = canvas.getContext('webgl2', { alpha: true, antialias: !isSlow() });
+    this.byProcessor = isByProcessor();
+    const context = canvas.getContext('webgl2', { alpha: true, antialias: !this.byProcessor });
     if (!context) throw new Error('no WebGL 2');
     this.gl = context;
     this.renderer = new WebGLRenderer({ canvas, context, alpha: true });
@@ -109,10 +113,12 @@ export class Painter {
     this.clear = materialOf({ CLEAR: 1 }, this.uniforms,
       { side: DoubleSide, transparent: true, depthWrite: false });
     this.scene = null;
-    this.marks = [];  // for each occurrence the attribute that holds its mark, and its place there
+    this.marks = [];  // for each occurrence the attributes that hold its mark, and its place there
+    this.states = new Map();
+    this.moving = null;  // the geometry of coarser pictures, where a processor paints
     this.frames = 0;
     this.coarse = 0;  // 0 all; 1 without edges; 2 also with a quarter of the pixels
-    this.turning = 0; // how coarse it was while the model turned last
+    this.enough = 0;  // how coarse pictures were when the model was turned last
     this.cost = 0;    // milliseconds of the last picture that was waited for
   }
 
@@ -120,17 +126,20 @@ export class Painter {
   show(scene) {
     this.drop();
     this.scene = scene;
-    this.turning = 0;
     this.edgeObjects = [];
+    this.clearObjects = [];  // each of one occurrence
+    this.enough = 0;
     if (!scene.count) return;
     this.uniforms.looks.value = textureOf(scene.looks);
-    this.marks = new Array(scene.count);
+    this.marks = Array.from({ length: scene.count }, () => []);
     const byPart = scene.parts.map(() => []);
     for (let i = 0; i < scene.count; ++i) byPart[scene.partOf[i]].push(i);
     const layers = [[], [], []];
+    this.sorts = scene.partOf.filter((_, i) => isClearAt(scene, i)).length <= mostSorted;
     byPart.forEach((occurrences, part) => this.addPart(scene.parts[part], occurrences, layers));
     for (const layer of layers) if (layer.length) this.stage.add(...layer);
     this.edgeObjects = layers[1];
+    if (this.sorts) this.clearObjects = layers[2];
   }
 
   drop() {
@@ -141,6 +150,9 @@ export class Painter {
     if (this.uniforms.looks.value) this.uniforms.looks.value.dispose();
     this.uniforms.looks.value = null;
     this.marks = [];
+    this.states = new Map();
+    if (this.moving) this.moving.dispose();
+    this.moving = null;
   }
 
   addPart(part, occurrences, layers) {
@@ -150,17 +162,18 @@ export class Painter {
     const anyOwn = occurrences.some(i => !scene.covered[i]);
     const alphas = anyOwn ? looks.concat(own) : looks;
     const isSolid = alphas.some(each => each >= 0.999), isClear = alphas.some(each => each < 0.999);
-    const rows = this.rowsOf(occurrences);
-    const add = (layer, Kind, attributes, material, index) => {
+    const all = { rows: this.rowsOf(occurrences), count: occurrences.length };
+    const add = (layer, Kind, attributes, material, index, { rows, count } = all) => {
       const geometry = new InstancedBufferGeometry();
       for (const [name, attribute] of Object.entries({ ...attributes, ...rows })) {
         geometry.setAttribute(name, attribute);
       }
       if (index) geometry.setIndex(index);
-      geometry.maxInstancedCount = occurrences.length;
+      geometry.maxInstancedCount = count;
       const object = new Kind(geometry, material);
       object.frustumCulled = false;
       layers[layer].push(object);
+      return object;
     };
     const faces = { position: new BufferAttribute(mesh.points, 3),
       normal: new BufferAttribute(mesh.normals, 3), surface: surfacesOf(part) };
@@ -169,7 +182,12 @@ export class Painter {
     if (mesh.edges.length) {
       add(1, LineSegments, { position: new BufferAttribute(mesh.edges, 3) }, this.edges);
     }
-    if (isClear) add(2, Mesh, faces, this.clear, triangles);
+    if (isClear && !this.sorts) add(2, Mesh, faces, this.clear, triangles);
+    for (const i of isClear && this.sorts ? occurrences : []) {
+      if (!isClearAt(scene, i)) continue;
+      const one = { rows: this.rowsOf([i]), count: 1 };
+      add(2, Mesh, faces, this.clear, triangles, one).userData.occurrence = i;
+    }
   }
 
   // Where the occurrences are, and their marks.
@@ -182,7 +200,7 @@ export class Painter {
         for (let j = 0; j < 4; ++j) rows[k][4 * at + j] = p[12 * i + 3 * j + k];
       }
       mark.array.set([scene.lookOf[i], scene.covered[i], 0, -1], 4 * at);
-      this.marks[i] = [mark, at];
+      this.marks[i].push([mark, at]);
     });
     const [row0, row1, row2] = rows.map(row => new InstancedBufferAttribute(row, 4));
     return { row0, row1, row2, mark };
@@ -191,14 +209,18 @@ export class Painter {
   // How occurrences are marked: a map from number to [state, surface]; 1 selected, 2 under the
   // pointer; surface -1: the whole.
   mark(states) {
-    this.marks.forEach(([attribute, at], i) => {
+    this.marks.forEach((attributes, i) => {
       const [state, surface] = states.get(i) || [0, -1];
-      const place = 4 * at + 2;
-      if (attribute.array[place] === state && attribute.array[place + 1] === surface) return;
-      attribute.array[place] = state;
-      attribute.array[place + 1] = surface;
-      attribute.needsUpdate = true;
+      for (const [attribute, at] of attributes) {
+        const place = 4 * at + 2;
+        if (attribute.array[place] === state && attribute.array[place + 1] === surface) continue;
+        attribute.array[place] = state;
+        attribute.array[place + 1] = surface;
+        attribute.needsUpdate = true;
+      }
     });
+    if (this.moving) this.moving.mark(states, this.states);
+    this.states = states;
   }
 
   // The canvas in pixels of the page.
@@ -223,20 +245,19 @@ export class Painter {
 
   // Draws while the model is turned: where that takes too long for the eye, coarser from now on.
   drawMoving(view, toPage) {
-    if (this.cost > slow && this.turning < 2) ++this.turning;
-    this.setCoarse(this.turning);
+    if (this.coarse === this.enough && this.cost > slow && this.enough < 2) ++this.enough;
+    this.setCoarse(this.enough);
     const before = performance.now();
     this.draw(view, toPage);
     this.colourAt(0, 0);  // returns when all is painted
     this.cost = performance.now() - before;
   }
 
-  // Draws all, as the view rests. The next turn begins as coarse as the last one ended, a step finer
-  // if that was far from slow.
+  // Draws the whole picture, which may take its time. What was quick while the model was turned may
+  // be finer the next time.
   drawResting(view, toPage) {
-    if (this.cost > 0 && this.cost < slow / 4 && this.turning > 0) --this.turning;
+    if (this.coarse && this.cost > 0 && this.cost < slow / 4) --this.enough;
     this.setCoarse(0);
-    this.cost = 0;
     this.draw(view, toPage);
   }
 
@@ -255,8 +276,34 @@ export class Painter {
       0, 0, 0, 1);
     this.uniforms.toView.value.set(...[0, 1, 2].flatMap(i => axes.map(axis => axis[i])));
     for (const each of this.edgeObjects) each.visible = !this.coarse;
-    this.renderer.render(this.stage, this.camera);
+    const isMerged = this.coarse > 0 && this.canMerge();
+    if (!isMerged) this.sortClear(view);
+    this.renderer.render(isMerged ? this.merged() : this.stage, this.camera);
     ++this.frames;
+  }
+
+  canMerge() {
+    return this.byProcessor && this.marks.length > 0 &&
+      this.scene.pointCount <= mostMerged;
+  }
+
+  // A stage that holds all as one.
+  merged() {
+    if (!this.moving) {
+      this.moving = new Moving(this.scene, this.uniforms, surfacesOf);
+      this.moving.mark(this.states, new Map());
+    }
+    return this.moving.stage;
+  }
+
+  // What lies farther back is painted before what one sees it through.
+  sortClear(view) {
+    if (this.clearObjects.length < 2) return;
+    const depth = new Map(this.clearObjects.map(
+      each => [each, onScreen(view, this.scene.centre(each.userData.occurrence))[2]]));
+    this.clearObjects.sort((one, other) => depth.get(one) - depth.get(other));
+    const { children } = this.stage;
+    children.splice(children.length - depth.size, depth.size, ...this.clearObjects);
   }
 
   // Between which depths all lies, in points of the screen.
@@ -275,8 +322,15 @@ export class Painter {
   }
 }
 
+// Whether one can look through an occurrence, or through one of its surfaces.
+function isClearAt(scene, i) {
+  const isClear = look => scene.looks[look][3] < 0.999;
+  return isClear(scene.lookOf[i]) || (!scene.covered[i] &&
+    scene.parts[scene.partOf[i]].surfaces.some(([, look]) => isClear(look)));
+}
+
 // Whether pictures are painted by the processor, which has no time for smooth edges.
-function isSlow() {
+function isByProcessor() {
   const probe = document.createElement('canvas').getContext('webgl2');
   const about = probe && probe.getExtension('WEBGL_debug_renderer_info');
   const name = about ? probe.getParameter(about.UNMASKED_RENDERER_WEBGL) : '';

@@ -86,6 +86,7 @@ export class Scene {
     this.covered = new Uint32Array(buffer, from + 8 * count, count);
     this.placements = new Float32Array(buffer, from + 12 * count, 12 * count);
     this.at = new Map(this.paths.map((path, i) => [path, i]));
+    this.pointCount = this.partOf.reduce((sum, _, i) => sum + this.mesh(i).points.length / 3, 0);
     this.measure();
     return true;
   }

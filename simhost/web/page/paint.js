@@ -256,7 +256,7 @@ export class Painter {
   // Draws the whole picture, which may take its time. What was quick while the model was turned may
   // be finer the next time.
   drawResting(view, toPage) {
-    if (this.coarse && this.cost > 0 && this.cost < slow / 4) --this.enough;
+    if (this.coarse && this.cost > 0 && this.cost < slow / 4) this.enough = Math.max(0, this.enough - 1);
     this.setCoarse(0);
     this.draw(view, toPage);
   }

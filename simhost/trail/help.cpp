@@ -23,6 +23,8 @@ constexpr ChineseWord kChineseWords[] = {
     {"activate",           "在装配窗口中激活该元件；. 为回到顶层"},
     {"regenerate",         "再生当前模型及其下的全部模型"},
     {"select",             "沿模型树选择元件：UNIT/GEAR:2；选择项目：GEAR#12、GEAR/edge#7；顶层模型：."},
+    {"also",               "加选这些项目，并保留已经选择的项目"},
+    {"deselect",           "取消选择这些项目，保留其余已选项目"},
     {"rectangle",          "框选：选择完全位于框内的全部零件，以两个角点表示，坐标见图片的标尺"},
     {"rectangle more",     "同上，并保留已经选择的项目"},
     {"clear selection",    "清除选择"},

@@ -229,25 +229,35 @@ std::vector<Selection> PickAll(const std::string& paths, std::string* problem) {
     return picked;
 }
 
-std::string PathOf(const Selection& selection) {
-    std::string path;
-    const Model* model = selection.top;
-    for (const int id : selection.path) {
-        std::string step = std::to_string(id);
-        const Model* below = nullptr;
-        if (model) {
-            for (const auto& [name, feature] : ComponentSteps(*model)) {
-                if (feature->id != id) continue;
-                step = name;
-                below = feature->model;
-            }
+const PathNames::Steps& PathNames::StepsOf(const Model* model) {
+    const auto [found, isNew] = steps_.try_emplace(model);
+    if (isNew && model) {
+        for (auto& [step, feature] : ComponentSteps(*model)) {
+            found->second[feature->id] = {std::move(step), feature->model};
         }
-        path += (path.empty() ? "" : "/") + step;
-        model = below;
     }
-    if (selection.item.id < 0) return path.empty() ? "." : path;
+    return found->second;
+}
+
+std::string PathNames::Of(const Model* top, const std::vector<int>& ids) {
+    if (ids.empty()) return ".";
+    std::string path;
+    const Model* model = top;
+    for (const int id : ids) {
+        if (!path.empty()) path += '/';
+        const Steps& steps = StepsOf(model);
+        const auto found = steps.find(id);
+        path += found == steps.end() ? std::to_string(id) : found->second.first;
+        model = found == steps.end() ? nullptr : found->second.second;
+    }
+    return path;
+}
+
+std::string PathNames::Of(const Selection& selection) {
+    std::string path = Of(selection.top, selection.path);
+    if (selection.item.id < 0) return path;
     const std::string item = KindWord(selection.item.type) + fmt::format("#{}", selection.item.id);
-    return path.empty() ? item : path + "/" + item;
+    return selection.path.empty() ? item : path + "/" + item;
 }
 
 }  // namespace simhost

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -30,8 +31,20 @@ std::optional<Selection> Pick(const std::string& path, std::string* problem);
 // What all paths of a list lead to. A path that leads nowhere is told in *problem.
 std::vector<Selection> PickAll(const std::string& paths, std::string* problem);
 
-// The path that leads to a selection from its uppermost model, in the words that Pick takes. A
-// component that is there no more has its id instead of a name.
-std::string PathOf(const Selection& selection);
+// The paths that lead to components and items, in the words that Pick takes. Each model's steps are
+// looked for once, so that thousands of paths cost no more than their length: no model may change
+// as long as this lives.
+class PathNames {
+public:
+    // From the uppermost model down; "." is that model itself. A component that is there no more
+    // has its id instead of a name.
+    std::string Of(const Model* top, const std::vector<int>& ids);
+    std::string Of(const Selection& selection);
+
+private:
+    using Steps = std::unordered_map<int, std::pair<std::string, const Model*>>;
+    const Steps& StepsOf(const Model* model);
+    std::unordered_map<const Model*, Steps> steps_;
+};
 
 }  // namespace simhost

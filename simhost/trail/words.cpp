@@ -55,6 +55,8 @@ const std::vector<Word>& Words() {
         {"regenerate",       "",                  kMain, kLeaves, RegenerateModel, "bring the current model up to date, with all below it"},
         {"directory",        "FOLDER",            kMain, kLeaves, ChangeDirectory, "make this the working folder"},
         {"select",           "PATH[, PATH…]",     kAny,  kLeaves, SelectItems,     "select components down the tree: UNIT/GEAR:2, items: GEAR#12, GEAR/edge#7, the top: ."},
+        {"also",             "PATH[, PATH…]",     kAny,  kLeaves, SelectAlso,      "select these beside what is selected already"},
+        {"deselect",         "PATH[, PATH…]",     kAny,  kLeaves, Deselect,        "let go of these, and keep what else is selected"},
         {"rectangle",        "X Y X Y",           kAny,  kLeaves, SelectBox,       "select the parts that lie wholly in a box, by two corners in the coordinates of a picture's ruler"},
         {"rectangle more",   "X Y X Y",           kAny,  kLeaves, SelectMoreByBox, "the same, beside what is selected already"},
         {"clear selection",  "",                  kAny,  kLeaves, ClearSelection,  "select nothing"},

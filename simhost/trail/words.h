@@ -64,6 +64,8 @@ void CloseModel(Trail& trail, const std::string& rest);
 void ChangeDirectory(Trail& trail, const std::string& rest);
 void SelectItems(Trail& trail, const std::string& rest);
 void TurnView(Trail& trail, const std::string& rest);
+void SelectAlso(Trail& trail, const std::string& rest);
+void Deselect(Trail& trail, const std::string& rest);
 void SelectBox(Trail& trail, const std::string& rest);
 void SelectMoreByBox(Trail& trail, const std::string& rest);
 void ClearSelection(Trail& trail, const std::string& rest);

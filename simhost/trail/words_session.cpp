@@ -154,34 +154,6 @@ void ChangeDirectory(Trail& trail, const std::string& rest) {
     TheHost().session.workingDirectory = folder;
 }
 
-// While a dialog is open the user can select, too: palettes stay open for that.
-bool MaySelect(Trail& trail) {
-    const Wait* wait = trail.waiting();
-    if (!wait || wait->kind == Wait::Kind::Dialog) return true;
-    trail.Fail("nothing can be selected before the host has its answer");
-    return false;
-}
-
-void SelectItems(Trail& trail, const std::string& rest) {
-    if (!MaySelect(trail)) return;
-    Selections& selections = TheHost().session.selections;
-    std::string problem;
-    std::vector<Selection> picked = PickAll(ParseText(rest).text, &problem);
-    if (!problem.empty()) return trail.Fail(problem);
-    if (picked.empty()) return trail.Fail("a path belongs after select, such as UNIT/GEAR:2");
-    selections.SetBuffer(std::move(picked));
-}
-
-void ClearSelection(Trail& trail, const std::string&) {
-    if (MaySelect(trail)) TheHost().session.selections.ClearBuffer();
-}
-
-void SelectNothing(Trail&, const std::string&) {
-    Selections& selections = TheHost().session.selections;
-    selections.ClearBuffer();
-    selections.emptyBufferReads = true;
-}
-
 void SaveModel(Trail& trail, const std::string& rest) {
     Model* model = TheHost().session.CurrentModel();
     if (rest.empty() && !model) return trail.Fail("no model is open");

@@ -154,10 +154,11 @@ void ShowPopup(Trail& trail) {
 void ShowSelection(Trail& trail) {
     Session& session = TheHost().session;
     const std::vector<Selection>& buffer = session.selections.buffer();
+    PathNames names;
     for (const Selection& selection : buffer) {
         const Model* owner = session.Find(selection.item.owner);
         const Model& top = *selection.top;
-        trail.Say(fmt::format("{} {}{}", Padded(PathOf(selection), 44),
+        trail.Say(fmt::format("{} {}{}", Padded(names.Of(selection), 44),
                               owner ? owner->FileName() : "(an erased model)",
                               owner == &top ? "" : " in " + top.FileName()));
     }

@@ -1,16 +1,9 @@
-// The @ words about the model on the screen: how it is turned, and selecting in a box there.
-#include <fmt/format.h>
-
+// The @ word that turns the model on the screen.
 #include <charconv>
 #include <cmath>
-#include <set>
 #include <string>
-#include <tuple>
-#include <utility>
-#include <vector>
 
 #include "simhost/host.h"
-#include "simhost/model/picking.h"
 #include "simhost/model/screen_view.h"
 #include "simhost/model/shown.h"
 #include "simhost/trail/interpreter.h"
@@ -42,32 +35,6 @@ Model* TurnedModel(Trail& trail) {
     return nullptr;
 }
 
-// Selects what lies in a box, with `kept` before it.
-void SelectInBox(Trail& trail, const std::string& rest, std::vector<Selection> kept) {
-    if (!MaySelect(trail)) return;
-    ScreenBox box;
-    if (!TakeScreenBox(trail, rest, &box)) return;
-    Session& session = TheHost().session;
-    const Model* current = session.CurrentModel();
-    if (!current) return trail.Fail("no model is open");
-    if (current->type == PRO_MDL_DRAWING) {
-        return trail.Fail("a box selects parts, and on a sheet there are none");
-    }
-    Picking picking(session, "part", /*most=*/-1, /*byBox=*/true);
-    // A box that takes nothing is no slip: by hand it is the way to let go of a selection.
-    picking.TakeBox(box);
-    std::set<std::tuple<const void*, int, int, std::vector<int>>> known;
-    const auto isNew = [&](const Selection& each) {
-        return known.emplace(each.item.owner, each.item.type, each.item.id, each.path).second;
-    };
-    for (const Selection& each : kept) isNew(each);
-    for (const Selection& each : picking.taken()) {
-        if (isNew(each)) kept.push_back(each);
-    }
-    session.selections.SetBuffer(std::move(kept));
-    trail.Say(fmt::format("{} in the box", picking.taken().size()));
-}
-
 }  // namespace
 
 void TurnView(Trail& trail, const std::string& rest) {
@@ -90,14 +57,6 @@ void TurnView(Trail& trail, const std::string& rest) {
                             words.empty();
     if (!understood) return trail.Fail("after the angles only scale S at X Y can follow");
     ShowAt(*model, frame, scale, place);
-}
-
-void SelectBox(Trail& trail, const std::string& rest) {
-    SelectInBox(trail, rest, {});
-}
-
-void SelectMoreByBox(Trail& trail, const std::string& rest) {
-    SelectInBox(trail, rest, TheHost().session.selections.buffer());
 }
 
 }  // namespace simhost

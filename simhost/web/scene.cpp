@@ -60,10 +60,9 @@ std::set<std::uint32_t> KnownNumbers(std::string_view text) {
 
 // What a fragment shader needs of an appearance: colour and opacity, then ambient, diffuse,
 // highlight, shininess, then the highlight's colour.
-constexpr std::size_t kLookNumbers = 11;
-using Look = std::array<float, kLookNumbers>;
+using Look = std::array<float, 11>;
 Look LookOf(const ProdbSurfaceProps& props) {
-    const double numbers[kLookNumbers] = {
+    const std::array<double, std::tuple_size_v<Look>> numbers = {
         props.colour[0],
         props.colour[1],
         props.colour[2],
@@ -77,7 +76,7 @@ Look LookOf(const ProdbSurfaceProps& props) {
         props.highlightColour[2],
     };
     Look look;
-    for (std::size_t i = 0; i < kLookNumbers; ++i) look[i] = float(numbers[i]);
+    for (std::size_t i = 0; i < look.size(); ++i) look[i] = float(numbers[i]);
     return look;
 }
 
@@ -119,7 +118,7 @@ private:
                 placements_.push_back(float(number));
             }
         }
-        paths_.push_back(PathTo(top, *shown.path));
+        paths_.push_back(names_.Of(&top, *shown.path));
     }
 
     std::uint32_t PartNumber(const Model& part) {
@@ -142,32 +141,6 @@ private:
         const auto [found, isNew] =
             lookNumbers_.try_emplace(look, std::uint32_t(lookNumbers_.size()));
         if (isNew) looks_.push_back(look);
-        return found->second;
-    }
-
-    // As PathOf, whose steps are looked for anew for every path.
-    std::string PathTo(const Model& top, const std::vector<int>& ids) {
-        if (ids.empty()) return ".";
-        std::string path;
-        const Model* model = &top;
-        for (const int id : ids) {
-            if (!path.empty()) path += '/';
-            const auto& steps = StepsOf(model);
-            const auto found = steps.find(id);
-            path += found == steps.end() ? std::to_string(id) : found->second.first;
-            model = found == steps.end() ? nullptr : found->second.second;
-        }
-        return path;
-    }
-
-    using Steps = std::unordered_map<int, std::pair<std::string, const Model*>>;
-    const Steps& StepsOf(const Model* model) {
-        const auto [found, isNew] = steps_.try_emplace(model);
-        if (isNew && model) {
-            for (auto& [step, feature] : ComponentSteps(*model)) {
-                found->second[feature->id] = {std::move(step), feature->model};
-            }
-        }
         return found->second;
     }
 
@@ -200,7 +173,7 @@ private:
     std::vector<float> placements_;
     std::unordered_map<const Model*, std::uint32_t> partNumbers_;
     std::map<Look, std::uint32_t> lookNumbers_;
-    std::unordered_map<const Model*, Steps> steps_;
+    PathNames names_;
 };
 
 // From the model in mm to the screen.

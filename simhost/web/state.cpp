@@ -135,8 +135,9 @@ Json WindowsNow() {
 
 Json SelectionNow() {
     Json paths = Json::array();
+    PathNames names;
     for (const Selection& each : TheHost().session.selections.buffer()) {
-        paths.push_back(PathOf(each));
+        paths.push_back(names.Of(each));
     }
     return paths;
 }

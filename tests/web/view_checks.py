@@ -172,6 +172,26 @@ def check_a_click_selects(page):
     page.until("vx.connection.state.selection.length === 0")
 
 
+def check_ctrl_sends_only_what_was_clicked(page):
+    (one, x1, y1), (other, x2, y2) = page.spots(2)
+    page.step(f'@ select "{one}"')
+    for _ in range(2):
+        page.mouse(x2, y2).key_down(Keys.CONTROL).click().key_up(Keys.CONTROL).perform()
+    page.until("vx.connection.state.selection.length === 1 && "
+               f"!vx.connection.state.selection.includes({json.dumps(other)})")
+    page.settle()
+    assert page.recorded()[-2:] == [f'@ also "{other}"', f'@ deselect "{other}"'], "by its path"
+    # Beside the model nothing is let go of.
+    box = page.give("document.querySelector('#view canvas').getBoundingClientRect()")
+    page.mouse(box["x"] + 20, box["y"] + box["height"] / 2)\
+        .key_down(Keys.CONTROL).click().key_up(Keys.CONTROL).perform()
+    row = page.driver.find_element("css selector", f'#tree [data-path="{one}"]')
+    ActionChains(page.driver).key_down(Keys.CONTROL).click(row).key_up(Keys.CONTROL).perform()
+    page.until("vx.connection.state.selection.length === 0")
+    page.settle()
+    assert page.recorded()[-1] == f'@ deselect "{one}"', page.recorded()[-3:]
+
+
 def check_turning_reaches_the_host(page):
     page.settle()
     turns = sum(line.startswith("@ turn") for line in page.recorded())
@@ -266,7 +286,8 @@ def check_what_is_hidden_is_not_seen(page):
     assert page.colour(*others[0][1:])[3] == 255, "it is back"
 
 
-CHECKS = [check_every_part_has_its_colour, check_a_click_selects, check_turning_reaches_the_host,
+CHECKS = [check_every_part_has_its_colour, check_a_click_selects,
+          check_ctrl_sends_only_what_was_clicked, check_turning_reaches_the_host,
           check_a_pick_is_answered_by_click_and_by_rectangle,
           check_a_rectangle_selects_by_one_short_line, check_what_is_hidden_is_not_seen]
 

@@ -12,6 +12,12 @@ export function quoted(text) {
       .replace(/\n/g, '\\n').replace(/\t/g, '\\t') + '"';
 }
 
+// The word of a click with Ctrl: only the path of what was clicked goes to the host, however much is
+// selected.
+export function wordToToggle(isSelected) {
+  return isSelected ? 'deselect' : 'also';
+}
+
 // The browser may find that the server has let go of a connection that was idle. Every question can
 // be asked twice, and a line is taken only once, since it carries its version.
 function ask(address, options) {
@@ -77,6 +83,14 @@ export class Connection {
     return new Promise(resolve => this.waiters.push(resolve));
   }
 
+  // Resolves when the session waits, and `state` tells what it waits with.
+  async stated() {
+    await this.settled();
+    while (!this.ended && (this.busy || this.stateVersion !== this.version)) {
+      await new Promise(resolve => this.waiters.push(resolve));
+    }
+  }
+
   // Resolves when the session waits again, after what was seen at this version.
   async beyond(version) {
     while (!this.ended && (this.busy || this.version <= version)) {
@@ -91,6 +105,7 @@ export class Connection {
     this.state = state;
     this.stateVersion = version;
     this.tell('state', state);
+    for (const resolve of this.waiters.splice(0)) resolve();
   }
 
   // The answer as an object, or its bytes; null: what was asked about has gone meanwhile.

@@ -1,6 +1,6 @@
 // The tree of components: only the rows that can be seen are elements, since an assembly may have
 // many thousands. A click selects, with Ctrl one more; while a pick waits it answers that.
-import { quoted } from './connection.js';
+import { quoted, wordToToggle } from './connection.js';
 import { make } from './parts.js';
 import { say } from './words.js';
 
@@ -114,20 +114,14 @@ export class Tree {
     const wait = this.state.wait;
     if (wait && wait.kind === 'pick') return this.connection.step('@ pick ' + quoted(row.path));
     if (wait) return undefined;
-    const chosen = new Set(event.ctrlKey || event.metaKey ? this.selection : []);
-    if (this.selection.has(row.path) && chosen.size) chosen.delete(row.path);
-    else chosen.add(row.path);
-    return this.select([...chosen]);
-  }
-
-  select(paths) {
-    if (!paths.length) return this.connection.step('@ clear selection');
-    return this.connection.step('@ select ' + quoted(paths.join(', ')));
+    const word = event.ctrlKey || event.metaKey ? wordToToggle(this.selection.has(row.path)) : 'select';
+    return this.connection.step(`@ ${word} ` + quoted(row.path));
   }
 
   async popup(row) {
     if (this.state.wait) return;
-    if (!this.selection.has(row.path) && !await this.select([row.path])) return;
+    const line = '@ select ' + quoted(row.path);
+    if (!this.selection.has(row.path) && !await this.connection.step(line)) return;
     await this.connection.settled();
     this.connection.step('@ right-click');
   }

@@ -4,7 +4,7 @@
 // Left or middle drag turns, right drag (or middle with Shift) moves, the wheel enlarges; a click
 // selects, with Ctrl one more; Shift and left drag draws a rectangle. While a pick waits, all of
 // that answers it.
-import { quoted } from './connection.js';
+import { quoted, wordToToggle } from './connection.js';
 import { make } from './parts.js';
 import { probeOf } from './probe.js';
 import { Scene, decoded } from './scene.js';
@@ -215,7 +215,7 @@ export class View {
     const sent = this.lines.then(async () => {
       for (const each of lines) {
         await this.connection.settled();
-        const line = typeof each === 'function' ? each() : each;
+        const line = typeof each === 'function' ? await each() : each;
         if (line && !await this.connection.step(line)) return;
       }
     });
@@ -368,9 +368,8 @@ export class View {
     if (wait && !pick && wait.kind !== 'dialog') return;
     const path = hit ? this.pathOf(hit) : null;
     if (pick) this.pick(path, more && pick.most !== 1);
-    else if (!path) this.select(more ? this.state.selection : []);
-    else if (!more) this.select([path]);
-    else this.select(toggled(this.state.selection, path));
+    else if (more) this.toggle(path);
+    else this.select(path);
   }
 
   // With Ctrl paths are gathered; the click without it, or the middle button, ends the pick.
@@ -389,11 +388,19 @@ export class View {
     this.send(paths.length ? '@ pick ' + quoted(paths.join(', ')) : '@ pick nothing');
   }
 
-  select(paths) {
-    const unchanged = paths.length === this.state.selection.length &&
-      paths.every((path, i) => path === this.state.selection[i]);
-    if (unchanged) return;
-    this.send(paths.length ? '@ select ' + quoted(paths.join(', ')) : '@ clear selection');
+  // Only this; null: nothing.
+  select(path) {
+    const { selection } = this.state;
+    if (path ? selection.length === 1 && selection[0] === path : !selection.length) return;
+    this.send(path ? '@ select ' + quoted(path) : '@ clear selection');
+  }
+
+  toggle(path) {
+    if (!path) return;
+    this.send(async () => {
+      await this.connection.stated();  // a second click finds what the first has done
+      return `@ ${wordToToggle(this.connection.state.selection.includes(path))} ` + quoted(path);
+    });
   }
 
   async popup(at) {

@@ -19,8 +19,7 @@ namespace simhost {
 namespace {
 
 constexpr const char* kHere = "127.0.0.1";
-constexpr auto kNewsAtLeast = std::chrono::milliseconds(5000);   // so that a closed page is noticed
-constexpr auto kNewsWhileBusy = std::chrono::milliseconds(300);  // so that work is seen to go on
+constexpr auto kLook = std::chrono::milliseconds(300);  // at work that goes on, at pages that close
 constexpr std::size_t kThreads = 32;  // a browser keeps up to six connections for each page
 
 // 128 bits that nobody can guess.
@@ -111,6 +110,10 @@ public:
             const int yes = 1;
             setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
         });
+        // By the plain type the library would pack scripts as small as can be for every request:
+        // more than a second for the one of the 3-D view, which goes no farther than this computer.
+        http_.set_file_extension_and_mimetype_mapping("js",
+                                                      "application/javascript; charset=utf-8");
         http_.set_default_headers({{"Content-Security-Policy", kContentPolicy},
                                    {"X-Content-Type-Options", "nosniff"},
                                    {"X-Frame-Options", "DENY"},
@@ -290,7 +293,6 @@ private:
         struct Reader {
             std::uint64_t change = 0;
             std::size_t fromLine = 0;
-            bool busy = false;
         };
         auto reader = std::make_shared<Reader>();
         if (const std::string from = request.get_param_value("from");
@@ -301,11 +303,12 @@ private:
         response.set_chunked_content_provider(
             "text/event-stream",
             [this, reader](std::size_t, httplib::DataSink& sink) {
-                const auto news = board_.WaitForNews(reader->change, reader->fromLine,
-                                                     reader->busy ? kNewsWhileBusy : kNewsAtLeast);
+                const auto news = board_.WaitForNews(reader->change, reader->fromLine, kLook);
+                const bool isNew = news.change != reader->change || !news.lines.empty();
+                // A page that is closed takes no place.
+                if (!isNew && !news.busy && !news.ended) return sink.is_writable();
                 reader->change = news.change;
                 reader->fromLine = news.nextLine;
-                reader->busy = news.busy;
                 const std::string text = NewsText(news);
                 if (!sink.write(text.data(), text.size())) return false;
                 if (news.ended) sink.done();

@@ -1,28 +1,35 @@
 // All parts of a scene as one geometry, with the light worked out at its points: the picture while
 // the model is turned and a processor paints, to which each instance and each pixel is dear.
 import {
-  BufferAttribute, BufferGeometry, DoubleSide, Float32BufferAttribute, FrontSide, Mesh,
+  BackSide, BufferAttribute, BufferGeometry, DoubleSide, Float32BufferAttribute, FrontSide, Mesh,
   Scene as Stage, ShaderMaterial, Uint32BufferAttribute,
 } from '/three/build/three.module.js';
 
 const vertexShader = `
-attribute vec4 colour, light;  // how even the light is, the highlight, its sharpness
+attribute vec4 colour, light;  // how even the light is, the highlight, its sharpness, the mark
 uniform mat4 toClip;
 uniform mat3 toView;
 varying vec4 seen;
 
 void main() {
+#ifdef INSIDE
+  vec3 n = toView * -normal;
+  const vec2 kept = vec2(0.85, 0.0);  // of the light, of the highlight
+#else
   vec3 n = toView * normal;
+  const vec2 kept = vec2(1.0, 1.0);
+#endif
   vec3 from = normalize(vec3(-0.45, 0.75, 0.65));
   vec3 halfway = normalize(from + vec3(0.0, 0.0, 1.0));
   float factor = 0.9 * light.x + 1.12 * (1.0 - light.x) * (0.5 + 0.5 * dot(n, from));
   float shine = pow(max(0.0, dot(n, halfway)), 8.0 + 40.0 * light.z);
-  seen = vec4(factor * colour.rgb + 0.35 * light.y * shine, colour.a);
+  vec3 lit = kept.x * factor * colour.rgb + kept.y * 0.35 * light.y * shine;
+  if (light.w > 0.75) lit = mix(lit, vec3(1.0, 0.72, 0.25), 0.3);  // marks as in paint.js
+  else if (light.w > 0.25) lit = mix(lit, vec3(0.2, 0.85, 0.35), 0.5);
+  seen = vec4(lit, colour.a);
   gl_Position = toClip * vec4(position, 1.0);
 }`;
 const fragmentShader = 'varying vec4 seen; void main() { gl_FragColor = seen; }';
-
-const marked = [null, [0.2, 0.85, 0.35, 0.5], [1, 0.72, 0.25, 0.3]];  // as in paint.js
 
 export class Moving {
   // `uniforms` are those of the painter; `surfacesOf` gives the looks of a part's points.
@@ -38,10 +45,9 @@ export class Moving {
     this.colours = new Uint8Array(4 * points);
     this.lights = new Uint8Array(4 * points);
     const attributes = this.placed(points);
-    attributes.colour = this.colourAttribute = new BufferAttribute(this.colours, 4, true);
-    attributes.light = new BufferAttribute(this.lights, 4, true);
-    const states = new Map();
-    for (let i = 0; i < scene.count; ++i) this.paint(i, states);
+    attributes.colour = new BufferAttribute(this.colours, 4, true);
+    attributes.light = this.lightAttribute = new BufferAttribute(this.lights, 4, true);
+    for (let i = 0; i < scene.count; ++i) this.paint(i);
     const [solid, clear, isMixed] = this.sorted();
     const add = (triangles, more) => {
       const geometry = new BufferGeometry();
@@ -55,7 +61,10 @@ export class Moving {
     this.stage = new Stage();
     this.stage.autoUpdate = false;
     if (solid.length) add(solid, { side: isMixed ? DoubleSide : FrontSide });
-    if (clear.length) add(clear, { side: DoubleSide, transparent: true, depthWrite: false });
+    if (!clear.length) return;
+    const seenThrough = { transparent: true, depthWrite: false };
+    add(clear, { side: BackSide, defines: { INSIDE: 1 }, ...seenThrough });
+    add(clear, { side: FrontSide, ...seenThrough });
   }
 
   // Points and normals in the model.
@@ -85,18 +94,12 @@ export class Moving {
     return scene.looks[own < 0 ? scene.lookOf[i] : own];
   }
 
-  paint(i, states) {
-    const [state, surface] = states.get(i) || [0, -1];
-    const ids = this.surfaces[this.scene.partOf[i]];
+  paint(i) {
     const count = this.scene.mesh(i).points.length / 3;
     for (let j = 0; j < count; ++j) {
       const look = this.lookOf(i, j), to = 4 * (this.first[i] + j);
       const sum = Math.max(look[4] + look[5], 1e-6), brightness = Math.min(1, sum / 1.2);
-      const mark = surface < 0 || surface === ids[2 * j + 1] ? marked[state] : null;
-      for (let k = 0; k < 3; ++k) {
-        const colour = brightness * look[k];
-        this.colours[to + k] = 255 * (mark ? colour + mark[3] * (mark[k] - colour) : colour);
-      }
+      for (let k = 0; k < 3; ++k) this.colours[to + k] = 255 * brightness * look[k];
       this.colours[to + 3] = 255 * look[3];
       this.lights[to] = 255 * look[4] / sum;
       this.lights[to + 1] = 255 * look[6] * (look[8] + look[9] + look[10]) / 3;
@@ -104,11 +107,20 @@ export class Moving {
     }
   }
 
+  markOne(i, [state, surface]) {
+    const ids = this.surfaces[this.scene.partOf[i]];
+    const count = this.scene.mesh(i).points.length / 3;
+    for (let j = 0; j < count; ++j) {
+      const isMarked = surface < 0 || surface === ids[2 * j + 1];
+      this.lights[4 * (this.first[i] + j) + 3] = isMarked ? 127 * state : 0;
+    }
+  }
+
   // How occurrences are marked from now on, as for the painter; `before`: until now.
   mark(states, before) {
     const changed = new Set([...states.keys(), ...before.keys()]);
-    for (const i of changed) this.paint(i, states);
-    if (changed.size) this.colourAttribute.needsUpdate = true;
+    for (const i of changed) this.markOne(i, states.get(i) || [0, -1]);
+    if (changed.size) this.lightAttribute.needsUpdate = true;
   }
 
   // The triangles that hide and those that one looks through, and whether a part has both.

@@ -43,5 +43,14 @@ export function probeOf(view) {
       view.paintNow();
       return view.painter.colourAt(x - box.left, y - box.top);
     },
+    // The same of the coarsest picture that is painted while the model is turned.
+    colourWhileTurned: (x, y) => {
+      const box = view.canvas.getBoundingClientRect();
+      view.painter.setCoarse(2);
+      view.painter.draw(view.view, view.toPage());
+      const colour = view.painter.colourAt(x - box.left, y - box.top);
+      view.paintNow();
+      return colour;
+    },
   };
 }

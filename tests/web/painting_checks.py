@@ -75,7 +75,7 @@ def check_the_nearer_pane_is_painted_over_the_farther(page):
     for turn, nearer, farther in (("0 0 0", 0, 1), ("0 180 0", 1, 0), ("0 0 90", 0, 1)):
         show(page, f"@ turn {turn}")
         seen = colours(page, "colourAt", *place_of(page, "red"))
-        # Each pane has two faces, which let half of the light through: of the farther pane a quarter.
+        # Each of the two faces of a pane lets half of the light through: a quarter is left.
         ratio = seen[farther] / seen[nearer]
         assert 0.2 < ratio < 0.3, f"turned by {turn}: {seen}"
         assert seen[2] < 10, "neither pane is blue"

@@ -18,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace simhost;
 using web_tests::Json;
+using web_tests::Painted;
 
 class WebAnswers : public web_tests::WebBench {
 protected:
@@ -31,15 +32,6 @@ protected:
         return {};
     }
 };
-
-ProdbSurfaceProps Painted(double red, double green, double blue, double transparency) {
-    ProdbSurfaceProps props = DefaultAppearance();
-    props.colour[0] = red;
-    props.colour[1] = green;
-    props.colour[2] = blue;
-    props.transparency = transparency;
-    return props;
-}
 
 // --- The tree -----------------------------------------------------------------------------------
 
@@ -63,7 +55,7 @@ TEST_F(WebAnswers, TheTreeTellsColoursAsStyleSheetsTakeThem) {
     Do([] {
         workbench::ModelNamed("top.asm").title = "总装";
         workbench::ModelNamed("a").appearance = Painted(1, 0.5, 0.0625, 0.25);
-        workbench::ModelNamed("b").appearance = Painted(-1, 2, 0.6, 0);
+        workbench::ModelNamed("b").appearance = Painted(-1, 2, 0.6);
     });
     EXPECT_EQ(Get("/tree")["title"], "总装");
     // 127.5 is rounded up to 128, 15.9 to 16; what is below 0 or above 1 counts as that.
@@ -177,6 +169,14 @@ TEST_F(WebAnswers, ASheetTellsWhereItsNotesAndDimensionsLie) {
         lost.id = 13;
         lost.view = 99;
         annotations.Add(lost);
+        DrawingView overleaf = view;
+        overleaf.id = 6;
+        overleaf.sheet = 2;
+        DrawingOf(drawing).Add(overleaf);
+        Dimension next = shown;
+        next.id = 14;
+        next.view = 6;
+        annotations.Add(next);
         annotations.Add(SheetNote{21, 1, {30, 40, 0}, {WIDE("技术要求"), WIDE("1.")}});
         annotations.Add(SheetNote{22, 1, {3, 4, 0}, {}});
         annotations.Add(SheetNote{23, 2, {5, 6, 0}, {WIDE("第二页")}});
@@ -193,8 +193,12 @@ TEST_F(WebAnswers, ASheetTellsWhereItsNotesAndDimensionsLie) {
     EXPECT_EQ(sheet["sheet"], 2);
     EXPECT_EQ(sheet["width"], 210.0) << "A4 stands upright";
     EXPECT_EQ(sheet["height"], 297.0);
-    EXPECT_EQ(sheet["items"], Json::parse(R"([{"path": "note#23", "x": 5.0, "y": 6.0,
-        "text": "第二页"}])"));
+    EXPECT_EQ(sheet["items"], Json::parse(R"([
+        {"path": "dimension#14", "x": 101.0, "y": 52.0, "text": ""},
+        {"path": "note#23", "x": 5.0, "y": 6.0, "text": "第二页"}])"));
+    const std::string picture = sheet["svg"];
+    EXPECT_NE(picture.find("第二页"), std::string::npos);
+    EXPECT_EQ(picture.find("技术要求"), std::string::npos) << "that is on the first sheet";
 }
 
 TEST_F(WebAnswers, ThereIsNoSheetOfAModelOrOfNothing) {
@@ -297,6 +301,9 @@ TEST_F(WebAnswers, TheJournalBeginsWithTheFirstQuestionAndEndsWhenItIsToldTo) {
     const Json beyond = Get("/journal?from=5000");
     EXPECT_EQ(beyond["from"], 2001);
     EXPECT_EQ(beyond["lines"], Json::array());
+    for (const char* none : {"1x", "x", "-1", "99999999999999999999999"}) {
+        EXPECT_EQ(Get(std::string("/journal?from=") + none)["from"], 0) << none;
+    }
     const Json ended = Get("/journal?on=0");
     EXPECT_EQ(ended["running"], false);
     EXPECT_EQ(ended["all"], 0);

@@ -17,6 +17,7 @@ namespace {
 
 using namespace simhost;
 using web_tests::Json;
+using web_tests::Painted;
 using Colour = std::vector<double>;
 
 // An answer as a page reads it.
@@ -84,15 +85,6 @@ protected:
 };
 
 using Strings = std::vector<std::string>;
-
-ProdbSurfaceProps Look(double red, double green, double blue, double transparency = 0) {
-    ProdbSurfaceProps props = DefaultAppearance();
-    props.colour[0] = red;
-    props.colour[1] = green;
-    props.colour[2] = blue;
-    props.transparency = transparency;
-    return props;
-}
 
 TEST_F(WebScene, HoldsEveryPartInTreeOrderByThePathThatSelectTakes) {
     Open("top: a, sub(b x2), a");
@@ -202,10 +194,10 @@ TEST_F(WebScene, WhatCannotBeSeenIsMissing) {
 TEST_F(WebScene, ColoursAreTheUppermostAssemblysThenTheParts) {
     Open("top: a, sub(a), b");
     EXPECT_EQ(Scene().ColourOf("a"), (Colour{0.75, 0.75, 0.75, 1})) << "the usual one";
-    Do([] { workbench::ModelNamed("a").appearance = Look(1, 0.5, 0, 0.25); });
+    Do([] { workbench::ModelNamed("a").appearance = Painted(1, 0.5, 0, 0.25); });
     EXPECT_EQ(Scene().ColourOf("a"), (Colour{1, 0.5, 0, 0.75}));
     EXPECT_EQ(Scene().ColourOf("b"), (Colour{0.75, 0.75, 0.75, 1}));
-    Do([] { workbench::ModelNamed("sub.asm").appearance = Look(0, 0, 1); });
+    Do([] { workbench::ModelNamed("sub.asm").appearance = Painted(0, 0, 1); });
     const SceneSeen seen = Scene();
     EXPECT_EQ(seen.ColourOf("sub/a"), (Colour{0, 0, 1, 1}));
     EXPECT_TRUE(seen.IsCovered("sub/a"));
@@ -217,7 +209,7 @@ TEST_F(WebScene, SurfacesTellTheirOwnColours) {
     Open("plate");
     const int surface = Scene().MeshOf(".")["surfaces"][2][0];
     Do([&] {
-        workbench::ModelNamed("plate").partData.surfaceAppearances[surface] = Look(0, 1, 0);
+        workbench::ModelNamed("plate").partData.surfaceAppearances[surface] = Painted(0, 1, 0);
     });
     const SceneSeen seen = Scene();
     const Json surfaces = seen.PartOf(".")["surfaces"];

@@ -21,6 +21,15 @@ constexpr auto kPatience = std::chrono::minutes(4);
 
 }  // namespace
 
+ProdbSurfaceProps Painted(double red, double green, double blue, double transparency) {
+    ProdbSurfaceProps props = DefaultAppearance();
+    props.colour[0] = red;
+    props.colour[1] = green;
+    props.colour[2] = blue;
+    props.transparency = transparency;
+    return props;
+}
+
 WebBench::~WebBench() {
     if (thread_.joinable()) End();
 }

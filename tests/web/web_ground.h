@@ -13,11 +13,15 @@
 #include <thread>
 #include <vector>
 
+#include "simhost/model/model.h"
 #include "simhost/web/workbench.h"
 
 namespace web_tests {
 
 using Json = nlohmann::json;
+
+// What is of that colour and as clear as that, and else looks as usual.
+ProdbSurfaceProps Painted(double red, double green, double blue, double transparency = 0);
 
 class WebBench : public ::testing::Test {
 protected:

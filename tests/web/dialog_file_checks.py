@@ -2,11 +2,9 @@
 """Checks of the dialogs' files in Chromium, opened without a server: each against the workbench's
 form, and in pages that show them. Takes the simhost program; without it the quick build's."""
 import base64
-import contextlib
 import json
 import re
 import subprocess
-import sys
 import tempfile
 from pathlib import Path
 
@@ -14,10 +12,9 @@ from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
 from form_checks import CLIPPED
-from form_page import Page
+from form_page import SOURCE, Page, announced, told
 from page_support import console_errors
 
-SOURCE = Path(__file__).resolve().parents[2]
 RESOURCES = SOURCE / "text" / "resource"
 
 # Where each component lies in its dialog: left, top, width, height by name, and the dialog's size.
@@ -48,7 +45,7 @@ def form_in(file):
 
 def places_in_workbench(page, form):
     """Where the workbench places a form."""
-    return page.wait_for("""
+    return page.run("""
         const { DialogWindow } = await import('/page/dialog.js');
         const dialog = new DialogWindow(window.vx.forms, given[0]);
         for (const image of dialog.element.querySelectorAll('img')) await image.decode();
@@ -57,7 +54,7 @@ def places_in_workbench(page, form):
 
 def opened(page, file):
     page.driver.get(file.as_uri())
-    page.wait_for("for (const image of document.images) await image.decode();"
+    page.run("for (const image of document.images) await image.decode();"
                   "for (let i = 0; i < 2; ++i) await new Promise(requestAnimationFrame);")
 
 
@@ -103,7 +100,7 @@ def check_nothing_is_loaded(page, folder, files):
     picture = (RESOURCES / "AboutVx.png").as_uri()
     for file in files:
         opened(page, file)
-        refused = page.wait_for("""
+        refused = page.run("""
             return new Promise(resolve => {
               addEventListener('securitypolicyviolation', event => resolve(event.blockedURI));
               const image = new Image();
@@ -131,12 +128,8 @@ def check_nothing_comes_of_what_is_done(page, folder, files):
 def shown_dialogs(page, file):
     """The pictures of the dialogs that a page shows, when all have told their sizes."""
     page.driver.get(file.as_uri())
-    page.wait_for("""
-        for (;;) {
-          const shown = [...document.querySelectorAll('svg')];
-          if (shown.length && shown.every(each => each.hasAttribute('viewBox'))) return;
-          await new Promise(resolve => setTimeout(resolve, 20));
-        }""")
+    page.until("document.querySelector('svg') && ![...document.querySelectorAll('svg')]"
+               ".some(each => !each.hasAttribute('viewBox'))")
     return page.driver.find_elements(By.CSS_SELECTOR, "svg")
 
 
@@ -217,20 +210,15 @@ CHECKS = [
 
 
 def main():
-    simhost = sys.argv[1] if len(sys.argv) > 1 else str(SOURCE / "build/quick/simhost")
-    wanted = re.compile(sys.argv[2] if len(sys.argv) > 2 else "")
-    with tempfile.TemporaryDirectory() as temporary, contextlib.ExitStack() as stack:
+    simhost, chosen = told(CHECKS)
+    with tempfile.TemporaryDirectory() as temporary, Page(simhost) as page:
         folder = Path(temporary) / "dialogs"
         subprocess.run([simhost, "dialogs", "--out", str(folder)], check=True,
                        stdout=subprocess.DEVNULL)
         files = sorted(folder / (each.stem + ".html") for each in RESOURCES.glob("*.res"))
-        page = Page(simhost)
-        stack.callback(page.end)
         page.driver.set_window_size(1700, 1400)
-        for check in CHECKS:
-            if wanted.search(check.__name__):
-                print(check.__name__, flush=True)
-                check(page, folder, files)
+        for check in announced(chosen):
+            check(page, folder, files)
 
 
 if __name__ == "__main__":

@@ -1,20 +1,14 @@
 #!/usr/bin/python3
 """Checks of the workbench's forms in Chromium: every dialog against what the host says of it, the
 keys, the order of lines, long tables. Takes the simhost program; without it the quick build's."""
-import contextlib
-import re
 import subprocess
-import sys
 import tempfile
-from pathlib import Path
 
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from form_page import Page
-
-SOURCE = Path(__file__).resolve().parents[2]
+from form_page import Page, announced, told
 
 # The commands that open a dialog, with a model for which they can be pressed.
 DIALOGS = {
@@ -344,11 +338,8 @@ def check_a_popup_is_used(page):
     x, y = page.driver.execute_script(
         "const box = document.querySelector('#tree [data-path=base_plate]')"
         ".getBoundingClientRect(); return [Math.round(box.left) + 40, Math.round(box.top) + 8]")
-    mouse = ActionChains(page.driver)
-    mouse.w3c_actions.pointer_action.move_to_location(x, y)
-    mouse.context_click().perform()
-    page.wait_for("while (!document.querySelector('.form-popup')) "
-                  "await new Promise(resolve => setTimeout(resolve, 20));")
+    page.mouse(x, y).context_click().perform()
+    page.until("document.querySelector('.form-popup')")
     page.settle()
     page.find('.form-popup [data-entry="隐藏"]').click()
     page.settle()
@@ -387,9 +378,7 @@ def check_a_long_table(simhost):
     with tempfile.TemporaryDirectory() as folder:
         subprocess.run([simhost, "generate", "--out", folder, "--occurrences", "3000",
                         "--models", "2500"], check=True, stdout=subprocess.DEVNULL)
-        page = Page(simhost, "--project", folder)
-        with contextlib.ExitStack() as stack:
-            stack.callback(page.end)
+        with Page(simhost, "--project", folder) as page:
             top = page.driver.execute_script("return window.vx.connection.state.openable")
             page.step("@ open " + next(each for each in top if each.endswith(".asm")))
             page.step("~ Command `VxBom`")
@@ -405,13 +394,9 @@ def scroll_through(page):
             "document.querySelector('.vx-table').scrollTop = arguments[0]", (at - 1) * 24)
         at = min(max(at, 1), count)
         wanted = page.get("/rows?component=%s&from=%d&count=1" % (table["name"], at - 1))["rows"][0]
-        cells = page.wait_for("""
-            const [name] = given;
-            for (;;) {
-              const row = document.querySelector(`.vx-table tr[data-row="${name}"]`);
-              if (row) return [...row.cells].map(cell => cell.textContent);
-              await new Promise(resolve => setTimeout(resolve, 20));
-            }""", wanted["name"])
+        row = "document.querySelector('.vx-table tr[data-row=\"%s\"]')" % wanted["name"]
+        page.until(row)
+        cells = page.run("return [...%s.cells].map(cell => cell.textContent);" % row)
         assert cells == [each.get("text", "") for each in wanted["cells"]], cells
         drawn = len(page.driver.find_elements(By.CSS_SELECTOR, ".vx-table tbody tr"))
         assert drawn < 60, "%d rows are elements" % drawn
@@ -432,23 +417,18 @@ CHECKS = [
     check_a_backtick_is_told,
     check_a_dialog_is_moved,
 ]
+# With a workbench of their own.
+ALONE = [check_a_long_table]
 
 
 def main():
-    simhost = sys.argv[1] if len(sys.argv) > 1 else str(SOURCE / "build/quick/simhost")
-    wanted = re.compile(sys.argv[2] if len(sys.argv) > 2 else "")
-    page = Page(simhost)
-    with contextlib.ExitStack() as stack:
-        stack.callback(page.end)
-        page.step("@ open gearbox.asm")
-        for check in CHECKS:
-            if wanted.search(check.__name__):
-                print(check.__name__, flush=True)
-                check(page)
-                page.step("@ open gearbox.asm")
-    if wanted.search(check_a_long_table.__name__):
-        print(check_a_long_table.__name__, flush=True)
-        check_a_long_table(simhost)
+    simhost, chosen = told(CHECKS + ALONE)
+    with Page(simhost) as page:
+        for check in announced(check for check in chosen if check in CHECKS):
+            page.step("@ open gearbox.asm")
+            check(page)
+    for check in announced(check for check in chosen if check in ALONE):
+        check(simhost)
 
 
 if __name__ == "__main__":

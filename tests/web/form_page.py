@@ -1,8 +1,32 @@
-"""A workbench with its page in a browser, and what the checks of forms do with it."""
+"""A workbench with its page in a browser for the checks that run alone, one after the other."""
+import re
+import sys
+from pathlib import Path
+
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 
+import page_support
 from page_support import Bench, console_errors, open_page
+
+SOURCE = Path(__file__).resolve().parents[2]
+
+
+def told(checks):
+    """The program that the command line names, the quick build's without it, and those of the
+    checks that fit its second word."""
+    simhost = sys.argv[1] if len(sys.argv) > 1 else str(SOURCE / "build/quick/simhost")
+    pattern = sys.argv[2] if len(sys.argv) > 2 else ""
+    chosen = [check for check in checks if re.search(pattern, check.__name__)]
+    assert chosen, "no check fits " + pattern
+    return simhost, chosen
+
+
+def announced(checks):
+    """Tells each check before it runs."""
+    for check in checks:
+        print(check.__name__, flush=True)
+        yield check
 
 
 class Page:
@@ -15,53 +39,46 @@ class Page:
         except BaseException:
             self.bench.close()
             raise
-        self.settle()
 
-    def end(self):
-        problems = console_errors(self.driver)
-        self.driver.quit()
-        self.bench.close()
-        assert not problems, problems
+    def __enter__(self):
+        return self
 
-    def wait_for(self, script, *arguments):
+    def __exit__(self, kind, error, trace):
+        """Ends both. What a check found comes before what the browser complained of."""
+        try:
+            problems = console_errors(self.driver)
+            self.driver.quit()
+        finally:
+            status, _ = self.bench.close()
+        assert kind or not problems, problems
+        assert kind or status == 0, "the workbench ended with %d" % status
+
+    def run(self, script, *arguments):
         """What a script resolves to, which is the body of an asynchronous function."""
-        text = "const done = arguments[arguments.length - 1];" \
-               "(async (...given) => {" + script + "})(...arguments).then(done," \
-               " error => done({thrown: String(error)}));"
-        result = self.driver.execute_async_script(text, *arguments)
-        assert not (isinstance(result, dict) and "thrown" in result), result
-        return result
+        return page_support.run(self.driver, script, *arguments)
+
+    def until(self, condition):
+        page_support.wait_for(self.driver, "return " + condition, condition)
 
     def settle(self):
         """Until nothing is on its way and the page shows what the session waits for."""
-        self.wait_for("""
-            const { connection, forms } = window.vx;
-            for (let last = null; last !== forms.acts.last;) {
-              last = forms.acts.last;
-              await last;
-            }
-            await connection.settled();
-            await forms.shown();""")
+        page_support.settle(self.driver)
 
-    def step(self, line):
-        self.wait_for("""
-            const { connection, forms } = window.vx;
-            const before = connection.version;
-            if (await connection.step(given[0])) await connection.beyond(before);
-            await forms.shown();""", line)
+    def step(self, *lines):
+        for line in lines:
+            page_support.step(self.driver, line)
+            self.settle()
 
     def get(self, address):
-        self.settle()
-        return self.wait_for("return window.vx.connection.get(given[0]);", address)
+        return page_support.get_json(self.driver, address)
 
     def waiting(self):
         """What the session waits for: box, dialog and so on; None: the main window."""
-        self.settle()
-        wait = self.driver.execute_script("return window.vx.connection.state.wait")
+        wait = page_support.state(self.driver)["wait"]
         return wait["kind"] if wait else None
 
     def recording(self):
-        return self.wait_for("return (await (await fetch('/recording')).text());").splitlines()
+        return page_support.get(self.driver, "/recording").splitlines()
 
     def find(self, selector):
         return self.driver.find_element(By.CSS_SELECTOR, selector)
@@ -76,6 +93,16 @@ class Page:
     def keys(self, *keys):
         ActionChains(self.driver).send_keys(*keys).perform()
 
+    def mouse(self, x, y):
+        """Actions of the mouse that begin at a place of the page."""
+        return self.at(ActionChains(self.driver, duration=20), x, y)
+
+    @staticmethod
+    def at(actions, x, y):
+        """The same, gone on to another place."""
+        actions.w3c_actions.pointer_action.move_to_location(round(x), round(y))
+        return actions
+
     def zoom(self, factor):
         """As the browser's own zoom: fewer pixels of the page in the same window."""
         width, height = self.driver.execute_script("return [window.innerWidth, window.innerHeight]")
@@ -86,7 +113,7 @@ class Page:
                 "width": int(width / factor), "height": int(height / factor),
                 "deviceScaleFactor": factor, "mobile": False})
         # The page is told of its new size before it is painted again.
-        self.wait_for("for (let i = 0; i < 2; ++i) await new Promise(requestAnimationFrame);")
+        self.run("for (let i = 0; i < 2; ++i) await new Promise(requestAnimationFrame);")
 
     def close_all(self):
         """Leaves whatever is open."""

@@ -66,26 +66,46 @@ def wait_for(browser, script, what, seconds=PATIENCE):
     return WebDriverWait(browser, seconds, poll_frequency=0.1).until(look, what)
 
 
+def run(browser, script, *arguments):
+    """What a script of the page resolves to: the body of an asynchronous function."""
+    result = browser.execute_async_script(
+        "const done = arguments[arguments.length - 1];"
+        "(async (...given) => {" + script + "})(...arguments)"
+        ".then(done, error => done({thrown: String(error)}));", *arguments)
+    assert not (isinstance(result, dict) and "thrown" in result), result
+    return result
+
+
 def settle(browser):
-    """Waits until the session wants a line and the page has shown what there is."""
-    wait_for(browser, "const c = window.vx && window.vx.connection;"
-             "return c && !c.busy && c.state && c.stateVersion === c.version;", "settled")
+    """Waits until nothing is on its way and the page shows what the session waits for."""
+    wait_for(browser, "return Boolean(window.vx);", "the page runs")
+    run(browser, """
+        const { connection, forms } = window.vx;
+        let last;
+        do {
+          last = forms.acts.last;
+          await last;
+          await connection.settled();
+          await forms.shown();
+        } while (connection.busy || last !== forms.acts.last);""")
 
 
 def open_page(bench, **how):
     browser = open_browser(**how)
-    browser.get(bench.address)
-    settle(browser)
+    try:
+        browser.get(bench.address)
+        settle(browser)
+    except BaseException:
+        browser.quit()
+        raise
     return browser
 
 
 def step(browser, line):
-    """Sends one line of a trail as the page does; whether it was taken."""
+    """Sends one line of a trail as the page does."""
     settle(browser)
-    taken = browser.execute_async_script(
-        "const done = arguments[1]; window.vx.connection.step(arguments[0]).then(done);", line)
+    assert run(browser, "return window.vx.connection.step(given[0]);", line), f"not taken: {line}"
     settle(browser)
-    return taken
 
 
 def state(browser):
@@ -94,10 +114,14 @@ def state(browser):
 
 
 def get(browser, address):
-    """What an address answers to the page."""
-    settle(browser)
-    return browser.execute_async_script(
-        "const done = arguments[1]; fetch(arguments[0]).then(r => r.text()).then(done);", address)
+    """What an address answers to the page, as soon as the session is not at work."""
+    while True:
+        settle(browser)
+        status, text = run(browser, "const answer = await fetch(given[0]);"
+                           "return [answer.status, await answer.text()];", address)
+        if status != 503:
+            assert status == 200, f"{address}: {status} {text}"
+            return text
 
 
 def get_json(browser, address):

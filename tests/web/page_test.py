@@ -145,7 +145,8 @@ class InEnglish(PageTest):
         click(self.page, "#menus button")
         self.assertIn("Open Working Folder", self.texts(".dropdown .command"))
         click(self.page, ".dropdown .find")
-        self.page.execute_script("localStorage.setItem('language', 'zh'); location.reload();")
+        self.page.execute_script("localStorage.setItem('language', 'zh');")
+        self.page.refresh()
         settle(self.page)
         self.assertEqual(self.texts("#open"), ["打开"])
 

@@ -3,102 +3,34 @@
 and paths. Runs alone; each check takes a page on which the gearbox is open."""
 import colorsys
 import json
-import re
 import struct
-import subprocess
-import sys
-import time
 
-from selenium import webdriver
-from selenium.webdriver.chrome.options import Options
-from selenium.webdriver.chrome.service import Service
-from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.keys import Keys
 
-PATIENCE = 120  # seconds
-SWITCHES = ("--headless=new --no-sandbox --use-angle=swiftshader --enable-unsafe-swiftshader "
-            "--window-size=1400,900").split()
+from form_page import Page, announced, told
 
 
-class Page:
-    """A workbench of its own and a browser that shows it."""
+class ViewPage(Page):
+    """What its 3-D view paints, and where."""
 
-    def __init__(self, simhost, *words):
-        self.server = subprocess.Popen([simhost, "workbench", *words], stdout=subprocess.PIPE,
-                                       text=True)
-        address = next(line.strip() for line in self.server.stdout if line.startswith("http"))
-        options = Options()
-        for switch in SWITCHES:
-            options.add_argument(switch)
-        options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-        self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
-        self.driver.set_script_timeout(PATIENCE)
-        self.driver.get(address)
-        self.until("window.vx && vx.connection.state && window.vxView")
-
-    def end(self):
-        """Ends both; what the browser complained of."""
-        # A question may meet a session that is at work again; the page asks anew then.
-        problems = [each["message"] for each in self.driver.get_log("browser")
-                    if each["level"] == "SEVERE"
-                    and not re.search(r"status of (409|503)", each["message"])]
-        self.driver.quit()
-        self.server.terminate()
-        self.server.wait()
-        return problems
+    def settle(self):
+        """Until what is painted is what the session shows, too."""
+        super().settle()
+        self.until("!vx.connection.busy && window.vxView && vxView.ready")
 
     def give(self, script, *arguments):
         return self.driver.execute_script("return " + script, *arguments)
 
-    def until(self, condition):
-        end = time.monotonic() + PATIENCE
-        while not self.give(condition):
-            if time.monotonic() > end:
-                raise AssertionError(f"never came: {condition}")
-            time.sleep(0.05)
-
-    def settle(self):
-        """Until what is painted is what the session shows."""
-        self.until("!vx.connection.busy && vxView.ready")
-
-    def step(self, *lines):
-        for line in lines:
-            self.settle()
-            before = self.give("vx.connection.version")
-            self.give("vx.connection.step(arguments[0])", line)
-            self.until(f"vx.connection.version > {before}")
-        self.settle()
-
-    def fetch(self, address, kind):
-        """What the server answers: json or text."""
-        return self.driver.execute_async_script(
-            "const [address, kind, done] = arguments;"
-            "fetch(address).then(answer => answer[kind]()).then(done)", address, kind)
-
-    def recorded(self):
-        return self.fetch("/recording", "text").splitlines()
-
     def selection(self):
-        return self.fetch("/state", "json")["selection"]
+        return self.get("/state")["selection"]
 
     def scene(self):
         """The header of the host's own picture."""
-        numbers = self.driver.execute_async_script(
-            "const done = arguments[0]; fetch('/scene').then(answer => answer.arrayBuffer())"
-            ".then(buffer => done([...new Uint8Array(buffer)].slice(0, 4 +"
-            " new DataView(buffer).getUint32(0, true))))")
-        data = bytes(numbers)
+        data = bytes(self.run("""
+            const buffer = await (await fetch('/scene')).arrayBuffer();
+            const length = new DataView(buffer).getUint32(0, true);
+            return [...new Uint8Array(buffer, 0, 4 + length)];"""))
         return json.loads(data[4:4 + struct.unpack("<I", data[:4])[0]])
-
-    def mouse(self, x, y):
-        """Actions of the mouse that begin at a place of the page."""
-        return self.at(ActionChains(self.driver, duration=20), x, y)
-
-    @staticmethod
-    def at(actions, x, y):
-        """The same, gone on to another place."""
-        actions.w3c_actions.pointer_action.move_to_location(round(x), round(y))
-        return actions
 
     def spots(self, wanted):
         """Places at and around which so many parts of different names are the foremost, in whole
@@ -134,7 +66,7 @@ class Page:
 def check_every_part_has_its_colour(page):
     page.step("~ Command `BatchColor`")
     page.leave_view()
-    rows = {row["path"]: row for row in page.fetch("/tree", "json")["rows"]}
+    rows = {row["path"]: row for row in page.get("/tree")["rows"]}
     compared = 0
     for path, x, y in page.spots(12):
         code = rows[path]["colour"]
@@ -194,7 +126,7 @@ def check_ctrl_sends_only_what_was_clicked(page):
 
 def check_turning_reaches_the_host(page):
     page.settle()
-    turns = sum(line.startswith("@ turn") for line in page.recorded())
+    turns = sum(line.startswith("@ turn") for line in page.recording())
     before = page.give("vxView.view")
     (_, x, y), = page.spots(1)
     frames = page.give("vxView.frames")
@@ -206,7 +138,7 @@ def check_turning_reaches_the_host(page):
     page.settle()
     view = page.give("vxView.view")
     assert view["axes"] != before["axes"], "it has turned"
-    lines = [line for line in page.recorded() if line.startswith("@ turn")]
+    lines = [line for line in page.recording() if line.startswith("@ turn")]
     assert len(lines) == turns + 1, f"one line for one turn: {lines}"
     matrix = page.scene()["screen"]["matrix"]
     for axis in range(3):
@@ -229,7 +161,7 @@ def check_a_pick_is_answered_by_click_and_by_rectangle(page):
     (path, x, y), = page.spots(1)
     page.mouse(x, y).click().perform()
     page.until("!vx.connection.state.wait")
-    assert page.recorded()[-1] == f'@ pick "{path}"', page.recorded()[-1]
+    assert page.recording()[-1] == f'@ pick "{path}"', page.recording()[-1]
     page.step("~ Command `BoxSel`")
     box = page.give("document.querySelector('#view canvas').getBoundingClientRect()")
     left, top = box["x"] + 3, box["y"] + 60
@@ -238,14 +170,14 @@ def check_a_pick_is_answered_by_click_and_by_rectangle(page):
     page.at(actions, box["x"] + box["width"] - 3, box["y"] + box["height"] - 3)
     actions.release().perform()
     page.until("!vx.connection.state.wait")
-    assert page.recorded()[-1].startswith("@ pick box "), page.recorded()[-1]
+    assert page.recording()[-1].startswith("@ pick box "), page.recording()[-1]
     parts = set(page.give("vxView.paths"))
     assert set(page.selection()) == parts, "all that is seen lies in the box"
     page.step("@ clear selection", "~ Command `VxBoxSelSur`")
     page.settle()
     page.mouse(x, y).click().perform()
     page.until("!vx.connection.state.wait")
-    assert page.recorded()[-1].startswith(f'@ pick "{path}/surface#'), page.recorded()[-1]
+    assert page.recording()[-1].startswith(f'@ pick "{path}/surface#'), page.recording()[-1]
     page.step("@ clear selection")
 
 
@@ -255,7 +187,7 @@ def check_a_rectangle_selects_by_one_short_line(page):
     parts = set(page.give("vxView.paths"))
     left, top = box["x"] + 3, box["y"] + 60
     right, bottom = box["x"] + box["width"] - 3, box["y"] + box["height"] - 3
-    before = len(page.recorded())
+    before = len(page.recording())
     actions = page.mouse(left, top).key_down(Keys.SHIFT).click_and_hold()
     page.at(actions, left + 50, top + 50)
     page.at(actions, right, bottom)
@@ -263,7 +195,7 @@ def check_a_rectangle_selects_by_one_short_line(page):
     page.until("vx.connection.state.selection.length > 0")
     page.settle()
     assert set(page.selection()) == parts, "all that is seen lies in the rectangle"
-    line, = page.recorded()[before:]
+    line, = page.recording()[before:]
     assert line.startswith("@ rectangle "), line
     actions = page.mouse(left, top).key_down(Keys.SHIFT).click_and_hold()
     page.at(actions, left + 10, top + 10)
@@ -293,15 +225,11 @@ CHECKS = [check_every_part_has_its_colour, check_a_click_selects,
 
 
 def main():
-    page = Page(sys.argv[1] if len(sys.argv) > 1 else "build/quick/simhost")
-    try:
+    simhost, chosen = told(CHECKS)
+    with ViewPage(simhost) as page:
         page.step("@ open gearbox.asm")
-        for check in CHECKS:
+        for check in announced(chosen):
             check(page)
-            print("ok", check.__name__)
-    finally:
-        problems = page.end()
-    assert not problems, problems
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
+import ask_checks
 from form_page import Page, announced, told
 
 # The commands that open a dialog, with a model for which they can be pressed.
@@ -416,9 +417,10 @@ CHECKS = [
     check_a_popup_is_used,
     check_a_backtick_is_told,
     check_a_dialog_is_moved,
+    *ask_checks.CHECKS,
 ]
 # With a workbench of their own.
-ALONE = [check_a_long_table]
+ALONE = [*ask_checks.ALONE, check_a_long_table]
 
 
 def main():

@@ -79,6 +79,7 @@ public:
     // --- The user's side ---
     Dialog* Find(std::string_view name) const;
     Dialog* Active() const { return active_.empty() ? nullptr : active_.back(); }
+    const std::vector<Dialog*>& OpenOnes() const { return active_; }  // the active one is the last
     std::vector<std::string> Existing() const;  // what was created and not destroyed, in order
     void Clear();                               // forgets all, as when the plug-in is gone
 

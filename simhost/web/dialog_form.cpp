@@ -164,18 +164,27 @@ Json RowsOf(const Table& table, std::size_t from, std::size_t count) {
 
 // An empty object where no dialog is open.
 Reply DialogNow(const Seat&, const Query&) {
-    const Dialog* dialog = TheHost().dialogs.Active();
-    return {200, Reply().type, Dump(dialog ? FormOf(*dialog) : Json::object()), {}};
+    Json form = Json::object();
+    Json below = Json::array();
+    for (const Dialog* dialog : TheHost().dialogs.OpenOnes()) {
+        if (!form.empty()) below.push_back(std::move(form));
+        form = FormOf(*dialog);
+    }
+    if (!form.empty()) form["below"] = std::move(below);
+    return {200, Reply().type, Dump(form), {}};
 }
 
 Reply RowsNow(const Seat&, const Query& query) {
-    const Dialog* dialog = TheHost().dialogs.Active();
-    const auto* table =
-        dialog ? dynamic_cast<const Table*>(dialog->Find(query.Text("component"))) : nullptr;
-    if (!table) return Refused(404, "no such table is open");
-    const Json rows =
-        RowsOf(*table, query.Number("from", 0), query.Number("count", kRowsWithDialog));
-    return {200, Reply().type, Dump(rows), {}};
+    const std::string component = query.Text("component"), name = query.Text("dialog");
+    for (const Dialog* dialog : TheHost().dialogs.OpenOnes()) {
+        if (dialog->name() != name) continue;
+        const auto* table = dynamic_cast<const Table*>(dialog->Find(component));
+        if (!table) break;
+        const Json rows =
+            RowsOf(*table, query.Number("from", 0), query.Number("count", kRowsWithDialog));
+        return {200, Reply().type, Dump(rows), {}};
+    }
+    return Refused(404, "no such table is open");
 }
 
 }  // namespace simhost

@@ -238,7 +238,7 @@ protected:
 TEST_F(WebDialog, IsEmptyWhereNoneIsOpen) {
     Start();
     EXPECT_EQ(Get("/dialog"), Json::object());
-    const auto answer = Client().Get("/rows?component=bom_list", Token());
+    const auto answer = Client().Get("/rows?dialog=VxBom&component=bom_list", Token());
     EXPECT_EQ(answer->status, 404);
     EXPECT_EQ(Json::parse(answer->body), Json({{"problem", "no such table is open"}}));
 }
@@ -254,6 +254,30 @@ TEST_F(WebDialog, ShowsWhatTheUserHasTypedAndChosen) {
     EXPECT_EQ(Component("TypeRadio")["selected"], "Part");
     EXPECT_EQ(Component("RelTxtarea")["value"], "a=1\nb=\\2");
     EXPECT_EQ(Component("InputKeyWords")["value"], "标准件");
+}
+
+// The host's own dialogs for another component are one over the other.
+TEST_F(WebDialog, ShowsThoseBelowIt) {
+    Open("VxRelations");
+    EXPECT_EQ(Get("/dialog")["below"], Json::array());
+    Step("~ Close `Relations`");
+    Step("@ ok");
+    Step("@ select output_shaft");
+    Step("~`rmb_popup` `PopupMenu`");
+    Step("~ Command `ProCmdReplComp@PopupMenuGraphicWinStack`");
+    Step("~ Select `gen_repl_dlg` `ByCompPH.rpl_method_radio` 1 `Unrelated Component`");
+    const Json lower = Get("/dialog");
+    EXPECT_EQ(lower["name"], "gen_repl_dlg");
+    Step("~ Activate `gen_repl_dlg` `PB_NewComp`");
+    const Json upper = Get("/dialog");
+    EXPECT_EQ(upper["name"], "file_open");
+    ASSERT_EQ(upper["below"].size(), 1u);
+    EXPECT_EQ(upper["below"][0]["name"], "gen_repl_dlg");
+    EXPECT_EQ(upper["below"][0]["components"], lower["components"]) << "as it was";
+    EXPECT_FALSE(upper["below"][0].contains("below")) << "each is there once";
+    Step("~ Activate `file_open` `Cancel`");
+    EXPECT_EQ(Get("/dialog")["name"], "gen_repl_dlg");
+    EXPECT_EQ(Get("/dialog")["below"], Json::array());
 }
 
 TEST_F(WebDialog, ShowsWhatTheCommandGreys) {
@@ -274,11 +298,13 @@ TEST_F(WebDialog, ShowsTheColoursOfCells) {
     EXPECT_EQ(table["arms"], false);
     EXPECT_EQ(Cell("bom_list", 0, 0), Json::parse(R"({"text": "1", "colour": 17})"));
     EXPECT_FALSE(Cell("bom_list", 2, 0).contains("colour")) << "a part is none";
-    const Json last = Get("/rows?component=bom_list&from=2&count=1");
+    const Json last = Get("/rows?dialog=VxBom&component=bom_list&from=2&count=1");
     EXPECT_EQ(last["rows"].size(), 1u);
     EXPECT_EQ(last["rows"][0], table["first"]["rows"][2]);
-    EXPECT_EQ(Get("/rows?component=bom_list"), table["first"]) << "from the first row on";
-    EXPECT_EQ(StatusOf("/rows?component=LevelOption"), 404) << "it is no table";
+    EXPECT_EQ(Get("/rows?dialog=VxBom&component=bom_list"), table["first"])
+        << "from the first row on";
+    EXPECT_EQ(StatusOf("/rows?dialog=VxBom&component=LevelOption"), 404) << "it is no table";
+    EXPECT_EQ(StatusOf("/rows?dialog=VxRename&component=bom_list"), 404) << "it is not open";
     EXPECT_EQ(StatusOf("/rows"), 404);
 }
 

@@ -9,7 +9,7 @@ from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
 import ask_checks
-from form_page import Page, announced, told
+from form_page import Page, run_checks
 
 # The commands that open a dialog, with a model for which they can be pressed.
 DIALOGS = {
@@ -387,14 +387,16 @@ def check_a_long_table(simhost):
 
 
 def scroll_through(page):
-    table = next(each for each in page.get("/dialog")["components"] if each["kind"] == "Table")
+    form = page.get("/dialog")
+    table = next(each for each in form["components"] if each["kind"] == "Table")
     count = table["first"]["count"]
     assert count > 2000, count
     for at in (count, count // 2, 0, count):
         page.driver.execute_script(
             "document.querySelector('.vx-table').scrollTop = arguments[0]", (at - 1) * 24)
         at = min(max(at, 1), count)
-        wanted = page.get("/rows?component=%s&from=%d&count=1" % (table["name"], at - 1))["rows"][0]
+        wanted = page.get("/rows?dialog=%s&component=%s&from=%d&count=1"
+                          % (form["name"], table["name"], at - 1))["rows"][0]
         row = "document.querySelector('.vx-table tr[data-row=\"%s\"]')" % wanted["name"]
         page.until(row)
         cells = page.run("return [...%s.cells].map(cell => cell.textContent);" % row)
@@ -423,15 +425,5 @@ CHECKS = [
 ALONE = [*ask_checks.ALONE, check_a_long_table]
 
 
-def main():
-    simhost, chosen = told(CHECKS + ALONE)
-    with Page(simhost) as page:
-        for check in announced(check for check in chosen if check in CHECKS):
-            page.step("@ open gearbox.asm")
-            check(page)
-    for check in announced(check for check in chosen if check in ALONE):
-        check(simhost)
-
-
 if __name__ == "__main__":
-    main()
+    run_checks(CHECKS, ALONE)

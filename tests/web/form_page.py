@@ -1,4 +1,5 @@
 """A workbench with its page in a browser for the checks that run alone, one after the other."""
+import contextlib
 import re
 import sys
 from pathlib import Path
@@ -32,10 +33,10 @@ def announced(checks):
 class Page:
     """A workbench and a browser that has its page open."""
 
-    def __init__(self, simhost, *arguments):
+    def __init__(self, simhost, *arguments, **how):
         self.bench = Bench(simhost, *arguments)
         try:
-            self.driver = open_page(self.bench)
+            self.driver = open_page(self.bench, **how)
         except BaseException:
             self.bench.close()
             raise
@@ -126,3 +127,16 @@ class Page:
             else:
                 self.step("@ ok" if kind == "box" else "@ quit")
         raise AssertionError("something stays open")
+
+
+def run_checks(checks, alone=(), kind=Page):
+    """Runs those that the command line names: each on one page with the gearbox open, then those
+    that start a workbench of their own, and take the simhost program."""
+    simhost, chosen = told([*checks, *alone])
+    together = [check for check in chosen if check in checks]
+    with kind(simhost) if together else contextlib.nullcontext() as page:
+        for check in announced(together):
+            page.step("@ open gearbox.asm")
+            check(page)
+    for check in announced(check for check in chosen if check in alone):
+        check(simhost)

@@ -3,64 +3,12 @@
 and paths. Runs alone; each check takes a page on which the gearbox is open."""
 import colorsys
 import json
-import struct
 
+from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.keys import Keys
 
-from form_page import Page, announced, told
-
-
-class ViewPage(Page):
-    """What its 3-D view paints, and where."""
-
-    def settle(self):
-        """Until what is painted is what the session shows, too."""
-        super().settle()
-        self.until("!vx.connection.busy && window.vxView && vxView.ready")
-
-    def give(self, script, *arguments):
-        return self.driver.execute_script("return " + script, *arguments)
-
-    def selection(self):
-        return self.get("/state")["selection"]
-
-    def scene(self):
-        """The header of the host's own picture."""
-        data = bytes(self.run("""
-            const buffer = await (await fetch('/scene')).arrayBuffer();
-            const length = new DataView(buffer).getUint32(0, true);
-            return [...new Uint8Array(buffer, 0, 4 + length)];"""))
-        return json.loads(data[4:4 + struct.unpack("<I", data[:4])[0]])
-
-    def spots(self, wanted):
-        """Places at and around which so many parts of different names are the foremost, in whole
-        pixels: [(path, x, y)]."""
-        found, names = [], set()
-        for path in self.give("vxView.paths"):
-            name = path.split(":")[0]
-            if name in names:
-                continue
-            spot = self.give("vxView.spot(arguments[0])", path)
-            if spot and self.is_foremost(path, round(spot["x"]), round(spot["y"])):
-                names.add(name)
-                found.append((path, round(spot["x"]), round(spot["y"])))
-            if len(found) == wanted:
-                return found
-        raise AssertionError(f"only {len(found)} parts can be seen")
-
-    def is_foremost(self, path, x, y):
-        """Not its border, where an edge is painted."""
-        return self.give("[[0, 0], [3, 0], [-3, 0], [0, 3], [0, -3]].every(([dx, dy]) =>"
-                         " vxView.pathAt(arguments[0] + dx, arguments[1] + dy) === arguments[2])",
-                         x, y, path)
-
-    def colour(self, x, y):
-        return self.give("vxView.colourAt(arguments[0], arguments[1])", x, y)
-
-    def leave_view(self):
-        """What lies under the pointer is painted in another colour."""
-        self.mouse(20, 20).perform()
-        self.settle()
+from form_page import run_checks
+from view_page import ViewPage
 
 
 def check_every_part_has_its_colour(page):
@@ -112,7 +60,7 @@ def check_ctrl_sends_only_what_was_clicked(page):
     page.until("vx.connection.state.selection.length === 1 && "
                f"!vx.connection.state.selection.includes({json.dumps(other)})")
     page.settle()
-    assert page.recorded()[-2:] == [f'@ also "{other}"', f'@ deselect "{other}"'], "by its path"
+    assert page.recording()[-2:] == [f'@ also "{other}"', f'@ deselect "{other}"'], "by its path"
     # Beside the model nothing is let go of.
     box = page.give("document.querySelector('#view canvas').getBoundingClientRect()")
     page.mouse(box["x"] + 20, box["y"] + box["height"] / 2)\
@@ -121,7 +69,7 @@ def check_ctrl_sends_only_what_was_clicked(page):
     ActionChains(page.driver).key_down(Keys.CONTROL).click(row).key_up(Keys.CONTROL).perform()
     page.until("vx.connection.state.selection.length === 0")
     page.settle()
-    assert page.recorded()[-1] == f'@ deselect "{one}"', page.recorded()[-3:]
+    assert page.recording()[-1] == f'@ deselect "{one}"', page.recording()[-3:]
 
 
 def check_turning_reaches_the_host(page):
@@ -224,13 +172,5 @@ CHECKS = [check_every_part_has_its_colour, check_a_click_selects,
           check_a_rectangle_selects_by_one_short_line, check_what_is_hidden_is_not_seen]
 
 
-def main():
-    simhost, chosen = told(CHECKS)
-    with ViewPage(simhost) as page:
-        page.step("@ open gearbox.asm")
-        for check in announced(chosen):
-            check(page)
-
-
 if __name__ == "__main__":
-    main()
+    run_checks(CHECKS, kind=ViewPage)

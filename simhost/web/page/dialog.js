@@ -3,6 +3,7 @@
 import { makeComponent } from './components.js';
 import { marked } from './connection.js';
 import { make } from './parts.js';
+import { Sizing } from './sizing.js';
 import { FormWindow } from './window.js';
 
 // What a form is made of, without what its components hold.
@@ -22,11 +23,13 @@ export class DialogWindow extends FormWindow {
     this.lastFocus = null;
     this.toldFocus = null;
     for (const data of form.components) this.parts.set(data.name, makeComponent(this, data));
+    this.grids = [];
     this.body.append(this.layOut());
     this.element.addEventListener('keydown', event => this.keyInForm(event));
     this.element.addEventListener('focusin', event => this.focusCame(event));
     this.update(form);
     this.centre();
+    this.sizing = new Sizing(this, this.grids);
   }
 
   shows(form) {
@@ -45,8 +48,10 @@ export class DialogWindow extends FormWindow {
   layOut() {
     if (this.form.layout) return this.grid(this.form.layout);
     // Without a layout of its own the components are one below the other.
-    return make('div', { class: 'form-grid' },
+    const element = make('div', { class: 'form-grid' },
       ...this.form.components.map(data => this.parts.get(data.name).element));
+    this.grids.push({ element, weights: this.form.components.map(() => 1), columns: 1 });
+    return element;
   }
 
   grid(grid) {
@@ -61,6 +66,7 @@ export class DialogWindow extends FormWindow {
       cell.style.gridRow = String(Math.floor(at / grid.cols.length) + 1);
       element.append(cell);
     });
+    this.grids.push({ element, weights: grid.rows, columns: grid.cols.length });
     return element;
   }
 

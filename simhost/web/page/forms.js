@@ -1,4 +1,4 @@
-// What waits for the user, over the page: the open dialog, and above it what is asked last.
+// What waits for the user, over the page: the open dialogs, and above them what is asked last.
 import { Acts } from './acts.js';
 import { askBox, askFile, askPrompt, askQuestion, PopupMenu } from './asks.js';
 import { DialogWindow } from './dialog.js';
@@ -15,7 +15,7 @@ export class Forms {
     this.waiters = [];
     this.acts = new Acts(connection, () => this.shown());
     this.veil = make('div', { class: 'form-veil', hidden: true });
-    this.dialog = null;
+    this.dialogs = [];  // from the lowest up
     this.ask = null;
     this.popup = null;
     this.at = { x: 0, y: 0 };
@@ -25,9 +25,15 @@ export class Forms {
     connection.on('session', () => this.clear());
   }
 
+  // The one that the user works with; null: none is open.
+  get dialog() {
+    return this.dialogs[this.dialogs.length - 1] || null;
+  }
+
   clear() {
-    for (const each of [this.dialog, this.ask, this.popup]) if (each) each.remove();
-    this.dialog = this.ask = this.popup = null;
+    for (const each of [...this.dialogs, this.ask, this.popup]) if (each) each.remove();
+    this.dialogs = [];
+    this.ask = this.popup = null;
     this.layer.replaceChildren();
     this.shownVersion = -1;
   }
@@ -60,21 +66,21 @@ export class Forms {
     const kind = state.wait ? state.wait.kind : null;
     if (!this.veil.isConnected) this.layer.prepend(this.veil);
     this.veil.hidden = !coversPage.has(kind);
-    this.showDialog(form, kind === 'dialog');
+    this.showDialogs(form.name ? [...form.below, form] : [], kind === 'dialog');
     this.showAsk(state.wait);
     if (this.popup) this.popup.remove();
     this.popup = state.popup && !state.wait ? new PopupMenu(this, state.popup, this.at) : null;
   }
 
-  showDialog(form, isOnTop) {
-    if (this.dialog && !this.dialog.shows(form)) {
-      this.dialog.remove();
-      this.dialog = null;
-    }
-    if (!form.name) return;
-    if (this.dialog) this.dialog.update(form);
-    else this.dialog = new DialogWindow(this, form);
-    this.dialog.setOnTop(isOnTop);
+  // Those that stay keep what was typed into them, and their places.
+  showDialogs(open, isOnTop) {
+    const kept = this.dialogs.findIndex((dialog, at) => !open[at] || !dialog.shows(open[at]));
+    for (const gone of kept < 0 ? [] : this.dialogs.splice(kept)) gone.remove();
+    open.forEach((form, at) => {
+      if (this.dialogs[at]) this.dialogs[at].update(form);
+      else this.dialogs.push(new DialogWindow(this, form));
+      this.dialogs[at].setOnTop(isOnTop && at === open.length - 1);
+    });
   }
 
   // Every version has its own: nobody answers a box that looks like the one before.

@@ -27,6 +27,7 @@ export class TablePart {
     this.element.style.minWidth = `calc(${data.columns} * 0.62em + 20px)`;
     this.element.style.height = (data.visibleRows + 1) * rowHeight + 2 + 'px';
     this.element.onscroll = () => this.draw();
+    new ResizeObserver(() => this.data && this.draw()).observe(this.element);
     this.element.onkeydown = event => this.key(event);
     this.inside.onclick = event => this.click(event);
     this.inside.ondblclick = event => this.doubleClick(event);
@@ -70,7 +71,8 @@ export class TablePart {
     this.asked = asked;
     const version = this.version;
     const part = await this.form.forms.connection.get(
-      `/rows?component=${encodeURIComponent(this.name)}&from=${from}&count=${rowsAtOnce}`);
+      `/rows?dialog=${encodeURIComponent(this.form.name)}&component=${encodeURIComponent(this.name)}` +
+      `&from=${from}&count=${rowsAtOnce}`);
     this.asked = null;
     if (!part || version !== this.version) return;
     this.takeRows(part);
@@ -248,7 +250,7 @@ export class TablePart {
 
   async key(event) {
     if (event.target !== this.element || !this.data.enabled || !this.count) return;
-    const page = Math.max(1, this.data.visibleRows - 1);
+    const page = Math.max(1, Math.floor(this.element.clientHeight / rowHeight) - 2);
     const steps = { ArrowDown: 1, ArrowUp: -1, PageDown: page, PageUp: -page, Home: -this.count,
       End: this.count };
     const column = this.data.tableColumns[0].name;

@@ -4,6 +4,17 @@ import { make } from './parts.js';
 const margin = 8;  // pixels that stay free at the edges of the page
 const places = new Map();  // where the user has moved the windows of this session, by their names
 
+// Tells how far the pointer has gone from where it was pressed on an element, until it is let go.
+export function follow(element, pressed, tell) {
+  pressed.preventDefault();  // the focus stays where it is
+  const move = moved => tell(moved.clientX - pressed.clientX, moved.clientY - pressed.clientY);
+  element.setPointerCapture(pressed.pointerId);
+  element.addEventListener('pointermove', move);
+  const end = () => element.removeEventListener('pointermove', move);
+  element.addEventListener('pointerup', end, { once: true });
+  element.addEventListener('pointercancel', end, { once: true });
+}
+
 export class FormWindow {
   // `close` is called by the button of the title; without it there is none.
   constructor(layer, { name, title, kind, close }) {
@@ -49,18 +60,11 @@ export class FormWindow {
 
   drag(event) {
     if (event.button !== 0 || event.target === this.closer) return;
-    event.preventDefault();  // the focus stays where it is
     const from = this.element.getBoundingClientRect();
-    const move = moved => {
-      places.set(this.name, { left: from.left + moved.clientX - event.clientX,
-        top: from.top + moved.clientY - event.clientY });
+    follow(this.head, event, (x, y) => {
+      places.set(this.name, { left: from.left + x, top: from.top + y });
       this.place();
-    };
-    this.head.setPointerCapture(event.pointerId);
-    this.head.addEventListener('pointermove', move);
-    const end = () => this.head.removeEventListener('pointermove', move);
-    this.head.addEventListener('pointerup', end, { once: true });
-    this.head.addEventListener('pointercancel', end, { once: true });
+    });
   }
 
   // The elements that Tab goes through, in its order; those that cannot be used may be among them.

@@ -44,9 +44,11 @@ constexpr int kDoneStatus = 1;
 
 // A dialog of the host: what it has, one below the other. Its names are the host's own, which no
 // resource file could hold.
-DialogResource ResourceOf(const char* name, std::vector<ResourceComponent> components) {
+DialogResource ResourceOf(const char* name, const char* title,
+                          std::vector<ResourceComponent> components) {
     DialogResource resource;
     resource.name = name;
+    resource.attributes.push_back({"", "Label", {title}, 0});
     Grid grid;
     for (const ResourceComponent& each : components) {
         Grid cell;
@@ -87,14 +89,14 @@ class FileOpen {
 public:
     explicit FileOpen(fs::path folder)
         : folder_(std::move(folder)),
-          dialog_(kFileDialog, ResourceOf(kFileDialog, {{PushButton::kKind, kFolder, 0},
-                                                        {List::kKind, kFiles, 0},
-                                                        {PushButton::kKind, kOpen, 0},
-                                                        {PushButton::kKind, "Cancel", 0}})) {
-        Get<PushButton>(dialog_, kFolder).label = Wide(Either("Working folder", "工作目录"));
-        Get<PushButton>(dialog_, kFolder).activateAction = {ShowFiles, this};
-        Get<PushButton>(dialog_, kOpen).activateAction = {Take, this};
-        Get<PushButton>(dialog_, "Cancel").activateAction = {Cancel, this};
+          dialog_(kFileDialog, ResourceOf(kFileDialog, Either("Open a file", "打开文件"),
+                                          {{PushButton::kKind, kFolder, 0},
+                                           {List::kKind, kFiles, 0},
+                                           {PushButton::kKind, kOpen, 0},
+                                           {PushButton::kKind, "Cancel", 0}})) {
+        SetButton(kFolder, Either("Working folder", "工作目录"), ShowFiles);
+        SetButton(kOpen, Either("Open", "打开"), Take);
+        SetButton("Cancel", Either("Cancel", "取消"), Cancel);
         Get<List>(dialog_, kFiles).activateAction = {Take, this};
         dialog_.closeAction = {Cancel, this};
     }
@@ -108,6 +110,11 @@ public:
 
 private:
     static FileOpen& Self(ProAppData self) { return *static_cast<FileOpen*>(self); }
+    void SetButton(const char* name, const char* label, ProUIAction action) {
+        PushButton& button = Get<PushButton>(dialog_, name);
+        button.label = Wide(label);
+        button.activateAction = {action, this};
+    }
     // As the folder is now: the file may have been saved a moment ago.
     static void ShowFiles(char*, char*, ProAppData data) {
         FileOpen& self = Self(data);
@@ -132,10 +139,12 @@ public:
           session_(session),
           disk_(disk),
           selection_(std::move(selection)),
-          dialog_(kDialog, WithMethods(ResourceOf(kDialog, {{RadioGroup::kKind, kMethod, 0},
-                                                            {PushButton::kKind, kNewModel, 0},
-                                                            {PushButton::kKind, kDone, 0},
-                                                            {PushButton::kKind, kCancel, 0}}))) {
+          dialog_(kDialog,
+                  WithMethods(ResourceOf(kDialog, Either("Replace a component", "替换元件"),
+                                         {{RadioGroup::kKind, kMethod, 0},
+                                          {PushButton::kKind, kNewModel, 0},
+                                          {PushButton::kKind, kDone, 0},
+                                          {PushButton::kKind, kCancel, 0}}))) {
         Button(kNewModel, Either("New component…", "新元件…"), Choose).enabled = false;
         Button(kDone, Either("OK", "确定"), Done).enabled = false;
         Button(kCancel, Either("Cancel", "取消"), Cancel);
@@ -148,6 +157,12 @@ private:
     static DialogResource WithMethods(DialogResource resource) {
         resource.attributes.push_back(
             {kMethod, "Names", {"Family Table", "Interchange", kUnrelated}, 0});
+        resource.attributes.push_back(
+            {kMethod,
+             "Labels",
+             {Either("Family table", "族表"), Either("Interchange", "互换"),
+              Either("Unrelated component", "不相关元件")},
+             0});
         resource.attributes.push_back({kMethod, "SelectedNames", {"Family Table"}, 0});
         return resource;
     }

@@ -14,12 +14,11 @@ std::optional<std::string> BrowserSource::Shown(std::optional<std::string> line)
 }
 
 std::optional<std::string> BrowserSource::Next(const std::string& waiting) {
-    const bool stopped = TheProgress().stop.exchange(false);
-    if (at_ < first_.size() && !stopped) return Shown(first_[at_++]);
+    if (at_ < first_.size() && !TheProgress().stop) return Shown(first_[at_++]);
     at_ = first_.size();
     if (replayed) std::exchange(replayed, nullptr)();
     auto line = board_.NextLine(waiting);
-    TheProgress().stop = false;  // asked for while nothing was at work
+    TheProgress().stop = false;  // the next line begins afresh
     return Shown(std::move(line));
 }
 

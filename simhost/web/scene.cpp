@@ -4,13 +4,10 @@
 
 #include <array>
 #include <bit>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 #include <map>
-#include <set>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -22,6 +19,7 @@
 #include "simhost/web/answers.h"
 #include "simhost/web/json_text.h"
 #include "simhost/web/mesh.h"
+#include "simhost/web/number_ranges.h"
 
 namespace simhost {
 namespace {
@@ -34,28 +32,6 @@ void Append(const std::vector<Number>& numbers, std::string* bytes) {
     const std::size_t before = bytes->size();
     bytes->resize(before + 4 * numbers.size());
     if (!numbers.empty()) std::memcpy(bytes->data() + before, numbers.data(), 4 * numbers.size());
-}
-
-// "3,5-9": the numbers of meshes that the page has.
-std::set<std::uint32_t> KnownNumbers(std::string_view text) {
-    constexpr std::uint32_t kMostAtOnce = 100000;
-    std::set<std::uint32_t> numbers;
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    while (at < end) {
-        std::uint32_t first = 0, last = 0;
-        auto parsed = std::from_chars(at, end, first);
-        if (parsed.ec != std::errc()) return numbers;
-        last = first;
-        if (parsed.ptr < end && *parsed.ptr == '-') {
-            parsed = std::from_chars(parsed.ptr + 1, end, last);
-            if (parsed.ec != std::errc()) return numbers;
-        }
-        if (last < first || last - first > kMostAtOnce) return numbers;
-        for (std::uint32_t each = first; each <= last; ++each) numbers.insert(each);
-        at = parsed.ptr < end && *parsed.ptr == ',' ? parsed.ptr + 1 : end;
-    }
-    return numbers;
 }
 
 // What a fragment shader needs of an appearance: colour and opacity, then ambient, diffuse,
@@ -87,7 +63,7 @@ public:
     }
 
     // All but what a page has, by the key of its last picture and the numbers of its meshes.
-    Json Header(const std::string& have, const std::set<std::uint32_t>& known, std::string* data) {
+    Json Header(const std::string& have, const NumberRanges& known, std::string* data) {
         Json header = {
             {"parts", std::move(parts_)}, {"looks", looks_}, {"paths", std::move(paths_)}};
         std::string numbers;
@@ -144,10 +120,10 @@ private:
         return found->second;
     }
 
-    Json MeshesBut(const std::set<std::uint32_t>& known, std::string* data) const {
+    Json MeshesBut(const NumberRanges& known, std::string* data) const {
         Json sent = Json::array();
         for (const Mesh* mesh : shownMeshes_) {
-            if (known.contains(mesh->number)) continue;
+            if (known.Contains(mesh->number)) continue;
             Json surfaces = Json::array();
             for (const Mesh::Surface& each : mesh->surfaces) {
                 surfaces.push_back({each.id, each.triangles});
@@ -207,7 +183,7 @@ Reply SceneNow(const Seat&, const Query& query) {
     }
     std::string data;
     Scene scene(*top, meshes);
-    Json header = scene.Header(query.Text("have"), KnownNumbers(query.Text("known")), &data);
+    Json header = scene.Header(query.Text("have"), NumberRanges(query.Text("known")), &data);
     header["top"] = top->FileName();
     header["screen"] = ScreenNow(*top);
     meshes.Forget();

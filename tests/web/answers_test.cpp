@@ -201,6 +201,13 @@ TEST_F(WebAnswers, ASheetTellsWhereItsNotesAndDimensionsLie) {
     EXPECT_EQ(picture.find("技术要求"), std::string::npos) << "that is on the first sheet";
 }
 
+TEST_F(WebAnswers, ASheetAloneIsOneOfOne) {
+    Start();
+    Do([] { TheHost().session.Open(workbench::MakeModels("plate.drw: A3")); });
+    EXPECT_EQ(Get("/sheet")["sheet"], 1);
+    EXPECT_EQ(Get("/sheet")["sheets"], 1);
+}
+
 TEST_F(WebAnswers, ThereIsNoSheetOfAModelOrOfNothing) {
     Start();
     const auto problem = [&] {

@@ -38,8 +38,6 @@ def check_a_dialog_stays_in_sight_below_another(page):
     page.step("@ select 箱体组件/breather")
     page.step("~`rmb_popup` `PopupMenu`",
               "~ Command `ProCmdReplComp@PopupMenuGraphicWinStack`")
-    title = page.find('[data-form="gen_repl_dlg"] .form-title .text')
-    ActionChains(page.driver).drag_and_drop_by_offset(title, -90, -40).perform()
     place = box_of(page, '[data-form="gen_repl_dlg"]')
     page.find(METHOD % "Unrelated Component").click()
     page.settle()  # before that there is nothing to choose
@@ -48,6 +46,11 @@ def check_a_dialog_stays_in_sight_below_another(page):
         "return [...document.querySelectorAll('.form-window')].map(each => each.dataset.form)")
     assert forms == ["gen_repl_dlg", "file_open"], forms
     assert box_of(page, '[data-form="gen_repl_dlg"]') == place, "the lower one stays where it was"
+    left, top, _, _ = box_of(page, '[data-form="file_open"]')
+    assert [left, top] == [place[0] + 32, place[1] + 32], "its title can be read"
+    labels = page.driver.execute_script(
+        "return [...document.querySelectorAll('.form-body button')].map(each => each.textContent)")
+    assert len(labels) == 6 and all(labels), labels
     assert page.driver.execute_script(
         "return document.querySelector('[data-form=gen_repl_dlg] .form-body').inert")
     assert not is_usable(page, '[data-form="gen_repl_dlg"] [data-vx="DoneBtn"]')

@@ -77,8 +77,12 @@ export class Forms {
     const kept = this.dialogs.findIndex((dialog, at) => !open[at] || !dialog.shows(open[at]));
     for (const gone of kept < 0 ? [] : this.dialogs.splice(kept)) gone.remove();
     open.forEach((form, at) => {
-      if (this.dialogs[at]) this.dialogs[at].update(form);
-      else this.dialogs.push(new DialogWindow(this, form));
+      if (this.dialogs[at]) {
+        this.dialogs[at].update(form);
+      } else {
+        this.dialogs.push(new DialogWindow(this, form));
+        if (at > 0) this.dialogs[at].placeBeside(this.dialogs[at - 1].corner);
+      }
       this.dialogs[at].setOnTop(isOnTop && at === open.length - 1);
     });
   }

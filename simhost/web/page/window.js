@@ -2,6 +2,7 @@
 import { make } from './parts.js';
 
 const margin = 8;  // pixels that stay free at the edges of the page
+const besides = 32;  // pixels from the window below, as high as its title
 const places = new Map();  // where the user has moved the windows of this session, by their names
 
 // Tells how far the pointer has gone from where it was pressed on an element, until it is let go.
@@ -43,6 +44,12 @@ export class FormWindow {
   // In the middle, unless the user has moved it.
   centre() {
     this.corner = null;
+    this.place();
+  }
+
+  // A bit beside another window, which stays in sight then.
+  placeBeside({ left, top }) {
+    this.corner = { left: left + besides, top: top + besides };
     this.place();
   }
 

@@ -5,11 +5,20 @@ import {
   Scene as Stage, ShaderMaterial, Uint32BufferAttribute,
 } from '/three/build/three.module.js';
 
+// What is marked, in the light: 1 selected, 2 under the pointer.
+export const marking = `
+vec3 marked(vec3 seen, float state) {
+  if (state > 1.5) return mix(seen, vec3(1.0, 0.72, 0.25), 0.3);
+  if (state > 0.5) return mix(seen, vec3(0.2, 0.85, 0.35), 0.5);
+  return seen;
+}`;
+
 const vertexShader = `
 attribute vec4 colour, light;  // how even the light is, the highlight, its sharpness, the mark
 uniform mat4 toClip;
 uniform mat3 toView;
 varying vec4 seen;
+${marking}
 
 void main() {
 #ifdef INSIDE
@@ -24,9 +33,7 @@ void main() {
   float factor = 0.9 * light.x + 1.12 * (1.0 - light.x) * (0.5 + 0.5 * dot(n, from));
   float shine = pow(max(0.0, dot(n, halfway)), 8.0 + 40.0 * light.z);
   vec3 lit = kept.x * factor * colour.rgb + kept.y * 0.35 * light.y * shine;
-  if (light.w > 0.75) lit = mix(lit, vec3(1.0, 0.72, 0.25), 0.3);  // marks as in paint.js
-  else if (light.w > 0.25) lit = mix(lit, vec3(0.2, 0.85, 0.35), 0.5);
-  seen = vec4(lit, colour.a);
+  seen = vec4(marked(lit, 2.0 * light.w), colour.a);
   gl_Position = toClip * vec4(position, 1.0);
 }`;
 const fragmentShader = 'varying vec4 seen; void main() { gl_FragColor = seen; }';

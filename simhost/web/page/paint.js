@@ -5,7 +5,7 @@ import {
   InstancedBufferGeometry, LineSegments, Matrix3, Matrix4, Mesh, NearestFilter, RGBAFormat,
   Scene as Stage, ShaderMaterial, WebGLRenderer,
 } from '/three/build/three.module.js';
-import { Moving } from './moving.js';
+import { Moving, marking } from './moving.js';
 import { onScreen } from './turn.js';
 
 const looksInARow = 256;
@@ -61,6 +61,7 @@ varying vec3 outward;
 flat varying vec4 colour, light;
 flat varying vec3 gloss;
 flat varying float state;
+${marking}
 
 void main() {
   float sum = max(light.x + light.y, 1e-6);
@@ -81,9 +82,7 @@ void main() {
   vec3 halfway = normalize(from + vec3(0.0, 0.0, 1.0));
   float shine = pow(max(0.0, dot(n, halfway)), 8.0 + 40.0 * light.w);
   vec3 seen = factor * colour.rgb + (inside ? 0.0 : 0.35 * light.z * shine) * gloss;
-  if (state > 1.5) seen = mix(seen, vec3(1.0, 0.72, 0.25), 0.3);
-  else if (state > 0.5) seen = mix(seen, vec3(0.2, 0.85, 0.35), 0.5);
-  gl_FragColor = vec4(seen, colour.a);
+  gl_FragColor = vec4(marked(seen, state), colour.a);
 #endif
 }`;
 
